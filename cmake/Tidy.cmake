@@ -1,0 +1,14 @@
+# One command per wish: `format` rewrites, `check-format` and `tidy` only look.
+file(GLOB_RECURSE VANTREL_OWN_FILES CONFIGURE_DEPENDS src/*.h src/*.cpp tests/*.h tests/*.cpp
+     bench/*.h bench/*.cpp)
+find_program(CLANG_FORMAT clang-format)
+find_program(RUN_CLANG_TIDY NAMES run-clang-tidy run-clang-tidy-14)
+if(CLANG_FORMAT)
+  add_custom_target(format COMMAND "${CLANG_FORMAT}" -i ${VANTREL_OWN_FILES} VERBATIM)
+  add_custom_target(check-format COMMAND "${CLANG_FORMAT}" --dry-run --Werror ${VANTREL_OWN_FILES}
+                    VERBATIM)
+endif()
+if(RUN_CLANG_TIDY)
+  add_custom_target(tidy COMMAND "${RUN_CLANG_TIDY}" -quiet -p "${CMAKE_BINARY_DIR}"
+                                 "${CMAKE_SOURCE_DIR}/(src|tests|bench)/.*\\.cpp" VERBATIM)
+endif()

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+
+namespace vantrel {
+
+class Session;
+
+/// @file What the main window does when it comes, while it stands, and when it goes. The window calls
+/// these and mirrors the station's face.
+
+/// The window's place and size in twips.
+struct Geometry
+{
+    int Top = 0;
+    int Left = 0;
+    int Height = 0;
+    int Width = 0;
+};
+
+/// "6.0", the running program's version.
+QString VersionText();
+/// Caption without a layout: " Ostrand Vantrel v6.0" at start, " Vantrel v6.0" once a layout was
+/// loaded or closed.
+QString StartCaption();
+QString PlainCaption();
+/// `caption` with the open layout and its printer behind it.
+QString CaptionWithLayout(const Session& session, const QString& caption);
+
+/// The load of the main window: caption, ticks, the last layout, the ports. A failing step is passed
+/// over.
+void LoadMain(Session& session);
+
+/// One look at the status file. @return what the window is to do. Fails with `TypeMismatch` where a
+/// value there is no boolean; nothing passes that over.
+enum class StatusVerdict { Stay, Unload };
+StatusVerdict ReadSessionStatus(Session& session);
+
+/// The two-second tick of the status bar. Lets pending events run.
+void TickStatusBar(Session& session);
+
+/// Keeps what the next start needs. `geometry` is none for a minimised window.
+void UnloadMain(Session& session, const Geometry* geometry);
+
+/// The notification icon by the ports in use.
+void UpdateTrayState(Session& session);
+
+} // namespace vantrel

@@ -1,0 +1,48 @@
+#include "app/StationFace.h"
+#include "platform/Failure.h"
+
+namespace vantrel {
+
+void StationFace::SetCaption(const QString& text)
+{
+    m_caption = text;
+    Q_EMIT CaptionChanged(text);
+}
+
+const Panel& StationFace::StatusPanel(int number) const
+{
+    return m_panels.at(static_cast<std::size_t>(number - 1));
+}
+
+void StationFace::SetPanelText(int number, const QString& text)
+{
+    m_panels.at(static_cast<std::size_t>(number - 1)).Text = text;
+    Q_EMIT PanelChanged(number);
+}
+
+void StationFace::SetPanelToolTip(int number, const QString& text)
+{
+    m_panels.at(static_cast<std::size_t>(number - 1)).ToolTip = text;
+    Q_EMIT PanelChanged(number);
+}
+
+void StationFace::SetTick(Tick tick, bool on)
+{
+    m_ticks.at(static_cast<std::size_t>(tick)) = on;
+    Q_EMIT TickChanged(tick, on);
+}
+
+void StationFace::SetTray(TrayImage image, const QString& tip)
+{
+    m_trayImage = image;
+    m_trayTip = tip;
+    Q_EMIT TrayChanged();
+}
+
+void StationFace::SetFields(const FieldMenu& fields)
+{
+    m_fields = fields;
+    Q_EMIT FieldsChanged();
+}
+
+} // namespace vantrel

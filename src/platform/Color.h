@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+namespace vantrel {
+
+/// A colour as the store and the objects hold it: 0x00BBGGRR.
+using ColorValue = std::int32_t;
+
+inline constexpr ColorValue ColorBlack = 0x000000;
+inline constexpr ColorValue ColorWhite = 0xFFFFFF;
+
+/// The one place where a stored colour is taken apart. Each part is 0 to 255.
+struct ColorParts
+{
+    int Red = 0;
+    int Green = 0;
+    int Blue = 0;
+};
+
+constexpr ColorParts PartsOfColor(ColorValue color)
+{
+    const auto bits = static_cast<std::uint32_t>(color);
+    return {static_cast<int>(bits & 0xFFU), static_cast<int>((bits >> 8U) & 0xFFU),
+            static_cast<int>((bits >> 16U) & 0xFFU)};
+}
+
+} // namespace vantrel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+namespace vantrel {
+
+/// The open layout database: one SQLite file. WAL, full durability at every commit, and five seconds
+/// of waiting for another session's lock.
+class Connection
+{
+public:
+    Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection();
+
+    /// Opens an existing file; never creates one. Fails with `FileNotFound`, or with
+    /// `StatementInvalid` where the file is no database.
+    void Open(const QString& path);
+    void Close();
+    bool IsOpen() const;
+
+    /// Begins a transaction: the outermost takes the write lock at once, one inside another is a
+    /// savepoint. Fails with `StoreBusy` where another session holds the lock for five seconds.
+    void BeginTrans();
+    /// Commits the innermost transaction. Fails with `InvalidCall` where there is none.
+    void CommitTrans();
+    /// How many transactions are open.
+    int TransactionDepth() const;
+
+private:
+    friend class Recordset;
+    struct Private;
+    std::unique_ptr<Private> m_d;
+};
+
+} // namespace vantrel

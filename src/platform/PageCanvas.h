@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/Color.h"
+#include "platform/Font.h"
+#include "platform/Picture.h"
+#include <QString>
+#include <functional>
+#include <memory>
+
+namespace vantrel {
+
+/// What a page is drawn on: one renderer for paper and screen, so that what is seen is what prints.
+/// All lengths are twips from the page's top left corner. Text is measured and drawn unhinted at the
+/// page's own scale, whatever the scale of the picture it goes to.
+class PageCanvas
+{
+public:
+    /// Receives the bytes of a PDF as they are made; returns false when it cannot take them.
+    using Sink = std::function<bool(const char* bytes, std::size_t count)>;
+
+    /// A one-page PDF of that size in twips, streamed into `sink`. Text in it is real text.
+    static std::unique_ptr<PageCanvas> OnPdf(double width, double height, Sink sink);
+    /// Draws on an image (format ARGB32_Premultiplied or RGB32), which must outlive the canvas.
+    /// `pixelsPerTwip` scales the page onto it.
+    static std::unique_ptr<PageCanvas> OnImage(QImage& image, double pixelsPerTwip);
+
+    PageCanvas(const PageCanvas&) = delete;
+    PageCanvas& operator=(const PageCanvas&) = delete;
+    ~PageCanvas();
+
+    /// Draws text with its first line's top at `y`. A carriage return, a line feed or both together
+    /// begin a new line below; other control characters draw nothing and take no width.
+    void DrawText(const QString& text, const Font& font, ColorValue color, double x, double y);
+    /// Draws a picture stretched into the rectangle. Fails with `InvalidPicture` for an empty one.
+    void PaintPicture(const Picture& picture, double x, double y, double width, double height);
+    /// Ends the page and hands out the last bytes. Fails with `PrinterError` if the sink did not
+    /// take them all.
+    void Finish();
+
+    /// Width of the widest line of a text, and height of all of them.
+    static double TextWidth(const QString& text, const Font& font);
+    static double TextHeight(const QString& text, const Font& font);
+    /// Name of an installed font family, counted from 1, in the order of the font system. Fails with
+    /// `SubscriptOutOfRange`.
+    static QString FontFamily(int index);
+
+private:
+    struct Surface;
+    explicit PageCanvas(std::unique_ptr<Surface> surface);
+    std::unique_ptr<Surface> m_surface;
+};
+
+} // namespace vantrel

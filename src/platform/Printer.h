@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Color.h"
+#include "platform/Font.h"
+#include "platform/Picture.h"
+#include <QString>
+#include <QStringList>
+
+namespace vantrel {
+
+/// Page orientation as printers are told it.
+inline constexpr int OrientationPortrait = 1;
+inline constexpr int OrientationLandscape = 2;
+
+/// One printing device, with exactly the operations a card job uses; their order is part of what a
+/// driver sees. Lengths are twips from the page's top left corner. Every operation may fail with
+/// `PrinterError`.
+class Printer
+{
+public:
+    virtual ~Printer() = default;
+
+    virtual QString DeviceName() const = 0;
+    /// The name the next job carries in the queue.
+    virtual void SetJobTitle(const QString& title) = 0;
+    /// 1 portrait, 2 landscape; anything else fails.
+    virtual void SetOrientation(int orientation) = 0;
+    /// Size of the page in the present orientation.
+    virtual double Width() const = 0;
+    virtual double Height() const = 0;
+
+    /// Family name of an installed font, counted from 1.
+    virtual QString Fonts(int index) const = 0;
+    virtual void SetFontName(const QString& name) = 0;
+    virtual void SetFontSize(double points) = 0;
+    virtual void SetFontBold(bool on) = 0;
+    virtual void SetFontItalic(bool on) = 0;
+    virtual void SetFontUnderline(bool on) = 0;
+    virtual void SetFontStrikethrough(bool on) = 0;
+    virtual void SetForeColor(ColorValue color) = 0;
+    virtual void SetCurrentX(float x) = 0;
+    virtual void SetCurrentY(float y) = 0;
+    virtual double TextWidth(const QString& text) = 0;
+
+    /// Draws the text at the print position and moves to the start of the next line. The first
+    /// operation that draws opens the page.
+    virtual void Print(const QString& text) = 0;
+    /// Draws a picture stretched into the rectangle.
+    virtual void PaintPicture(const Picture& picture, double x, double y, double width,
+                              double height) = 0;
+    /// Ends the job and releases it. Without an open page nothing is released.
+    virtual void EndDoc() = 0;
+};
+
+/// The machine's printers, in their order, and the one that is current.
+class Printers
+{
+public:
+    virtual ~Printers() = default;
+
+    /// Device names in enumeration order. Never fails; a machine without printers has none.
+    virtual QStringList DeviceNames() = 0;
+    /// Makes the first device of exactly that name the current one. Fails with `PrinterError`.
+    virtual void MakeCurrent(const QString& deviceName) = 0;
+    /// The current printer, at first the machine's default. Fails with `PrinterError` where there is
+    /// none. Valid until the next `MakeCurrent`.
+    virtual Printer& Current() = 0;
+};
+
+} // namespace vantrel

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/Printer.h"
+#include <QStringList>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace vantrel::test {
+
+/// A printer that keeps the list of operations, each as a text such as `Print("A")` or
+/// `CurrentX = 200`. Text is measured as 100 twips a character. Pages are 3060 by 4860 twips portrait.
+class RecordingPrinter : public Printer
+{
+public:
+    RecordingPrinter(QString name, QStringList& operations)
+        : m_name(std::move(name)), m_operations(operations)
+    {
+    }
+
+    /// Operations whose text begins with this fail from now on; an empty list fails nothing.
+    QStringList Failing;
+
+    QString DeviceName() const override { return m_name; }
+    void SetJobTitle(const QString& title) override;
+    void SetOrientation(int orientation) override;
+    double Width() const override { return m_orientation == OrientationLandscape ? 4860 : 3060; }
+    double Height() const override { return m_orientation == OrientationLandscape ? 3060 : 4860; }
+    QString Fonts(int index) const override;
+    void SetFontName(const QString& name) override;
+    void SetFontSize(double points) override;
+    void SetFontBold(bool on) override;
+    void SetFontItalic(bool on) override;
+    void SetFontUnderline(bool on) override;
+    void SetFontStrikethrough(bool on) override;
+    void SetForeColor(ColorValue color) override;
+    void SetCurrentX(float x) override;
+    void SetCurrentY(float y) override;
+    double TextWidth(const QString& text) override;
+    void Print(const QString& text) override;
+    void PaintPicture(const Picture& picture, double x, double y, double width,
+                      double height) override;
+    void EndDoc() override;
+
+private:
+    void Note(const QString& operation);
+
+    QString m_name;
+    QStringList& m_operations;
+    int m_orientation = OrientationPortrait;
+};
+
+/// A machine with the printers a test gives it. All of them write to one list of operations; making
+/// a printer current stands in it too.
+class RecordingPrinters : public Printers
+{
+public:
+    explicit RecordingPrinters(const QStringList& names = {QStringLiteral("Card Printer")});
+
+    QStringList DeviceNames() override { return m_names; }
+    void MakeCurrent(const QString& deviceName) override;
+    Printer& Current() override;
+
+    RecordingPrinter& Get(const QString& name) { return *m_printers.at(name); }
+    /// Only the operations that begin with one of these.
+    QStringList Only(const QStringList& beginnings) const;
+
+    QStringList Operations;
+
+private:
+    QStringList m_names;
+    std::map<QString, std::unique_ptr<RecordingPrinter>> m_printers;
+    QString m_current;
+};
+
+} // namespace vantrel::test

@@ -1,0 +1,11 @@
+#include "support/WarningGuard.h"
+#include <QCoreApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    vantrel::test::InstallWarningGuard();
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "app/Operator.h"
+#include "app/Session.h"
+#include "support/Print.h"
+#include "support/RecordingPrinter.h"
+#include <QTemporaryDir>
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace vantrel::test {
+
+/// Answers from a list and keeps what was asked. What a test puts into `WhileEventsRun` happens
+/// inside the next `LetEventsRun`, one entry each, so that every re-entry can be tested.
+class TestOperator : public Operator
+{
+public:
+    bool ShowAppMessage(const QString& text, const QString& title,
+                        AppMessageButtons buttons) override;
+    void MessageBox(const QString& text, const QString& title, BoxIcon icon) override;
+    bool AskYesNo(const QString& text, const QString& title) override;
+    void OpenCameraDialog() override { ++CameraDialogsOpened; }
+    void LetEventsRun() override;
+    void ShowBusyPointer(bool busy) override { Pointer.push_back(busy); }
+
+    /// Answers to come; without one the answer is No.
+    std::deque<bool> Answers;
+    std::deque<std::function<void()>> WhileEventsRun;
+
+    /// Each as `title|text`.
+    QStringList AppMessages;
+    QStringList Boxes;
+    QStringList CriticalBoxes;
+    QStringList Questions;
+    int CameraDialogsOpened = 0;
+    int EventsRuns = 0;
+    std::vector<bool> Pointer;
+};
+
+/// A session in a temporary program folder, with printers that record and an operator that answers
+/// from a list. The database is made and opened by `WithDatabase`.
+class TestSession
+{
+public:
+    explicit TestSession(const QStringList& printerNames = {QStringLiteral("Card Printer")});
+    ~TestSession();
+
+    /// Makes a fresh layout database in the program folder and opens it.
+    void WithDatabase();
+    /// Writes a PNG of that size in pixels and one colour into the program folder. @return its path
+    QString WritePng(const QString& name, int width, int height, QRgb color = 0xFF336699U) const;
+
+    QTemporaryDir Folder;
+    TestOperator Operator;
+    RecordingPrinters Printers;
+    vantrel::Session Session;
+};
+
+} // namespace vantrel::test
