@@ -6,8 +6,8 @@ namespace vantrel {
 
 class Session;
 
-/// @file What the main window does when it comes, while it stands, and when it goes. The window calls
-/// these and mirrors the station's face.
+/// @file What the main window does when it comes, while it stands, and when it goes. The window
+/// calls these and mirrors the station's face.
 
 /// The window's place and size in twips.
 struct Geometry
@@ -27,8 +27,8 @@ QString PlainCaption();
 /// `caption` with the open layout and its printer behind it.
 QString CaptionWithLayout(const Session& session, const QString& caption);
 
-/// The load of the main window: caption, ticks, the last layout, the ports. A failing step is passed
-/// over.
+/// The load of the main window: caption, ticks, the last layout, the ports. A failing step is
+/// passed over.
 void LoadMain(Session& session);
 
 /// One look at the status file. @return what the window is to do. Fails with `TypeMismatch` where a

@@ -5,8 +5,7 @@ namespace vantrel {
 Session::Session(QString programFolder, vantrel::Operator& stationOperator,
                  vantrel::Printers& printers)
     : ProgramFolder(std::move(programFolder)), Operator(stationOperator), Printers(printers)
-{
-}
+{}
 
 Session::~Session() = default;
 

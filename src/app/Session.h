@@ -20,7 +20,8 @@ class Printers;
 class Session
 {
 public:
-    /// @param programFolder  where the database and the settings files are, without a slash at its end
+    /// @param programFolder  where the database and the settings files are, without a slash at its
+    /// end
     Session(QString programFolder, vantrel::Operator& stationOperator, vantrel::Printers& printers);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;

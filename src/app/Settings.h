@@ -13,8 +13,8 @@ class ESet2
 public:
     virtual ~ESet2() = default;
 
-    /// @return the value, at most 255 characters; `absent` (or no text where none is given) where the
-    /// key is missing. Fails with `IniFilenameNotSet` without a file name.
+    /// @return the value, at most 255 characters; `absent` (or no text where none is given) where
+    /// the key is missing. Fails with `IniFilenameNotSet` without a file name.
     virtual std::optional<QString> ReadSetting(const QString& section, const QString& key,
                                                const std::optional<QString>& absent = {}) const;
     /// Writes a value; line feeds become blanks, carriage returns stay. Fails with

@@ -36,8 +36,8 @@ struct FieldMenu
 /// What the main window's background is: nothing, a colour number, or a picture.
 using BackgroundSetting = std::variant<std::monostate, double, Picture>;
 
-/// What the main window, its menus and the notification icon show, as plain state. The engine writes
-/// it, the desktop mirrors it; direct signals keep the order.
+/// What the main window, its menus and the notification icon show, as plain state. The engine
+/// writes it, the desktop mirrors it; direct signals keep the order.
 class StationFace : public QObject
 {
     Q_OBJECT
@@ -61,6 +61,8 @@ public:
     const FieldMenu& Fields() const { return m_fields; }
     void SetFields(const FieldMenu& fields);
 
+    /// Tells that the station shows or hides its windows from now on.
+    void TellVisibility(bool visible) { Q_EMIT VisibilityChanged(visible); }
     /// Tells that a record has begun: the icon flashes.
     void TellRecordBegun() { Q_EMIT RecordBegun(); }
 
@@ -70,6 +72,7 @@ Q_SIGNALS:
     void TickChanged(vantrel::Tick tick, bool on);
     void TrayChanged();
     void FieldsChanged();
+    void VisibilityChanged(bool visible);
     void RecordBegun();
 
 private:

@@ -1,0 +1,28 @@
+#include "app/MainRuntime.h"
+#include "app/Session.h"
+
+namespace vantrel {
+
+QString VersionText()
+{
+    return QStringLiteral("%1.%2").arg(VANTREL_VERSION_MAJOR).arg(VANTREL_VERSION_MINOR);
+}
+
+QString StartCaption()
+{
+    return QStringLiteral(" Ostrand Vantrel v") + VersionText();
+}
+
+QString PlainCaption()
+{
+    return QStringLiteral(" Vantrel v") + VersionText();
+}
+
+QString CaptionWithLayout(const Session& session, const QString& caption)
+{
+    return caption + QStringLiteral("   (") + session.CurrentLayoutName +
+           QStringLiteral(") printing to (") + session.CurrentParams.PrinterDevice +
+           QLatin1Char(')');
+}
+
+} // namespace vantrel

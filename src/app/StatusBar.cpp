@@ -1,0 +1,46 @@
+#include "app/MainRuntime.h"
+#include "app/Operator.h"
+#include "app/Session.h"
+
+namespace vantrel {
+
+namespace {
+
+QString LayoutPanelText(const Session& session)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return QStringLiteral("Layout (None)");
+    const LayoutParamsRecord& params = session.CurrentParams;
+    const QString name = QStringLiteral("Layout (") + session.CurrentLayoutName;
+    if (params.PageIndex > params.PageCount)
+        return name + QStringLiteral(") New Page*");
+    return name + QStringLiteral(") Page %1 of %2").arg(params.PageIndex).arg(params.PageCount);
+}
+
+} // namespace
+
+void TickStatusBar(Session& session)
+{
+    const StationSettings& settings = session.Settings;
+    // A station on its serial port alone keeps the text that stands in panel 1.
+    if (settings.UseIP) {
+        session.Face.SetPanelText(1, QStringLiteral("TCP/IP Active (") + session.Sock.LocalIP() +
+                                         QLatin1Char(')'));
+    }
+    if (!settings.UseSerial && !settings.UseParallel && !settings.UseIP)
+        session.Face.SetPanelText(1, QStringLiteral("Vantrel Disabled"));
+    session.Face.SetPanelText(2, LayoutPanelText(session));
+    session.Operator.LetEventsRun();
+}
+
+void UpdateTrayState(Session& session)
+{
+    const StationSettings& settings = session.Settings;
+    const bool anyPort = settings.UseSerial || settings.UseParallel || settings.UseIP;
+    if (settings.CaptureEnabled && anyPort)
+        session.Face.SetTray(TrayImage::Waiting, QStringLiteral("Vantrel v5 (Waiting...)"));
+    else
+        session.Face.SetTray(TrayImage::Disabled, QStringLiteral("Vantrel v5 (Disabled)"));
+}
+
+} // namespace vantrel
