@@ -9,14 +9,14 @@
 namespace vantrel::test {
 
 /// A printer that keeps the list of operations, each as a text such as `Print("A")` or
-/// `CurrentX = 200`. Text is measured as 100 twips a character. Pages are 3060 by 4860 twips portrait.
+/// `CurrentX = 200`. Text is measured as 100 twips a character. Pages are 3060 by 4860 twips
+/// portrait.
 class RecordingPrinter : public Printer
 {
 public:
     RecordingPrinter(QString name, QStringList& operations)
         : m_name(std::move(name)), m_operations(operations)
-    {
-    }
+    {}
 
     /// Operations whose text begins with this fail from now on; an empty list fails nothing.
     QStringList Failing;

@@ -1,5 +1,6 @@
 #include "support/TestSession.h"
 #include "platform/Schema.h"
+#include <QDir>
 #include <QImage>
 #include <gtest/gtest.h>
 
@@ -49,11 +50,20 @@ void TestOperator::LetEventsRun()
     next();
 }
 
-TestSession::TestSession(const QStringList& printerNames)
-    : Printers(printerNames), Session(Folder.path(), Operator, Printers)
+namespace {
+/// A folder of its own inside: the station also writes a file whose name begins with the folder's.
+QString MakeProgramFolder(const QTemporaryDir& folder)
 {
-    EXPECT_TRUE(Folder.isValid());
+    EXPECT_TRUE(folder.isValid());
+    const QString path = folder.filePath(QStringLiteral("Vantrel"));
+    EXPECT_TRUE(QDir().mkpath(path));
+    return path;
 }
+} // namespace
+
+TestSession::TestSession(const QStringList& printerNames)
+    : Printers(printerNames), Session(MakeProgramFolder(Folder), Operator, Printers)
+{}
 
 TestSession::~TestSession() = default;
 
