@@ -1,0 +1,139 @@
+#include "platform/Picture.h"
+#include "platform/Failure.h"
+#include "platform/JpegMarkers.h"
+#include "platform/PictureData.h"
+#include <QCache>
+#include <QFile>
+#include <QImageReader>
+#include <sys/stat.h>
+
+namespace vantrel {
+
+namespace {
+
+/// Pictures kept decoded, in KiB: some hundred photos and backgrounds of one card each.
+constexpr int CacheKiB = 256 * 1024;
+/// Above this a file is no photo of a card but a mistake or an attack; decoded it takes 256 MiB.
+constexpr qint64 MaxPixels = 64LL * 1024 * 1024;
+constexpr qint64 MaxJpegBytes = MaxPixels;
+
+[[noreturn]] void FailInvalid()
+{
+    throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
+}
+
+/// What changes when a picture is written anew. The i-node is in it because a host may replace a
+/// photo by one of the same size within one tick of the file system's clock.
+struct FileStamp
+{
+    dev_t Device = 0;
+    ino_t Inode = 0;
+    qint64 Size = 0;
+    qint64 Seconds = 0;
+    qint64 Nanoseconds = 0;
+
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+FileStamp StampOf(const QString& path)
+{
+    struct stat found = {};
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0 || !S_ISREG(found.st_mode))
+        throw Failure(FailureNumber::FileNotFound, QStringLiteral("File not found: ") + path);
+    return {found.st_dev, found.st_ino, found.st_size, found.st_mtim.tv_sec, found.st_mtim.tv_nsec};
+}
+
+/// @return the bytes of a JPEG that a PDF can take as they are, else nothing. Fails with
+/// `InvalidPicture` for a file that was cut.
+QByteArray BytesForPdf(QFile& file, QImageIOHandler::Transformations transformation)
+{
+    if (file.size() > MaxJpegBytes || !file.seek(0))
+        FailInvalid();
+    QByteArray bytes = file.readAll();
+    const std::optional<JpegMarkers> markers = ReadJpegMarkers(bytes);
+    if (!markers)
+        FailInvalid();
+    const bool asItIs = transformation == QImageIOHandler::TransformationNone &&
+                        markers->IsCommonCoding && markers->BitsPerSample == 8 &&
+                        (markers->Components == 1 || markers->Components == 3);
+    return asItIs ? bytes : QByteArray();
+}
+
+std::shared_ptr<const PictureData> ReadPicture(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        FailInvalid();
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (static_cast<qint64>(size.width()) * size.height() > MaxPixels)
+        FailInvalid();
+    const bool isJpeg = reader.format() == "jpeg";
+    const QImageIOHandler::Transformations transformation = reader.transformation();
+    QImage image = reader.read();
+    if (image.isNull())
+        FailInvalid();
+    if ((transformation & QImageIOHandler::TransformationRotate90) != 0) {
+        const int dotsPerMetreX = image.dotsPerMeterX();
+        image.setDotsPerMeterX(image.dotsPerMeterY());
+        image.setDotsPerMeterY(dotsPerMetreX);
+    }
+    return std::make_shared<const PictureData>(image, isJpeg ? BytesForPdf(file, transformation)
+                                                             : QByteArray());
+}
+
+struct CachedPicture
+{
+    FileStamp Stamp;
+    Picture Held;
+};
+
+/// A cache of what is on the disk, not a state: to empty it changes nothing but time. It is used
+/// from the interface thread only, like all that draws.
+QCache<QString, CachedPicture>& PictureCache()
+{
+    static QCache<QString, CachedPicture> cache(CacheKiB);
+    return cache;
+}
+
+} // namespace
+
+Picture Picture::FromImage(const QImage& image)
+{
+    if (image.isNull())
+        return Picture();
+    return Picture(std::make_shared<const PictureData>(image, QByteArray()));
+}
+
+int Picture::WidthHundredths() const
+{
+    return m_data ? m_data->WidthHundredths : 0;
+}
+
+int Picture::HeightHundredths() const
+{
+    return m_data ? m_data->HeightHundredths : 0;
+}
+
+QImage Picture::Image() const
+{
+    return m_data ? m_data->Pixels : QImage();
+}
+
+Picture LoadPicture(const QString& path)
+{
+    if (path.isEmpty())
+        return Picture();
+    const FileStamp stamp = StampOf(path);
+    auto& cache = PictureCache();
+    if (const CachedPicture* cached = cache.object(path); cached && cached->Stamp == stamp)
+        return cached->Held;
+    Picture picture(ReadPicture(path));
+    const qsizetype kib = picture.Image().sizeInBytes() / 1024 + 1;
+    cache.insert(path, new CachedPicture{stamp, picture}, kib);
+    return picture;
+}
+
+} // namespace vantrel

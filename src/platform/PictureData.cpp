@@ -1,0 +1,75 @@
+#include "platform/PictureData.h"
+#include "platform/Failure.h"
+#include "platform/Twips.h"
+#include <algorithm>
+#include <cmath>
+
+namespace vantrel {
+
+namespace {
+
+/// Resolution of a picture that does not tell its own.
+constexpr double UntoldDotsPerInch = 96.0;
+constexpr double HundredthsPerMetre = 100000.0;
+
+bool IsOpaque(const QImage& premultiplied)
+{
+    for (int y = 0; y < premultiplied.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(premultiplied.constScanLine(y));
+        if (!std::all_of(line, line + premultiplied.width(),
+                         [](QRgb pixel) { return qAlpha(pixel) == 0xFF; }))
+            return false;
+    }
+    return true;
+}
+
+/// A transparency that hides nothing is dropped: it would cost a second picture in every PDF.
+QImage RendererPixels(const QImage& image)
+{
+    if (!image.hasAlphaChannel())
+        return image.convertToFormat(QImage::Format_RGB32);
+    QImage pixels = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return IsOpaque(pixels) ? pixels.convertToFormat(QImage::Format_RGB32) : pixels;
+}
+
+/// An image that was told nothing stands at the resolution of the screen, which says nothing about
+/// the picture and differs from station to station.
+int Hundredths(int pixels, int dotsPerMetre, int dotsPerMetreOfScreen)
+{
+    if (dotsPerMetre <= 0 || dotsPerMetre == dotsPerMetreOfScreen)
+        return static_cast<int>(std::lround(pixels * HundredthsPerInch / UntoldDotsPerInch));
+    return static_cast<int>(std::lround(pixels * HundredthsPerMetre / dotsPerMetre));
+}
+
+void AttachJpeg(cairo_surface_t* surface, const QByteArray& bytes)
+{
+    auto kept = std::make_unique<QByteArray>(bytes);
+    const auto* data = reinterpret_cast<const unsigned char*>(kept->constData());
+    const auto size = static_cast<unsigned long>(kept->size());
+    const auto release = [](void* held) { delete static_cast<QByteArray*>(held); };
+    if (cairo_surface_set_mime_data(surface, CAIRO_MIME_TYPE_JPEG, data, size, release,
+                                    kept.get()) == CAIRO_STATUS_SUCCESS)
+        static_cast<void>(kept.release());
+}
+
+} // namespace
+
+PictureData::PictureData(const QImage& image, const QByteArray& jpegBytes)
+    : Pixels(RendererPixels(image))
+{
+    const QImage untold(1, 1, QImage::Format_RGB32);
+    WidthHundredths = Hundredths(image.width(), image.dotsPerMeterX(), untold.dotsPerMeterX());
+    HeightHundredths = Hundredths(image.height(), image.dotsPerMeterY(), untold.dotsPerMeterY());
+    const cairo_format_t format =
+        Pixels.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
+    // Drawing from a surface never writes to it, so the pixels may stay shared.
+    Surface.reset(cairo_image_surface_create_for_data(const_cast<uchar*>(Pixels.constBits()),
+                                                      format, Pixels.width(), Pixels.height(),
+                                                      static_cast<int>(Pixels.bytesPerLine())));
+    if (cairo_surface_status(Surface.get()) != CAIRO_STATUS_SUCCESS)
+        throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
+    if (!jpegBytes.isEmpty())
+        AttachJpeg(Surface.get(), jpegBytes);
+}
+
+} // namespace vantrel

@@ -1,0 +1,218 @@
+#include "platform/TextShaper.h"
+#include <QCache>
+#include <QStringList>
+#include <algorithm>
+
+namespace vantrel {
+
+static size_t qHash(const Font& font, size_t seed = 0)
+{
+    return qHashMulti(seed, font.Name, font.Size, font.Bold, font.Italic, font.Underline,
+                      font.Strikethrough);
+}
+
+namespace {
+
+constexpr int FontsKept = 256;
+constexpr int LinesKept = 512;
+/// A longer line is no label that comes again; it is not kept.
+constexpr qsizetype LongestKept = 256;
+constexpr double SmallestSize = 0.1;
+constexpr double LargestSize = 2160.0;
+
+struct ObjectDeleter
+{
+    void operator()(gpointer object) const { g_object_unref(object); }
+};
+template <typename T>
+using ObjectOf = std::unique_ptr<T, ObjectDeleter>;
+
+struct DescriptionDeleter
+{
+    void operator()(PangoFontDescription* held) const { pango_font_description_free(held); }
+};
+using Description = std::unique_ptr<PangoFontDescription, DescriptionDeleter>;
+
+struct MetricsDeleter
+{
+    void operator()(PangoFontMetrics* held) const { pango_font_metrics_unref(held); }
+};
+
+struct ResolvedFont
+{
+    Description Described;
+    FontHeights Heights;
+};
+
+struct LineKey
+{
+    Font Style;
+    QString Text;
+
+    friend bool operator==(const LineKey&, const LineKey&) = default;
+};
+
+size_t qHash(const LineKey& key, size_t seed = 0)
+{
+    return qHashMulti(seed, qHash(key.Style), key.Text);
+}
+
+double PointsOf(int pangoUnits)
+{
+    return static_cast<double>(pangoUnits) / PANGO_SCALE;
+}
+
+Description Describe(const Font& font)
+{
+    Description described(pango_font_description_new());
+    pango_font_description_set_family(described.get(), font.Name.toUtf8().constData());
+    // Written so that a size that is no number becomes the smallest.
+    const double size = font.Size > SmallestSize ? std::min(font.Size, LargestSize) : SmallestSize;
+    pango_font_description_set_size(described.get(), static_cast<int>(size * PANGO_SCALE + 0.5));
+    pango_font_description_set_weight(described.get(),
+                                      font.Bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+    pango_font_description_set_style(described.get(),
+                                     font.Italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+    return described;
+}
+
+void Decorate(PangoLayout* layout, const Font& font)
+{
+    if (!font.Underline && !font.Strikethrough)
+        return;
+    PangoAttrList* attributes = pango_attr_list_new();
+    if (font.Underline)
+        pango_attr_list_insert(attributes, pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
+    if (font.Strikethrough)
+        pango_attr_list_insert(attributes, pango_attr_strikethrough_new(TRUE));
+    pango_layout_set_attributes(layout, attributes);
+    pango_attr_list_unref(attributes);
+}
+
+bool DrawsNothing(QChar character)
+{
+    switch (character.category()) {
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+struct TextShaper::Caches
+{
+    ObjectOf<PangoFontMap> Map{pango_cairo_font_map_new()};
+    ObjectOf<PangoContext> Context;
+    QCache<Font, ResolvedFont> Fonts{FontsKept};
+    QCache<LineKey, std::shared_ptr<const ShapedLine>> Lines{LinesKept};
+    QStringList Families;
+
+    Caches()
+    {
+        // At 72 dots to the inch a font's size in points is its size in units of the page.
+        pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(Map.get()), 72.0);
+        Context.reset(pango_font_map_create_context(Map.get()));
+        cairo_font_options_t* options = cairo_font_options_create();
+        cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+        cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+        cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
+        pango_cairo_context_set_font_options(Context.get(), options);
+        cairo_font_options_destroy(options);
+        pango_context_set_round_glyph_positions(Context.get(), FALSE);
+    }
+
+    /// Valid until the next call.
+    const ResolvedFont& Resolved(const Font& font)
+    {
+        if (const ResolvedFont* known = Fonts.object(font))
+            return *known;
+        auto made = std::make_unique<ResolvedFont>();
+        made->Described = Describe(font);
+        const std::unique_ptr<PangoFontMetrics, MetricsDeleter> metrics(
+            pango_context_get_metrics(Context.get(), made->Described.get(), nullptr));
+        made->Heights.Ascent = PointsOf(pango_font_metrics_get_ascent(metrics.get()));
+        made->Heights.Descent = PointsOf(pango_font_metrics_get_descent(metrics.get()));
+        const ResolvedFont& resolved = *made;
+        Fonts.insert(font, made.release());
+        return resolved;
+    }
+
+    std::shared_ptr<const ShapedLine> Shape(const QString& text, const Font& font)
+    {
+        auto line = std::make_shared<ShapedLine>();
+        line->Layout.reset(pango_layout_new(Context.get()));
+        pango_layout_set_font_description(line->Layout.get(), Resolved(font).Described.get());
+        Decorate(line->Layout.get(), font);
+        const QByteArray utf8 = text.toUtf8();
+        pango_layout_set_text(line->Layout.get(), utf8.constData(), static_cast<int>(utf8.size()));
+        PangoRectangle logical;
+        pango_layout_get_extents(line->Layout.get(), nullptr, &logical);
+        line->Width = PointsOf(logical.width);
+        return line;
+    }
+};
+
+TextShaper& TextShaper::Get()
+{
+    static TextShaper shaper;
+    return shaper;
+}
+
+TextShaper::TextShaper() : m_caches(std::make_unique<Caches>()) {}
+
+TextShaper::~TextShaper() = default;
+
+FontHeights TextShaper::Heights(const Font& font)
+{
+    return m_caches->Resolved(font).Heights;
+}
+
+std::shared_ptr<const ShapedLine> TextShaper::Line(const QString& text, const Font& font)
+{
+    const LineKey key{font, text};
+    if (const auto* kept = m_caches->Lines.object(key))
+        return *kept;
+    auto line = m_caches->Shape(text, font);
+    if (text.size() <= LongestKept)
+        m_caches->Lines.insert(key, new std::shared_ptr<const ShapedLine>(line));
+    return line;
+}
+
+const QStringList& TextShaper::Families()
+{
+    if (m_caches->Families.isEmpty()) {
+        PangoFontFamily** families = nullptr;
+        int count = 0;
+        pango_font_map_list_families(m_caches->Map.get(), &families, &count);
+        for (int i = 0; i < count; ++i)
+            m_caches->Families.append(QString::fromUtf8(pango_font_family_get_name(families[i])));
+        g_free(families);
+    }
+    return m_caches->Families;
+}
+
+QStringList LinesOfText(const QString& text)
+{
+    QStringList lines;
+    QString line;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar character = text[i];
+        if (character == QLatin1Char('\r') || character == QLatin1Char('\n')) {
+            lines.append(line);
+            line.clear();
+            if (character == QLatin1Char('\r') && i + 1 < text.size() &&
+                text[i + 1] == QLatin1Char('\n'))
+                ++i;
+        } else if (!DrawsNothing(character)) {
+            line.append(character);
+        }
+    }
+    lines.append(line);
+    return lines;
+}
+
+} // namespace vantrel

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/Font.h"
+#include <QString>
+#include <memory>
+#include <pango/pangocairo.h>
+
+namespace vantrel {
+
+struct PangoLayoutDeleter
+{
+    void operator()(PangoLayout* layout) const { g_object_unref(layout); }
+};
+
+/// One line of text in one font, shaped once: what is measured is what is drawn. Lengths in points.
+struct ShapedLine
+{
+    std::unique_ptr<PangoLayout, PangoLayoutDeleter> Layout;
+    double Width = 0;
+};
+
+/// Heights of a font in points. A line is `Ascent` plus `Descent` high.
+struct FontHeights
+{
+    double Ascent = 0;
+    double Descent = 0;
+
+    double Line() const { return Ascent + Descent; }
+};
+
+/// Turns texts into lines of glyphs, unhinted and without rounding, at one point to the unit. Fonts
+/// are resolved once and lines that came lately are kept, since a card shows the same labels as the
+/// one before. A cache of what is installed, not a state.
+class TextShaper
+{
+public:
+    /// The one of the process, for the interface thread.
+    static TextShaper& Get();
+
+    TextShaper();
+    TextShaper(const TextShaper&) = delete;
+    TextShaper& operator=(const TextShaper&) = delete;
+    ~TextShaper();
+
+    FontHeights Heights(const Font& font);
+    /// @param text  without control characters. The line is valid as long as it is held.
+    std::shared_ptr<const ShapedLine> Line(const QString& text, const Font& font);
+    /// Installed families, in the order of the font system.
+    const QStringList& Families();
+
+private:
+    struct Caches;
+    std::unique_ptr<Caches> m_caches;
+};
+
+/// Cuts a text where a carriage return, a line feed or both together stand and takes out all other
+/// control characters. There is always a first line.
+QStringList LinesOfText(const QString& text);
+
+} // namespace vantrel
