@@ -2,6 +2,7 @@
 
 #include "layout/CardObject.h"
 #include <QObject>
+#include <array>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -9,8 +10,8 @@
 namespace vantrel {
 
 /// The card: the objects of the one page that is in memory. There is no other document structure;
-/// printing, field application and the designer all work on these objects. The document window shows
-/// it, and nothing here knows the window.
+/// printing, field application and the designer all work on these objects. The document window
+/// shows it, and nothing here knows the window.
 class CardDocument : public QObject
 {
     Q_OBJECT
@@ -70,9 +71,22 @@ Q_SIGNALS:
     void Changed();
 
 private:
+    /// The elements of one family by index; none where the index is a gap.
+    using Members = std::vector<CardObject*>;
+
+    Members& MembersOf(Family family) { return m_members[static_cast<std::size_t>(family)]; }
+    const Members& MembersOf(Family family) const
+    {
+        return m_members[static_cast<std::size_t>(family)];
+    }
+    static void MarkNotIncluded(CardObject& object);
+    /// Takes an object that is about to go out of its family and of the selection.
+    void Forget(const CardObject& object);
+
     bool m_loaded = false;
     bool m_shown = false;
     std::vector<std::unique_ptr<CardObject>> m_objects;
+    std::array<Members, FamilyCount> m_members;
 };
 
 } // namespace vantrel

@@ -16,8 +16,11 @@ void SetSize(Session& session);
 /// Hides or shows the grips around the selected object.
 void ShowHandles(Session& session, bool show);
 
-/// Paints the page as it prints: back image, then the objects in stacking order. Grips and templates
-/// are not painted.
+/// Asks for the page to be painted anew, as after a change of the back image.
+void RePaint(Session& session);
+
+/// Paints the page as it prints: back image, then the objects in stacking order. Grips and
+/// templates are not painted.
 void PaintDocument(const Session& session, PageCanvas& canvas);
 
 } // namespace vantrel

@@ -2,6 +2,7 @@
 #include "app/Operator.h"
 #include "app/Session.h"
 #include "layout/SaveLayout.h"
+#include "layout/TextLeft.h"
 #include "platform/Printer.h"
 #include "platform/Skip.h"
 #include "print/EncodeData.h"
@@ -68,20 +69,6 @@ void CopyFont(Session& session, const Font& font)
               [&](Printer& p) { p.SetFontStrikethrough(font.Strikethrough); });
     OnPrinter(session, "font underline", [&](Printer& p) { p.SetFontUnderline(font.Underline); });
     OnPrinter(session, "font italic", [&](Printer& p) { p.SetFontItalic(font.Italic); });
-}
-
-/// Left edge of the text. One wider than its object begins left of it, or overhangs on both sides.
-float TextLeft(const CardObject& label, double textWidth)
-{
-    const double room = static_cast<double>(label.Width) - textWidth;
-    switch (label.Alignment) {
-    case 0:
-        return label.Left;
-    case 1:
-        return static_cast<float>(static_cast<double>(label.Left) + room);
-    default:
-        return static_cast<float>(static_cast<double>(label.Left) + room / 2.0);
-    }
 }
 
 void PrintLabel(Session& session, CardObject& label)
