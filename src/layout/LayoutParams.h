@@ -46,8 +46,9 @@ struct LayoutParamsRecord
     bool AutoSpool = false;
 };
 
-/// Reads the parameters of the page `CurrentParams` points at, counts the pages and makes the page's
-/// printer current. A failing step is passed over: a page without a row inherits what the record held.
+/// Reads the parameters of the page `CurrentParams` points at, counts the pages and makes the
+/// page's printer current. A failing step is passed over: a page without a row inherits what the
+/// record held.
 void LoadLayoutParams(Session& session);
 /// Writes the parameters to the page's row, making it if it is missing. Fails like `Recordset`.
 void SaveLayoutParams(Session& session);

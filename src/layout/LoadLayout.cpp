@@ -1,0 +1,65 @@
+#include "layout/LoadLayout.h"
+#include "app/MainRuntime.h"
+#include "app/Session.h"
+#include "capture/FieldApplication.h"
+#include "layout/DocumentForm.h"
+#include "layout/RowToObject.h"
+#include "layout/StoreStatements.h"
+#include "platform/Recordset.h"
+#include "platform/Skip.h"
+
+namespace vantrel {
+
+namespace {
+
+/// Row order becomes stacking order.
+void LoadObjects(Session& session)
+{
+    Recordset rows(session.LayoutDb);
+    rows.Open(ObjectsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex),
+              CursorLock::Optimistic);
+    // A page without objects leaves a hidden form hidden.
+    if (!rows.IsEof())
+        session.Document.Show();
+    for (; !rows.IsEof(); rows.MoveNext())
+        RowToObject(session, rows);
+}
+
+} // namespace
+
+bool DoesLayoutExist(Session& session, const QString& layoutName)
+{
+    bool exists = false;
+    Skip("look for layout", [&] {
+        Recordset rows(session.LayoutDb);
+        rows.Open(ObjectsOfLayout(layoutName), CursorLock::Optimistic);
+        exists = !rows.IsEof() && !rows.IsBof();
+        if (!exists)
+            session.CurrentLayoutName.clear();
+    });
+    return exists;
+}
+
+bool LoadLayout(Session& session, const QString& layoutName)
+{
+    if (!DoesLayoutExist(session, layoutName))
+        return false;
+    ClearDoc_Ex(session);
+    session.CurrentLayoutName = layoutName;
+    LoadLayoutParams(session);
+    LayoutParamsRecord& params = session.CurrentParams;
+    Skip("size", [&] { SetSize(session); });
+    session.Face.SetTick(Tick::chkAutoSpool, params.AutoSpool);
+    // The print finds the back image by the form's own tag.
+    if (!params.BackImg1Path.isEmpty())
+        session.Document.Tag = params.BackImg1Path;
+    Skip("objects", [&] { LoadObjects(session); });
+    session.Document.Refresh();
+    params.LayoutOpen = true;
+    session.Document.LayoutUnchanged = true;
+    BuildFieldMenu(session);
+    session.Face.SetCaption(CaptionWithLayout(session, PlainCaption()));
+    return true;
+}
+
+} // namespace vantrel

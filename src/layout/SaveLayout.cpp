@@ -1,0 +1,91 @@
+#include "layout/SaveLayout.h"
+#include "app/Operator.h"
+#include "app/Session.h"
+#include "layout/DocumentForm.h"
+#include "layout/LoadLayout.h"
+#include "layout/ObjectToRow.h"
+#include "layout/Pages.h"
+#include "layout/SaveStep.h"
+#include "layout/StoreStatements.h"
+#include "platform/Connection.h"
+#include "platform/Recordset.h"
+
+namespace vantrel {
+
+namespace {
+
+/// Puts the objects of the form in place of the page's rows.
+/// @return how many objects are card content
+int ReplaceRows(Session& session)
+{
+    const PageKey key{session.CurrentLayoutName, session.CurrentParams.PageIndex};
+    Recordset rows(session.LayoutDb);
+    SaveStep("open page",
+             [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });
+    for (; !rows.IsEof(); rows.MoveNext())
+        SaveStep("delete row", [&] { rows.Delete(); });
+    int counter = 0;
+    for (const auto& object : session.Document.Objects()) {
+        if (!object->IsContent())
+            continue;
+        ++counter;
+        ObjectToRow(*object, key, rows);
+    }
+    return counter;
+}
+
+/// @return how many objects are card content
+int StorePage(Session& session)
+{
+    EnsureDocument(session);
+    SaveStep("save parameters", [&] { SaveLayoutParams(session); });
+    SaveStep("begin transaction", [&] { session.LayoutDb.BeginTrans(); });
+    const int counter = ReplaceRows(session);
+    SaveStep("commit", [&] { session.LayoutDb.CommitTrans(); });
+    LoadLayoutParams(session);
+    return counter;
+}
+
+/// A page saved empty is gone: the one before it is shown.
+void LeaveEmptyPage(Session& session)
+{
+    LayoutParamsRecord& params = session.CurrentParams;
+    params.PageIndex = static_cast<std::int16_t>(params.PageIndex - 1);
+    LoadLayout(session, session.CurrentLayoutName);
+    RefreshData(session);
+    session.Operator.ShowAppMessage(QStringLiteral("You must have at least one object on a page!"),
+                                    QStringLiteral("No objects found"), AppMessageButtons::OkOnly);
+}
+
+void TellSaved(Session& session)
+{
+    session.Operator.ShowAppMessage(QStringLiteral("Document ( ") + session.CurrentLayoutName +
+                                        QStringLiteral(" ) Sucessfully Saved."),
+                                    QStringLiteral("Document Saved."), AppMessageButtons::OkOnly);
+}
+
+} // namespace
+
+bool SaveLayout(Session& session, SaveMessages messages)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return false;
+    int counter = 0;
+    try {
+        counter = StorePage(session);
+    } catch (const Failure& failure) {
+        // The transaction stays open, and the next save begins inside it.
+        session.Operator.MessageBox(failure.Text(), QString::number(failure.Number()),
+                                    BoxIcon::Critical);
+        return false;
+    }
+    if (counter < 1) {
+        LeaveEmptyPage(session);
+        return false;
+    }
+    if (messages == SaveMessages::Shown)
+        TellSaved(session);
+    return true;
+}
+
+} // namespace vantrel
