@@ -17,6 +17,12 @@ inline constexpr int TickCount = 4;
 /// Images of the notification icon.
 enum class TrayImage { Waiting = 1, Flash = 2, Disabled = 3 };
 
+/// Tips of the notification icon.
+namespace TrayTip {
+inline constexpr QLatin1StringView Waiting{"Vantrel v5 (Waiting...)"};
+inline constexpr QLatin1StringView Disabled{"Vantrel v5 (Disabled)"};
+} // namespace TrayTip
+
 /// A panel of the status bar.
 struct Panel
 {

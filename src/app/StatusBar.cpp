@@ -38,9 +38,9 @@ void UpdateTrayState(Session& session)
     const StationSettings& settings = session.Settings;
     const bool anyPort = settings.UseSerial || settings.UseParallel || settings.UseIP;
     if (settings.CaptureEnabled && anyPort)
-        session.Face.SetTray(TrayImage::Waiting, QStringLiteral("Vantrel v5 (Waiting...)"));
+        session.Face.SetTray(TrayImage::Waiting, TrayTip::Waiting);
     else
-        session.Face.SetTray(TrayImage::Disabled, QStringLiteral("Vantrel v5 (Disabled)"));
+        session.Face.SetTray(TrayImage::Disabled, TrayTip::Disabled);
 }
 
 } // namespace vantrel

@@ -68,7 +68,7 @@ bool SetPort(Session& session, int port)
     Skip("local port", [&] { session.Sock.SetLocalPort(port); });
     if (session.Settings.CaptureEnabled) {
         if (session.OwnsTrayIcon)
-            session.Face.SetTray(TrayImage::Waiting, QStringLiteral("Vantrel v5 (Waiting...)"));
+            session.Face.SetTray(TrayImage::Waiting, TrayTip::Waiting);
         Skip("listen", [&] { session.Sock.Listen(); });
     }
     return true;

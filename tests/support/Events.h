@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+
+namespace vantrel::test {
+
+/// Lets events run until `holds` does. The limit only ends a test that has failed.
+/// @return whether it came to hold
+bool EventsUntil(const std::function<bool()>& holds);
+
+} // namespace vantrel::test
