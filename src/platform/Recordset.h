@@ -24,7 +24,7 @@ public:
     Recordset& operator=(const Recordset&) = delete;
     ~Recordset();
 
-    /// Runs the statement and stands on its first row.
+    /// Runs the statement and stands on its first row. A cursor that was open is closed first.
     void Open(const QString& statement, CursorLock lock = CursorLock::ReadOnly);
     void Close();
     bool IsOpen() const;
@@ -33,18 +33,21 @@ public:
     bool IsEof() const;
     bool IsBof() const;
     int RecordCount() const;
+    /// Goes on to the next row, or behind the last. What was set and not updated is dropped.
     void MoveNext();
 
     /// @return the value in the current row, a null `QVariant` for a null
     QVariant Value(const QString& column) const;
-    /// Sets a value in the row being added or changed; a null `QVariant` writes a null.
+    /// Sets a value in the row being added or changed; a null `QVariant` writes a null. This and
+    /// all below fail with `InvalidCall` on a cursor that is read only.
     void SetValue(const QString& column, const QVariant& value);
     /// Begins a new row, all null; `Update` writes it.
     void AddNew();
-    /// Writes the row being added or changed. Values that are what the store holds are not written
-    /// again.
+    /// Writes the row being added or changed; a row that was added becomes the current one. Values
+    /// that are what the store holds are not written again, so an unchanged row costs no commit.
+    /// Fails with `NoCurrentRecord` where the row has been deleted meanwhile.
     void Update();
-    /// Deletes the current row; the cursor stays on its place until `MoveNext`.
+    /// Deletes the current row; the cursor stays on its place until `MoveNext`. Fails like `Update`.
     void Delete();
 
 private:

@@ -1,0 +1,98 @@
+#include "platform/Connection.h"
+#include "platform/ConnectionPrivate.h"
+#include "platform/Failure.h"
+#include "platform/Schema.h"
+#include <QFileInfo>
+
+namespace vantrel {
+
+namespace {
+QString SavepointName(int depth)
+{
+    return QStringLiteral("Level") + QString::number(depth);
+}
+
+void RequireTables(StoreDatabase& database)
+{
+    for (const QString& table : LayoutTableNames())
+        database.Execute(QStringLiteral("SELECT 1 FROM [") + table + QStringLiteral("] LIMIT 1"));
+}
+} // namespace
+
+StoreDatabase& Connection::Private::Opened()
+{
+    if (!Database)
+        throw Failure(FailureNumber::ObjectClosed,
+                      QStringLiteral("The layout database is not open."));
+    return *Database;
+}
+
+std::shared_ptr<CursorShape> Connection::Private::ShapeOf(const QString& statement)
+{
+    StoreDatabase& database = Opened();
+    if (const auto* known = Shapes.object(statement))
+        return *known;
+    SelectStatement select = ParseSelect(statement);
+    QString key = database.KeyColumn(select.Table);
+    auto shape = std::make_shared<CursorShape>(std::move(select), std::move(key));
+    Shapes.insert(statement, new std::shared_ptr<CursorShape>(shape));
+    return shape;
+}
+
+Connection::Connection() : m_d(std::make_unique<Private>()) {}
+
+Connection::~Connection() = default;
+
+void Connection::Open(const QString& path)
+{
+    Close();
+    if (!QFileInfo(path).isFile())
+        throw Failure(FailureNumber::FileNotFound,
+                      QStringLiteral("There is no layout database ") + path + QLatin1Char('.'));
+    auto database = std::make_unique<StoreDatabase>();
+    database->Open(path, StoreDatabase::OpenMode::Existing);
+    RequireTables(*database);
+    m_d->Database = std::move(database);
+}
+
+void Connection::Close()
+{
+    m_d->Shapes.clear();
+    m_d->Depth = 0;
+    m_d->Database.reset();
+}
+
+bool Connection::IsOpen() const
+{
+    return m_d->Database != nullptr;
+}
+
+void Connection::BeginTrans()
+{
+    StoreDatabase& database = m_d->Opened();
+    if (m_d->Depth == 0)
+        // A transaction that reads first and asks for the lock later would fail at once, without
+        // waiting, where another session has written in between.
+        database.Run(QStringLiteral("BEGIN IMMEDIATE"));
+    else
+        database.Run(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
+    ++m_d->Depth;
+}
+
+void Connection::CommitTrans()
+{
+    StoreDatabase& database = m_d->Opened();
+    if (m_d->Depth == 0)
+        throw Failure(FailureNumber::InvalidCall, QStringLiteral("No transaction is open."));
+    const int depth = m_d->Depth - 1;
+    database.Run(depth == 0 ? QStringLiteral("COMMIT")
+                            : QStringLiteral("RELEASE ") + SavepointName(depth));
+    m_d->Depth = depth;
+}
+
+int Connection::TransactionDepth() const
+{
+    return m_d->Depth;
+}
+
+} // namespace vantrel

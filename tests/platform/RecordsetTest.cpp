@@ -1,0 +1,434 @@
+#include "StoreTest.h"
+
+namespace vantrel::test {
+
+namespace {
+using Cursor = StoreTest;
+
+const QString AllControls = QStringLiteral("SELECT * FROM [Controls]");
+const QString TextColumn = QStringLiteral("C_Value");
+
+/// Every statement the station issues, with a name or number joined in.
+constexpr const char* Statements[] = {
+    "SELECT * FROM [Controls] WHERE [LayoutName] = 'A card' AND [Page] = 1",
+    "SELECT * FROM [Controls] WHERE [LayoutName] = 'A card'",
+    "SELECT * FROM [Controls] WHERE [Page] = 2",
+    "SELECT * FROM [Controls] WHERE [Page] > 2",
+    "SELECT DISTINCT [Page] FROM [Controls] WHERE [LayoutName] = 'A card'",
+    "SELECT Distinct [LayoutName] FROM [Controls]",
+    "SELECT * FROM [LayoutParams] WHERE [LayoutName] = 'A card' AND [PageIndex] = 1",
+    "SELECT * FROM [LayoutParams] WHERE [LayoutName] = 'A card'",
+    "SELECT [ID], [Filter] FROM [LayoutParams] WHERE [LayoutName] = 'A card'",
+    "SELECT * FROM [Serializer] WHERE [LayoutName] = 'A card'",
+    "SELECT [ID] FROM [Macros] WHERE [MacroName] = 'A macro'",
+    "SELECT [ID], [MacroName] FROM [Macros]",
+    "SELECT * FROM [MacroElements] WHERE [MacroID] = 7",
+    "SELECT [LayoutName] FROM [MacroElements] WHERE [MacroID] = 7",
+};
+} // namespace
+
+TEST_F(Cursor, TakesEveryStatementTheStationIssues)
+{
+    EXPECT_EQ(std::size(Statements), 14U);
+    for (const char* statement : Statements) {
+        SCOPED_TRACE(statement);
+        Recordset rows(Store);
+        rows.Open(QString::fromLatin1(statement), CursorLock::Optimistic);
+        EXPECT_TRUE(rows.IsEof());
+        EXPECT_TRUE(rows.IsBof());
+        EXPECT_EQ(rows.RecordCount(), 0);
+    }
+}
+
+TEST_F(Cursor, PrinterTypesComeInTheirOwnOrderOrSorted)
+{
+    const QString code = QStringLiteral("DeviceType");
+    EXPECT_EQ(Column(Store, QStringLiteral("SELECT [DeviceType], [Name] FROM [PrinterTypes]"), code)
+                  .join(u' '),
+              QStringLiteral("1 2 3 4 5 9 10 11"));
+    EXPECT_EQ(
+        Column(Store, QStringLiteral("SELECT * FROM [PrinterTypes] ORDER BY [VisOrder] ASC"), code)
+            .join(u' '),
+        QStringLiteral("9 10 1 2 11 4 5 3"));
+    EXPECT_EQ(
+        Column(Store, QStringLiteral("SELECT * FROM [PrinterTypes] ORDER BY [VisOrder] DESC"), code)
+            .join(u' '),
+        QStringLiteral("3 5 4 11 2 1 10 9"));
+}
+
+TEST_F(Cursor, SelectsByNameAndPage)
+{
+    AddControl(Store, QStringLiteral("A card"), 1, QStringLiteral("one"));
+    AddControl(Store, QStringLiteral("A card"), 2, QStringLiteral("two"));
+    AddControl(Store, QStringLiteral("Other"), 1, QStringLiteral("three"));
+    const auto texts = [this](const char* where) {
+        return Column(Store, AllControls + QLatin1StringView(where), TextColumn).join(u' ');
+    };
+    EXPECT_EQ(texts(" WHERE [LayoutName] = 'A card' AND [Page] = 2"), QStringLiteral("two"));
+    EXPECT_EQ(texts(" WHERE [LayoutName] = 'A card'"), QStringLiteral("one two"));
+    EXPECT_EQ(texts(" WHERE [Page] = 1"), QStringLiteral("one three"));
+    EXPECT_EQ(texts(" WHERE [Page] > 1"), QStringLiteral("two"));
+}
+
+TEST_F(Cursor, DistinctComesInValueOrder)
+{
+    for (const auto& name : {QStringLiteral("Visitor"), QStringLiteral("Card"),
+                             QStringLiteral("Member"), QStringLiteral("Card")})
+        AddControl(Store, name, 10, QString());
+    AddControl(Store, QStringLiteral("Card"), 2, QString());
+    EXPECT_EQ(Column(Store, QStringLiteral("SELECT Distinct [LayoutName] FROM [Controls]"),
+                     QStringLiteral("LayoutName"))
+                  .join(u' '),
+              QStringLiteral("Card Member Visitor"));
+    EXPECT_EQ(
+        Column(Store,
+               QStringLiteral("SELECT DISTINCT [Page] FROM [Controls] WHERE [LayoutName] = 'Card'"),
+               QStringLiteral("Page"))
+            .join(u' '),
+        QStringLiteral("2 10"));
+}
+
+TEST_F(Cursor, ThousandsOfRowsKeepTheOrderOfInsertion)
+{
+    constexpr int Count = 5000;
+    QStringList expected;
+    Recordset rows(Store);
+    Store.BeginTrans();
+    rows.Open(AllControls, CursorLock::Optimistic);
+    for (int i = 0; i < Count; ++i) {
+        const QString text = QString::number((i * 7919) % Count);
+        expected.append(text);
+        rows.AddNew();
+        rows.SetValue(QStringLiteral("LayoutName"), QStringLiteral("Big"));
+        rows.SetValue(QStringLiteral("Page"), 1);
+        rows.SetValue(TextColumn, text);
+        rows.Update();
+    }
+    Store.CommitTrans();
+    EXPECT_EQ(rows.RecordCount(), Count);
+    EXPECT_EQ(Texts(), expected);
+    EXPECT_EQ(
+        Column(Store,
+               QStringLiteral("SELECT * FROM [Controls] WHERE [LayoutName] = 'Big' AND [Page] = 1"),
+               TextColumn),
+        expected);
+}
+
+TEST_F(Cursor, ADeletedRowsKeyIsNotGivenAgain)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("old"));
+    Recordset mine(Store);
+    mine.Open(AllControls, CursorLock::Optimistic);
+    {
+        Recordset other(Store);
+        other.Open(AllControls, CursorLock::Optimistic);
+        other.Delete();
+    }
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("new"));
+    EXPECT_EQ(FailureOf([&] { mine.Delete(); }), FailureNumber::NoCurrentRecord);
+    EXPECT_EQ(Texts(), QStringList(QStringLiteral("new")));
+}
+
+TEST_F(Cursor, TheKeyIsNoColumn)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("text"));
+    Recordset rows(Store);
+    rows.Open(AllControls);
+    EXPECT_EQ(FailureOf([&] { rows.Value(QStringLiteral("RowKey")); }),
+              FailureNumber::ItemNotFound);
+}
+
+TEST_F(Cursor, NamesWithAnApostropheMakeAnInvalidStatement)
+{
+    for (const char* name :
+         {"O'Brien", "'", "Members'", "x' OR '1'='1'; DELETE FROM [Controls] --"}) {
+        SCOPED_TRACE(name);
+        Recordset rows(Store);
+        EXPECT_EQ(FailureOf([&] {
+                      rows.Open(AllControls + QStringLiteral(" WHERE [LayoutName] = '") +
+                                QLatin1StringView(name) + QStringLiteral("' AND [Page] = 1"));
+                  }),
+                  FailureNumber::StatementInvalid);
+        EXPECT_FALSE(rows.IsOpen());
+    }
+}
+
+TEST_F(Cursor, NamesWithOddCharactersAreFound)
+{
+    for (const char* text :
+         {"a;b", "a--b", "Who?", "10:30 :name", "50%", "[x]", "\"q\"", "Größe €", "a/*b"}) {
+        SCOPED_TRACE(text);
+        const QString name = QString::fromUtf8(text);
+        AddControl(Store, name, 1, name);
+        EXPECT_EQ(Column(Store,
+                         AllControls + QStringLiteral(" WHERE [LayoutName] = '") + name +
+                             QLatin1Char('\''),
+                         TextColumn),
+                  QStringList(name));
+    }
+}
+
+TEST_F(Cursor, ColumnNamesAreCaseBlindAndBracketsOptional)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("text"));
+    Recordset rows(Store);
+    rows.Open(QStringLiteral("select [c_value], Page from Controls"), CursorLock::Optimistic);
+    EXPECT_EQ(rows.Value(QStringLiteral("C_VALUE")).toString(), QStringLiteral("text"));
+    EXPECT_EQ(rows.Value(QStringLiteral("[C_Value]")).toString(), QStringLiteral("text"));
+    EXPECT_EQ(rows.Value(QStringLiteral("page")).toInt(), 1);
+    EXPECT_EQ(FailureOf([&] { rows.Value(QStringLiteral("LayoutName")); }),
+              FailureNumber::ItemNotFound);
+    EXPECT_EQ(FailureOf([&] { rows.SetValue(QStringLiteral("Nonsense"), 1); }),
+              FailureNumber::ItemNotFound);
+}
+
+TEST_F(Cursor, ValuesComeBackInTheFormOfTheirColumn)
+{
+    Recordset rows(Store);
+    rows.Open(AllControls, CursorLock::Optimistic);
+    rows.AddNew();
+    rows.SetValue(QStringLiteral("C_Param_3"), 3);
+    rows.SetValue(QStringLiteral("C_Prefix"), QString());
+    rows.SetValue(QStringLiteral("C_FontBold"), true);
+    rows.SetValue(QStringLiteral("C_FontItalic"), false);
+    rows.SetValue(QStringLiteral("C_Top"), 1200.5F);
+    rows.SetValue(QStringLiteral("C_Left"), 200);
+    rows.SetValue(QStringLiteral("C_FontSize"), 8.2512);
+    rows.SetValue(QStringLiteral("C_ForeColor"), 0xFFFFFF);
+    rows.SetValue(QStringLiteral("C_Suffix"), QVariant());
+    rows.Update();
+    const auto check = [&rows] {
+        EXPECT_EQ(rows.Value(QStringLiteral("C_Param_3")), QVariant(QStringLiteral("3")));
+        EXPECT_EQ(rows.Value(QStringLiteral("C_Prefix")), QVariant(QStringLiteral("")));
+        EXPECT_FALSE(rows.Value(QStringLiteral("C_Prefix")).isNull());
+        EXPECT_EQ(rows.Value(QStringLiteral("C_FontBold")), QVariant(1LL));
+        EXPECT_EQ(rows.Value(QStringLiteral("C_FontItalic")), QVariant(0LL));
+        EXPECT_EQ(rows.Value(QStringLiteral("C_Top")), QVariant(1200.5));
+        EXPECT_EQ(rows.Value(QStringLiteral("C_Left")).toInt(), 200);
+        EXPECT_EQ(rows.Value(QStringLiteral("C_FontSize")), QVariant(8.2512));
+        EXPECT_EQ(rows.Value(QStringLiteral("C_ForeColor")), QVariant(0xFFFFFFLL));
+        EXPECT_TRUE(rows.Value(QStringLiteral("C_Suffix")).isNull());
+        EXPECT_TRUE(rows.Value(QStringLiteral("C_UseMod10")).isNull());
+    };
+    check();
+    rows.Open(AllControls);
+    check();
+}
+
+TEST_F(Cursor, LongTextsAreKeptWhole)
+{
+    const QString text = QStringLiteral("Zeile eins\r\nÄ€ ").repeated(10000);
+    AddControl(Store, QStringLiteral("A"), 1, text);
+    EXPECT_EQ(Texts(), QStringList(text));
+}
+
+TEST_F(Cursor, ADeletedRowStaysUnderTheCursorUntilItMoves)
+{
+    for (const auto& text : {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")})
+        AddControl(Store, QStringLiteral("A"), 1, text);
+    Recordset rows(Store);
+    rows.Open(AllControls, CursorLock::Optimistic);
+    rows.Delete();
+    EXPECT_FALSE(rows.IsEof());
+    EXPECT_EQ(FailureOf([&] { rows.Value(TextColumn); }), FailureNumber::NoCurrentRecord);
+    EXPECT_EQ(FailureOf([&] { rows.Delete(); }), FailureNumber::NoCurrentRecord);
+    rows.MoveNext();
+    EXPECT_EQ(rows.Value(TextColumn).toString(), QStringLiteral("b"));
+    EXPECT_EQ(rows.RecordCount(), 2);
+    EXPECT_EQ(Texts(), QStringList({QStringLiteral("b"), QStringLiteral("c")}));
+}
+
+TEST_F(Cursor, ReplacesAllRowsOfAPageOnOneCursor)
+{
+    for (const auto& text : {QStringLiteral("a"), QStringLiteral("b")})
+        AddControl(Store, QStringLiteral("A"), 1, text);
+    Recordset rows(Store);
+    for (rows.Open(AllControls, CursorLock::Optimistic); !rows.IsEof(); rows.MoveNext())
+        rows.Delete();
+    EXPECT_TRUE(rows.IsEof());
+    EXPECT_TRUE(rows.IsBof());
+    for (const auto& text : {QStringLiteral("c"), QStringLiteral("d")}) {
+        rows.AddNew();
+        rows.SetValue(TextColumn, text);
+        rows.Update();
+        EXPECT_EQ(rows.Value(TextColumn).toString(), text);
+    }
+    EXPECT_EQ(rows.RecordCount(), 2);
+    EXPECT_EQ(Texts(), QStringList({QStringLiteral("c"), QStringLiteral("d")}));
+}
+
+TEST_F(Cursor, ANewRowIsAllNullUntilItsValuesAreSet)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("old"));
+    Recordset rows(Store);
+    rows.Open(AllControls, CursorLock::Optimistic);
+    rows.AddNew();
+    EXPECT_TRUE(rows.Value(TextColumn).isNull());
+    rows.SetValue(TextColumn, QStringLiteral("new"));
+    EXPECT_EQ(rows.Value(TextColumn).toString(), QStringLiteral("new"));
+    EXPECT_EQ(Texts(), QStringList(QStringLiteral("old")));
+    rows.MoveNext(); // Leaves the row that was not updated.
+    EXPECT_EQ(Texts(), QStringList(QStringLiteral("old")));
+    rows.AddNew();
+    rows.Update();
+    EXPECT_EQ(Texts(), QStringList({QStringLiteral("old"), QString()}));
+}
+
+TEST_F(Cursor, InLayoutParamsTheCounterIsTheRowKey)
+{
+    Recordset rows(Store);
+    rows.Open(QStringLiteral("SELECT * FROM [LayoutParams]"), CursorLock::Optimistic);
+    for (int expected = 1; expected <= 2; ++expected) {
+        rows.AddNew();
+        rows.SetValue(QStringLiteral("LayoutName"), QStringLiteral("A"));
+        rows.Update();
+        EXPECT_EQ(rows.Value(QStringLiteral("ID")).toInt(), expected);
+    }
+    EXPECT_EQ(FailureOf([&] { rows.SetValue(QStringLiteral("ID"), 9); }),
+              FailureNumber::InvalidCall);
+    Recordset filters(Store);
+    filters.Open(
+        QStringLiteral("SELECT [ID], [Filter] FROM [LayoutParams] WHERE [LayoutName] = 'A'"),
+        CursorLock::Optimistic);
+    EXPECT_EQ(filters.RecordCount(), 2);
+    filters.SetValue(QStringLiteral("Filter"), QStringLiteral("-"));
+    filters.Update();
+    EXPECT_EQ(
+        Column(Store, QStringLiteral("SELECT * FROM [LayoutParams]"), QStringLiteral("Filter")),
+        QStringList({QStringLiteral("-"), QString()}));
+}
+
+TEST_F(Cursor, OnlyValuesThatDifferAreWritten)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("mine"));
+    Connection other;
+    other.Open(Path);
+    Recordset mine(Store);
+    mine.Open(AllControls, CursorLock::Optimistic);
+    {
+        Recordset theirs(other);
+        theirs.Open(AllControls, CursorLock::Optimistic);
+        theirs.SetValue(TextColumn, QStringLiteral("theirs"));
+        theirs.Update();
+    }
+    mine.SetValue(TextColumn, QStringLiteral("mine"));
+    mine.SetValue(QStringLiteral("Page"), 2);
+    mine.Update();
+    EXPECT_EQ(Texts(), QStringList(QStringLiteral("theirs")));
+    EXPECT_EQ(Column(Store, AllControls, QStringLiteral("Page")), QStringList(QStringLiteral("2")));
+}
+
+TEST_F(Cursor, AnUpdateThatChangesNothingNeedsNoLock)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("text"));
+    Recordset rows(Store);
+    rows.Open(AllControls, CursorLock::Optimistic);
+    Connection other;
+    other.Open(Path);
+    other.BeginTrans();
+    rows.SetValue(TextColumn, QStringLiteral("text"));
+    rows.SetValue(QStringLiteral("Page"), 1.0);
+    rows.SetValue(QStringLiteral("C_Prefix"), QVariant());
+    EXPECT_NO_THROW(rows.Update());
+    other.CommitTrans();
+}
+
+TEST_F(Cursor, ARowThatVanishedMeanwhileFails)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("text"));
+    Recordset mine(Store);
+    mine.Open(AllControls, CursorLock::Optimistic);
+    {
+        Recordset other(Store);
+        other.Open(AllControls, CursorLock::Optimistic);
+        other.Delete();
+    }
+    EXPECT_EQ(mine.Value(TextColumn).toString(), QStringLiteral("text"));
+    mine.SetValue(TextColumn, QStringLiteral("changed"));
+    EXPECT_EQ(FailureOf([&] { mine.Update(); }), FailureNumber::NoCurrentRecord);
+    EXPECT_EQ(FailureOf([&] { mine.Delete(); }), FailureNumber::NoCurrentRecord);
+    EXPECT_TRUE(Texts().isEmpty());
+}
+
+TEST_F(Cursor, ACursorThatIsNotOpenFails)
+{
+    Recordset rows(Store);
+    EXPECT_FALSE(rows.IsOpen());
+    EXPECT_EQ(FailureOf([&] { rows.IsEof(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.IsBof(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.RecordCount(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.MoveNext(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.Value(TextColumn); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.SetValue(TextColumn, 1); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.AddNew(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.Update(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.Delete(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.Close(); }), FailureNumber::ObjectClosed);
+}
+
+TEST_F(Cursor, OnAnEmptyResultThereIsNoCurrentRecord)
+{
+    Recordset rows(Store);
+    rows.Open(AllControls, CursorLock::Optimistic);
+    EXPECT_EQ(FailureOf([&] { rows.Value(TextColumn); }), FailureNumber::NoCurrentRecord);
+    EXPECT_EQ(FailureOf([&] { rows.SetValue(TextColumn, 1); }), FailureNumber::NoCurrentRecord);
+    EXPECT_EQ(FailureOf([&] { rows.Update(); }), FailureNumber::NoCurrentRecord);
+    EXPECT_EQ(FailureOf([&] { rows.Delete(); }), FailureNumber::NoCurrentRecord);
+    EXPECT_EQ(FailureOf([&] { rows.MoveNext(); }), FailureNumber::NoCurrentRecord);
+}
+
+TEST_F(Cursor, AReadOnlyCursorChangesNothing)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("text"));
+    const auto changesNothing = [](Recordset& rows) {
+        EXPECT_EQ(FailureOf([&] { rows.AddNew(); }), FailureNumber::InvalidCall);
+        EXPECT_EQ(FailureOf([&] { rows.SetValue(QStringLiteral("Page"), 1); }),
+                  FailureNumber::InvalidCall);
+        EXPECT_EQ(FailureOf([&] { rows.Delete(); }), FailureNumber::InvalidCall);
+    };
+    Recordset plain(Store);
+    plain.Open(AllControls);
+    changesNothing(plain);
+    Recordset distinct(Store);
+    distinct.Open(QStringLiteral("SELECT DISTINCT [Page] FROM [Controls]"), CursorLock::Optimistic);
+    changesNothing(distinct);
+}
+
+TEST_F(Cursor, IsUsedAgainForAnotherStatement)
+{
+    Recordset rows(Store);
+    rows.Open(QStringLiteral("SELECT * FROM [PrinterTypes]"));
+    EXPECT_EQ(rows.RecordCount(), 8);
+    rows.Close();
+    rows.Open(QStringLiteral("SELECT * FROM [Macros]"));
+    EXPECT_TRUE(rows.IsEof());
+    EXPECT_EQ(FailureOf([&] { rows.Open(QStringLiteral("SELECT * FROM [Nothing]")); }),
+              FailureNumber::StatementInvalid);
+    EXPECT_FALSE(rows.IsOpen());
+}
+
+TEST_F(Cursor, AClosedConnectionFailsItsCursors)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("text"));
+    Recordset rows(Store);
+    rows.Open(AllControls, CursorLock::Optimistic);
+    Store.Close();
+    rows.SetValue(TextColumn, QStringLiteral("new"));
+    EXPECT_EQ(FailureOf([&] { rows.Update(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.Open(AllControls); }), FailureNumber::ObjectClosed);
+}
+
+TEST_F(Cursor, MoreStatementsThanAreKeptAllWork)
+{
+    AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("text"));
+    for (int round = 0; round < 2; ++round)
+        for (int page = 1; page <= 150; ++page)
+            EXPECT_EQ(
+                Column(Store,
+                       AllControls + QStringLiteral(" WHERE [Page] = ") + QString::number(page),
+                       TextColumn)
+                    .size(),
+                page == 1 ? 1 : 0);
+}
+
+} // namespace vantrel::test
