@@ -155,8 +155,8 @@ QByteArray WithKey(const QByteArray& bytes, const QString& section, const QStrin
 
 } // namespace
 
-QString ReadProfileValue(const QString& path, const QString& section, const QString& key,
-                         const QString& absent)
+std::optional<QString> FindProfileValue(const QString& path, const QString& section,
+                                        const QString& key)
 {
     const QByteArray bytes = FileBytes(path).value_or(QByteArray());
     LineWalk walk(bytes);
@@ -165,7 +165,13 @@ QString ReadProfileValue(const QString& path, const QString& section, const QStr
             SameName(*walk.Section, section))
             return FromCodePage(WithoutQuotes(walk.Value)).left(ProfileValueLimit);
     }
-    return absent;
+    return std::nullopt;
+}
+
+QString ReadProfileValue(const QString& path, const QString& section, const QString& key,
+                         const QString& absent)
+{
+    return FindProfileValue(path, section, key).value_or(absent);
 }
 
 bool WriteProfileValue(const QString& path, const QString& section, const QString& key,

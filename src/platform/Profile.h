@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 namespace vantrel {
 
@@ -13,8 +14,12 @@ namespace vantrel {
 /// The longest value that comes back, in characters.
 inline constexpr int ProfileValueLimit = 255;
 
-/// @return the value of a key, cut to 255 characters, or `absent` where file, section or key is
+/// @return the value of a key, cut to 255 characters, or nothing where file, section or key is
 /// missing. Never fails
+std::optional<QString> FindProfileValue(const QString& path, const QString& section,
+                                        const QString& key);
+
+/// @return the same, or `absent` where it is missing. Never fails
 QString ReadProfileValue(const QString& path, const QString& section, const QString& key,
                          const QString& absent);
 

@@ -1,0 +1,122 @@
+#include "app/Settings.h"
+#include "app/Session.h"
+#include "app/SettingsTable.h"
+#include "platform/Profile.h"
+#include "platform/Skip.h"
+#include <QFileInfo>
+
+namespace vantrel {
+
+namespace {
+
+/// Joined to the folder's path with a slash where it is read, and without one where it is written:
+/// the file that is read belongs to the launcher, so what a station writes never steers it.
+constexpr QLatin1StringView statusFileName("SessionStatus.ini");
+
+void FailWithoutFilename(const QString& filename)
+{
+    // A write names the same source as a read.
+    if (filename.isEmpty())
+        throw Failure(FailureNumber::IniFilenameNotSet, QStringLiteral("INI filename not set!"),
+                      QStringLiteral("ReadSetting"));
+}
+
+void ReadRow(Session& session, const ESet2& file, const SettingRow& row)
+{
+    Skip(row.Key, [&] {
+        const auto absent =
+            row.Default != nullptr ? std::optional(QString::fromLatin1(row.Default)) : std::nullopt;
+        const std::optional<QString> text =
+            file.ReadSetting(SessionSection(session), QString::fromLatin1(row.Key), absent);
+        if (text)
+            row.Read(session.Settings, *text);
+    });
+    if (row.Number == SettingNumber::LastLayout)
+        session.CurrentLayoutName = session.Settings.LastLayout;
+}
+
+} // namespace
+
+void SettingReaders::Take(const QString& text, BackgroundSetting& variable)
+{
+    if (QFileInfo(text).isFile())
+        variable = LoadPicture(text);
+    else if (IsNumeric(text))
+        variable = ToDouble(text);
+}
+
+std::optional<QString> ESet2::ReadSetting(const QString& section, const QString& key,
+                                          const std::optional<QString>& absent) const
+{
+    FailWithoutFilename(m_filename);
+    const std::optional<QString> found = FindProfileValue(m_filename, section, key);
+    return found ? found : absent;
+}
+
+void ESet2::WriteSetting(const QString& section, const QString& key, const QString& value)
+{
+    FailWithoutFilename(m_filename);
+    QString oneLine = value;
+    oneLine.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    WriteProfileValue(m_filename, section, key, oneLine);
+}
+
+QString SessionSection(const Session& session)
+{
+    return QStringLiteral("Session %1").arg(session.SessionNumber);
+}
+
+QString SettingsPath(const Session& session)
+{
+    return session.PathInFolder(QStringLiteral("Vantrel 6.ini"));
+}
+
+QString SessionStatusPath(const Session& session)
+{
+    return session.PathInFolder(statusFileName);
+}
+
+void LoadSettings(Session& session)
+{
+    ESet2 settingsFile;
+    settingsFile.SetINI_Filename(SettingsPath(session));
+    ESet2 statusFile;
+    statusFile.SetINI_Filename(SessionStatusPath(session));
+
+    ClearSettings(session);
+    for (const SettingNumber number : SettingsReadOrder) {
+        ReadRow(session, number == SettingNumber::Visible ? statusFile : settingsFile,
+                *FindSettingRow(static_cast<std::int32_t>(number)));
+    }
+}
+
+void ClearSettings(Session& session)
+{
+    StationSettings& settings = session.Settings;
+    settings.Background = {};
+    settings.CaptureEnabled = false;
+    settings.Framing = {};
+    settings.DynamicFields = false;
+    settings.DynamicLayouts = false;
+    settings.LastLayout.clear();
+    settings.BufferData = false;
+}
+
+void SaveSetting(Session& session, std::int32_t number, const QString& value)
+{
+    const SettingRow* const row = FindSettingRow(number);
+    if (row == nullptr)
+        return;
+    ESet2 file;
+    file.SetINI_Filename(row->Number == SettingNumber::Visible
+                             ? session.ProgramFolder + statusFileName
+                             : SettingsPath(session));
+    file.WriteSetting(SessionSection(session), QString::fromLatin1(row->Key), value);
+}
+
+void SaveSetting(Session& session, SettingNumber number, const QString& value)
+{
+    SaveSetting(session, static_cast<std::int32_t>(number), value);
+}
+
+} // namespace vantrel
