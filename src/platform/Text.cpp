@@ -37,4 +37,21 @@ QString Mid(const QString& text, qsizetype from, qsizetype length)
     return text.mid(from - 1, length);
 }
 
+QString ReplaceText(const QString& text, const QString& wanted, const QString& replacement)
+{
+    qsizetype found = wanted.isEmpty() ? -1 : text.indexOf(wanted);
+    if (found < 0)
+        return text;
+    QString replaced;
+    replaced.reserve(text.size());
+    qsizetype done = 0;
+    for (; found >= 0; found = text.indexOf(wanted, done)) {
+        replaced += QStringView(text).sliced(done, found - done);
+        replaced += replacement;
+        done = found + wanted.size();
+    }
+    replaced += QStringView(text).sliced(done);
+    return replaced;
+}
+
 } // namespace vantrel

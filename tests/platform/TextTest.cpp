@@ -42,3 +42,22 @@ TEST(Text, PositionsBelowOneAndNegativeLengthsFail)
     EXPECT_THROW(Mid(QStringLiteral("a"), 0, 1), Failure);
     EXPECT_THROW(Mid(QStringLiteral("a"), 1, -1), Failure);
 }
+
+TEST(Text, ReplacesEveryOccurrenceInOnePass)
+{
+    const QString blank = QStringLiteral(" ");
+    const QString pair = QStringLiteral("  ");
+    EXPECT_EQ(ReplaceText(QStringLiteral("a   b  c"), pair, blank), QStringLiteral("a  b c"));
+    EXPECT_EQ(ReplaceText(QStringLiteral("<a<b<"), QStringLiteral("<"), QString()),
+              QStringLiteral("ab"));
+    EXPECT_EQ(ReplaceText(QStringLiteral("aab"), QStringLiteral("ab"), QStringLiteral("b")),
+              QStringLiteral("ab"));
+    EXPECT_EQ(ReplaceText(QStringLiteral("x"), QStringLiteral("x"), QStringLiteral("xx")),
+              QStringLiteral("xx"));
+}
+
+TEST(Text, TheEmptyTextIsReplacedNowhere)
+{
+    EXPECT_EQ(ReplaceText(QStringLiteral("ab"), QString(), QStringLiteral("-")),
+              QStringLiteral("ab"));
+}

@@ -1,0 +1,23 @@
+#include "capture/HexCodes.h"
+#include "platform/CodePage.h"
+#include "platform/Text.h"
+
+namespace vantrel {
+
+QString DecodeHexCodes(const QString& text)
+{
+    constexpr QLatin1Char open('[');
+    constexpr QLatin1Char close(']');
+    // Most settings hold no code at all, and every record decodes three of them.
+    if (!text.contains(open) || !text.contains(close))
+        return text;
+
+    QString decoded = text;
+    for (int code = 1; code <= 255; ++code) {
+        const QString written = open + QString::number(code, 16).toUpper() + close;
+        decoded = ReplaceText(decoded, written, CharacterOfCode(static_cast<unsigned char>(code)));
+    }
+    return decoded;
+}
+
+} // namespace vantrel
