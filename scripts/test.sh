@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds everything, and runs every test.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/lib.sh
+
+install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+export QT_QPA_PLATFORM=offscreen
+cmake --preset dev
+cmake --build --preset dev
+ctest --preset dev --parallel "$(nproc)" "$@"
