@@ -18,11 +18,11 @@ struct CommandRow
     bool OwnsTrayIcon;
 };
 
-constexpr CommandRow CommandTable[] = {{"", 1, true},     {"abc", 1, true},    {"1", 1, false},
-                                       {"2", 2, false},   {" 7 ", 7, false},   {"2.5", 2, false},
-                                       {"3.5", 4, false}, {"255", 255, false}, {"256", 1, false},
-                                       {"-1", 1, false},  {"0", 0, false},     {"2 3", 1, true},
-                                       {"-x", 1, true},   {"1e400", 1, false}, {"2a", 1, true}};
+constexpr CommandRow CommandTable[] = {
+    {"", 1, true},     {"abc", 1, true},   {"1", 1, false},   {"2", 2, false},
+    {" 7 ", 7, false}, {"2.5", 2, false},  {"3.5", 4, false}, {"255", 255, false},
+    {"256", 1, false}, {"-1", 1, false},   {"0", 0, false},   {"2 3", 1, true},
+    {"-x", 1, true},   {"1e400", 1, true}, {"2a", 1, true},   {"1e3", 1, false}};
 
 class CommandLines : public ::testing::TestWithParam<CommandRow>
 {};
