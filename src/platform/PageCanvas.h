@@ -10,8 +10,8 @@
 namespace vantrel {
 
 /// What a page is drawn on: one renderer for paper and screen, so that what is seen is what prints.
-/// All lengths are twips from the page's top left corner. Text is measured and drawn unhinted at the
-/// page's own scale, whatever the scale of the picture it goes to.
+/// All lengths are twips from the page's top left corner. Text is measured and drawn unhinted at
+/// the page's own scale, whatever the scale of the picture it goes to.
 class PageCanvas
 {
 public:
@@ -40,8 +40,8 @@ public:
     /// Width of the widest line of a text, and height of all of them.
     static double TextWidth(const QString& text, const Font& font);
     static double TextHeight(const QString& text, const Font& font);
-    /// Name of an installed font family, counted from 1, in the order of the font system. Fails with
-    /// `SubscriptOutOfRange`.
+    /// Name of an installed font family, counted from 1, in the order of the font system. Fails
+    /// with `SubscriptOutOfRange`.
     static QString FontFamily(int index);
 
 private:

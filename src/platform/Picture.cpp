@@ -1,4 +1,5 @@
 #include "platform/Picture.h"
+#include "platform/BmpLength.h"
 #include "platform/Failure.h"
 #include "platform/JpegMarkers.h"
 #include "platform/PictureData.h"
@@ -43,20 +44,47 @@ FileStamp StampOf(const QString& path)
     return {found.st_dev, found.st_ino, found.st_size, found.st_mtim.tv_sec, found.st_mtim.tv_nsec};
 }
 
-/// @return the bytes of a JPEG that a PDF can take as they are, else nothing. Fails with
-/// `InvalidPicture` for a file that was cut.
-QByteArray BytesForPdf(QFile& file, QImageIOHandler::Transformations transformation)
+/// A JPEG file and what its markers say.
+struct JpegFile
+{
+    QByteArray Bytes;
+    JpegMarkers Markers;
+
+    bool IsCommon() const
+    {
+        return Markers.IsCommonCoding && Markers.BitsPerSample == 8 &&
+               (Markers.Components == 1 || Markers.Components == 3);
+    }
+};
+
+/// Fails with `InvalidPicture` for a file that was cut.
+JpegFile ReadJpeg(QFile& file)
 {
     if (file.size() > MaxJpegBytes || !file.seek(0))
         FailInvalid();
     QByteArray bytes = file.readAll();
     const std::optional<JpegMarkers> markers = ReadJpegMarkers(bytes);
-    if (!markers)
+    if (!markers || !file.seek(0))
         FailInvalid();
-    const bool asItIs = transformation == QImageIOHandler::TransformationNone &&
-                        markers->IsCommonCoding && markers->BitsPerSample == 8 &&
-                        (markers->Components == 1 || markers->Components == 3);
-    return asItIs ? bytes : QByteArray();
+    return {std::move(bytes), *markers};
+}
+
+/// Fails with `InvalidPicture`. A giant is refused before it is decoded.
+QImage Decode(QImageReader& reader)
+{
+    const QSize size = reader.size();
+    if (static_cast<qint64>(size.width()) * size.height() > MaxPixels)
+        FailInvalid();
+    reader.setAutoTransform(true);
+    QImage image = reader.read();
+    if (image.isNull())
+        FailInvalid();
+    if ((reader.transformation() & QImageIOHandler::TransformationRotate90) != 0) {
+        const int dotsPerMetreX = image.dotsPerMeterX();
+        image.setDotsPerMeterX(image.dotsPerMeterY());
+        image.setDotsPerMeterY(dotsPerMetreX);
+    }
+    return image;
 }
 
 std::shared_ptr<const PictureData> ReadPicture(const QString& path)
@@ -64,24 +92,17 @@ std::shared_ptr<const PictureData> ReadPicture(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         FailInvalid();
+    const std::optional<qint64> bmpLength = LeastBmpLength(file.peek(BmpHeadBytes));
+    if (bmpLength && file.size() < *bmpLength)
+        FailInvalid();
+    const bool isJpeg = QImageReader::imageFormat(&file) == "jpeg";
+    const JpegFile jpeg = isJpeg ? ReadJpeg(file) : JpegFile{};
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (static_cast<qint64>(size.width()) * size.height() > MaxPixels)
-        FailInvalid();
-    const bool isJpeg = reader.format() == "jpeg";
-    const QImageIOHandler::Transformations transformation = reader.transformation();
-    QImage image = reader.read();
-    if (image.isNull())
-        FailInvalid();
-    if ((transformation & QImageIOHandler::TransformationRotate90) != 0) {
-        const int dotsPerMetreX = image.dotsPerMeterX();
-        image.setDotsPerMeterX(image.dotsPerMeterY());
-        image.setDotsPerMeterY(dotsPerMetreX);
-    }
-    return std::make_shared<const PictureData>(image, isJpeg ? BytesForPdf(file, transformation)
-                                                             : QByteArray());
+    const QImage image = Decode(reader);
+    const bool asItIs =
+        reader.transformation() == QImageIOHandler::TransformationNone && jpeg.IsCommon();
+    return std::make_shared<const PictureData>(image, asItIs ? jpeg.Bytes : QByteArray());
 }
 
 struct CachedPicture

@@ -52,6 +52,14 @@ public:
     virtual void EndDoc() = 0;
 };
 
+/// What a printer's queue is doing at the moment it is asked.
+struct SpoolState
+{
+    bool Paused = false;
+    bool Accepting = true;
+    int Jobs = 0;
+};
+
 /// The machine's printers, in their order, and the one that is current.
 class Printers
 {
@@ -62,9 +70,11 @@ public:
     virtual QStringList DeviceNames() = 0;
     /// Makes the first device of exactly that name the current one. Fails with `PrinterError`.
     virtual void MakeCurrent(const QString& deviceName) = 0;
-    /// The current printer, at first the machine's default. Fails with `PrinterError` where there is
-    /// none. Valid until the next `MakeCurrent`.
+    /// The current printer, at first the machine's default. Fails with `PrinterError` where there
+    /// is none. Valid until the next `MakeCurrent`.
     virtual Printer& Current() = 0;
+    /// State of a device's queue. Never fails; what has no queue, or is gone, is running and empty.
+    virtual SpoolState SpoolStateOf(const QString& /*deviceName*/) { return {}; }
 };
 
 } // namespace vantrel

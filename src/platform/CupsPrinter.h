@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/CupsQueues.h"
+#include "platform/PagePrinter.h"
+#include <QElapsedTimer>
+
+namespace vantrel {
+
+/// A queue of the machine's CUPS server. It gets each job as a PDF of the size and orientation of
+/// its card, with the job's title. The page is that of the queue's default media.
+class CupsPrinter : public PagePrinter
+{
+public:
+    explicit CupsPrinter(QString queue) : m_queue(std::move(queue)) {}
+
+    QString DeviceName() const override { return m_queue; }
+
+protected:
+    PageSides Sides() const override;
+    /// Fails with `PrinterError` and the server's own reason.
+    void Deliver(const QByteArray& pdf) override;
+
+private:
+    /// What the server told about the queue, asked anew after a while or a failure: an
+    /// administrator may have changed it.
+    struct Knowledge
+    {
+        CupsDestination Destination;
+        CupsInfo Info;
+        QElapsedTimer Age;
+    };
+
+    bool Know() const;
+    void SendDocument(const QByteArray& pdf, int jobId);
+
+    QString m_queue;
+    mutable Knowledge m_known;
+    mutable PageSides m_sides;
+};
+
+} // namespace vantrel

@@ -1,0 +1,85 @@
+#include "platform/PagePrinter.h"
+#include "platform/Failure.h"
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+constexpr double LargestFontSize = 2160.0;
+} // namespace
+
+void PagePrinter::SetOrientation(int orientation)
+{
+    if (orientation != OrientationPortrait && orientation != OrientationLandscape)
+        throw Failure(FailureNumber::PrinterError, QStringLiteral("Printer error: no orientation"));
+    m_orientation = orientation;
+}
+
+double PagePrinter::Width() const
+{
+    const PageSides sides = Sides();
+    return m_orientation == OrientationLandscape ? sides.Long : sides.Short;
+}
+
+double PagePrinter::Height() const
+{
+    const PageSides sides = Sides();
+    return m_orientation == OrientationLandscape ? sides.Short : sides.Long;
+}
+
+void PagePrinter::SetFontSize(double points)
+{
+    if (!(points > 0 && points <= LargestFontSize))
+        throw Failure(FailureNumber::PrinterError, QStringLiteral("Printer error: no font size"));
+    m_font.Size = points;
+}
+
+PageCanvas& PagePrinter::OpenPage()
+{
+    if (!m_page) {
+        m_page = PageCanvas::OnPdf(Width(), Height(), [this](const char* bytes, std::size_t count) {
+            m_pdf.append(bytes, static_cast<qsizetype>(count));
+            return true;
+        });
+    }
+    return *m_page;
+}
+
+void PagePrinter::DropPage()
+{
+    m_page.reset();
+    m_pdf.clear();
+    m_currentX = 0;
+    m_currentY = 0;
+}
+
+void PagePrinter::Print(const QString& text)
+{
+    OpenPage().DrawText(text, m_font, m_color, m_currentX, m_currentY);
+    m_currentX = 0;
+    m_currentY += PageCanvas::TextHeight(text, m_font);
+}
+
+void PagePrinter::PaintPicture(const Picture& picture, double x, double y, double width,
+                               double height)
+{
+    OpenPage().PaintPicture(picture, x, y, width, height);
+}
+
+void PagePrinter::EndDoc()
+{
+    if (!m_page)
+        return;
+    QByteArray finished;
+    try {
+        m_page->Finish();
+        finished = std::exchange(m_pdf, {});
+    } catch (...) {
+        DropPage();
+        throw;
+    }
+    DropPage();
+    Deliver(finished);
+}
+
+} // namespace vantrel
