@@ -1,0 +1,231 @@
+#include "support/PrivateCups.h"
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+#include <cups/cups.h>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+
+namespace {
+
+constexpr int PatienceMilliseconds = 20000;
+constexpr unsigned long PollMilliseconds = 10;
+
+constexpr auto ServerConfiguration = R"(Listen %1/cups.sock
+Browsing Off
+WebInterface No
+DefaultAuthType None
+MaxJobs 0
+LogLevel warn
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  <Limit All>
+    Order allow,deny
+    Allow all
+  </Limit>
+</Policy>
+)";
+
+constexpr auto FilesConfiguration = R"(ServerRoot %1
+ServerBin %1/bin
+RequestRoot %1/spool
+CacheDir %1/cache
+StateDir %1/state
+TempDir %1/tmp
+AccessLog %1/access.log
+ErrorLog %1/error.log
+PageLog %1/page.log
+Sandboxing Relaxed
+)";
+
+/// Prints by copying; the PDF comes in place last, when all that tells of it is there.
+constexpr auto Backend = R"sh(#!/bin/sh
+[ $# -eq 0 ] && { echo 'direct testcopy "Unknown" "Copies jobs"'; exit 0; }
+case "$DEVICE_URI" in *fails*) exit 1;; esac
+out="%1/printed/$(printf %06d "$1")"
+printf %s "$PRINTER" > "$out.queue"
+printf %s "$3" > "$out.title"
+cat ${6:+"$6"} > "$out.part"
+mv "$out.part" "$out.pdf"
+)sh";
+
+constexpr auto CardPpd = R"ppd(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "CARD.PPD"
+*Manufacturer: "Test"
+*Product: "(Card)"
+*ModelName: "Test Card"
+*ShortNickName: "Test Card"
+*NickName: "Test Card"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: True
+*cupsVersion: 2.4
+*cupsFilter2: "application/pdf application/pdf 0 -"
+*OpenUI *PageSize/Media Size: PickOne
+*DefaultPageSize: Card
+*PageSize Card/Card: ""
+*CloseUI: *PageSize
+*OpenUI *PageRegion/Media Size: PickOne
+*DefaultPageRegion: Card
+*PageRegion Card/Card: ""
+*CloseUI: *PageRegion
+*DefaultImageableArea: Card
+*ImageableArea Card/Card: "0 0 153 243"
+*DefaultPaperDimension: Card
+*PaperDimension Card/Card: "153 243"
+)ppd";
+
+QString TextOf(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return QString::fromUtf8(file.readAll());
+}
+
+} // namespace
+
+PrivateCups::PrivateCups() : m_serverBefore(qgetenv("CUPS_SERVER"))
+{
+    EXPECT_TRUE(m_folder.isValid());
+    // The server's helpers run as another user and look into the folder.
+    QFile::setPermissions(m_folder.path(), QFile::permissions(m_folder.path()) | QFile::ReadGroup |
+                                               QFile::ExeGroup | QFile::ReadOther |
+                                               QFile::ExeOther);
+    WriteConfiguration();
+    WriteBackend();
+    WriteFile(QStringLiteral("card.ppd"), QString::fromLatin1(CardPpd));
+    qputenv("CUPS_SERVER", SocketPath().toUtf8());
+    cupsSetServer(SocketPath().toUtf8().constData());
+
+    m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_server.start(QStringLiteral("/usr/sbin/cupsd"),
+                   {QStringLiteral("-f"), QStringLiteral("-c"),
+                    m_folder.filePath(QStringLiteral("cupsd.conf")), QStringLiteral("-s"),
+                    m_folder.filePath(QStringLiteral("cups-files.conf"))});
+    EXPECT_TRUE(m_server.waitForStarted()) << "the package cups is needed";
+    QElapsedTimer waited;
+    waited.start();
+    while (!QFile::exists(SocketPath()) && !waited.hasExpired(PatienceMilliseconds))
+        QThread::msleep(PollMilliseconds);
+    EXPECT_TRUE(QFile::exists(SocketPath()))
+        << TextOf(m_folder.filePath(QStringLiteral("error.log"))).toStdString();
+}
+
+PrivateCups::~PrivateCups()
+{
+    if (m_server.state() != QProcess::NotRunning) {
+        m_server.terminate();
+        if (!m_server.waitForFinished())
+            Kill();
+    }
+    if (m_serverBefore.isNull())
+        qunsetenv("CUPS_SERVER");
+    else
+        qputenv("CUPS_SERVER", m_serverBefore);
+    cupsSetServer(m_serverBefore.isNull() ? nullptr : m_serverBefore.constData());
+}
+
+void PrivateCups::WriteFile(const QString& name, const QString& text, bool executable) const
+{
+    QFile file(m_folder.filePath(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text.toUtf8());
+    file.close();
+    if (executable)
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+void PrivateCups::WriteConfiguration() const
+{
+    const QDir folder(m_folder.path());
+    for (const char* name : {"spool", "cache", "state", "tmp", "printed", "bin/backend", "ppd"})
+        EXPECT_TRUE(folder.mkpath(QLatin1StringView(name)));
+    WriteFile(QStringLiteral("cupsd.conf"),
+              QString::fromLatin1(ServerConfiguration).arg(m_folder.path()));
+    WriteFile(QStringLiteral("cups-files.conf"),
+              QString::fromLatin1(FilesConfiguration).arg(m_folder.path()));
+}
+
+void PrivateCups::WriteBackend() const
+{
+    const QString installed = QStringLiteral("/usr/lib/cups/");
+    for (const char* name : {"cgi-bin", "daemon", "driver", "filter", "monitor", "notifier"})
+        QFile::link(installed + QLatin1StringView(name),
+                    m_folder.filePath(QStringLiteral("bin/") + QLatin1StringView(name)));
+    // With this mode the server runs it as its own user.
+    WriteFile(QStringLiteral("bin/backend/testcopy"),
+              QString::fromLatin1(Backend).arg(m_folder.path()), true);
+}
+
+void PrivateCups::Run(const QString& tool, const QStringList& arguments) const
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(tool, arguments);
+    EXPECT_TRUE(process.waitForFinished(PatienceMilliseconds)) << tool.toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << tool.toStdString() << ": " << process.readAll().constData();
+}
+
+void PrivateCups::AddQueue(const QString& name, Device device)
+{
+    Run(QStringLiteral("/usr/sbin/lpadmin"),
+        {QStringLiteral("-p"), name, QStringLiteral("-E"), QStringLiteral("-v"),
+         device == Device::Fails ? QStringLiteral("testcopy:/fails")
+                                 : QStringLiteral("testcopy:/copies"),
+         QStringLiteral("-P"), m_folder.filePath(QStringLiteral("card.ppd"))});
+}
+
+void PrivateCups::MakeDefault(const QString& name)
+{
+    Run(QStringLiteral("/usr/sbin/lpadmin"), {QStringLiteral("-d"), name});
+}
+
+void PrivateCups::Reject(const QString& name)
+{
+    Run(QStringLiteral("/usr/sbin/cupsreject"), {name});
+}
+
+void PrivateCups::Pause(const QString& name)
+{
+    Run(QStringLiteral("/usr/sbin/cupsdisable"), {name});
+}
+
+void PrivateCups::Delete(const QString& name)
+{
+    Run(QStringLiteral("/usr/sbin/lpadmin"), {QStringLiteral("-x"), name});
+}
+
+void PrivateCups::Kill()
+{
+    m_server.kill();
+    m_server.waitForFinished();
+}
+
+QList<PrivateCups::PrintedJob> PrivateCups::WaitForJobs(int count) const
+{
+    const QDir printed(m_folder.filePath(QStringLiteral("printed")));
+    const QStringList pdfs{QStringLiteral("*.pdf")};
+    QElapsedTimer waited;
+    waited.start();
+    while (printed.entryList(pdfs, QDir::Files).size() < count &&
+           !waited.hasExpired(PatienceMilliseconds))
+        QThread::msleep(PollMilliseconds);
+    QList<PrintedJob> jobs;
+    for (const QFileInfo& pdf : printed.entryInfoList(pdfs, QDir::Files, QDir::Name)) {
+        const QString without = printed.filePath(pdf.completeBaseName());
+        jobs.append({pdf.filePath(), TextOf(without + QStringLiteral(".queue")),
+                     TextOf(without + QStringLiteral(".title"))});
+    }
+    return jobs;
+}
+
+} // namespace vantrel::test

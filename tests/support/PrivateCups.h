@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace vantrel::test {
+
+/// A CUPS server of the test's own: a child process with everything in a temporary folder, at a
+/// domain socket. While it lives `CUPS_SERVER` and libcups in this process point at it. Its queues
+/// need no hardware: what they print is copied to where the test finds it.
+class PrivateCups
+{
+public:
+    PrivateCups();
+    PrivateCups(const PrivateCups&) = delete;
+    PrivateCups& operator=(const PrivateCups&) = delete;
+    ~PrivateCups();
+
+    /// What a queue does with its jobs.
+    enum class Device { Copies, Fails };
+
+    /// A queue for cards of 54 by 86 millimetres (153 x 243 points) that takes PDF as it is.
+    void AddQueue(const QString& name, Device device = Device::Copies);
+    void MakeDefault(const QString& name);
+    void Reject(const QString& name);
+    void Pause(const QString& name);
+    void Delete(const QString& name);
+    /// Kills the server.
+    void Kill();
+
+    QString SocketPath() const { return m_folder.filePath(QStringLiteral("cups.sock")); }
+
+    struct PrintedJob
+    {
+        QString PdfPath;
+        QString Queue;
+        QString Title;
+    };
+    /// Waits until that many jobs went through all queues. @return what there is, oldest first
+    QList<PrintedJob> WaitForJobs(int count) const;
+
+private:
+    void WriteFile(const QString& name, const QString& text, bool executable = false) const;
+    void WriteConfiguration() const;
+    void WriteBackend() const;
+    void Run(const QString& tool, const QStringList& arguments) const;
+
+    QTemporaryDir m_folder;
+    QByteArray m_serverBefore;
+    QProcess m_server;
+};
+
+} // namespace vantrel::test
