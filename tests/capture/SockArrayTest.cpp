@@ -1,0 +1,340 @@
+#include "capture/SockArray.h"
+#include "platform/CodePage.h"
+#include "platform/Failure.h"
+#include "support/Events.h"
+#include "support/Host.h"
+#include "support/Print.h"
+#include <QCoreApplication>
+#include <QHostAddress>
+#include <QNetworkInterface>
+#include <QStringList>
+#include <QTcpSocket>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using namespace vantrel;
+using namespace vantrel::test;
+
+namespace {
+
+/// A listening array that accepts every host on an element of its own and keeps what is told.
+class Sockets : public ::testing::Test
+{
+protected:
+    Sockets()
+    {
+        QObject::connect(&Sock, &SockArray::ConnectionRequest, &Sock, [this](int, qintptr request) {
+            const int index = Sock.HighestIndex() + 1;
+            Sock.Load(index);
+            Sock.Accept(index, request);
+        });
+        QObject::connect(&Sock, &SockArray::DataArrival, &Sock, [this](int index) {
+            ++Depth;
+            Deepest = std::max(Deepest, Depth);
+            Told.append(QStringLiteral("%1 sent %2").arg(index).arg(Sock.GetData(index)));
+            if (auto next = std::exchange(InHandler, nullptr))
+                next();
+            --Depth;
+        });
+        QObject::connect(&Sock, &SockArray::ConnectionClosed, &Sock, [this](int index) {
+            Told.append(QStringLiteral("%1 closed").arg(index));
+            Sock.Close(index);
+        });
+        Sock.Listen();
+    }
+
+    /// A connected host on the next element.
+    Host Connect()
+    {
+        const int before = Sock.HighestIndex();
+        Host host(Sock.LocalPort());
+        EXPECT_TRUE(EventsUntil([&] { return Sock.HighestIndex() > before; }));
+        return host;
+    }
+
+    bool WasTold(const QString& what)
+    {
+        return EventsUntil([&] { return Told.contains(what); });
+    }
+
+    SockArray Sock;
+    QStringList Told;
+    /// Runs once, inside the next arrival.
+    std::function<void()> InHandler;
+    int Depth = 0;
+    int Deepest = 0;
+};
+
+QByteArray AllBytes()
+{
+    QByteArray bytes;
+    for (int code = 0; code < 256; ++code)
+        bytes.append(static_cast<char>(code));
+    return bytes;
+}
+
+int NumberOfFailure(const std::function<void()>& step)
+{
+    try {
+        step();
+    } catch (const Failure& failure) {
+        return failure.Number();
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST_F(Sockets, EveryByteArrivesAsOneCharacter)
+{
+    QString all;
+    QObject::connect(&Sock, &SockArray::DataArrival, &Sock, [&] { all = Told.join(QString()); });
+    const Host host = Connect();
+    host.Send(AllBytes());
+    const QString wanted = QStringLiteral("1 sent ") + FromCodePage(AllBytes());
+    EXPECT_TRUE(EventsUntil([&] { return all == wanted; }));
+    EXPECT_EQ(all.size(), 7 + 256);
+}
+
+TEST_F(Sockets, HostThatSendsAndClosesAtOnceIsReadBeforeItsClose)
+{
+    Host host = Connect();
+    host.Send("<A+B>");
+    host.Close();
+    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
+    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
+}
+
+TEST_F(Sockets, HostThatClosedBeforeItWasAcceptedIsReadAllTheSame)
+{
+    Host host(Sock.LocalPort());
+    host.Send("<A+B>");
+    host.Close();
+    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
+    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
+}
+
+TEST_F(Sockets, ResetConnectionIsReadAndThenCountsAsClosed)
+{
+    Host host = Connect();
+    host.Send("<A+B>");
+    ASSERT_TRUE(WasTold(QStringLiteral("1 sent <A+B>")));
+    host.Reset();
+    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
+    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
+    EXPECT_EQ(Sock.State(1), SockState::Closed);
+}
+
+TEST_F(Sockets, WhatAResetConnectionHadSentIsHandledFirst)
+{
+    Host host = Connect();
+    host.Send("<A+B>");
+    host.Reset();
+    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
+    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
+}
+
+TEST_F(Sockets, BytesThatComeInsideTheHandlerAreToldWhenItIsDone)
+{
+    const Host host = Connect();
+    const Host other = Connect();
+    InHandler = [&] {
+        host.Send("late");
+        other.Send("other");
+        EXPECT_TRUE(WasTold(QStringLiteral("2 sent other")));
+    };
+    host.Send("first");
+    ASSERT_TRUE(WasTold(QStringLiteral("1 sent late")));
+    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent first"), QStringLiteral("2 sent other"),
+                                 QStringLiteral("1 sent late")}));
+}
+
+TEST_F(Sockets, HostThatEndsInsideItsOwnHandlerIsToldWhenItIsDone)
+{
+    Host host = Connect();
+    const Host other = Connect();
+    InHandler = [&] {
+        host.Send("late");
+        host.Close();
+        other.Send("other");
+        EXPECT_TRUE(WasTold(QStringLiteral("2 sent other")));
+    };
+    host.Send("first");
+    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
+    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent first"), QStringLiteral("2 sent other"),
+                                 QStringLiteral("1 sent late"), QStringLiteral("1 closed")}));
+}
+
+TEST_F(Sockets, OtherSocketsCloseInsideAHandler)
+{
+    const Host host = Connect();
+    Host other = Connect();
+    InHandler = [&] {
+        other.Close();
+        EXPECT_TRUE(WasTold(QStringLiteral("2 closed")));
+    };
+    host.Send("first");
+    ASSERT_TRUE(WasTold(QStringLiteral("2 closed")));
+    EXPECT_EQ(Sock.State(1), SockState::Connected);
+    EXPECT_EQ(Sock.State(2), SockState::Closed);
+}
+
+TEST_F(Sockets, ElementClosedInsideItsOwnHandlerServesTheNextHost)
+{
+    const Host host = Connect();
+    std::unique_ptr<Host> next;
+    InHandler = [&] {
+        Sock.Close(1);
+        QObject::disconnect(&Sock, &SockArray::ConnectionRequest, &Sock, nullptr);
+        QObject::connect(&Sock, &SockArray::ConnectionRequest, &Sock,
+                         [&](int, qintptr request) { Sock.Accept(1, request); });
+        next = std::make_unique<Host>(Sock.LocalPort());
+        next->Send("next");
+        EXPECT_TRUE(WasTold(QStringLiteral("1 sent next")));
+        EXPECT_EQ(Depth, 1);
+    };
+    host.Send("first");
+    ASSERT_TRUE(WasTold(QStringLiteral("1 sent next")));
+    EXPECT_EQ(Deepest, 2);
+    EXPECT_EQ(Sock.State(1), SockState::Connected);
+    next->Send("more");
+    EXPECT_TRUE(WasTold(QStringLiteral("1 sent more")));
+    EXPECT_TRUE(host.SeesEnd());
+}
+
+TEST_F(Sockets, CloseDropsWhatIsBeingSent)
+{
+    const Host host = Connect();
+    const Host other = Connect();
+    host.Send("dropped");
+    Sock.Close(1);
+    other.Send("other");
+    ASSERT_TRUE(WasTold(QStringLiteral("2 sent other")));
+    EXPECT_EQ(Told, QStringList{QStringLiteral("2 sent other")});
+    EXPECT_TRUE(host.SeesEnd());
+    EXPECT_FALSE(other.SeesEnd());
+}
+
+TEST_F(Sockets, CloseFromHereTellsNothing)
+{
+    const Host host = Connect();
+    Sock.Close(1);
+    Sock.Close(1);
+    ASSERT_TRUE(EventsUntil([&] { return host.SeesEnd(); }));
+    EXPECT_EQ(Told, QStringList());
+}
+
+TEST_F(Sockets, RequestThatNobodyAcceptsIsClosed)
+{
+    QObject::disconnect(&Sock, &SockArray::ConnectionRequest, &Sock, nullptr);
+    const Host host(Sock.LocalPort());
+    EXPECT_TRUE(EventsUntil([&] { return host.SeesEnd(); }));
+    EXPECT_EQ(Sock.HighestIndex(), 0);
+}
+
+TEST_F(Sockets, UnreadDataIsToldOnceForEachArrival)
+{
+    QObject::disconnect(&Sock, &SockArray::DataArrival, &Sock, nullptr);
+    int arrivals = 0;
+    QObject::connect(&Sock, &SockArray::DataArrival, &Sock, [&] { ++arrivals; });
+    const Host host = Connect();
+    host.Send("unread");
+    ASSERT_TRUE(EventsUntil([&] { return arrivals > 0; }));
+    EXPECT_EQ(arrivals, 1);
+    EXPECT_EQ(Sock.GetData(1), QStringLiteral("unread"));
+}
+
+TEST_F(Sockets, NothingIsWrittenToAHost)
+{
+    const Host host = Connect();
+    host.Send("<A+B>");
+    ASSERT_TRUE(WasTold(QStringLiteral("1 sent <A+B>")));
+    EXPECT_EQ(host.BytesToRead(), 0);
+    EXPECT_FALSE(host.SeesEnd());
+}
+
+TEST_F(Sockets, AddressOfAHostIsPlainIPv4WhereItCameThatWay)
+{
+    const Host host = Connect();
+    EXPECT_EQ(Sock.RemoteHostIP(1), QStringLiteral("127.0.0.1"));
+}
+
+TEST_F(Sockets, HostsComeByIPv6WhereThereIsOne)
+{
+    const QHostAddress loopback(QHostAddress::LocalHostIPv6);
+    const bool hasIPv6 = QNetworkInterface::allAddresses().contains(loopback);
+    QTcpSocket host;
+    host.connectToHost(loopback, static_cast<quint16>(Sock.LocalPort()));
+    ASSERT_TRUE(EventsUntil([&] {
+        return host.state() == QAbstractSocket::UnconnectedState || Sock.HighestIndex() == 1;
+    }));
+    EXPECT_EQ(Sock.HighestIndex() == 1, hasIPv6);
+    if (hasIPv6) {
+        EXPECT_EQ(Sock.RemoteHostIP(1), QStringLiteral("::1"));
+    }
+}
+
+TEST_F(Sockets, LocalAddressIsOneThatAHostReaches)
+{
+    const QHostAddress local(Sock.LocalIP());
+    EXPECT_EQ(local.protocol(), QAbstractSocket::IPv4Protocol);
+    QTcpSocket host;
+    host.connectToHost(local, static_cast<quint16>(Sock.LocalPort()));
+    EXPECT_TRUE(EventsUntil([&] { return Sock.HighestIndex() == 1; }));
+}
+
+TEST_F(Sockets, ListenerComesBackAfterTheSystemRanOutOfDescriptors)
+{
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit few{256, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+    const Host host(Sock.LocalPort());
+    std::vector<int> taken;
+    for (int copy = ::dup(0); copy >= 0; copy = ::dup(0))
+        taken.push_back(copy);
+
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Sock.HighestIndex(), 0);
+    for (const int copy : taken)
+        ::close(copy);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+
+    host.Send("patient");
+    EXPECT_TRUE(WasTold(QStringLiteral("1 sent patient")));
+}
+
+TEST_F(Sockets, PortInUseCannotBeHad)
+{
+    SockArray second;
+    second.SetLocalPort(Sock.LocalPort());
+    EXPECT_EQ(NumberOfFailure([&] { second.Listen(); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(second.State(0), SockState::Closed);
+}
+
+TEST_F(Sockets, ListenerThatListensCannotListenAgain)
+{
+    EXPECT_EQ(NumberOfFailure([&] { Sock.Listen(); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(Sock.State(0), SockState::Listening);
+}
+
+TEST_F(Sockets, PortOutsideItsRangeIsRefusedAndTheOldOneStays)
+{
+    SockArray second;
+    second.SetLocalPort(9100);
+    EXPECT_EQ(NumberOfFailure([&] { second.SetLocalPort(65536); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(NumberOfFailure([&] { second.SetLocalPort(-1); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(second.LocalPort(), 9100);
+}
+
+TEST_F(Sockets, ElementThatIsNotThereOrNotConnectedFails)
+{
+    const Host host = Connect();
+    EXPECT_EQ(NumberOfFailure([&] { Sock.GetData(2); }), FailureNumber::SubscriptOutOfRange);
+    EXPECT_EQ(NumberOfFailure([&] { Sock.Load(3); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(NumberOfFailure([&] { Sock.Accept(1, 0); }), FailureNumber::InvalidCall);
+    Sock.Close(1);
+    EXPECT_EQ(NumberOfFailure([&] { Sock.GetData(1); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(NumberOfFailure([&] { Sock.Accept(1, 0); }), FailureNumber::InvalidCall);
+}
