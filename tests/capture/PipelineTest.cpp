@@ -40,6 +40,21 @@ TEST_F(Pipeline, CharactersWaitUntilTheRecordIsComplete)
     EXPECT_EQ(Session.LastRawData, QStringLiteral("<A+B>"));
 }
 
+TEST_F(Pipeline, RawCopySharesTheTextAndALongRecordIsNotCopiedWithEachPiece)
+{
+    Arrive("<");
+    int moves = 0;
+    for (int piece = 0; piece < 4096; ++piece) {
+        const QChar* before = Session.InputBuffer.Text().constData();
+        Arrive("sixteen letters.");
+        moves += Session.InputBuffer.Text().constData() != before ? 1 : 0;
+        ASSERT_EQ(Session.LastRawData.constData(), Session.InputBuffer.Text().constData());
+    }
+    EXPECT_LT(moves, 100);
+    Arrive(">");
+    EXPECT_EQ(Session.FieldValues.Item(1).size(), 4096 * 16);
+}
+
 TEST_F(Pipeline, SecondRecordOfOneArrivalIsLost)
 {
     OpenLayout();

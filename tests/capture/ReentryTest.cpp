@@ -30,7 +30,8 @@ TEST_F(Reentry, ArrivalBeforeFramingPrintsTheFirstRecordTwiceAndIsLost)
     BeforeFraming([&] { Arrive("<C+D>"); });
     Arrive("<A+B>");
     EXPECT_EQ(Printed(), Prints({A, B, A, B}));
-    EXPECT_EQ(Values(), (QStringList{A, B}));
+    // The values were emptied before events ran, and the nested pass left its own there.
+    EXPECT_EQ(Values(), (QStringList{A, B, A, B}));
     EXPECT_EQ(Session.InputBuffer.Text(), QString());
 }
 
