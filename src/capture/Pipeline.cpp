@@ -41,16 +41,13 @@ void TellLastArrival(Session& session, const ArrivalSource& source)
 
 } // namespace
 
-void ProcessStream(Session& session, const QString& text)
+void ProcessStream(Session& session, QString text)
 {
-    // The caller mostly hands us the input buffer itself, which a close may empty while events run.
-    const QString record = text;
-
     session.FieldValues = {};
     session.Face.TellRecordBegun();
     session.Operator.LetEventsRun();
-    session.InputBuffer.Set(record);
-    session.LastRawData = record;
+    session.InputBuffer.Set(text);
+    session.LastRawData = std::move(text);
 
     QStringList values;
     Skip("framing", [&] { values = FrameInput(session); });

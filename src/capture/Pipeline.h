@@ -9,7 +9,8 @@ class Session;
 /// The road of one record: frames `text`, pours its values into the open layout and prints the card
 /// if the layout asks for it. A failing step is passed over; the input buffer is empty afterwards.
 /// Lets pending events run.
-void ProcessStream(Session& session, const QString& text);
+/// @param text  by value: mostly it is the input buffer's own, which a close may empty meanwhile
+void ProcessStream(Session& session, QString text);
 
 /// Where characters came from; tells the wording of the last-arrival panel.
 struct ArrivalSource
