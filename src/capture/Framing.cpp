@@ -12,18 +12,14 @@ namespace {
 struct FilterRow
 {
     bool Filters::*Flag;
-    QLatin1StringView Wanted;
-    QLatin1StringView Replacement;
+    QStringView Wanted;
+    QStringView Replacement;
 };
 
 /// In the order in which they act. A pair of blanks is looked for once: three blanks become two.
 constexpr FilterRow filterTable[] = {
-    {&Filters::Cr, QLatin1StringView("\r"), {}},
-    {&Filters::Lf, QLatin1StringView("\n"), {}},
-    {&Filters::Tab, QLatin1StringView("\t"), QLatin1StringView(" ")},
-    {&Filters::Space, QLatin1StringView("  "), QLatin1StringView(" ")},
-    {&Filters::Esc, QLatin1StringView("\x1B"), {}},
-    {&Filters::NewPage, QLatin1StringView("\f"), {}},
+    {&Filters::Cr, u"\r", {}},      {&Filters::Lf, u"\n", {}},    {&Filters::Tab, u"\t", u" "},
+    {&Filters::Space, u"  ", u" "}, {&Filters::Esc, u"\x1B", {}}, {&Filters::NewPage, u"\f", {}},
 };
 
 /// Which characters separate, looked up in one step.
@@ -58,14 +54,14 @@ QStringList SplitOnChars(const QString& text, const QString& delimiters)
     return tokens;
 }
 
-QString FilterValue(const QString& value, const Filters& filters)
+QString FilterValue(QString value, const Filters& filters)
 {
-    QString filtered = value;
     for (const FilterRow& row : filterTable) {
         if (filters.*row.Flag)
-            filtered = ReplaceText(filtered, row.Wanted, row.Replacement);
+            ReplaceText(value, row.Wanted, row.Replacement);
     }
-    return TrimBlanks(filtered).toString();
+    const QStringView trimmed = TrimBlanks(value);
+    return trimmed.size() == value.size() ? value : trimmed.toString();
 }
 
 QStringList ParseDataStream(QString& buffer, const Delimiters& delimiters, const Filters& filters)
@@ -79,11 +75,11 @@ QStringList ParseDataStream(QString& buffer, const Delimiters& delimiters, const
 QStringList ParseWithoutCut(QString& text, const Delimiters& delimiters, const Filters& filters)
 {
     // The texts as they were set: a delimiter written as a code stays in the first value.
-    text = ReplaceText(text, delimiters.DataStart, {});
-    text = ReplaceText(text, delimiters.DataEnd, {});
+    ReplaceText(text, delimiters.DataStart, {});
+    ReplaceText(text, delimiters.DataEnd, {});
     QStringList values = SplitOnChars(text, DecodeHexCodes(delimiters.DataSeperator));
     for (QString& value : values)
-        value = FilterValue(value, filters);
+        value = FilterValue(std::move(value), filters);
     return values;
 }
 

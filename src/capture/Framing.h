@@ -32,11 +32,11 @@ struct Filters
 QStringList SplitOnChars(const QString& text, const QString& delimiters = QStringLiteral(" ,/!|"));
 
 /// Applies the filters that act, in their fixed order, then trims blanks at both ends.
-QString FilterValue(const QString& value, const Filters& filters);
+QString FilterValue(QString value, const Filters& filters);
 
-/// Replaces `buffer` with the text between the first start and the next end behind it, and cuts that
-/// into filtered values. Fails with `InvalidCall` where no such text can be cut; `buffer` is then as
-/// it was.
+/// Replaces `buffer` with the text between the first start and the next end behind it, and cuts
+/// that into filtered values. Fails with `InvalidCall` where no such text can be cut; `buffer` is
+/// then as it was.
 /// @return the values, from position 1 at element 0; empty for a record with nothing in it
 QStringList ParseDataStream(QString& buffer, const Delimiters& delimiters, const Filters& filters);
 

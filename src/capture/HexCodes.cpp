@@ -15,7 +15,8 @@ QString DecodeHexCodes(const QString& text)
     QString decoded = text;
     for (int code = 1; code <= 255; ++code) {
         const QString written = open + QString::number(code, 16).toUpper() + close;
-        decoded = ReplaceText(decoded, written, CharacterOfCode(static_cast<unsigned char>(code)));
+        const QChar character = CharacterOfCode(static_cast<unsigned char>(code));
+        ReplaceText(decoded, written, QStringView(&character, 1));
     }
     return decoded;
 }

@@ -1,5 +1,6 @@
 #include "platform/Text.h"
 #include "platform/Failure.h"
+#include <algorithm>
 
 namespace vantrel {
 
@@ -37,21 +38,24 @@ QString Mid(const QString& text, qsizetype from, qsizetype length)
     return text.mid(from - 1, length);
 }
 
-QString ReplaceText(const QString& text, const QString& wanted, const QString& replacement)
+void ReplaceText(QString& text, QStringView wanted, QStringView replacement)
 {
+    Q_ASSERT(replacement.size() <= wanted.size());
     qsizetype found = wanted.isEmpty() ? -1 : text.indexOf(wanted);
     if (found < 0)
-        return text;
-    QString replaced;
-    replaced.reserve(text.size());
+        return;
+    // What is written never overtakes what is still to be read.
+    QChar* const characters = text.data();
+    const QStringView whole(characters, text.size());
+    QChar* written = characters;
     qsizetype done = 0;
-    for (; found >= 0; found = text.indexOf(wanted, done)) {
-        replaced += QStringView(text).sliced(done, found - done);
-        replaced += replacement;
+    for (; found >= 0; found = whole.indexOf(wanted, done)) {
+        written = std::copy(characters + done, characters + found, written);
+        written = std::copy(replacement.begin(), replacement.end(), written);
         done = found + wanted.size();
     }
-    replaced += QStringView(text).sliced(done);
-    return replaced;
+    written = std::copy(characters + done, characters + text.size(), written);
+    text.truncate(written - characters);
 }
 
 } // namespace vantrel

@@ -18,8 +18,10 @@ qsizetype InStr(qsizetype from, const QString& text, const QString& wanted);
 /// `InvalidCall` for a position below 1 or a negative length
 QString Mid(const QString& text, qsizetype from, qsizetype length);
 
-/// Replaces every occurrence of `wanted`, in one pass whatever the number of occurrences; what a
-/// replacement makes is not looked at again. The empty text occurs nowhere here.
-QString ReplaceText(const QString& text, const QString& wanted, const QString& replacement);
+/// Replaces every occurrence of `wanted`, in place and in one pass whatever the number of
+/// occurrences; what a replacement makes is not looked at again. The empty text occurs nowhere
+/// here.
+/// @param replacement  no longer than `wanted`
+void ReplaceText(QString& text, QStringView wanted, QStringView replacement);
 
 } // namespace vantrel

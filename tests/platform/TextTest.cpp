@@ -43,21 +43,34 @@ TEST(Text, PositionsBelowOneAndNegativeLengthsFail)
     EXPECT_THROW(Mid(QStringLiteral("a"), 1, -1), Failure);
 }
 
+namespace {
+QString Replaced(QString text, QStringView wanted, QStringView replacement)
+{
+    ReplaceText(text, wanted, replacement);
+    return text;
+}
+} // namespace
+
 TEST(Text, ReplacesEveryOccurrenceInOnePass)
 {
-    const QString blank = QStringLiteral(" ");
-    const QString pair = QStringLiteral("  ");
-    EXPECT_EQ(ReplaceText(QStringLiteral("a   b  c"), pair, blank), QStringLiteral("a  b c"));
-    EXPECT_EQ(ReplaceText(QStringLiteral("<a<b<"), QStringLiteral("<"), QString()),
-              QStringLiteral("ab"));
-    EXPECT_EQ(ReplaceText(QStringLiteral("aab"), QStringLiteral("ab"), QStringLiteral("b")),
-              QStringLiteral("ab"));
-    EXPECT_EQ(ReplaceText(QStringLiteral("x"), QStringLiteral("x"), QStringLiteral("xx")),
-              QStringLiteral("xx"));
+    EXPECT_EQ(Replaced(QStringLiteral("a   b  c"), u"  ", u" "), QStringLiteral("a  b c"));
+    EXPECT_EQ(Replaced(QStringLiteral("<a<b<"), u"<", {}), QStringLiteral("ab"));
+    EXPECT_EQ(Replaced(QStringLiteral("aab"), u"ab", u"b"), QStringLiteral("ab"));
+    EXPECT_EQ(Replaced(QStringLiteral("axbx"), u"x", u"y"), QStringLiteral("ayby"));
+    EXPECT_EQ(Replaced(QStringLiteral("xxx"), u"x", {}), QString());
+    EXPECT_EQ(Replaced(QStringLiteral("abc"), u"B", u"x"), QStringLiteral("abc"));
+}
+
+TEST(Text, AReplacementLeavesCopiesOfTheTextAlone)
+{
+    QString text = QStringLiteral("a-b");
+    const QString copy = text;
+    ReplaceText(text, u"-", {});
+    EXPECT_EQ(text, QStringLiteral("ab"));
+    EXPECT_EQ(copy, QStringLiteral("a-b"));
 }
 
 TEST(Text, TheEmptyTextIsReplacedNowhere)
 {
-    EXPECT_EQ(ReplaceText(QStringLiteral("ab"), QString(), QStringLiteral("-")),
-              QStringLiteral("ab"));
+    EXPECT_EQ(Replaced(QStringLiteral("ab"), {}, {}), QStringLiteral("ab"));
 }
