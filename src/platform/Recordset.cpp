@@ -1,6 +1,7 @@
 #include "platform/Recordset.h"
 #include "platform/ConnectionPrivate.h"
 #include "platform/Failure.h"
+#include "platform/StoredForm.h"
 #include <QSqlRecord>
 #include <map>
 #include <vector>
@@ -8,38 +9,6 @@
 namespace vantrel {
 
 namespace {
-/// The forms a value has in the store: whole numbers, reals, texts, nothing. An empty text stays a
-/// text, also where it is a null one.
-QVariant StoredForm(const QVariant& value, bool isText)
-{
-    if (!value.isValid() || value.isNull())
-        return {};
-    if (isText || value.typeId() == QMetaType::QString) {
-        const QString text = value.toString();
-        return text.isNull() ? QVariant(QStringLiteral("")) : QVariant(text);
-    }
-    switch (value.typeId()) {
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return value.toDouble();
-    default:
-        return value.toLongLong();
-    }
-}
-
-bool IsNumber(const QVariant& value)
-{
-    return value.typeId() == QMetaType::LongLong || value.typeId() == QMetaType::Double;
-}
-
-/// Whether two values in stored form are the same. A real column holds 200 as 200.0.
-bool SameStored(const QVariant& left, const QVariant& right)
-{
-    if (IsNumber(left) && IsNumber(right) && left.typeId() != right.typeId())
-        return left.toDouble() == right.toDouble();
-    return left.typeId() == right.typeId() && left == right;
-}
-
 QString Placeholders(std::size_t count)
 {
     QString marks = QStringLiteral("?");

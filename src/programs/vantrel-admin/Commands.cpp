@@ -1,0 +1,76 @@
+#include "Commands.h"
+#include "macro/MacroTable.h"
+#include "platform/Connection.h"
+#include "shell/DemoInstall.h"
+#include "shell/FreshInstall.h"
+#include <cstdio>
+
+namespace vantrel::admin {
+
+namespace {
+void OpenIn(const QString& folder, Connection& store)
+{
+    store.Open(LayoutDatabasePath(folder));
+}
+
+void RunInit(const QStringList& arguments)
+{
+    MakeProgramFolder(arguments.at(0));
+}
+
+void RunDemo(const QStringList& arguments)
+{
+    MakeDemoFolder(arguments.at(0));
+}
+
+void RunMacroList(const QStringList& arguments)
+{
+    Connection store;
+    OpenIn(arguments.at(0), store);
+    for (const QString& name : MacroNames(store))
+        std::fprintf(stdout, "%s\n", name.toLocal8Bit().constData());
+}
+
+void RunMacroAdd(const QStringList& arguments)
+{
+    Connection store;
+    OpenIn(arguments.at(0), store);
+    AddMacro(store, arguments.at(1));
+}
+
+void RunMacroRename(const QStringList& arguments)
+{
+    Connection store;
+    OpenIn(arguments.at(0), store);
+    RenameMacro(store, arguments.at(1), arguments.at(2));
+}
+
+void RunMacroRemove(const QStringList& arguments)
+{
+    Connection store;
+    OpenIn(arguments.at(0), store);
+    RemoveMacro(store, arguments.at(1));
+}
+
+constexpr Command Table[] = {
+    {"init", "DIR",
+     "Makes DIR a program folder: an empty layout database and a SessionStatus.ini for session 1. "
+     "A database that exists is never overwritten.",
+     RunInit},
+    {"demo", "DIR",
+     "The same, with the layouts \"Member Card\" and \"Visitor\", their pictures, and settings for "
+     "session 1.",
+     RunDemo},
+    {"macro list", "DIR", "Prints the names of all macros, one a line.", RunMacroList},
+    {"macro add", "DIR NAME", "Adds a macro. Its layouts are chosen in the station.", RunMacroAdd},
+    {"macro rename", "DIR NAME NEW-NAME", "Gives a macro another name.", RunMacroRename},
+    {"macro remove", "DIR NAME", "Removes a macro and its choice of layouts.", RunMacroRemove},
+};
+} // namespace
+
+std::span<const Command> Commands()
+{
+    return Table;
+}
+
+} // namespace vantrel::admin
