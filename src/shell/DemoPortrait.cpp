@@ -133,14 +133,14 @@ void DrawFeatures(const Sketch& s)
     cairo_curve_to(pen, 157, 213, 147, 213, 141, 208);
     s.Line(2.6, {Line.Color, 0.45});
 
-    cairo_move_to(pen, 124, 228); // A smile.
-    cairo_curve_to(pen, 134, 224, 143, 223, 150, 226);
-    cairo_curve_to(pen, 157, 223, 166, 224, 176, 228);
-    cairo_curve_to(pen, 166, 242, 134, 242, 124, 228);
+    cairo_move_to(pen, 120, 224); // A smile.
+    cairo_curve_to(pen, 133, 226, 143, 224, 150, 227);
+    cairo_curve_to(pen, 157, 224, 167, 226, 180, 224);
+    cairo_curve_to(pen, 170, 245, 130, 245, 120, 224);
     cairo_close_path(pen);
     s.Fill({0xB9605A});
-    cairo_move_to(pen, 121, 227);
-    cairo_curve_to(pen, 136, 233, 164, 233, 179, 227);
+    cairo_move_to(pen, 117, 222);
+    cairo_curve_to(pen, 134, 236, 166, 236, 183, 222);
     s.Line(2.2, {0x8A403D, 0.9});
 }
 

@@ -1,25 +1,11 @@
 #include "platform/Convert.h"
-#include "platform/Failure.h"
+#include "support/FailureOf.h"
 #include "support/Print.h"
 #include <gtest/gtest.h>
 #include <limits>
 
 using namespace vantrel;
-
-namespace {
-
-template <typename Routine>
-int NumberOfFailure(Routine&& routine)
-{
-    try {
-        routine();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
-
-} // namespace
+using test::FailureOf;
 
 TEST(Convert, TextsThatAreNumbers)
 {
@@ -55,23 +41,21 @@ TEST(Convert, RangesEndWhereTheirTypesEnd)
     EXPECT_EQ(ToByte(QStringLiteral("255.4")), 255);
     EXPECT_EQ(ToByte(QStringLiteral("-0.5")), 0);
 
-    EXPECT_EQ(NumberOfFailure([] { ToLong(QStringLiteral("2147483648")); }),
-              FailureNumber::Overflow);
-    EXPECT_EQ(NumberOfFailure([] { ToInteger(QStringLiteral("32768")); }), FailureNumber::Overflow);
-    EXPECT_EQ(NumberOfFailure([] { ToByte(QStringLiteral("256")); }), FailureNumber::Overflow);
-    EXPECT_EQ(NumberOfFailure([] { ToByte(QStringLiteral("-1")); }), FailureNumber::Overflow);
-    EXPECT_EQ(NumberOfFailure([] { ToDouble(QStringLiteral("1E999")); }), FailureNumber::Overflow);
-    EXPECT_EQ(NumberOfFailure([] { RoundToLong(std::numeric_limits<double>::quiet_NaN()); }),
+    EXPECT_EQ(FailureOf([] { ToLong(QStringLiteral("2147483648")); }), FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { ToInteger(QStringLiteral("32768")); }), FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { ToByte(QStringLiteral("256")); }), FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { ToByte(QStringLiteral("-1")); }), FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { ToDouble(QStringLiteral("1E999")); }), FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { RoundToLong(std::numeric_limits<double>::quiet_NaN()); }),
               FailureNumber::Overflow);
 }
 
 TEST(Convert, TextThatIsNoNumberIsAMismatch)
 {
-    EXPECT_EQ(NumberOfFailure([] { ToLong(QString()); }), FailureNumber::TypeMismatch);
-    EXPECT_EQ(NumberOfFailure([] { ToByte(QStringLiteral("12A")); }), FailureNumber::TypeMismatch);
-    EXPECT_EQ(NumberOfFailure([] { ToBoolean(QStringLiteral("yes")); }),
-              FailureNumber::TypeMismatch);
-    EXPECT_EQ(NumberOfFailure([] { ToBoolean(QString()); }), FailureNumber::TypeMismatch);
+    EXPECT_EQ(FailureOf([] { ToLong(QString()); }), FailureNumber::TypeMismatch);
+    EXPECT_EQ(FailureOf([] { ToByte(QStringLiteral("12A")); }), FailureNumber::TypeMismatch);
+    EXPECT_EQ(FailureOf([] { ToBoolean(QStringLiteral("yes")); }), FailureNumber::TypeMismatch);
+    EXPECT_EQ(FailureOf([] { ToBoolean(QString()); }), FailureNumber::TypeMismatch);
 }
 
 TEST(Convert, BooleansAreWordsInAnyCaseOrNumbers)
@@ -100,19 +84,18 @@ TEST(Convert, StoreValuesConvertByWhatTheyHold)
     EXPECT_EQ(ToText(QVariant(12)), QStringLiteral("12"));
     EXPECT_EQ(ToText(QVariant(QString())), QString());
 
-    EXPECT_EQ(NumberOfFailure([] { ToInteger(QVariant(32768)); }), FailureNumber::Overflow);
-    EXPECT_EQ(NumberOfFailure([] { ToLong(QVariant(QStringList())); }),
-              FailureNumber::TypeMismatch);
+    EXPECT_EQ(FailureOf([] { ToInteger(QVariant(32768)); }), FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { ToLong(QVariant(QStringList())); }), FailureNumber::TypeMismatch);
 }
 
 TEST(Convert, ANullFailsExceptWhereItIsJoinedToTheEmptyText)
 {
     const QVariant null;
-    EXPECT_EQ(NumberOfFailure([&] { ToLong(null); }), FailureNumber::InvalidUseOfNull);
-    EXPECT_EQ(NumberOfFailure([&] { ToInteger(null); }), FailureNumber::InvalidUseOfNull);
-    EXPECT_EQ(NumberOfFailure([&] { ToDouble(null); }), FailureNumber::InvalidUseOfNull);
-    EXPECT_EQ(NumberOfFailure([&] { ToBoolean(null); }), FailureNumber::InvalidUseOfNull);
-    EXPECT_EQ(NumberOfFailure([&] { ToText(null); }), FailureNumber::InvalidUseOfNull);
+    EXPECT_EQ(FailureOf([&] { ToLong(null); }), FailureNumber::InvalidUseOfNull);
+    EXPECT_EQ(FailureOf([&] { ToInteger(null); }), FailureNumber::InvalidUseOfNull);
+    EXPECT_EQ(FailureOf([&] { ToDouble(null); }), FailureNumber::InvalidUseOfNull);
+    EXPECT_EQ(FailureOf([&] { ToBoolean(null); }), FailureNumber::InvalidUseOfNull);
+    EXPECT_EQ(FailureOf([&] { ToText(null); }), FailureNumber::InvalidUseOfNull);
     EXPECT_EQ(JoinedText(null), QString());
     EXPECT_EQ(JoinedText(QVariant(3)), QStringLiteral("3"));
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Connection.h"
-#include "platform/Failure.h"
 #include "platform/Recordset.h"
 #include "platform/Schema.h"
+#include "support/FailureOf.h"
 #include "support/Print.h"
 #include <QStringList>
 #include <QTemporaryDir>
@@ -53,17 +53,5 @@ protected:
     QString Path = Folder.filePath(QLatin1StringView(LayoutDatabaseName));
     Connection Store;
 };
-
-/// The number a step fails with, 0 where it does not fail.
-template <typename Step>
-int FailureOf(Step&& step)
-{
-    try {
-        step();
-        return 0;
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-}
 
 } // namespace vantrel::test

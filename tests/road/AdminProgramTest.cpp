@@ -1,0 +1,208 @@
+#include "platform/Connection.h"
+#include "platform/Recordset.h"
+#include "support/Print.h"
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+
+namespace {
+struct Outcome
+{
+    int Code = -1;
+    QString Out;
+    QString Errors;
+};
+
+Outcome RunAdmin(const QStringList& arguments)
+{
+    constexpr int Patience = 60000;
+    QProcess program;
+    program.start(QStringLiteral(VANTREL_ADMIN_PROGRAM), arguments);
+    EXPECT_TRUE(program.waitForFinished(Patience));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
+            QString::fromUtf8(program.readAllStandardError())};
+}
+
+void ExpectDone(const QStringList& arguments)
+{
+    const Outcome outcome = RunAdmin(arguments);
+    EXPECT_EQ(outcome.Code, 0) << arguments.join(u' ').toStdString();
+    EXPECT_EQ(outcome.Out, QString());
+    EXPECT_EQ(outcome.Errors, QString());
+}
+
+void ExpectOneLine(int code, const QStringList& arguments)
+{
+    const Outcome outcome = RunAdmin(arguments);
+    EXPECT_EQ(outcome.Code, code) << arguments.join(u' ').toStdString();
+    EXPECT_EQ(outcome.Out, QString());
+    EXPECT_TRUE(outcome.Errors.startsWith(QStringLiteral("vantrel-admin: ")));
+    EXPECT_EQ(outcome.Errors.indexOf(u'\n'), outcome.Errors.size() - 1)
+        << outcome.Errors.toStdString();
+}
+
+QByteArray Contents(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+const QString Init = QStringLiteral("init");
+const QString Demo = QStringLiteral("demo");
+const QString Macro = QStringLiteral("macro");
+const QString Help = QStringLiteral("--help");
+
+/// A program folder that is not there yet.
+class AdminProgram : public ::testing::Test
+{
+protected:
+    QStringList Entries() const
+    {
+        return QDir(Folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    QStringList MacroCommand(const QString& verb, const QStringList& names = {}) const
+    {
+        return QStringList({Macro, verb, Folder}) + names;
+    }
+    QString Listed() const { return RunAdmin(MacroCommand(QStringLiteral("list"))).Out; }
+
+    QTemporaryDir Outer;
+    QString Folder = Outer.filePath(QStringLiteral("Station é"));
+};
+} // namespace
+
+TEST_F(AdminProgram, InitMakesAFolderThatAStationCanStartIn)
+{
+    ExpectDone({Init, Folder});
+    EXPECT_EQ(Entries(),
+              QStringList({QStringLiteral("SessionStatus.ini"), QStringLiteral("Vantrel.dat")}));
+    EXPECT_EQ(Contents(Folder + QStringLiteral("/SessionStatus.ini")),
+              QByteArray("[Session 1]\r\nVisible=True\r\nActive=True\r\n"));
+    Connection store;
+    EXPECT_NO_THROW(store.Open(Folder + QStringLiteral("/Vantrel.dat")));
+}
+
+TEST_F(AdminProgram, AnExistingDatabaseIsNeverOverwritten)
+{
+    ExpectDone({Init, Folder});
+    ExpectDone(MacroCommand(QStringLiteral("add"), {QStringLiteral("Mine")}));
+    const QByteArray before = Contents(Folder + QStringLiteral("/Vantrel.dat"));
+    const QStringList entries = Entries();
+    ExpectOneLine(1, {Init, Folder});
+    ExpectOneLine(1, {Demo, Folder});
+    EXPECT_EQ(Contents(Folder + QStringLiteral("/Vantrel.dat")), before);
+    EXPECT_EQ(Entries(), entries);
+}
+
+TEST_F(AdminProgram, MacrosAreAddedRenamedRemovedAndListed)
+{
+    const QString first = QStringLiteral("Card and carrier");
+    const QString second = QStringLiteral("Größe €");
+    const QString third = QStringLiteral("-x");
+    ExpectDone({Init, Folder});
+    EXPECT_EQ(Listed(), QString());
+    ExpectDone(MacroCommand(QStringLiteral("add"), {first}));
+    ExpectDone(MacroCommand(QStringLiteral("add"), {second}));
+    ExpectDone(MacroCommand(QStringLiteral("add"), {QStringLiteral("--"), third}));
+    EXPECT_EQ(Listed(), QString(first + u'\n' + second + u'\n' + third + u'\n'));
+    ExpectDone(MacroCommand(QStringLiteral("rename"), {first, QStringLiteral("Badges")}));
+    ExpectDone(MacroCommand(QStringLiteral("remove"), {second}));
+    EXPECT_EQ(Listed(), QString(QStringLiteral("Badges\n") + third + u'\n'));
+}
+
+TEST_F(AdminProgram, AMacroThatCannotBeIsOneLineAndOne)
+{
+    ExpectDone({Init, Folder});
+    const QString name = QStringLiteral("Badges");
+    ExpectDone(MacroCommand(QStringLiteral("add"), {name}));
+    ExpectOneLine(1, MacroCommand(QStringLiteral("add"), {name}));
+    ExpectOneLine(1, MacroCommand(QStringLiteral("add"), {QStringLiteral("O'Brien")}));
+    ExpectOneLine(1, MacroCommand(QStringLiteral("add"), {QStringLiteral("two\nlines")}));
+    ExpectOneLine(1, MacroCommand(QStringLiteral("rename"), {QStringLiteral("None"), name}));
+    ExpectOneLine(1, MacroCommand(QStringLiteral("remove"), {QStringLiteral("no\nsuch")}));
+    EXPECT_EQ(Listed(), QString(name + u'\n'));
+}
+
+TEST_F(AdminProgram, WithoutADatabaseMacroCommandsFailAndMakeNone)
+{
+    ExpectOneLine(1, MacroCommand(QStringLiteral("list")));
+    ExpectOneLine(1, MacroCommand(QStringLiteral("add"), {QStringLiteral("Badges")}));
+    EXPECT_FALSE(QDir(Folder).exists());
+}
+
+TEST_F(AdminProgram, DemoMakesACardToPrint)
+{
+    ExpectDone({Demo, Folder});
+    EXPECT_EQ(Entries(),
+              QStringList({QStringLiteral("Images"), QStringLiteral("SessionStatus.ini"),
+                           QStringLiteral("Vantrel 6.ini"), QStringLiteral("Vantrel.dat")}));
+    EXPECT_EQ(Contents(Folder + QStringLiteral("/Vantrel 6.ini")),
+              QByteArray("[Session 1]\r\nLastLayout=Member Card\r\nCaptureEnabled=True\r\n"
+                         "UseIP=True\r\nPort=10001\r\nFilter_Cr=True\r\nFilter_Lf=True\r\n"));
+    Connection store;
+    store.Open(Folder + QStringLiteral("/Vantrel.dat"));
+    Recordset rows(store);
+    rows.Open(QStringLiteral("SELECT * FROM [LayoutParams] WHERE [LayoutName] = 'Member Card'"));
+    EXPECT_EQ(rows.RecordCount(), 2);
+    EXPECT_EQ(rows.Value(QStringLiteral("BackImg1")).toString(),
+              QString(Folder + QStringLiteral("/Images/card-front.jpg")));
+    EXPECT_EQ(QDir(Folder + QStringLiteral("/Images")).entryList(QDir::Files),
+              QStringList({QStringLiteral("card-back.jpg"), QStringLiteral("card-front.jpg"),
+                           QStringLiteral("portrait.jpg")}));
+}
+
+TEST_F(AdminProgram, HelpIsOnStandardOutput)
+{
+    const QList<QStringList> asked = {
+        {Help},
+        {QStringLiteral("-h")},
+        {QStringLiteral("--version")},
+        {Init, Help},
+        {Demo, Help},
+        {Macro, Help},
+        {Macro, QStringLiteral("list"), Help},
+        {Macro, QStringLiteral("add"), Help},
+        {Macro, QStringLiteral("rename"), Help},
+        {Macro, QStringLiteral("remove"), Help, Folder},
+    };
+    for (const QStringList& arguments : asked) {
+        const Outcome outcome = RunAdmin(arguments);
+        EXPECT_EQ(outcome.Code, 0) << arguments.join(u' ').toStdString();
+        EXPECT_TRUE(outcome.Out.contains(QStringLiteral("vantrel-admin")));
+        EXPECT_EQ(outcome.Errors, QString());
+    }
+    EXPECT_FALSE(QDir(Folder).exists());
+}
+
+TEST_F(AdminProgram, WhatIsNotUnderstoodIsOneLineAndTwo)
+{
+    const QList<QStringList> lines = {
+        {},
+        {QStringLiteral("--nonsense")},
+        {QStringLiteral("nonsense"), Folder},
+        {QStringLiteral("nonsense"), Help},
+        {Init},
+        {Init, QString()},
+        {Init, Folder, Folder},
+        {Init, QStringLiteral("--force"), Folder},
+        {Demo},
+        {Macro},
+        {Macro, Folder},
+        {Macro, QStringLiteral("list")},
+        {Macro, QStringLiteral("add"), Folder},
+        {Macro, QStringLiteral("add"), Folder, QString()},
+        {Macro, QStringLiteral("rename"), Folder, QStringLiteral("A")},
+        {Macro, QStringLiteral("remove"), Folder},
+    };
+    for (const QStringList& arguments : lines)
+        ExpectOneLine(2, arguments);
+    EXPECT_FALSE(QDir(Folder).exists());
+}
+
+} // namespace vantrel::test

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/Failure.h"
+#include <utility>
+
+namespace vantrel::test {
+
+/// @return the number a step fails with, 0 where it does not fail
+template <typename Step>
+int FailureOf(Step&& step)
+{
+    try {
+        std::forward<Step>(step)();
+    } catch (const Failure& failure) {
+        return failure.Number();
+    }
+    return 0;
+}
+
+} // namespace vantrel::test
