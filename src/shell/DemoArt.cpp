@@ -83,17 +83,17 @@ QImage DrawCardFront()
     constexpr double BandHeight = 820;
     const Sketch card(PixelsWide, PixelsHigh, CardWidth);
     DrawPaper(card);
-    DrawWaves(card, 2240, 9, 105, {Navy.Color, 0.075});
+    DrawWaves(card, 2300, 9, 105, {Navy.Color, 0.075});
     DrawBand(card, 0, BandHeight);
     card.Rectangle(0, BandHeight, card.Width(), 26);
     card.Fill(Brass);
-    DrawEmblem(card, 505, BandHeight / 2, 275, Brass);
+    DrawEmblem(card, 486, BandHeight / 2, 275, Brass);
 
     for (int i = 6; i >= 1; --i) { // The photo stands a little above the paper.
-        card.RoundedRectangle(190 - 6 * i, 1052 - 4 * i, 1240 + 12 * i, 1630 + 12 * i, 20 + 6 * i);
+        card.RoundedRectangle(220 - 6 * i, 1142 - 4 * i, 1240 + 12 * i, 1630 + 12 * i, 20 + 6 * i);
         card.Fill({NavyDeep.Color, 0.022});
     }
-    card.RoundedRectangle(190, 1040, 1240, 1630, 20);
+    card.RoundedRectangle(220, 1130, 1240, 1630, 20);
     card.Fill({0xFFFFFF});
     return card.Image();
 }
@@ -104,7 +104,7 @@ QImage DrawCardBack()
     DrawPaper(card);
     card.Rectangle(0, 300, card.Width(), 560);
     card.FillDown(300, {0x26292E}, 860, {0x17191C});
-    DrawEmblem(card, 3980, 1640, 520, {Navy.Color, 0.10});
+    DrawEmblem(card, 4030, 1550, 470, {Navy.Color, 0.10});
 
     card.RoundedRectangle(220, 2070, 2700, 370, 24); // Where the member signs.
     card.Fill({0xFFFFFF});

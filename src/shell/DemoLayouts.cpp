@@ -4,181 +4,13 @@
 #include "platform/Connection.h"
 #include "platform/Printer.h"
 #include "platform/Recordset.h"
+#include "shell/DemoTables.h"
 #include <QDir>
 
 namespace vantrel {
 
 namespace {
-constexpr const char* MemberCard = "Member Card";
-constexpr const char* Visitor = "Visitor";
-constexpr const char* Device = "Vantrel PDF";
-
-// Colours as the store has them, 0x00BBGGRR.
-constexpr ColorValue Navy = 0x4F3216;
-constexpr ColorValue Brass = 0x3A82A6;
-constexpr ColorValue LightBrass = 0x7FC0DA;
-constexpr ColorValue Grey = 0x857A70;
-constexpr ColorValue White = ColorWhite;
-
-enum class Align { Left = 0, Right = 1, Centre = 2 };
-enum class Weight { Regular, Bold };
-enum class Digit { None, Mod10 };
-
-/// Where a text stands, in twips, and how it looks.
-struct Place
-{
-    int Left;
-    int Top;
-    int Width;
-    int Height;
-    double Points;
-    Weight Boldness;
-    ColorValue Color;
-    Align Alignment;
-};
-
-struct TextRow
-{
-    const char* Layout;
-    int Page;
-    const char* Text;
-    Place At;
-};
-
-constexpr TextRow Texts[] = {
-    {MemberCard,
-     1,
-     "Lakeside Sailing Club",
-     {900, 190, 3740, 380, 15.5, Weight::Bold, White, Align::Left}},
-    {MemberCard,
-     1,
-     "M E M B E R   C A R D",
-     {900, 520, 3740, 190, 6.5, Weight::Regular, LightBrass, Align::Left}},
-    {MemberCard, 1, "MEMBER", {1640, 1060, 3000, 150, 5.5, Weight::Regular, Grey, Align::Left}},
-    {MemberCard,
-     1,
-     "MEMBER NUMBER",
-     {1640, 1640, 3000, 150, 5.5, Weight::Regular, Grey, Align::Left}},
-    {MemberCard, 1, "MEMBERSHIP", {1640, 2180, 1800, 150, 5.5, Weight::Regular, Grey, Align::Left}},
-    {MemberCard, 1, "CARD", {4000, 2180, 640, 150, 5.5, Weight::Regular, Grey, Align::Right}},
-    {MemberCard,
-     2,
-     "This card is the property of Lakeside Sailing Club.",
-     {220, 1000, 3100, 170, 6.25, Weight::Bold, Navy, Align::Left}},
-    {MemberCard,
-     2,
-     "It is personal, cannot be passed on, and opens the",
-     {220, 1200, 3100, 170, 6.25, Weight::Regular, Navy, Align::Left}},
-    {MemberCard,
-     2,
-     "boathouse and the slipway to its holder. Show it",
-     {220, 1370, 3100, 170, 6.25, Weight::Regular, Navy, Align::Left}},
-    {MemberCard,
-     2,
-     "when asked. If you find it, please send it to the",
-     {220, 1540, 3100, 170, 6.25, Weight::Regular, Navy, Align::Left}},
-    {MemberCard,
-     2,
-     "address below: postage will be refunded.",
-     {220, 1710, 3100, 170, 6.25, Weight::Regular, Navy, Align::Left}},
-    {MemberCard, 2, "SIGNATURE", {220, 2470, 2700, 150, 5.5, Weight::Regular, Grey, Align::Left}},
-    {MemberCard,
-     2,
-     "MEMBER NUMBER",
-     {3100, 2470, 1540, 150, 5.5, Weight::Regular, Grey, Align::Right}},
-    {MemberCard,
-     2,
-     "Lakeside Sailing Club, 7 Harbour Road, Lakeside",
-     {220, 2840, 3000, 150, 6, Weight::Regular, White, Align::Left}},
-    {MemberCard,
-     2,
-     "lakeside.example",
-     {3240, 2840, 1400, 150, 6, Weight::Regular, LightBrass, Align::Right}},
-    {Visitor, 1, "VISITOR", {2760, 300, 1880, 480, 20, Weight::Bold, Navy, Align::Right}},
-};
-
-struct FieldRow
-{
-    const char* Layout;
-    int Page;
-    int Field;
-    const char* Prefix;
-    Digit CheckDigit;
-    Place At;
-};
-
-constexpr FieldRow Fields[] = {
-    {MemberCard,
-     1,
-     1,
-     "",
-     Digit::None,
-     {1640, 1190, 3000, 340, 13, Weight::Bold, Navy, Align::Left}},
-    {MemberCard,
-     1,
-     2,
-     "No. ",
-     Digit::Mod10,
-     {1640, 1770, 3000, 280, 11, Weight::Regular, Navy, Align::Left}},
-    {MemberCard,
-     1,
-     3,
-     "",
-     Digit::None,
-     {1640, 2310, 1800, 280, 11, Weight::Bold, Brass, Align::Left}},
-    {MemberCard,
-     2,
-     2,
-     "No. ",
-     Digit::Mod10,
-     {3100, 2200, 1540, 220, 8.5, Weight::Bold, Navy, Align::Right}},
-};
-
-struct NumberRow
-{
-    const char* Layout;
-    int Page;
-    const char* Start;
-    Place At;
-};
-
-constexpr NumberRow Numbers[] = {
-    {MemberCard, 1, "1000", {3840, 2330, 800, 220, 8.5, Weight::Regular, Navy, Align::Right}},
-};
-
-struct ImageRow
-{
-    const char* Layout;
-    int Page;
-    const char* Picture;
-    int Left;
-    int Top;
-    int Width;
-    int Height;
-};
-
-constexpr ImageRow Images[] = {
-    {MemberCard, 1, DemoPicture::Portrait, 220, 1070, 1180, 1570},
-};
-
-struct PageRow
-{
-    const char* Layout;
-    int Page;
-    bool AutoSpool;
-    const char* BackImage;
-    const char* Track1;
-    const char* Track2;
-    const char* Track3;
-};
-
-/// The stripe goes with the front: each page is a job of its own.
-constexpr PageRow Pages[] = {
-    {MemberCard, 1, true, DemoPicture::Front, "DAT1~SEP~DAT2~MOD10", "DAT2~MOD10", "FD0^12^0^2"},
-    {MemberCard, 2, true, DemoPicture::Back, "", "", ""},
-    // Fields that a record makes live until the page is saved, and a print reloads it.
-    {Visitor, 1, false, "", "", "", ""},
-};
+using namespace demo;
 
 QString Text(const char* text)
 {
@@ -296,7 +128,7 @@ void WritePages(Connection& connection, const QString& imageFolder)
         set("LayoutName", Text(row.Layout));
         set("PageIndex", row.Page);
         set("Encode", *row.Track1 != '\0');
-        set("PrinterDevice", Text(Device));
+        set("PrinterDevice", QStringLiteral("Vantrel PDF"));
         set("PrinterOrientation", OrientationLandscape);
         // Other types write the stripe as text on the page, which a PDF would show.
         set("PrinterType", PrinterTypeCode::Plain);
