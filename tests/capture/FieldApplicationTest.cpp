@@ -137,6 +137,18 @@ TEST_F(FieldApplication, SecondPassAddsASecondDigitToANumber)
     EXPECT_EQ(Captions(Family::lbl_AUTO), QStringList{QStringLiteral("170")});
 }
 
+TEST_F(FieldApplication, TemplateOfTheNumbersIsWalkedToo)
+{
+    AddNumber(Session, 1);
+    CardObject& model = *Session.Document.Find(Family::lbl_AUTO, 0);
+    model.SetCaption(QStringLiteral("1"));
+    model.DataMember = QStringLiteral("MOD10");
+    // The template's own slot holds what marks it as no card content, and that filters its caption.
+    model.Tag.clear();
+    Apply({});
+    EXPECT_EQ(model.Caption(), QStringLiteral("17"));
+}
+
 TEST_F(FieldApplication, NumberThatItsSchemeCannotReadStaysAndTheNextIsDone)
 {
     CardObject& unreadable = AddNumber(Session, 1);

@@ -154,16 +154,23 @@ TEST_F(Sockets, HostThatEndsInsideItsOwnHandlerIsToldWhenItIsDone)
 {
     Host host = Connect();
     const Host other = Connect();
+    QStringList toldInside;
     InHandler = [&] {
         host.Send("late");
         host.Close();
-        other.Send("other");
-        EXPECT_TRUE(WasTold(QStringLiteral("2 sent other")));
+        // Several turns of the event loop, so that the socket has seen the bytes and the end.
+        for (int turn = 1; turn <= 5; ++turn) {
+            other.Send(QByteArray::number(turn));
+            EXPECT_TRUE(WasTold(QStringLiteral("2 sent %1").arg(turn)));
+        }
+        toldInside = Told.filter(QStringLiteral("1 "));
     };
     host.Send("first");
     ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
-    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent first"), QStringLiteral("2 sent other"),
-                                 QStringLiteral("1 sent late"), QStringLiteral("1 closed")}));
+    EXPECT_EQ(toldInside, QStringList{QStringLiteral("1 sent first")});
+    EXPECT_EQ(Told.mid(Told.size() - 2),
+              (QStringList{QStringLiteral("1 sent late"), QStringLiteral("1 closed")}));
+    EXPECT_EQ(Deepest, 2);
 }
 
 TEST_F(Sockets, OtherSocketsCloseInsideAHandler)
