@@ -1,6 +1,7 @@
 #include "platform/Convert.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -231,10 +232,10 @@ QString NumberText(double value)
     constexpr int significant = 15;
     if (value == 0.0)
         return QStringLiteral("0"); // and not "-0"
+    if (!std::isfinite(value))
+        return QString::number(value);
     const QString scientific = QString::number(value, 'E', significant - 1);
     const qsizetype mark = scientific.indexOf(QLatin1Char('E'));
-    if (mark < 0)
-        return scientific; // no finite number
 
     QStringView mantissa = QStringView(scientific).first(mark);
     while (mantissa.endsWith(QLatin1Char('0')))
