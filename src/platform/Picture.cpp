@@ -1,12 +1,12 @@
 #include "platform/Picture.h"
 #include "platform/BmpLength.h"
 #include "platform/Failure.h"
+#include "platform/FileStamp.h"
 #include "platform/JpegMarkers.h"
 #include "platform/PictureData.h"
 #include <QCache>
 #include <QFile>
 #include <QImageReader>
-#include <sys/stat.h>
 
 namespace vantrel {
 
@@ -21,27 +21,6 @@ constexpr qint64 MaxJpegBytes = MaxPixels;
 [[noreturn]] void FailInvalid()
 {
     throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
-}
-
-/// What changes when a picture is written anew. The i-node is in it because a host may replace a
-/// photo by one of the same size within one tick of the file system's clock.
-struct FileStamp
-{
-    dev_t Device = 0;
-    ino_t Inode = 0;
-    qint64 Size = 0;
-    qint64 Seconds = 0;
-    qint64 Nanoseconds = 0;
-
-    friend bool operator==(const FileStamp&, const FileStamp&) = default;
-};
-
-FileStamp StampOf(const QString& path)
-{
-    struct stat found = {};
-    if (::stat(QFile::encodeName(path).constData(), &found) != 0 || !S_ISREG(found.st_mode))
-        throw Failure(FailureNumber::FileNotFound, QStringLiteral("File not found: ") + path);
-    return {found.st_dev, found.st_ino, found.st_size, found.st_mtim.tv_sec, found.st_mtim.tv_nsec};
 }
 
 /// A JPEG file and what its markers say.
@@ -147,7 +126,9 @@ Picture LoadPicture(const QString& path)
 {
     if (path.isEmpty())
         return Picture();
-    const FileStamp stamp = StampOf(path);
+    const FileStamp stamp = StampOfFile(path);
+    if (!stamp.IsFile)
+        throw Failure(FailureNumber::FileNotFound, QStringLiteral("File not found: ") + path);
     auto& cache = PictureCache();
     if (const CachedPicture* cached = cache.object(path); cached && cached->Stamp == stamp)
         return cached->Held;
