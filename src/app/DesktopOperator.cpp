@@ -1,0 +1,61 @@
+#include "app/DesktopOperator.h"
+#include "app/frmMessage.h"
+#include <QApplication>
+#include <QMessageBox>
+
+namespace vantrel {
+
+namespace {
+
+/// A box whose text is shown as it stands, never taken for markup.
+void SetPlainText(QMessageBox& box, const QString& title, const QString& text)
+{
+    box.setTextFormat(Qt::PlainText);
+    box.setWindowTitle(title);
+    box.setText(text);
+}
+
+} // namespace
+
+bool DesktopOperator::ShowAppMessage(const QString& text, const QString& title,
+                                     AppMessageButtons buttons)
+{
+    frmMessage box(text, title, buttons, m_mainWindow);
+    return box.exec() == QDialog::Accepted;
+}
+
+void DesktopOperator::MessageBox(const QString& text, const QString& title, BoxIcon icon)
+{
+    QMessageBox box(m_mainWindow);
+    SetPlainText(box, title, text);
+    box.setIcon(icon == BoxIcon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon);
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+}
+
+bool DesktopOperator::AskYesNo(const QString& text, const QString& title)
+{
+    QMessageBox box(m_mainWindow);
+    SetPlainText(box, title, text);
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+void DesktopOperator::LetEventsRun()
+{
+    QCoreApplication::processEvents();
+}
+
+void DesktopOperator::ShowBusyPointer(bool busy)
+{
+    if (busy == m_busy)
+        return;
+    m_busy = busy;
+    if (busy)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+} // namespace vantrel

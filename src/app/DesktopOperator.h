@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/Operator.h"
+#include <QPointer>
+#include <QWidget>
+
+namespace vantrel {
+
+/// The operator at the screen: boxes, the hourglass, and the event loop.
+class DesktopOperator : public Operator
+{
+public:
+    /// Boxes stand over this window from now on; until there is one they stand free.
+    void SetMainWindow(QWidget* window) { m_mainWindow = window; }
+
+    bool ShowAppMessage(const QString& text, const QString& title,
+                        AppMessageButtons buttons) override;
+    void MessageBox(const QString& text, const QString& title, BoxIcon icon) override;
+    bool AskYesNo(const QString& text, const QString& title) override;
+    /// Shows nothing: this version of the station has no camera dialog.
+    void OpenCameraDialog() override {}
+    void LetEventsRun() override;
+    void ShowBusyPointer(bool busy) override;
+
+private:
+    QPointer<QWidget> m_mainWindow;
+    bool m_busy = false;
+};
+
+} // namespace vantrel

@@ -1,0 +1,212 @@
+#include "app/frmMain.h"
+#include "app/Background.h"
+#include "app/MainRuntime.h"
+#include "app/RunTimeError.h"
+#include "app/ScreenUnits.h"
+#include "app/Session.h"
+#include "app/Settings.h"
+#include "layout/frmDocument.h"
+#include "layout/frmNav.h"
+#include "shell/MainMenu.h"
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QStatusBar>
+
+namespace vantrel {
+
+namespace {
+
+/// No close box: everything a title bar can have but that.
+constexpr Qt::WindowFlags FrameFlags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                       Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint;
+constexpr int ImageInterval = 250;
+constexpr int VisibleInterval = 250;
+constexpr int StatusInterval = 2000;
+constexpr int HideInterval = 50;
+constexpr int PanelCount = 3;
+
+} // namespace
+
+frmMain::frmMain(Session& session, Display display)
+    : QMainWindow(nullptr, FrameFlags), m_session(session), m_display(display),
+      m_workspace(new QMdiArea(this)), m_menu(new MainMenu(session, *this)),
+      m_document(new frmDocument(session)), m_nav(new frmNav(session, m_workspace))
+{
+    setObjectName(QStringLiteral("frmMain"));
+    m_workspace->setObjectName(QStringLiteral("Workspace"));
+    m_workspace->setAccessibleName(QStringLiteral("Workspace"));
+    m_workspace->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_workspace->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_workspace->addSubWindow(m_document);
+    m_document->hide();
+    setCentralWidget(m_workspace);
+    BuildStatusBar();
+    MirrorFace();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::BuildStatusBar()
+{
+    auto* bar = statusBar();
+    bar->setObjectName(QStringLiteral("SB"));
+    for (int number = 1; number <= PanelCount; ++number) {
+        auto* panel = new QLabel(bar);
+        panel->setObjectName(QStringLiteral("SB%1").arg(number));
+        panel->setTextFormat(Qt::PlainText);
+        panel->setFrameStyle(static_cast<int>(QFrame::StyledPanel) |
+                             static_cast<int>(QFrame::Sunken));
+        panel->setContentsMargins(4, 1, 4, 1);
+        // A long text is cut off; it does not widen the window.
+        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        bar->addWidget(panel, 1);
+        m_panels[number - 1] = panel;
+        ShowPanel(number);
+    }
+    m_panels[0]->installEventFilter(this);
+}
+
+void frmMain::MirrorFace()
+{
+    StationFace& face = m_session.Face;
+    connect(&face, &StationFace::CaptionChanged, this, &QWidget::setWindowTitle);
+    connect(&face, &StationFace::PanelChanged, this, &frmMain::ShowPanel);
+    connect(&face, &StationFace::VisibilityChanged, this, &frmMain::ShowOrHide);
+    connect(m_menu, &MainMenu::ExitConfirmed, this, &frmMain::Unload, Qt::QueuedConnection);
+}
+
+void frmMain::Load()
+{
+    if (m_loaded || m_unloaded)
+        return;
+    m_loaded = true;
+    const StationSettings& settings = m_session.Settings;
+    const QRect place =
+        ScreenRect(settings.MLeft, settings.MTop, settings.MWidth, settings.MHeight);
+    move(place.topLeft());
+    resize(place.size());
+    PaintBack();
+    RunOrEnd([&] { LoadMain(m_session); });
+    m_menu->UpdateHideCaption();
+    UpdateCommands();
+    StartTimers();
+    ShowOrHide(m_session.Settings.MainVisible);
+}
+
+QTimer& frmMain::MakeTimer(const char* name, int interval, void (frmMain::*tick)())
+{
+    auto* timer = new QTimer(this);
+    timer->setObjectName(QLatin1StringView(name));
+    connect(timer, &QTimer::timeout, this, tick);
+    timer->start(interval);
+    return *timer;
+}
+
+void frmMain::StartTimers()
+{
+    MakeTimer("tmrHide", HideInterval, &frmMain::OnHideTick);
+    MakeTimer("tmrImage", ImageInterval, &frmMain::OnImageTick);
+    MakeTimer("tmrStatus", StatusInterval, &frmMain::OnStatusTick);
+    MakeTimer("tmrVisible", VisibleInterval, &frmMain::OnVisibleTick);
+}
+
+void frmMain::Unload()
+{
+    if (m_unloaded)
+        return;
+    m_unloaded = true;
+    for (QTimer* timer : findChildren<QTimer*>(Qt::FindDirectChildrenOnly))
+        timer->stop();
+    if (m_loaded) {
+        const Geometry present{ScreenTwips(y()), ScreenTwips(x()), ScreenTwips(height()),
+                               ScreenTwips(width())};
+        UnloadMain(m_session, isMinimized() ? nullptr : &present);
+    }
+    hide();
+    QCoreApplication::exit(0);
+}
+
+void frmMain::OnVisibleTick()
+{
+    // The file is read when it has changed, or when a command has changed what it is compared with.
+    const FileStamp stamp = StampOfFile(SessionStatusPath(m_session));
+    const bool visible = m_session.Settings.MainVisible;
+    if (m_statusSeen && stamp == m_statusStamp && visible == m_visibleAtLook)
+        return;
+    m_statusSeen = true;
+    m_statusStamp = stamp;
+    RunOrEnd([&] {
+        if (ReadSessionStatus(m_session) == StatusVerdict::Unload)
+            Unload();
+    });
+    m_visibleAtLook = m_session.Settings.MainVisible;
+}
+
+void frmMain::OnStatusTick()
+{
+    RunOrEnd([&] { TickStatusBar(m_session); });
+}
+
+void frmMain::OnHideTick()
+{
+    if (!m_session.Settings.MainVisible)
+        hide();
+    UpdateCommands();
+}
+
+void frmMain::OnImageTick()
+{
+    if (!m_repaintBackground)
+        return;
+    PaintBack();
+    m_repaintBackground = false;
+}
+
+void frmMain::PaintBack()
+{
+    m_workspace->setBackground(BackgroundBrush(m_session.Settings.Background,
+                                               m_workspace->viewport()->size(), devicePixelRatioF(),
+                                               palette().brush(QPalette::Dark)));
+}
+
+void frmMain::ShowPanel(int number)
+{
+    const Panel& panel = m_session.Face.StatusPanel(number);
+    m_panels[number - 1]->setText(panel.Text);
+    m_panels[number - 1]->setToolTip(panel.ToolTip);
+}
+
+void frmMain::ShowOrHide(bool visible)
+{
+    setVisible(visible && m_display == Display::Present);
+}
+
+void frmMain::UpdateCommands()
+{
+    m_menu->UpdateEnabled();
+    m_nav->SetLayoutCommandsEnabled(m_session.Settings.MainVisible &&
+                                    !m_session.CurrentLayoutName.isEmpty());
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+}
+
+void frmMain::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    m_repaintBackground = true;
+    m_nav->KeepPlace(width());
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_panels[0] && event->type() == QEvent::MouseButtonRelease)
+        m_session.Face.SetPanelToolTip(1, m_session.Face.StatusPanel(1).Text);
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace vantrel

@@ -1,0 +1,82 @@
+#include "app/frmMessage.h"
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vantrel {
+
+namespace {
+
+constexpr int Margin = 20;
+constexpr int WidestText = 520;
+constexpr int ButtonWidth = 88;
+
+QPushButton* MakeButton(const char* name, const QString& caption, QWidget* parent)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QLatin1StringView(name));
+    button->setMinimumWidth(ButtonWidth);
+    return button;
+}
+
+} // namespace
+
+frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButtons buttons,
+                       QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      m_hasNo(buttons == AppMessageButtons::YesNo)
+{
+    setObjectName(QStringLiteral("frmMessage"));
+    if (!title.isEmpty())
+        setWindowTitle(title);
+
+    auto* out = new QLabel(this);
+    out->setObjectName(QStringLiteral("lblOut"));
+    out->setTextFormat(Qt::PlainText);
+    out->setText(text);
+    out->setWordWrap(true);
+    out->setMinimumWidth(std::min(out->sizeHint().width(), WidestText));
+    out->setMaximumWidth(WidestText);
+
+    auto* ok = MakeButton("cmdOk", m_hasNo ? QStringLiteral("&Yes") : QStringLiteral("&Ok"), this);
+    auto* no = MakeButton("cmdNo", QStringLiteral("&No"), this);
+    no->setVisible(m_hasNo);
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    connect(no, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(ok);
+    row->addWidget(no);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Margin, Margin, Margin, Margin);
+    column->setSpacing(Margin);
+    column->addWidget(out);
+    column->addLayout(row);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void frmMessage::reject()
+{
+    if (m_hasNo)
+        QDialog::reject();
+}
+
+void frmMessage::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+}
+
+void frmMessage::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (event->spontaneous() || parentWidget() == nullptr || !parentWidget()->isVisible())
+        return;
+    const QRect over = parentWidget()->window()->frameGeometry();
+    move(over.center() - rect().center());
+}
+
+} // namespace vantrel

@@ -1,0 +1,79 @@
+#include "layout/Navigation.h"
+#include "app/MainRuntime.h"
+#include "app/Operator.h"
+#include "app/Session.h"
+#include "capture/FieldApplication.h"
+#include "layout/DocumentForm.h"
+#include "layout/LoadLayout.h"
+#include "layout/Pages.h"
+#include "platform/Convert.h"
+#include "platform/Recordset.h"
+
+namespace vantrel {
+
+namespace {
+
+/// The hourglass for the length of a scope.
+class BusyPointer
+{
+public:
+    explicit BusyPointer(Operator& stationOperator) : m_operator(stationOperator)
+    {
+        m_operator.ShowBusyPointer(true);
+    }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+    ~BusyPointer() { m_operator.ShowBusyPointer(false); }
+
+private:
+    Operator& m_operator;
+};
+
+void StepPage(Session& session, int step)
+{
+    LayoutParamsRecord& params = session.CurrentParams;
+    params.PageIndex = static_cast<std::int16_t>(params.PageIndex + step);
+    // A copy: the load empties the open layout's name where the layout is gone.
+    const QString layoutName = session.CurrentLayoutName;
+    LoadLayout(session, layoutName);
+    RefreshData(session);
+    ReapplyFieldValues(session);
+}
+
+} // namespace
+
+void NextPage(Session& session)
+{
+    const BusyPointer busy(session.Operator);
+    if (session.CurrentParams.PageIndex < session.CurrentParams.PageCount)
+        StepPage(session, 1);
+}
+
+void PreviousPage(Session& session)
+{
+    const BusyPointer busy(session.Operator);
+    if (session.CurrentParams.PageIndex > 1)
+        StepPage(session, -1);
+}
+
+QStringList LayoutNames(Session& session)
+{
+    QStringList names;
+    Recordset rows(session.LayoutDb);
+    rows.Open(QStringLiteral("SELECT Distinct [LayoutName] FROM [Controls]"));
+    for (; !rows.IsEof(); rows.MoveNext())
+        names.append(JoinedText(rows.Value(QStringLiteral("LayoutName"))));
+    return names;
+}
+
+void OpenLayout(Session& session, const QString& layoutName)
+{
+    const BusyPointer busy(session.Operator);
+    session.CurrentParams.PageIndex = 1;
+    LoadLayout(session, layoutName);
+    EnsureDocument(session);
+    session.Document.Show();
+    session.Face.SetCaption(CaptionWithLayout(session, PlainCaption()));
+}
+
+} // namespace vantrel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDialog>
+
+class QListWidget;
+
+namespace vantrel {
+
+class Session;
+
+/// The picker of layouts. It stands open without blocking the station.
+class frmGetLayout : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmGetLayout(Session& session, QWidget* parent);
+
+    /// Shows the picker over `parent`; one that is open already comes to the front. Fails like
+    /// `LayoutNames`.
+    static void Open(Session& session, QWidget* parent);
+
+private:
+    QString ChosenLayout() const;
+    void LoadChosen();
+
+    Session& m_session;
+    QListWidget* m_layouts;
+};
+
+} // namespace vantrel

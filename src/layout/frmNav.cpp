@@ -1,0 +1,91 @@
+#include "layout/frmNav.h"
+#include "app/RunTimeError.h"
+#include "app/ScreenUnits.h"
+#include "layout/Navigation.h"
+#include "layout/frmGetLayout.h"
+#include "shell/Commands.h"
+#include <QGridLayout>
+#include <QStyle>
+#include <QToolButton>
+
+namespace vantrel {
+
+namespace {
+
+constexpr double LeftOfMainWidth = 1650;
+constexpr double TopOfWorkspace = 200;
+constexpr int ButtonSize = 34;
+constexpr int IconSize = 18;
+
+struct NavButton
+{
+    const char* Name;
+    const char* Meaning;
+    QStyle::StandardPixmap Picture;
+    bool NeedsLayout;
+    int Row;
+    int Column;
+    void (*Action)(Session& session, QWidget* parent);
+};
+
+constexpr NavButton Buttons[] = {
+    {"cmdPrev", "Previous Page", QStyle::SP_ArrowLeft, true, 0, 0,
+     [](Session& session, QWidget* /*parent*/) { PreviousPage(session); }},
+    {"cmdNext", "Next Page", QStyle::SP_ArrowRight, true, 0, 1,
+     [](Session& session, QWidget* /*parent*/) { NextPage(session); }},
+    {"cmdOpen", "Open Layout", QStyle::SP_DirOpenIcon, false, 1, 0,
+     [](Session& session, QWidget* parent) { frmGetLayout::Open(session, parent); }},
+    {"cmdSave", "Save Page", QStyle::SP_DialogSaveButton, true, 1, 1,
+     [](Session& session, QWidget* /*parent*/) { SaveCommand(session); }},
+};
+
+} // namespace
+
+frmNav::frmNav(Session& session, QWidget* parent) : QFrame(parent), m_session(session)
+{
+    setObjectName(QStringLiteral("frmNav"));
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(4, 4, 4, 4);
+    grid->setSpacing(2);
+    for (const NavButton& entry : Buttons) {
+        auto* button = new QToolButton(this);
+        button->setObjectName(QLatin1StringView(entry.Name));
+        button->setAccessibleName(QLatin1StringView(entry.Meaning));
+        button->setToolTip(QLatin1StringView(entry.Meaning));
+        button->setIcon(style()->standardIcon(entry.Picture));
+        button->setIconSize({IconSize, IconSize});
+        button->setFixedSize(ButtonSize, ButtonSize);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
+        connect(
+            button, &QToolButton::clicked, this,
+            [this, &entry] { RunOrEnd([&] { entry.Action(m_session, window()); }); },
+            Qt::QueuedConnection);
+        grid->addWidget(button, entry.Row, entry.Column);
+    }
+    adjustSize();
+}
+
+void frmNav::KeepPlace(int mainWidth)
+{
+    move(mainWidth - ScreenPixels(LeftOfMainWidth), ScreenPixels(TopOfWorkspace));
+    raise();
+}
+
+void frmNav::SetLayoutCommandsEnabled(bool enabled)
+{
+    for (const NavButton& entry : Buttons) {
+        if (entry.NeedsLayout)
+            findChild<QToolButton*>(QLatin1StringView(entry.Name))->setEnabled(enabled);
+    }
+}
+
+void frmNav::enterEvent(QEnterEvent* event)
+{
+    QFrame::enterEvent(event);
+    raise();
+}
+
+} // namespace vantrel

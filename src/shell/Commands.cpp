@@ -1,0 +1,123 @@
+#include "shell/Commands.h"
+#include "app/Operator.h"
+#include "app/Session.h"
+#include "app/Settings.h"
+#include "capture/FieldApplication.h"
+#include "capture/Ports.h"
+#include "layout/LoadLayout.h"
+#include "layout/SaveLayout.h"
+#include "platform/Convert.h"
+#include "platform/Launcher.h"
+#include "print/PrintCard.h"
+
+namespace vantrel {
+
+namespace {
+
+/// A tick, the flag behind it and the key it is kept under.
+struct StoredTick
+{
+    Tick Entry;
+    bool StationSettings::*Flag;
+    SettingNumber Key;
+};
+
+constexpr StoredTick DynamicLayoutsTick{Tick::cmdDynamicLayout, &StationSettings::DynamicLayouts,
+                                        SettingNumber::DynamicLayouts};
+constexpr StoredTick DynamicFieldsTick{Tick::chkAutoAdd, &StationSettings::DynamicFields,
+                                       SettingNumber::DynamicFields};
+constexpr StoredTick CaptureTick{Tick::cmdCapEnable, &StationSettings::CaptureEnabled,
+                                 SettingNumber::CaptureEnabled};
+
+/// The first session number that leaves the launcher standing.
+constexpr int FirstWorkerSession = 2;
+
+bool FlipTick(Session& session, Tick tick)
+{
+    const bool on = !session.Face.IsTicked(tick);
+    session.Face.SetTick(tick, on);
+    return on;
+}
+
+void FlipStored(Session& session, const StoredTick& tick)
+{
+    const bool on = FlipTick(session, tick.Entry);
+    session.Settings.*tick.Flag = on;
+    SaveSetting(session, tick.Key, BooleanText(on));
+}
+
+} // namespace
+
+void PrintCommand(Session& session)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    PrintCard(session);
+    ReapplyFieldValues(session);
+}
+
+void SaveCommand(Session& session)
+{
+    SaveLayout(session, SaveMessages::Shown);
+}
+
+void CloseCommand(Session& session)
+{
+    if (!session.CurrentLayoutName.isEmpty())
+        CloseLayout(session);
+}
+
+void ToggleAutoSpool(Session& session)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    session.CurrentParams.AutoSpool = FlipTick(session, Tick::chkAutoSpool);
+    SaveLayoutParams(session);
+}
+
+void ToggleDynamicFields(Session& session)
+{
+    FlipStored(session, DynamicFieldsTick);
+}
+
+void ToggleDynamicLayouts(Session& session)
+{
+    FlipStored(session, DynamicLayoutsTick);
+}
+
+void ToggleCapture(Session& session)
+{
+    FlipStored(session, CaptureTick);
+    SwitchPorts(session, SwitchMode::All);
+}
+
+void ToggleVisible(Session& session)
+{
+    const bool visible = !session.Settings.MainVisible;
+    session.Settings.MainVisible = visible;
+    session.Face.TellVisibility(visible);
+    if (visible && !session.CurrentLayoutName.isEmpty())
+        session.Document.Show();
+    SaveSetting(session, SettingNumber::Visible, BooleanText(visible));
+}
+
+QString HideCaption(const Session& session)
+{
+    return session.Settings.MainVisible ? QStringLiteral("Hide Vantrel...")
+                                        : QStringLiteral("Show Vantrel...");
+}
+
+bool ExitCommand(Session& session)
+{
+    const QString question =
+        QStringLiteral("Closing Vantrel will disable it's ability to capture data.  \r\n"
+                       "Are you sure this is what you want?");
+    if (!session.Operator.ShowAppMessage(question, QStringLiteral(" Disable Vantrel?"),
+                                         AppMessageButtons::YesNo))
+        return false;
+    if (session.SessionNumber < FirstWorkerSession)
+        PostCloseToLauncher(session.ProgramFolder);
+    return true;
+}
+
+} // namespace vantrel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+namespace vantrel {
+
+class Session;
+
+/// @file What the commands of the main window do. Those that need an open layout do nothing without
+/// one. A command passes over no failing step: what fails reaches its caller and ends the station.
+
+/// Prints the open layout, then pours the last record into the page again.
+void PrintCommand(Session& session);
+/// Saves the page on the form and tells the operator so.
+void SaveCommand(Session& session);
+/// Ends the open layout without asking.
+void CloseCommand(Session& session);
+
+/// Flips whether a record prints the open layout by itself; the layout keeps it at once. Fails like
+/// `SaveLayoutParams`.
+void ToggleAutoSpool(Session& session);
+/// Flips whether the next record makes its own data fields.
+void ToggleDynamicFields(Session& session);
+/// Flips a stored tick that capture does not look at.
+void ToggleDynamicLayouts(Session& session);
+/// Flips whether a start opens the ports, and applies the port settings anew. The ports themselves
+/// go by their own settings.
+void ToggleCapture(Session& session);
+
+/// Shows or hides the station's windows; with a layout open its document is shown with them. The
+/// state is told through the station's face and stored.
+void ToggleVisible(Session& session);
+/// Caption of the command that hides or shows the windows, by the present state.
+QString HideCaption(const Session& session);
+
+/// Asks whether the station is to end. On yes, session 0 or 1 closes the launcher too. @return
+/// whether the main window is to unload
+bool ExitCommand(Session& session);
+
+} // namespace vantrel

@@ -1,0 +1,140 @@
+#include "app/ScreenUnits.h"
+#include "desktop/DesktopStation.h"
+#include "layout/DocumentForm.h"
+#include "layout/frmDocument.h"
+#include "platform/PageCanvas.h"
+#include "support/Events.h"
+#include "support/Layouts.h"
+#include <QAbstractButton>
+#include <QApplication>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+namespace {
+
+/// The card as the renderer of the paper draws it at screen size.
+QImage PaintedCard(const Session& session)
+{
+    const CardDocument& document = session.Document;
+    QImage card(ScreenRect(0, 0, document.Width, document.Height).size(), QImage::Format_RGB32);
+    card.fill(Qt::white);
+    const auto canvas = PageCanvas::OnImage(card, ScreenPixelsPerInch / TwipsPerInch);
+    PaintDocument(session, *canvas);
+    canvas->Finish();
+    return card;
+}
+
+frmDocument& ShownDocument(DesktopStation& station)
+{
+    station.Load();
+    auto& document = station.Get<frmDocument>("frmDocument");
+    EXPECT_TRUE(EventsUntil([&] { return document.isVisible(); }));
+    return document;
+}
+
+TEST(DocumentWindow, ShowsWhatPrints)
+{
+    DesktopStation station;
+    station.WithLayout();
+    AddImage(station.Session, station.WritePng(QStringLiteral("photo.png"), 60, 80),
+             {1500, 500, 900, 700});
+    SavePage(station.Session);
+    auto& document = ShownDocument(station);
+    const QImage expected = PaintedCard(station.Session);
+    QImage blank(expected.size(), expected.format());
+    blank.fill(Qt::white);
+    EXPECT_NE(expected, blank);
+    const QImage shown = document.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(shown.copy(QRect(QPoint(1, 1), expected.size())), expected);
+}
+
+TEST(DocumentWindow, StandsAtTheDocumentsPlaceInItsSize)
+{
+    DesktopStation station;
+    station.WithLayout();
+    const auto& document = ShownDocument(station);
+    // 600 twips from the corner, 3060 by 4860 of size, and the hairline around it.
+    EXPECT_EQ(document.geometry(), QRect(39, 39, 204 + 2, 324 + 2));
+    station.Session.CurrentParams.PrinterOrientation = OrientationLandscape;
+    SetSize(station.Session);
+    EXPECT_TRUE(EventsUntil([&] { return document.width() == 324 + 2; }));
+    EXPECT_EQ(document.height(), 204 + 2);
+}
+
+TEST(DocumentWindow, FollowsTheRecord)
+{
+    DesktopStation station;
+    station.WithLayout();
+    auto& document = ShownDocument(station);
+    const QImage before = document.CardPicture();
+    station.Session.Document.Find(Family::lbl_DATA, 1)->SetCaption(QStringLiteral("Anna"));
+    station.Session.Document.Refresh();
+    EXPECT_TRUE(EventsUntil([&] { return document.CardPicture() != before; }));
+    EXPECT_EQ(document.CardPicture(), PaintedCard(station.Session));
+}
+
+TEST(DocumentWindow, ComesAndGoesWithTheDocument)
+{
+    DesktopStation station;
+    station.WithLayout();
+    auto& document = ShownDocument(station);
+    station.Session.Document.Hide();
+    EXPECT_TRUE(EventsUntil([&] { return !document.isVisible(); }));
+    station.Session.Document.Show();
+    EXPECT_TRUE(EventsUntil([&] { return document.isVisible(); }));
+    station.Session.Document.Unload();
+    EXPECT_TRUE(EventsUntil([&] { return !document.isVisible(); }));
+}
+
+TEST(DocumentWindow, CannotBeClosed)
+{
+    DesktopStation station;
+    station.WithLayout();
+    auto& document = ShownDocument(station);
+    EXPECT_FALSE(document.close());
+    EXPECT_TRUE(document.isVisible());
+}
+
+TEST(Navigator, StepsThroughThePages)
+{
+    DesktopStation station;
+    station.WithLayout();
+    BeginPage(station.Session, 2);
+    AddText(station.Session, QStringLiteral("Back side"));
+    SavePage(station.Session);
+    station.Load();
+    EXPECT_TRUE(EventsUntil([&] { return station.Get<QAbstractButton>("cmdPrev").isEnabled(); }));
+    ASSERT_EQ(station.Session.CurrentParams.PageIndex, 2);
+    station.Press("cmdPrev");
+    EXPECT_EQ(station.Session.CurrentParams.PageIndex, 1);
+    EXPECT_EQ(station.Session.Document.Find(Family::lbl_TEXT, 1)->Caption(),
+              QStringLiteral("Visitor"));
+    station.Press("cmdPrev");
+    EXPECT_EQ(station.Session.CurrentParams.PageIndex, 1);
+    station.Press("cmdNext");
+    EXPECT_EQ(station.Session.CurrentParams.PageIndex, 2);
+}
+
+TEST(Navigator, ButtonsSayWhatTheyDo)
+{
+    DesktopStation station;
+    station.Load();
+    for (const char* name : {"cmdPrev", "cmdNext", "cmdSave", "cmdOpen"}) {
+        const auto& button = station.Get<QAbstractButton>(name);
+        EXPECT_FALSE(button.icon().isNull()) << name;
+        EXPECT_FALSE(button.accessibleName().isEmpty()) << name;
+        EXPECT_EQ(button.toolTip(), button.accessibleName()) << name;
+    }
+}
+
+TEST(Navigator, SaveSavesThePage)
+{
+    DesktopStation station;
+    station.WithLayout();
+    station.Load();
+    station.Press("cmdSave");
+    EXPECT_EQ(station.Operator.AppMessages.size(), 1);
+}
+
+} // namespace
+} // namespace vantrel::test

@@ -1,0 +1,28 @@
+#include "support/WarningGuard.h"
+#include <QApplication>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// What the platform without a display says of every window it makes.
+class OffscreenRemarks : public ::testing::EmptyTestEventListener
+{
+    void OnTestStart(const ::testing::TestInfo& /*test*/) override
+    {
+        vantrel::test::AnnounceWarning(QStringLiteral("This plugin does not support"));
+    }
+};
+
+} // namespace
+
+// Windows are tested without a display: they paint and take presses all the same.
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    ::testing::InitGoogleTest(&argc, argv);
+    vantrel::test::InstallWarningGuard();
+    ::testing::UnitTest::GetInstance()->listeners().Append(new OffscreenRemarks);
+    return RUN_ALL_TESTS();
+}

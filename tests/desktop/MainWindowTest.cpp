@@ -1,0 +1,205 @@
+#include "app/Settings.h"
+#include "desktop/DesktopStation.h"
+#include "layout/frmDocument.h"
+#include "layout/frmNav.h"
+#include "platform/Profile.h"
+#include "support/Events.h"
+#include <QApplication>
+#include <QMdiArea>
+#include <QMouseEvent>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+namespace {
+
+QString Stored(const Session& session, const char* key)
+{
+    return ReadProfileValue(SettingsPath(session), SessionSection(session), QLatin1StringView(key),
+                            QStringLiteral("(absent)"));
+}
+
+TEST(MainWindow, HasNoCloseBoxAndNoCloseCommand)
+{
+    DesktopStation station;
+    station.Load();
+    EXPECT_FALSE(station.Window.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+    EXPECT_TRUE(station.Window.windowFlags().testFlag(Qt::WindowTitleHint));
+    EXPECT_FALSE(station.Window.close());
+    EXPECT_TRUE(station.Window.isVisible());
+}
+
+TEST(MainWindow, TakesItsPlaceInTwips)
+{
+    DesktopStation station;
+    station.Load();
+    EXPECT_EQ(station.Window.pos(), QPoint(30, 20));
+    EXPECT_EQ(station.Window.size(), QSize(695, 593));
+}
+
+TEST(MainWindow, ShowsTheStationsFace)
+{
+    DesktopStation station;
+    station.Load();
+    EXPECT_EQ(station.Window.windowTitle(), QStringLiteral(" Ostrand Vantrel v6.0"));
+    EXPECT_EQ(station.Get<QLabel>("SB1").text(), QStringLiteral("Vantrel Disabled"));
+    EXPECT_EQ(station.Get<QLabel>("SB2").text(), QStringLiteral("Layout (None)"));
+    station.Session.Face.SetCaption(QStringLiteral(" <b>Name</b>"));
+    EXPECT_EQ(station.Window.windowTitle(), QStringLiteral(" <b>Name</b>"));
+    station.Session.Face.SetPanelText(3, QStringLiteral("Got Data (TCP/IP)"));
+    station.Session.Face.SetPanelToolTip(3, QStringLiteral("from there"));
+    EXPECT_EQ(station.Get<QLabel>("SB3").text(), QStringLiteral("Got Data (TCP/IP)"));
+    EXPECT_EQ(station.Get<QLabel>("SB3").toolTip(), QStringLiteral("from there"));
+}
+
+TEST(MainWindow, APressOnTheFirstPanelCopiesItsTextIntoItsToolTip)
+{
+    DesktopStation station;
+    station.Load();
+    auto& panel = station.Get<QLabel>("SB1");
+    EXPECT_EQ(panel.toolTip(), QString());
+    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton,
+                        Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&panel, &release);
+    EXPECT_EQ(panel.toolTip(), QStringLiteral("Vantrel Disabled"));
+}
+
+TEST(MainWindow, ReopensTheLastLayoutAndShowsItsCard)
+{
+    DesktopStation station;
+    station.WithLayout();
+    station.Session.Document.Hide();
+    station.Session.Settings.LastLayout = QStringLiteral("Badge");
+    station.Load();
+    auto& document = station.Get<frmDocument>("frmDocument");
+    EXPECT_TRUE(EventsUntil([&] { return document.isVisible(); }));
+    EXPECT_EQ(station.Window.windowTitle(),
+              QStringLiteral(" Ostrand Vantrel v6.0   (Badge) printing to (Card Printer)"));
+    EXPECT_TRUE(station.Get<QAction>("cmdSave").isEnabled());
+}
+
+TEST(MainWindow, ALaunchersStatusFileHidesAndShowsIt)
+{
+    DesktopStation station;
+    station.Load();
+    station.WriteStatus(QStringLiteral("Visible"), QStringLiteral("False"));
+    EXPECT_TRUE(EventsUntil([&] { return !station.Window.isVisible(); }));
+    EXPECT_FALSE(station.Session.Settings.MainVisible);
+    station.WriteStatus(QStringLiteral("Visible"), QStringLiteral("True"));
+    EXPECT_TRUE(EventsUntil([&] { return station.Window.isVisible(); }));
+    EXPECT_TRUE(station.Session.Settings.MainVisible);
+}
+
+TEST(MainWindow, StaysHiddenWhileTheStationIsHidden)
+{
+    DesktopStation station(false);
+    station.WriteStatus(QStringLiteral("Visible"), QStringLiteral("False"));
+    station.Load();
+    EXPECT_FALSE(station.Window.isVisible());
+    station.Window.show();
+    EXPECT_TRUE(EventsUntil([&] { return !station.Window.isVisible(); }));
+}
+
+TEST(MainWindow, TheStatusFileUndoesTheHideCommand)
+{
+    DesktopStation station;
+    station.WriteStatus(QStringLiteral("Visible"), QStringLiteral("True"));
+    station.Load();
+    EXPECT_TRUE(EventsUntil([&] { return station.Window.isVisible(); }));
+    station.Choose("cmdHide");
+    EXPECT_FALSE(station.Session.Settings.MainVisible);
+    EXPECT_TRUE(EventsUntil([&] { return station.Session.Settings.MainVisible; }));
+    EXPECT_TRUE(station.Window.isVisible());
+    // The menu keeps what the command had set.
+    EXPECT_EQ(station.Get<QAction>("cmdHide").text(), QStringLiteral("Show Vantrel..."));
+}
+
+TEST(MainWindow, AnInactiveSessionUnloadsAndEndsWithZero)
+{
+    DesktopStation station;
+    station.WithLayout();
+    station.Load();
+    station.Window.resize(700, 500);
+    station.WriteStatus(QStringLiteral("Active"), QStringLiteral("False"));
+    EXPECT_EQ(DesktopStation::RunToEnd(), 0);
+    EXPECT_FALSE(station.Window.isVisible());
+    EXPECT_EQ(Stored(station.Session, "MTop"), QStringLiteral("300"));
+    EXPECT_EQ(Stored(station.Session, "MLeft"), QStringLiteral("450"));
+    EXPECT_EQ(Stored(station.Session, "MWidth"), QStringLiteral("10500"));
+    EXPECT_EQ(Stored(station.Session, "MHeight"), QStringLiteral("7500"));
+    EXPECT_EQ(Stored(station.Session, "LastLayout"), QStringLiteral("Badge"));
+}
+
+TEST(MainWindow, AMinimisedWindowLeavesTheStoredPlaceAsItWas)
+{
+    DesktopStation station;
+    station.Load();
+    station.Window.showMinimized();
+    station.Window.Unload();
+    EXPECT_EQ(Stored(station.Session, "MTop"), QStringLiteral("(absent)"));
+    EXPECT_EQ(Stored(station.Session, "LastLayout"), QString());
+}
+
+TEST(MainWindow, AWindowThatNeverLoadedStoresNothing)
+{
+    DesktopStation station;
+    station.Window.Unload();
+    EXPECT_EQ(Stored(station.Session, "LastLayout"), QStringLiteral("(absent)"));
+}
+
+TEST(MainWindow, AStatusThatIsNoBooleanEndsTheStationWithOne)
+{
+    DesktopStation station;
+    station.WriteStatus(QStringLiteral("Visible"), QStringLiteral("perhaps"));
+    station.Load();
+    EXPECT_EQ(DesktopStation::RunToEnd(), 1);
+    EXPECT_EQ(Stored(station.Session, "LastLayout"), QStringLiteral("(absent)"));
+}
+
+TEST(MainWindow, StretchesItsPictureAfterAResize)
+{
+    DesktopStation station;
+    const QString path = station.WritePng(QStringLiteral("back.png"), 40, 10);
+    station.Session.Settings.Background = LoadPicture(path);
+    station.Load();
+    auto& workspace = station.Get<QMdiArea>("Workspace");
+    EXPECT_TRUE(EventsUntil([&] {
+        return workspace.background().textureImage().size() == workspace.viewport()->size();
+    }));
+    station.Window.resize(500, 400);
+    EXPECT_NE(workspace.background().textureImage().size(), workspace.viewport()->size());
+    EXPECT_TRUE(EventsUntil([&] {
+        return workspace.background().textureImage().size() == workspace.viewport()->size();
+    }));
+    EXPECT_EQ(workspace.background().textureImage().pixel(100, 100), 0xFF336699U);
+}
+
+TEST(MainWindow, ShowsItsBackgroundColour)
+{
+    DesktopStation station;
+    station.Session.Settings.Background = double(0x336699);
+    station.Load();
+    EXPECT_EQ(station.Get<QMdiArea>("Workspace").background().color(), QColor(0x99, 0x66, 0x33));
+}
+
+TEST(MainWindow, ColourZeroIsTheDesktopsOwn)
+{
+    DesktopStation station;
+    station.Session.Settings.Background = 0.0;
+    station.Load();
+    EXPECT_EQ(station.Get<QMdiArea>("Workspace").background(),
+              station.Window.palette().brush(QPalette::Dark));
+}
+
+TEST(MainWindow, TheNavigatorKeepsItsPlaceAtTheRight)
+{
+    DesktopStation station;
+    station.Load();
+    auto& navigator = station.Get<frmNav>("frmNav");
+    EXPECT_TRUE(navigator.isVisible());
+    EXPECT_EQ(navigator.pos(), QPoint(695 - 110, 13));
+    station.Window.resize(900, 500);
+    EXPECT_EQ(navigator.pos(), QPoint(900 - 110, 13));
+}
+
+} // namespace
+} // namespace vantrel::test

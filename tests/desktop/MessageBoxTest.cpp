@@ -1,0 +1,149 @@
+#include "app/DesktopOperator.h"
+#include "app/frmMessage.h"
+#include "desktop/DesktopStation.h"
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+namespace {
+
+/// Does something with the box that opens next.
+template <typename Use>
+void WithNextBox(Use use)
+{
+    QTimer::singleShot(0, [use] {
+        QWidget* box = QApplication::activeModalWidget();
+        ASSERT_NE(box, nullptr);
+        use(*box);
+    });
+}
+
+void SendKey(QWidget& box, int key)
+{
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(&box, &press);
+}
+
+QPushButton& Button(QWidget& box, const char* name)
+{
+    return DesktopStation::Named<QPushButton>(box, name);
+}
+
+TEST(MessageBox, AsksYesOrNo)
+{
+    DesktopOperator desk;
+    WithNextBox([](QWidget& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Sure?"));
+        EXPECT_TRUE(box.isModal());
+        EXPECT_EQ(DesktopStation::Named<QLabel>(box, "lblOut").text(), QStringLiteral("<i>A</i>"));
+        EXPECT_EQ(DesktopStation::Named<QLabel>(box, "lblOut").textFormat(), Qt::PlainText);
+        EXPECT_EQ(Button(box, "cmdOk").text(), QStringLiteral("&Yes"));
+        EXPECT_EQ(Button(box, "cmdNo").text(), QStringLiteral("&No"));
+        EXPECT_TRUE(Button(box, "cmdNo").isVisible());
+        Button(box, "cmdOk").click();
+    });
+    EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("<i>A</i>"), QStringLiteral("Sure?"),
+                                    AppMessageButtons::YesNo));
+    WithNextBox([](QWidget& box) { Button(box, "cmdNo").click(); });
+    EXPECT_FALSE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::YesNo));
+}
+
+TEST(MessageBox, WithoutANoItReadsOk)
+{
+    DesktopOperator desk;
+    WithNextBox([](QWidget& box) {
+        EXPECT_EQ(Button(box, "cmdOk").text(), QStringLiteral("&Ok"));
+        EXPECT_FALSE(Button(box, "cmdNo").isVisible());
+        Button(box, "cmdOk").click();
+    });
+    EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("Done"), QString(), AppMessageButtons::OkOnly));
+}
+
+TEST(MessageBox, EscapeAnswersNoButNeverOk)
+{
+    DesktopOperator desk;
+    WithNextBox([](QWidget& box) { SendKey(box, Qt::Key_Escape); });
+    EXPECT_FALSE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::YesNo));
+    WithNextBox([](QWidget& box) {
+        SendKey(box, Qt::Key_Escape);
+        EXPECT_TRUE(box.isVisible());
+        SendKey(box, Qt::Key_Return);
+    });
+    EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::OkOnly));
+}
+
+TEST(MessageBox, HasNoCloseCommand)
+{
+    frmMessage box(QStringLiteral("A"), QString(), AppMessageButtons::YesNo, nullptr);
+    EXPECT_FALSE(box.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+    box.show();
+    EXPECT_FALSE(box.close());
+    EXPECT_TRUE(box.isVisible());
+}
+
+TEST(MessageBox, StandsInTheMiddleOfTheMainWindow)
+{
+    DesktopStation station;
+    station.Load();
+    frmMessage box(QStringLiteral("Are you sure?"), QStringLiteral("Sure?"),
+                   AppMessageButtons::YesNo, &station.Window);
+    box.show();
+    // What a window manager puts around a window is unknown until it stands.
+    constexpr int FrameAllowance = 10;
+    const QPoint off = box.geometry().center() - station.Window.frameGeometry().center();
+    EXPECT_LE(off.manhattanLength(), FrameAllowance);
+}
+
+TEST(MessageBox, PlainBoxesShowTheirTextAsItStands)
+{
+    DesktopOperator desk;
+    WithNextBox([](QWidget& box) {
+        auto& plain = dynamic_cast<QMessageBox&>(box);
+        EXPECT_EQ(plain.text(), QStringLiteral("no <such> table"));
+        EXPECT_EQ(plain.textFormat(), Qt::PlainText);
+        EXPECT_EQ(plain.icon(), QMessageBox::Critical);
+        plain.button(QMessageBox::Ok)->click();
+    });
+    desk.MessageBox(QStringLiteral("no <such> table"), QStringLiteral("13"), BoxIcon::Critical);
+}
+
+TEST(MessageBox, APlainQuestionStaysOnTop)
+{
+    DesktopOperator desk;
+    for (const bool yes : {true, false}) {
+        WithNextBox([yes](QWidget& box) {
+            auto& plain = dynamic_cast<QMessageBox&>(box);
+            EXPECT_TRUE(plain.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+            plain.button(yes ? QMessageBox::Yes : QMessageBox::No)->click();
+        });
+        EXPECT_EQ(desk.AskYesNo(QStringLiteral("Now?"), QStringLiteral("Take Picture")), yes);
+    }
+}
+
+TEST(BusyPointer, IsTheHourglassWhileACardPrints)
+{
+    DesktopOperator desk;
+    desk.ShowBusyPointer(true);
+    desk.ShowBusyPointer(true);
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    desk.ShowBusyPointer(false);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    desk.ShowBusyPointer(false);
+}
+
+TEST(LetEventsRun, DeliversWhatIsWaiting)
+{
+    DesktopOperator desk;
+    bool delivered = false;
+    QTimer::singleShot(0, [&] { delivered = true; });
+    desk.LetEventsRun();
+    EXPECT_TRUE(delivered);
+}
+
+} // namespace
+} // namespace vantrel::test
