@@ -1,0 +1,101 @@
+#include "app/DesktopOperator.h"
+#include "app/EntryPoint.h"
+#include "app/RunTimeError.h"
+#include "app/Session.h"
+#include "app/UnattendedOperator.h"
+#include "app/frmMain.h"
+#include "platform/StationPrinters.h"
+#include "programs/vantrel/StopSignals.h"
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <cstdio>
+
+namespace vantrel {
+namespace {
+
+constexpr QLatin1StringView NoDisplayPlatform{"offscreen"};
+
+/// A station on a machine without a display runs as well; it only has nothing to show.
+void ChoosePlatform()
+{
+    const bool hasDisplay =
+        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (!hasDisplay && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", NoDisplayPlatform.data());
+}
+
+/// The whole command line as one text, the program's own name left off.
+QString CommandLineText(int argc, char** argv)
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(QString::fromLocal8Bit(argv[i]));
+    return words.join(QLatin1Char(' '));
+}
+
+/// Fails with `PathNotFound` where the environment names a folder that is none.
+QString FindProgramFolder()
+{
+    const QString home = qEnvironmentVariable("VANTREL_HOME");
+    if (home.isEmpty())
+        return QCoreApplication::applicationDirPath();
+    if (!QFileInfo(home).isDir()) {
+        throw Failure(FailureNumber::PathNotFound,
+                      QStringLiteral("VANTREL_HOME is no folder: ") + home);
+    }
+    return QDir(home).absolutePath();
+}
+
+int RunStation(const QString& commandLine)
+{
+    // 1. Where the station's files are, and who it is.
+    const QString folder = FindProgramFolder();
+    const int sessionNumber = ReadCommandLine(commandLine).SessionNumber;
+
+    // 2. What the machine offers: printers, and somebody to ask.
+    StationPrinters printers(folder, sessionNumber);
+    DesktopOperator desktopOperator;
+    UnattendedOperator unattendedOperator;
+    const bool attended = QGuiApplication::platformName() != NoDisplayPlatform;
+    Operator& stationOperator = attended ? static_cast<Operator&>(desktopOperator)
+                                         : static_cast<Operator&>(unattendedOperator);
+
+    // 3. The session: number, database, settings.
+    Session session(folder, stationOperator, printers);
+    Main(session, commandLine);
+
+    // 4. The main window. It loads inside the event loop, so that whatever ends the station early
+    // finds a loop to end.
+    frmMain window(session, attended ? Display::Present : Display::Absent);
+    desktopOperator.SetMainWindow(&window);
+    QMetaObject::invokeMethod(&window, &frmMain::Load, Qt::QueuedConnection);
+
+    // 5. SIGTERM and SIGINT unload it in order.
+    const StopSignals stopSignals;
+    QObject::connect(&stopSignals, &StopSignals::Asked, &window, &frmMain::Unload);
+
+    // 6. From here on the station lives on events.
+    return QCoreApplication::exec();
+}
+
+} // namespace
+} // namespace vantrel
+
+int main(int argc, char** argv)
+{
+    vantrel::ChoosePlatform();
+    // Qt sees the program's name only: the command line is the station's, taken whole.
+    int nameOnly = 1;
+    QApplication application(nameOnly, argv);
+    // A hidden window is a running station.
+    QApplication::setQuitOnLastWindowClosed(false);
+    try {
+        return vantrel::RunStation(vantrel::CommandLineText(argc, argv));
+    } catch (const vantrel::Failure& failure) {
+        vantrel::TellRunTimeError(failure);
+    } catch (const std::exception& problem) {
+        std::fprintf(stderr, "vantrel: %s\n", problem.what());
+    }
+    return vantrel::FailedExit;
+}

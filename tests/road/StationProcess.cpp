@@ -1,0 +1,143 @@
+#include "road/StationProcess.h"
+#include "support/Events.h"
+#include <QDir>
+#include <QProcessEnvironment>
+#include <QTcpServer>
+#include <algorithm>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace vantrel::test {
+
+namespace {
+
+constexpr int LimitMs = 20000;
+constexpr int ListenState = 0x0A;
+
+/// The environment of a machine without a display and without printers of its own.
+QProcessEnvironment StationEnvironment(const QString& programFolder)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1StringView(name));
+    environment.insert(QStringLiteral("VANTREL_HOME"), programFolder);
+    environment.insert(QStringLiteral("CUPS_SERVER"), programFolder + QStringLiteral("/no.sock"));
+    return environment;
+}
+
+/// I-nodes of the sockets a process holds.
+QStringList SocketInodes(qint64 pid)
+{
+    QStringList inodes;
+    const QDir descriptors(QStringLiteral("/proc/%1/fd").arg(pid));
+    const auto entries =
+        descriptors.entryInfoList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+    for (const QFileInfo& entry : entries) {
+        char target[64] = {};
+        const ssize_t length = ::readlink(QFile::encodeName(entry.absoluteFilePath()).constData(),
+                                          target, sizeof target - 1);
+        const QByteArray link(target, length > 0 ? length : 0);
+        if (link.startsWith("socket:["))
+            inodes.append(QString::fromLatin1(link.mid(8, link.size() - 9)));
+    }
+    return inodes;
+}
+
+} // namespace
+
+StationProcess::StationProcess(const QString& programFolder, const QStringList& arguments,
+                               Skips skips)
+{
+    QProcessEnvironment environment = StationEnvironment(programFolder);
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_runtime.path());
+    if (skips == Skips::Told)
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"),
+                           QStringLiteral("vantrel.skip.debug=true"));
+    m_process.setProcessEnvironment(environment);
+    m_process.start(QStringLiteral(VANTREL_PROGRAM), arguments);
+    EXPECT_TRUE(m_process.waitForStarted(LimitMs));
+}
+
+StationProcess::~StationProcess()
+{
+    if (!IsRunning())
+        return;
+    m_process.kill();
+    m_process.waitForFinished(LimitMs);
+}
+
+QStringList StationProcess::ListeningPorts() const
+{
+    QStringList ports;
+    const QStringList inodes = SocketInodes(m_process.processId());
+    for (const char* table : {"/proc/net/tcp", "/proc/net/tcp6"}) {
+        QFile file(QString::fromLatin1(table));
+        if (!file.open(QIODevice::ReadOnly))
+            continue;
+        const QList<QByteArray> lines = file.readAll().split('\n');
+        for (const QByteArray& line : lines) {
+            // Number, local address and port, remote ones, state, ..., i-node in tenth place.
+            const QList<QByteArray> words = line.simplified().split(' ');
+            if (words.size() < 10 || words[3].toInt(nullptr, 16) != ListenState)
+                continue;
+            const int port = words[1].split(':').last().toInt(nullptr, 16);
+            if (inodes.contains(QString::fromLatin1(words[9])))
+                ports.append(QString::number(port));
+        }
+    }
+    ports.removeDuplicates();
+    return ports;
+}
+
+bool StationProcess::WaitUntilItListens(int port)
+{
+    return EventsUntil(
+               [&] { return !IsRunning() || ListeningPorts().contains(QString::number(port)); }) &&
+           IsRunning();
+}
+
+void StationProcess::SendSignal(int number) const
+{
+    ASSERT_EQ(::kill(static_cast<pid_t>(m_process.processId()), number), 0);
+}
+
+int StationProcess::ExitCode()
+{
+    if (IsRunning() && !m_process.waitForFinished(LimitMs))
+        return -1;
+    return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+}
+
+QStringList StationProcess::ErrorLines()
+{
+    m_errors += m_process.readAllStandardError();
+    return QString::fromUtf8(m_errors).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+bool StationProcess::WaitUntilItTells(const QString& text)
+{
+    return EventsUntil([&] {
+        const QStringList lines = ErrorLines();
+        return std::any_of(lines.begin(), lines.end(),
+                           [&](const QString& line) { return line.contains(text); });
+    });
+}
+
+int FreePort()
+{
+    QTcpServer server;
+    EXPECT_TRUE(server.listen(QHostAddress::LocalHost));
+    return server.serverPort();
+}
+
+QString TextOfPdf(const QString& path)
+{
+    QProcess reader;
+    reader.start(QStringLiteral("pdftotext"), {path, QStringLiteral("-")});
+    EXPECT_TRUE(reader.waitForFinished(LimitMs));
+    EXPECT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().constData();
+    return QString::fromUtf8(reader.readAllStandardOutput()).simplified();
+}
+
+} // namespace vantrel::test

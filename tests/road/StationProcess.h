@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace vantrel::test {
+
+/// The built station program on a program folder of the test's, without a display and without the
+/// machine's printers. It is ended with the test.
+class StationProcess
+{
+public:
+    /// Whether it tells on stderr each step that it passes over.
+    enum class Skips { Quiet, Told };
+
+    explicit StationProcess(const QString& programFolder, const QStringList& arguments = {},
+                            Skips skips = Skips::Quiet);
+    ~StationProcess();
+    StationProcess(const StationProcess&) = delete;
+    StationProcess& operator=(const StationProcess&) = delete;
+
+    /// Lets it run until it listens on that port. @return whether it came to that
+    bool WaitUntilItListens(int port);
+    /// The TCP ports the process listens on.
+    QStringList ListeningPorts() const;
+    bool IsRunning() const { return m_process.state() == QProcess::Running; }
+    void SendSignal(int number) const;
+    /// Waits for its end. @return its exit code, or -1 where it crashed or goes on
+    int ExitCode();
+    /// What it wrote on stderr so far, line by line.
+    QStringList ErrorLines();
+    /// Lets it run until a line on stderr contains this. @return whether one came
+    bool WaitUntilItTells(const QString& text);
+
+private:
+    /// Where Qt keeps what belongs to the running user.
+    QTemporaryDir m_runtime;
+    QProcess m_process;
+    QByteArray m_errors;
+};
+
+/// A port that was free a moment ago.
+int FreePort();
+
+/// The text of a PDF, its lines and blanks simplified.
+QString TextOfPdf(const QString& path);
+
+} // namespace vantrel::test
