@@ -52,6 +52,8 @@ void frmMain::BuildStatusBar()
 {
     auto* bar = statusBar();
     bar->setObjectName(QStringLiteral("SB"));
+    // The panels have a frame of their own.
+    bar->setStyleSheet(QStringLiteral("QStatusBar::item { border: none }"));
     for (int number = 1; number <= PanelCount; ++number) {
         auto* panel = new QLabel(bar);
         panel->setObjectName(QStringLiteral("SB%1").arg(number));

@@ -12,6 +12,7 @@ namespace {
 constexpr int Margin = 20;
 constexpr int WidestText = 520;
 constexpr int ButtonWidth = 88;
+constexpr int ButtonGap = 8;
 
 QPushButton* MakeButton(const char* name, const QString& caption, QWidget* parent)
 {
@@ -36,9 +37,9 @@ frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButt
     out->setObjectName(QStringLiteral("lblOut"));
     out->setTextFormat(Qt::PlainText);
     out->setText(text);
+    // As wide as the text asks for while it stands in its own lines.
+    out->setFixedWidth(std::min(out->sizeHint().width(), WidestText));
     out->setWordWrap(true);
-    out->setMinimumWidth(std::min(out->sizeHint().width(), WidestText));
-    out->setMaximumWidth(WidestText);
 
     auto* ok = MakeButton("cmdOk", m_hasNo ? QStringLiteral("&Yes") : QStringLiteral("&Ok"), this);
     auto* no = MakeButton("cmdNo", QStringLiteral("&No"), this);
@@ -48,6 +49,7 @@ frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButt
     connect(no, &QPushButton::clicked, this, &QDialog::reject);
 
     auto* row = new QHBoxLayout;
+    row->setSpacing(ButtonGap);
     row->addStretch();
     row->addWidget(ok);
     row->addWidget(no);

@@ -10,9 +10,24 @@
 namespace vantrel {
 
 namespace {
-/// The hairline around the card stands outside it, so that the card keeps its size.
-constexpr int FrameWidth = 1;
-constexpr QRgb FrameColor = 0xFF8A8F98U;
+/// A hairline and a soft shadow stand around the card, outside it, so that the card keeps its size.
+constexpr int Surround = 8;
+constexpr QColor HairlineColor(0, 0, 0, 90);
+constexpr QColor ShadowLayerColor(0, 0, 0, 11);
+constexpr int ShadowDrop = 2;
+
+void PaintSurround(QPainter& painter, const QRect& card)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ShadowLayerColor);
+    for (int reach = 1; reach <= Surround - ShadowDrop; ++reach) {
+        const QRect layer = card.adjusted(-reach, -reach, reach, reach).translated(0, ShadowDrop);
+        painter.drawRoundedRect(layer, reach, reach);
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(card.adjusted(-1, -1, 1, 1), HairlineColor);
+}
 } // namespace
 
 frmDocument::frmDocument(Session& session, QWidget* parent)
@@ -20,7 +35,8 @@ frmDocument::frmDocument(Session& session, QWidget* parent)
 {
     setObjectName(QStringLiteral("frmDocument"));
     setAccessibleName(QStringLiteral("Card"));
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    // The shadow lies on the workspace.
+    setAutoFillBackground(false);
     const CardDocument& document = m_session.Document;
     connect(&document, &CardDocument::Shown, this, &frmDocument::MirrorSoon);
     connect(&document, &CardDocument::Hidden, this, &frmDocument::MirrorSoon);
@@ -46,9 +62,9 @@ void frmDocument::Mirror()
         return;
     }
     const QRect card = ScreenRect(document.Left, document.Top, document.Width, document.Height);
-    const QRect framed = card.adjusted(-FrameWidth, -FrameWidth, FrameWidth, FrameWidth);
-    if (geometry() != framed)
-        setGeometry(framed);
+    const QRect surrounded = card.adjusted(-Surround, -Surround, Surround, Surround);
+    if (geometry() != surrounded)
+        setGeometry(surrounded);
     show();
     update();
 }
@@ -82,8 +98,9 @@ const QImage& frmDocument::CardPicture()
 void frmDocument::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(FrameColor));
-    painter.drawImage(QPoint(FrameWidth, FrameWidth), CardPicture());
+    const QRect card = rect().adjusted(Surround, Surround, -Surround, -Surround);
+    PaintSurround(painter, card);
+    painter.drawImage(card.topLeft(), CardPicture());
 }
 
 void frmDocument::closeEvent(QCloseEvent* event)

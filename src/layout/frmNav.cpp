@@ -1,11 +1,11 @@
 #include "layout/frmNav.h"
 #include "app/RunTimeError.h"
 #include "app/ScreenUnits.h"
+#include "layout/NavIcons.h"
 #include "layout/Navigation.h"
 #include "layout/frmGetLayout.h"
 #include "shell/Commands.h"
 #include <QGridLayout>
-#include <QStyle>
 #include <QToolButton>
 
 namespace vantrel {
@@ -21,7 +21,7 @@ struct NavButton
 {
     const char* Name;
     const char* Meaning;
-    QStyle::StandardPixmap Picture;
+    NavPicture Picture;
     bool NeedsLayout;
     int Row;
     int Column;
@@ -29,13 +29,13 @@ struct NavButton
 };
 
 constexpr NavButton Buttons[] = {
-    {"cmdPrev", "Previous Page", QStyle::SP_ArrowLeft, true, 0, 0,
+    {"cmdPrev", "Previous Page", NavPicture::Previous, true, 0, 0,
      [](Session& session, QWidget* /*parent*/) { PreviousPage(session); }},
-    {"cmdNext", "Next Page", QStyle::SP_ArrowRight, true, 0, 1,
+    {"cmdNext", "Next Page", NavPicture::Next, true, 0, 1,
      [](Session& session, QWidget* /*parent*/) { NextPage(session); }},
-    {"cmdOpen", "Open Layout", QStyle::SP_DirOpenIcon, false, 1, 0,
+    {"cmdOpen", "Open Layout", NavPicture::Open, false, 1, 0,
      [](Session& session, QWidget* parent) { frmGetLayout::Open(session, parent); }},
-    {"cmdSave", "Save Page", QStyle::SP_DialogSaveButton, true, 1, 1,
+    {"cmdSave", "Save Page", NavPicture::Save, true, 1, 1,
      [](Session& session, QWidget* /*parent*/) { SaveCommand(session); }},
 };
 
@@ -54,7 +54,7 @@ frmNav::frmNav(Session& session, QWidget* parent) : QFrame(parent), m_session(se
         button->setObjectName(QLatin1StringView(entry.Name));
         button->setAccessibleName(QLatin1StringView(entry.Meaning));
         button->setToolTip(QLatin1StringView(entry.Meaning));
-        button->setIcon(style()->standardIcon(entry.Picture));
+        button->setIcon(NavIcon(entry.Picture, palette().color(QPalette::ButtonText)));
         button->setIconSize({IconSize, IconSize});
         button->setFixedSize(ButtonSize, ButtonSize);
         button->setAutoRaise(true);

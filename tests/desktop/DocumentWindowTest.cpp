@@ -45,7 +45,7 @@ TEST(DocumentWindow, ShowsWhatPrints)
     blank.fill(Qt::white);
     EXPECT_NE(expected, blank);
     const QImage shown = document.grab().toImage().convertToFormat(QImage::Format_RGB32);
-    EXPECT_EQ(shown.copy(QRect(QPoint(1, 1), expected.size())), expected);
+    EXPECT_EQ(shown.copy(QRect(QPoint(8, 8), expected.size())), expected);
 }
 
 TEST(DocumentWindow, StandsAtTheDocumentsPlaceInItsSize)
@@ -53,12 +53,12 @@ TEST(DocumentWindow, StandsAtTheDocumentsPlaceInItsSize)
     DesktopStation station;
     station.WithLayout();
     const auto& document = ShownDocument(station);
-    // 600 twips from the corner, 3060 by 4860 of size, and the hairline around it.
-    EXPECT_EQ(document.geometry(), QRect(39, 39, 204 + 2, 324 + 2));
+    // 600 twips from the corner, 3060 by 4860 of size, and the surround of 8 pixels.
+    EXPECT_EQ(document.geometry(), QRect(40 - 8, 40 - 8, 204 + 16, 324 + 16));
     station.Session.CurrentParams.PrinterOrientation = OrientationLandscape;
     SetSize(station.Session);
-    EXPECT_TRUE(EventsUntil([&] { return document.width() == 324 + 2; }));
-    EXPECT_EQ(document.height(), 204 + 2);
+    EXPECT_TRUE(EventsUntil([&] { return document.width() == 324 + 16; }));
+    EXPECT_EQ(document.height(), 204 + 16);
 }
 
 TEST(DocumentWindow, FollowsTheRecord)
