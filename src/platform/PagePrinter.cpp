@@ -1,6 +1,6 @@
 #include "platform/PagePrinter.h"
 #include "platform/Failure.h"
-#include <utility>
+#include <QScopeGuard>
 
 namespace vantrel {
 
@@ -45,10 +45,9 @@ PageCanvas& PagePrinter::OpenPage()
     return *m_page;
 }
 
-void PagePrinter::DropPage()
+void PagePrinter::ClosePage()
 {
     m_page.reset();
-    m_pdf.clear();
     m_currentX = 0;
     m_currentY = 0;
 }
@@ -70,16 +69,13 @@ void PagePrinter::EndDoc()
 {
     if (!m_page)
         return;
-    QByteArray finished;
-    try {
+    // The next page begins in the same memory, whatever becomes of this one.
+    const auto emptyBuffer = qScopeGuard([this] { m_pdf.resize(0); });
+    {
+        const auto closePage = qScopeGuard([this] { ClosePage(); });
         m_page->Finish();
-        finished = std::exchange(m_pdf, {});
-    } catch (...) {
-        DropPage();
-        throw;
     }
-    DropPage();
-    Deliver(finished);
+    Deliver(m_pdf);
 }
 
 } // namespace vantrel

@@ -51,7 +51,7 @@ protected:
 
 private:
     PageCanvas& OpenPage();
-    void DropPage();
+    void ClosePage();
 
     QString m_jobTitle;
     int m_orientation = OrientationPortrait;

@@ -19,6 +19,8 @@ namespace {
 constexpr QLatin1StringView FileBeginning{"card-"};
 constexpr QLatin1StringView FileEnding{".pdf"};
 constexpr int FewestDigits = 6;
+/// Measured: a card with a background written in one piece costs the file system a fifth more.
+constexpr qsizetype PieceBytes = 32 * 1024;
 
 [[noreturn]] void FailWith(int error)
 {
@@ -82,8 +84,9 @@ public:
     {
         qsizetype written = 0;
         while (written < bytes.size()) {
-            const ssize_t count = ::write(m_descriptor, bytes.constData() + written,
-                                          static_cast<std::size_t>(bytes.size() - written));
+            const ssize_t count =
+                ::write(m_descriptor, bytes.constData() + written,
+                        static_cast<std::size_t>(std::min(PieceBytes, bytes.size() - written)));
             if (count < 0 && errno != EINTR)
                 FailWith(errno);
             written += std::max<ssize_t>(count, 0);
