@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cairo-pdf.h>
 #include <cmath>
+#include <vector>
 
 namespace vantrel {
 
@@ -37,6 +38,8 @@ cairo_status_t WriteToSink(void* closure, const unsigned char* bytes, unsigned i
 struct PageCanvas::Surface
 {
     Sink PdfSink;
+    /// A page refers to its pictures until it is finished.
+    std::vector<Picture> Painted;
     CairoSurface Target;
     std::unique_ptr<cairo_t, ContextDeleter> Context;
 
@@ -112,13 +115,15 @@ void PageCanvas::PaintPicture(const Picture& picture, double x, double y, double
     cairo_translate(context, PointsOfTwips(x), PointsOfTwips(y));
     cairo_scale(context, PointsOfTwips(width) / data.Pixels.width(),
                 PointsOfTwips(height) / data.Pixels.height());
+    cairo_transform(context, &data.ToUpright);
     cairo_set_source_surface(context, data.Surface.get(), 0, 0);
     if (m_surface->IsPdf()) {
+        m_surface->Painted.push_back(picture);
         cairo_paint(context);
     } else {
         // Stretched pixels at the edge would else fade into what lies under the picture.
         cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
-        cairo_rectangle(context, 0, 0, data.Pixels.width(), data.Pixels.height());
+        cairo_rectangle(context, 0, 0, data.Stored.width(), data.Stored.height());
         cairo_fill(context);
     }
     cairo_restore(context);

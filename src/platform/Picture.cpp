@@ -54,15 +54,9 @@ QImage Decode(QImageReader& reader)
     const QSize size = reader.size();
     if (static_cast<qint64>(size.width()) * size.height() > MaxPixels)
         FailInvalid();
-    reader.setAutoTransform(true);
-    QImage image = reader.read();
+    const QImage image = reader.read();
     if (image.isNull())
         FailInvalid();
-    if ((reader.transformation() & QImageIOHandler::TransformationRotate90) != 0) {
-        const int dotsPerMetreX = image.dotsPerMeterX();
-        image.setDotsPerMeterX(image.dotsPerMeterY());
-        image.setDotsPerMeterY(dotsPerMetreX);
-    }
     return image;
 }
 
@@ -78,10 +72,12 @@ std::shared_ptr<const PictureData> ReadPicture(const QString& path)
     const JpegFile jpeg = isJpeg ? ReadJpeg(file) : JpegFile{};
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
-    const QImage image = Decode(reader);
-    const bool asItIs =
-        reader.transformation() == QImageIOHandler::TransformationNone && jpeg.IsCommon();
-    return std::make_shared<const PictureData>(image, asItIs ? jpeg.Bytes : QByteArray());
+    if (jpeg.IsCommon()) {
+        const QImage stored = Decode(reader);
+        return std::make_shared<const PictureData>(stored, reader.transformation(), jpeg.Bytes);
+    }
+    reader.setAutoTransform(true);
+    return std::make_shared<const PictureData>(Decode(reader));
 }
 
 struct CachedPicture
@@ -104,7 +100,7 @@ Picture Picture::FromImage(const QImage& image)
 {
     if (image.isNull())
         return Picture();
-    return Picture(std::make_shared<const PictureData>(image, QByteArray()));
+    return Picture(std::make_shared<const PictureData>(image));
 }
 
 int Picture::WidthHundredths() const
@@ -133,7 +129,7 @@ Picture LoadPicture(const QString& path)
     if (const CachedPicture* cached = cache.object(path); cached && cached->Stamp == stamp)
         return cached->Held;
     Picture picture(ReadPicture(path));
-    const qsizetype kib = picture.Image().sizeInBytes() / 1024 + 1;
+    const qsizetype kib = picture.Data()->BytesHeld() / 1024 + 1;
     cache.insert(path, new CachedPicture{stamp, picture}, kib);
     return picture;
 }

@@ -1,8 +1,10 @@
 #include "platform/PictureData.h"
 #include "platform/Failure.h"
 #include "platform/Twips.h"
+#include <QTransform>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vantrel {
 
@@ -52,24 +54,77 @@ void AttachJpeg(cairo_surface_t* surface, const QByteArray& bytes)
         static_cast<void>(kept.release());
 }
 
+bool IsMirrored(QImageIOHandler::Transformations toUpright)
+{
+    return toUpright.testFlag(QImageIOHandler::TransformationMirror);
+}
+
+bool IsFlipped(QImageIOHandler::Transformations toUpright)
+{
+    return toUpright.testFlag(QImageIOHandler::TransformationFlip);
+}
+
+bool IsTurned(QImageIOHandler::Transformations toUpright)
+{
+    return toUpright.testFlag(QImageIOHandler::TransformationRotate90);
+}
+
+/// First mirrored and flipped, then turned clockwise.
+QImage Upright(const QImage& stored, QImageIOHandler::Transformations toUpright)
+{
+    if (toUpright == QImageIOHandler::TransformationNone)
+        return stored;
+    const QImage mirrored = stored.mirrored(IsMirrored(toUpright), IsFlipped(toUpright));
+    return IsTurned(toUpright) ? mirrored.transformed(QTransform().rotate(90)) : mirrored;
+}
+
+/// The same steps as a matrix.
+cairo_matrix_t UprightMatrix(QSize stored, QImageIOHandler::Transformations toUpright)
+{
+    const double stepX = IsMirrored(toUpright) ? -1 : 1;
+    const double stepY = IsFlipped(toUpright) ? -1 : 1;
+    const double startX = IsMirrored(toUpright) ? stored.width() : 0;
+    const double startY = IsFlipped(toUpright) ? stored.height() : 0;
+    cairo_matrix_t matrix;
+    if (IsTurned(toUpright))
+        cairo_matrix_init(&matrix, 0, stepX, -stepY, 0, stored.height() - startY, startX);
+    else
+        cairo_matrix_init(&matrix, stepX, 0, 0, stepY, startX, startY);
+    return matrix;
+}
+
 } // namespace
 
-PictureData::PictureData(const QImage& image, const QByteArray& jpegBytes)
-    : Pixels(RendererPixels(image))
+PictureData::PictureData(const QImage& image)
+    : PictureData(image, QImageIOHandler::TransformationNone, QByteArray())
+{}
+
+PictureData::PictureData(const QImage& image, QImageIOHandler::Transformations toUpright,
+                         const QByteArray& jpegBytes)
+    : Stored(RendererPixels(image)), Pixels(Upright(Stored, toUpright)),
+      ToUpright(UprightMatrix(image.size(), toUpright))
 {
     const QImage untold(1, 1, QImage::Format_RGB32);
     WidthHundredths = Hundredths(image.width(), image.dotsPerMeterX(), untold.dotsPerMeterX());
     HeightHundredths = Hundredths(image.height(), image.dotsPerMeterY(), untold.dotsPerMeterY());
+    if (IsTurned(toUpright))
+        std::swap(WidthHundredths, HeightHundredths);
     const cairo_format_t format =
-        Pixels.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
+        Stored.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
     // Drawing from a surface never writes to it, so the pixels may stay shared.
-    Surface.reset(cairo_image_surface_create_for_data(const_cast<uchar*>(Pixels.constBits()),
-                                                      format, Pixels.width(), Pixels.height(),
-                                                      static_cast<int>(Pixels.bytesPerLine())));
+    Surface.reset(cairo_image_surface_create_for_data(const_cast<uchar*>(Stored.constBits()),
+                                                      format, Stored.width(), Stored.height(),
+                                                      static_cast<int>(Stored.bytesPerLine())));
     if (cairo_surface_status(Surface.get()) != CAIRO_STATUS_SUCCESS)
         throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
     if (!jpegBytes.isEmpty())
         AttachJpeg(Surface.get(), jpegBytes);
+}
+
+qint64 PictureData::BytesHeld() const
+{
+    const bool isShared = Pixels.constBits() == Stored.constBits();
+    return Stored.sizeInBytes() + (isShared ? 0 : Pixels.sizeInBytes());
 }
 
 } // namespace vantrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Picture.h"
+#include <QImageIOHandler>
 #include <cairo.h>
 #include <memory>
 
@@ -16,17 +17,27 @@ using CairoSurface = std::unique_ptr<cairo_surface_t, CairoSurfaceDeleter>;
 /// to draw from, so that nothing is converted from card to card.
 struct PictureData
 {
-    /// @param image  in any format, not null
-    /// @param jpegBytes  the file these pixels came from where a PDF may take it as it is, or empty
-    /// Fails with `InvalidPicture` where the renderer cannot take an image of that size.
-    PictureData(const QImage& image, const QByteArray& jpegBytes);
+    /// @param image  upright, in any format, not null. Fails with `InvalidPicture` where the
+    /// renderer cannot take an image of that size.
+    explicit PictureData(const QImage& image);
+    /// A JPEG that a PDF may take as it is.
+    /// @param image  as the file has it, to be turned upright by `toUpright`
+    PictureData(const QImage& image, QImageIOHandler::Transformations toUpright,
+                const QByteArray& jpegBytes);
 
-    /// Opaque pictures are RGB32, others ARGB32_Premultiplied.
+    qint64 BytesHeld() const;
+
+    /// As the file has them. Opaque pictures are RGB32, others ARGB32_Premultiplied.
+    QImage Stored;
+    /// Upright; the same as `Stored` where nothing is turned.
     QImage Pixels;
     int WidthHundredths = 0;
     int HeightHundredths = 0;
-    /// Shares its memory with `Pixels`.
+    /// Shares its memory with `Stored`.
     CairoSurface Surface;
+    /// Where a pixel of `Stored` stands in `Pixels`: so the photo of a turned camera goes into a
+    /// PDF as it is, too.
+    cairo_matrix_t ToUpright;
 };
 
 } // namespace vantrel

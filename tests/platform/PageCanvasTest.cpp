@@ -295,6 +295,43 @@ TEST_F(PageCanvasTest, AJpegStandsInThePdfAsItIs)
     EXPECT_EQ(before.readAll(), after.readAll());
 }
 
+TEST_F(PageCanvasTest, ATurnedJpegStandsUprightInThePdf)
+{
+    QImage halves = Solid(0xFFFFFFFF, 32, 16);
+    for (int y = 0; y < 16; ++y) {
+        for (int x = 0; x < 16; ++x)
+            halves.setPixel(x, y, 0xFF000000);
+    }
+    const QString photo = m_folder.filePath(QStringLiteral("photo.jpg"));
+    ASSERT_TRUE(halves.save(photo, nullptr, 95));
+    QFile file(photo);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QByteArray jpeg = file.readAll();
+    // Orientation 6: the camera stood on its right side, the left half belongs on top.
+    const QByteArray exif = QByteArray::fromHex(
+        "ffe100224578696600004d4d002a00000008000101120003000000010006000000000000");
+    ASSERT_TRUE(file.seek(0));
+    file.write(jpeg.first(2) + exif + jpeg.sliced(2));
+    file.close();
+    const QImage page = ImageOfPdf(Pdf([&](PageCanvas& canvas) {
+        canvas.PaintPicture(LoadPicture(photo), 200, 200, 1000, 2000);
+    }));
+    EXPECT_LT(qGray(page.pixel(140, 80)), 10);
+    EXPECT_GT(qGray(page.pixel(140, 400)), 245);
+}
+
+TEST_F(PageCanvasTest, APictureMayGoBeforeThePageIsFinished)
+{
+    const QString path = Pdf([](PageCanvas& page) {
+        for (const QRgb color : {0xFF102030U, 0xFF405060U})
+            page.PaintPicture(Picture::FromImage(Solid(color)), color == 0xFF102030U ? 0 : 1000, 0,
+                              900, 900);
+    });
+    const QImage page = ImageOfPdf(path);
+    EXPECT_EQ(page.pixel(90, 90), 0xFF102030U);
+    EXPECT_EQ(page.pixel(290, 90), 0xFF405060U);
+}
+
 TEST_F(PageCanvasTest, AnEmptyPictureIsInvalid)
 {
     Pdf([](PageCanvas& page) {

@@ -1,5 +1,6 @@
 #include "platform/Picture.h"
 #include "platform/Failure.h"
+#include "platform/PageCanvas.h"
 #include "platform/PictureData.h"
 #include "support/Print.h"
 #include <QFile>
@@ -253,24 +254,50 @@ TEST_F(PictureTest, AFileThatWentAwayIsNotFoundThoughItWasRead)
     EXPECT_EQ(NumberOfFailure(path), FailureNumber::FileNotFound);
 }
 
-TEST_F(PictureTest, OnlyAJpegThatStandsUprightGoesIntoAPdfAsItIs)
+TEST_F(PictureTest, OnlyAJpegGoesIntoAPdfAsItIsHoweverItIsTurned)
 {
     const QString jpeg = Save(QStringLiteral("a.jpg"), Halves(40, 20, 0xFF0000FF));
     EXPECT_TRUE(GoesIntoPdfAsItIs(LoadPicture(jpeg)));
+    const QByteArray turned = WithOrientation(BytesOf(jpeg), 6);
+    EXPECT_TRUE(GoesIntoPdfAsItIs(LoadPicture(SaveBytes(QStringLiteral("turned.jpg"), turned))));
     EXPECT_FALSE(
         GoesIntoPdfAsItIs(LoadPicture(Save(QStringLiteral("a.png"), Halves(40, 20, 0xFF0000FF)))));
-    const QByteArray turned = WithOrientation(BytesOf(jpeg), 6);
-    EXPECT_FALSE(GoesIntoPdfAsItIs(LoadPicture(SaveBytes(QStringLiteral("turned.jpg"), turned))));
 }
 
-TEST_F(PictureTest, ThePhotoOfATurnedCameraIsTurnedUpright)
+TEST_F(PictureTest, AnyPhotoOfATurnedCameraIsShownAndDrawnUpright)
 {
-    const QByteArray jpeg = BytesOf(Save(QStringLiteral("a.jpg"), Halves(40, 20, 0xFF0000FF)));
-    const QImage upright =
-        LoadPicture(SaveBytes(QStringLiteral("b.jpg"), WithOrientation(jpeg, 6))).Image();
-    ASSERT_EQ(upright.size(), QSize(20, 40));
-    EXPECT_NEAR(qRed(upright.pixel(10, 5)), 0, 3) << "the left half comes on top";
-    EXPECT_NEAR(qRed(upright.pixel(10, 35)), 255, 3);
+    QImage quarters = Halves(40, 20, 0xFF0000FF);
+    for (int x = 0; x < 20; ++x) {
+        for (int y = 0; y < 10; ++y)
+            quarters.setPixel(x, y, 0xFF000000);
+    }
+    const QByteArray jpeg = BytesOf(Save(QStringLiteral("a.jpg"), quarters));
+    for (char orientation = 1; orientation <= 8; ++orientation) {
+        const QString path =
+            SaveBytes(QStringLiteral("turned.jpg"), WithOrientation(jpeg, orientation));
+        QImageReader reader(path);
+        reader.setAutoTransform(true);
+        const QImage expected = reader.read();
+        const Picture picture = LoadPicture(path);
+        ASSERT_EQ(picture.Image().size(), expected.size()) << int{orientation};
+        EXPECT_EQ(picture.WidthHundredths() > picture.HeightHundredths(),
+                  expected.width() > expected.height());
+        QImage drawn(expected.size(), QImage::Format_RGB32);
+        drawn.fill(Qt::green);
+        const auto page = PageCanvas::OnImage(drawn, 0.1);
+        page->PaintPicture(picture, 0, 0, drawn.width() * 10.0, drawn.height() * 10.0);
+        page->Finish();
+        for (const double x : {0.2, 0.8}) {
+            for (const double y : {0.2, 0.8}) {
+                const QPoint at(static_cast<int>(x * expected.width()),
+                                static_cast<int>(y * expected.height()));
+                EXPECT_EQ(picture.Image().pixel(at), expected.pixel(at)) << int{orientation};
+                EXPECT_NEAR(qRed(drawn.pixel(at)), qRed(expected.pixel(at)), 2) << int{orientation};
+                EXPECT_NEAR(qBlue(drawn.pixel(at)), qBlue(expected.pixel(at)), 2)
+                    << int{orientation};
+            }
+        }
+    }
 }
 
 TEST_F(PictureTest, ATransparencyThatHidesNothingIsDropped)
