@@ -1,4 +1,5 @@
 #include "app/Settings.h"
+#include "layout/DrawObjects.h"
 #include "platform/Convert.h"
 #include "platform/Profile.h"
 #include "road/StationProcess.h"
@@ -23,7 +24,13 @@ public:
         AddField(Session, 1, {300, 300, 300, 2000});
         AddField(Session, 2, {900, 300, 300, 2000});
         SavePage(Session);
-        Session.LayoutDb.Close();
+    }
+
+    void AddCameraObject()
+    {
+        Draw_CamView(Session, {.cTop = 2000, .cLeft = 300, .cHeight = 900, .cWidth = 700}, 0,
+                     Picture(), true, QString());
+        SavePage(Session);
     }
 
     /// Makes a start open that layout and listen on a free port. @return the port
@@ -111,6 +118,18 @@ TEST(Station, PrintsWithoutAStatusFile)
     SendRecord(port, "<A+B>");
     EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("A B"));
     EXPECT_TRUE(station.IsRunning());
+}
+
+TEST(Station, AQuestionThatNobodyCanAnswerHoldsNoCardUp)
+{
+    StationFolder folder;
+    folder.AddCameraObject();
+    const int port = folder.WithCapture();
+    StationProcess station(folder.Session.ProgramFolder);
+    ASSERT_TRUE(station.WaitUntilItListens(port));
+    SendRecord(port, "<A+B>");
+    EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("A B"));
+    EXPECT_EQ(station.ErrorLines(), QStringList{QStringLiteral("Take Picture: Take Picture Now?")});
 }
 
 TEST(Station, StopSignalsUnloadItInOrder)
