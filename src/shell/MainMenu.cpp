@@ -13,13 +13,11 @@ namespace {
 /// When an entry can be chosen.
 enum class Enabled { Always, WhileVisible, WithLayout, WhileVisibleWithLayout };
 
-enum class EntryKind { Menu, Command, Separator };
-
 } // namespace
 
+/// A row without a name is a separator, one without an action a menu.
 struct MainMenu::Entry
 {
-    EntryKind Kind;
     /// Name of the menu it stands in; empty for the bar.
     const char* Parent;
     const char* Name = "";
@@ -32,34 +30,34 @@ struct MainMenu::Entry
 
 // clang-format off
 constexpr MainMenu::Entry MainMenu::Entries[] = {
-    {EntryKind::Menu, "", "mnuFile", "&File"},
-    {EntryKind::Menu, "mnuFile", "mnuOpen", "&Open ..."},
-    {EntryKind::Command, "mnuOpen", "cmdOpen", "&Open Layout", "",
+    {"", "mnuFile", "&File"},
+    {"mnuFile", "mnuOpen", "&Open ..."},
+    {"mnuOpen", "cmdOpen", "&Open Layout", "",
      [](MainMenu& menu) { frmGetLayout::Open(menu.m_session, &menu.m_window); }, Enabled::WhileVisible},
-    {EntryKind::Command, "mnuFile", "cmdSave", "&Save", "Ctrl+S",
+    {"mnuFile", "cmdSave", "&Save", "Ctrl+S",
      [](MainMenu& menu) { SaveCommand(menu.m_session); }, Enabled::WhileVisibleWithLayout},
-    {EntryKind::Command, "mnuFile", "cmdClose", "&Close Layout", "Ctrl+L",
+    {"mnuFile", "cmdClose", "&Close Layout", "Ctrl+L",
      [](MainMenu& menu) { CloseCommand(menu.m_session); }, Enabled::WithLayout},
-    {EntryKind::Separator, "mnuFile"},
-    {EntryKind::Command, "mnuFile", "cmdPrint", "Print ...", "Ctrl+P",
+    {"mnuFile"},
+    {"mnuFile", "cmdPrint", "Print ...", "Ctrl+P",
      [](MainMenu& menu) { PrintCommand(menu.m_session); }, Enabled::WithLayout},
-    {EntryKind::Separator, "mnuFile"},
-    {EntryKind::Command, "mnuFile", "cmdHide", "Hide Vantrel...", "Ctrl+H",
+    {"mnuFile"},
+    {"mnuFile", "cmdHide", "Hide Vantrel...", "Ctrl+H",
      [](MainMenu& menu) { ToggleVisible(menu.m_session); menu.UpdateHideCaption(); }},
-    {EntryKind::Command, "mnuFile", "cmdExit", "&Disable Vantrel", "Shift+Del",
+    {"mnuFile", "cmdExit", "&Disable Vantrel", "Shift+Del",
      [](MainMenu& menu) { if (ExitCommand(menu.m_session)) Q_EMIT menu.ExitConfirmed(); }},
-    {EntryKind::Menu, "", "mnuData", "&Document", "", nullptr, Enabled::WithLayout},
-    {EntryKind::Command, "mnuData", "chkAutoSpool", "Automatically Print Document", "",
+    {"", "mnuData", "&Document", "", nullptr, Enabled::WithLayout},
+    {"mnuData", "chkAutoSpool", "Automatically Print Document", "",
      [](MainMenu& menu) { ToggleAutoSpool(menu.m_session); }, Enabled::Always, Tick::chkAutoSpool},
-    {EntryKind::Menu, "", "mnuSettings", "&Settings"},
-    {EntryKind::Menu, "mnuSettings", "mnuOptions", "Options ..."},
-    {EntryKind::Command, "mnuOptions", "cmdDynamicLayout", "Dynamically Load Layouts", "",
+    {"", "mnuSettings", "&Settings"},
+    {"mnuSettings", "mnuOptions", "Options ..."},
+    {"mnuOptions", "cmdDynamicLayout", "Dynamically Load Layouts", "",
      [](MainMenu& menu) { ToggleDynamicLayouts(menu.m_session); }, Enabled::Always,
      Tick::cmdDynamicLayout},
-    {EntryKind::Command, "mnuOptions", "chkAutoAdd", "Dynamically Load Fields", "",
+    {"mnuOptions", "chkAutoAdd", "Dynamically Load Fields", "",
      [](MainMenu& menu) { ToggleDynamicFields(menu.m_session); }, Enabled::Always, Tick::chkAutoAdd},
-    {EntryKind::Separator, "mnuSettings"},
-    {EntryKind::Command, "mnuSettings", "cmdCapEnable", "Enable Data Capture", "",
+    {"mnuSettings"},
+    {"mnuSettings", "cmdCapEnable", "Enable Data Capture", "",
      [](MainMenu& menu) { ToggleCapture(menu.m_session); }, Enabled::Always, Tick::cmdCapEnable},
 };
 // clang-format on
@@ -76,27 +74,22 @@ void MainMenu::Build()
 {
     for (const Entry& entry : Entries) {
         auto* menu = m_window.findChild<QMenu*>(QLatin1StringView(entry.Parent));
-        switch (entry.Kind) {
-        case EntryKind::Menu: {
+        if (*entry.Name == '\0') {
+            menu->addSeparator();
+        } else if (entry.Action != nullptr) {
+            AddCommand(entry, *menu);
+        } else {
             const QString caption = QLatin1StringView(entry.Caption);
             QMenu* made = *entry.Parent == '\0' ? m_window.menuBar()->addMenu(caption)
                                                 : menu->addMenu(caption);
             made->setObjectName(QLatin1StringView(entry.Name));
-            break;
-        }
-        case EntryKind::Command:
-            AddCommand(m_window, entry, *menu);
-            break;
-        case EntryKind::Separator:
-            menu->addSeparator();
-            break;
         }
     }
 }
 
-void MainMenu::AddCommand(QMainWindow& window, const Entry& entry, QWidget& menu)
+void MainMenu::AddCommand(const Entry& entry, QWidget& menu)
 {
-    auto* action = new QAction(QLatin1StringView(entry.Caption), &window);
+    auto* action = new QAction(QLatin1StringView(entry.Caption), &m_window);
     action->setObjectName(QLatin1StringView(entry.Name));
     action->setShortcut(QKeySequence(QLatin1StringView(entry.Shortcut)));
     if (entry.Ticked) {

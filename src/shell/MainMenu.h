@@ -32,7 +32,7 @@ private:
     static const Entry Entries[];
 
     void Build();
-    void AddCommand(QMainWindow& window, const Entry& entry, QWidget& menu);
+    void AddCommand(const Entry& entry, QWidget& menu);
     void MirrorTick(Tick tick, bool on);
     QAction* Find(const char* name) const;
 
