@@ -76,8 +76,8 @@ public:
     {
         for (std::size_t i = 0; i < m_bare.size(); ++i) {
             const PictureOnCard& place = m_bare[i];
-            printer.PaintPicture(LoadPicture(m_paths[i]), place.X, place.Y, place.Width,
-                                 place.Height);
+            printer.PaintPicture(LoadPicture(m_paths[static_cast<qsizetype>(i)]), place.X, place.Y,
+                                 place.Width, place.Height);
         }
         for (const TextOnCard& text : texts) {
             printer.SetFontName(text.Style.Name);
@@ -117,7 +117,7 @@ void PageToPdf(benchmark::State& state, Pictures pictures)
     double printing = 0;
     double bare = 0;
     int number = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores)
         ++number;
         const std::vector<TextOnCard> texts = Texts(number);
         const QString path = card.Path(QStringLiteral("bare-%1.pdf").arg(number));

@@ -20,7 +20,7 @@ constexpr QLatin1StringView FileBeginning{"card-"};
 constexpr QLatin1StringView FileEnding{".pdf"};
 constexpr int FewestDigits = 6;
 /// Measured: a card with a background written in one piece costs the file system a fifth more.
-constexpr qsizetype PieceBytes = 32 * 1024;
+constexpr qsizetype PieceBytes = 32768;
 
 [[noreturn]] void FailWith(int error)
 {

@@ -54,7 +54,7 @@ QImage Decode(QImageReader& reader)
     const QSize size = reader.size();
     if (static_cast<qint64>(size.width()) * size.height() > MaxPixels)
         FailInvalid();
-    const QImage image = reader.read();
+    QImage image = reader.read();
     if (image.isNull())
         FailInvalid();
     return image;

@@ -57,9 +57,8 @@ QStringList StationPrinters::DeviceNames()
     return m_names;
 }
 
-void StationPrinters::MakeCurrent(const QString& deviceName)
+Printer& StationPrinters::PrinterNamed(const QString& deviceName)
 {
-    LookAtQueues();
     if (!m_names.contains(deviceName)) {
         throw Failure(FailureNumber::PrinterError,
                       QStringLiteral("Printer error: no printer ") + deviceName);
@@ -67,14 +66,20 @@ void StationPrinters::MakeCurrent(const QString& deviceName)
     auto& printer = m_printers[deviceName];
     if (!printer)
         printer = std::make_unique<CupsPrinter>(deviceName);
-    m_current = printer.get();
+    return *printer;
+}
+
+void StationPrinters::MakeCurrent(const QString& deviceName)
+{
+    LookAtQueues();
+    m_current = &PrinterNamed(deviceName);
 }
 
 Printer& StationPrinters::Current()
 {
     if (m_current == nullptr) {
         LookAtQueues();
-        MakeCurrent(m_defaultName);
+        m_current = &PrinterNamed(m_defaultName);
     }
     return *m_current;
 }

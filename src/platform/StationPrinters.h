@@ -24,6 +24,7 @@ public:
 
 private:
     void LookAtQueues();
+    Printer& PrinterNamed(const QString& deviceName);
 
     QStringList m_names;
     QString m_defaultName;

@@ -2,6 +2,7 @@
 #include <QCache>
 #include <QStringList>
 #include <algorithm>
+#include <cmath>
 
 namespace vantrel {
 
@@ -68,7 +69,8 @@ Description Describe(const Font& font)
     pango_font_description_set_family(described.get(), font.Name.toUtf8().constData());
     // Written so that a size that is no number becomes the smallest.
     const double size = font.Size > SmallestSize ? std::min(font.Size, LargestSize) : SmallestSize;
-    pango_font_description_set_size(described.get(), static_cast<int>(size * PANGO_SCALE + 0.5));
+    pango_font_description_set_size(described.get(),
+                                    static_cast<int>(std::lround(size * PANGO_SCALE)));
     pango_font_description_set_weight(described.get(),
                                       font.Bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
     pango_font_description_set_style(described.get(),
@@ -107,7 +109,7 @@ struct TextShaper::Caches
 {
     ObjectOf<PangoFontMap> Map{pango_cairo_font_map_new()};
     ObjectOf<PangoContext> Context;
-    QCache<Font, ResolvedFont> Fonts{FontsKept};
+    QCache<Font, std::shared_ptr<const ResolvedFont>> Fonts{FontsKept};
     QCache<LineKey, std::shared_ptr<const ShapedLine>> Lines{LinesKept};
     QStringList Families;
 
@@ -125,27 +127,25 @@ struct TextShaper::Caches
         pango_context_set_round_glyph_positions(Context.get(), FALSE);
     }
 
-    /// Valid until the next call.
-    const ResolvedFont& Resolved(const Font& font)
+    std::shared_ptr<const ResolvedFont> Resolved(const Font& font)
     {
-        if (const ResolvedFont* known = Fonts.object(font))
+        if (const auto* known = Fonts.object(font))
             return *known;
-        auto made = std::make_unique<ResolvedFont>();
+        auto made = std::make_shared<ResolvedFont>();
         made->Described = Describe(font);
         const std::unique_ptr<PangoFontMetrics, MetricsDeleter> metrics(
             pango_context_get_metrics(Context.get(), made->Described.get(), nullptr));
         made->Heights.Ascent = PointsOf(pango_font_metrics_get_ascent(metrics.get()));
         made->Heights.Descent = PointsOf(pango_font_metrics_get_descent(metrics.get()));
-        const ResolvedFont& resolved = *made;
-        Fonts.insert(font, made.release());
-        return resolved;
+        Fonts.insert(font, new std::shared_ptr<const ResolvedFont>(made));
+        return made;
     }
 
     std::shared_ptr<const ShapedLine> Shape(const QString& text, const Font& font)
     {
         auto line = std::make_shared<ShapedLine>();
         line->Layout.reset(pango_layout_new(Context.get()));
-        pango_layout_set_font_description(line->Layout.get(), Resolved(font).Described.get());
+        pango_layout_set_font_description(line->Layout.get(), Resolved(font)->Described.get());
         Decorate(line->Layout.get(), font);
         const QByteArray utf8 = text.toUtf8();
         pango_layout_set_text(line->Layout.get(), utf8.constData(), static_cast<int>(utf8.size()));
@@ -168,7 +168,7 @@ TextShaper::~TextShaper() = default;
 
 FontHeights TextShaper::Heights(const Font& font)
 {
-    return m_caches->Resolved(font).Heights;
+    return m_caches->Resolved(font)->Heights;
 }
 
 std::shared_ptr<const ShapedLine> TextShaper::Line(const QString& text, const Font& font)

@@ -20,7 +20,7 @@ protected:
     template <typename Draw>
     QString Pdf(Draw draw)
     {
-        const QString path = m_folder.filePath(QStringLiteral("card.pdf"));
+        QString path = m_folder.filePath(QStringLiteral("card.pdf"));
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         const auto page =

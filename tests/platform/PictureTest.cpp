@@ -218,7 +218,7 @@ TEST_F(PictureTest, OwnSizeIsInHundredthsOfAMillimetre)
 
 TEST_F(PictureTest, APictureThatTellsNoResolutionHas96DotsToTheInch)
 {
-    const QByteArray ppm = "P6\n96 48\n255\n" + QByteArray(96 * 48 * 3, '\x40');
+    const QByteArray ppm = "P6\n96 48\n255\n" + QByteArray(qsizetype{96} * 48 * 3, '\x40');
     const Picture picture = LoadPicture(SaveBytes(QStringLiteral("a.ppm"), ppm));
     EXPECT_EQ(picture.WidthHundredths(), 2540);
     EXPECT_EQ(picture.HeightHundredths(), 1270);

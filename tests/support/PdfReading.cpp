@@ -80,7 +80,7 @@ QImage ImageOfPdf(const QString& path, int pixelsPerPoint)
         BytesOf(QStringLiteral("pdftoppm"),
                 {QStringLiteral("-png"), QStringLiteral("-r"), QString::number(72 * pixelsPerPoint),
                  QStringLiteral("-singlefile"), path});
-    const QImage image = QImage::fromData(png, "PNG");
+    QImage image = QImage::fromData(png, "PNG");
     EXPECT_FALSE(image.isNull());
     return image;
 }
