@@ -2,6 +2,7 @@
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
 #include "support/Events.h"
+#include "support/FailureOf.h"
 #include "support/Host.h"
 #include "support/Print.h"
 #include <QCoreApplication>
@@ -14,6 +15,7 @@
 #include <unistd.h>
 
 using namespace vantrel;
+using vantrel::test::FailureOf;
 using namespace vantrel::test;
 
 namespace {
@@ -72,16 +74,6 @@ QByteArray AllBytes()
     for (int code = 0; code < 256; ++code)
         bytes.append(static_cast<char>(code));
     return bytes;
-}
-
-int NumberOfFailure(const std::function<void()>& step)
-{
-    try {
-        step();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
 }
 
 } // namespace
@@ -316,13 +308,13 @@ TEST_F(Sockets, PortInUseCannotBeHad)
 {
     SockArray second;
     second.SetLocalPort(Sock.LocalPort());
-    EXPECT_EQ(NumberOfFailure([&] { second.Listen(); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { second.Listen(); }), FailureNumber::InvalidCall);
     EXPECT_EQ(second.State(0), SockState::Closed);
 }
 
 TEST_F(Sockets, ListenerThatListensCannotListenAgain)
 {
-    EXPECT_EQ(NumberOfFailure([&] { Sock.Listen(); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { Sock.Listen(); }), FailureNumber::InvalidCall);
     EXPECT_EQ(Sock.State(0), SockState::Listening);
 }
 
@@ -330,18 +322,18 @@ TEST_F(Sockets, PortOutsideItsRangeIsRefusedAndTheOldOneStays)
 {
     SockArray second;
     second.SetLocalPort(9100);
-    EXPECT_EQ(NumberOfFailure([&] { second.SetLocalPort(65536); }), FailureNumber::InvalidCall);
-    EXPECT_EQ(NumberOfFailure([&] { second.SetLocalPort(-1); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { second.SetLocalPort(65536); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { second.SetLocalPort(-1); }), FailureNumber::InvalidCall);
     EXPECT_EQ(second.LocalPort(), 9100);
 }
 
 TEST_F(Sockets, ElementThatIsNotThereOrNotConnectedFails)
 {
     const Host host = Connect();
-    EXPECT_EQ(NumberOfFailure([&] { Sock.GetData(2); }), FailureNumber::SubscriptOutOfRange);
-    EXPECT_EQ(NumberOfFailure([&] { Sock.Load(3); }), FailureNumber::InvalidCall);
-    EXPECT_EQ(NumberOfFailure([&] { Sock.Accept(1, 0); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { Sock.GetData(2); }), FailureNumber::SubscriptOutOfRange);
+    EXPECT_EQ(FailureOf([&] { Sock.Load(3); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { Sock.Accept(1, 0); }), FailureNumber::InvalidCall);
     Sock.Close(1);
-    EXPECT_EQ(NumberOfFailure([&] { Sock.GetData(1); }), FailureNumber::InvalidCall);
-    EXPECT_EQ(NumberOfFailure([&] { Sock.Accept(1, 0); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { Sock.GetData(1); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { Sock.Accept(1, 0); }), FailureNumber::InvalidCall);
 }

@@ -1,5 +1,6 @@
 #include "platform/PagePrinter.h"
 #include "platform/Failure.h"
+#include "support/FailureOf.h"
 #include "support/PdfReading.h"
 #include "support/Print.h"
 #include <QFile>
@@ -57,17 +58,6 @@ protected:
 
     KeepingPrinter Printer;
 };
-
-template <typename Step>
-int NumberOfFailure(Step step)
-{
-    try {
-        step();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -216,7 +206,7 @@ TEST_F(PagePrinterTest, AnOpenPageKeepsItsOrientation)
 TEST_F(PagePrinterTest, AnotherOrientationFailsAndChangesNothing)
 {
     for (const int orientation : {0, 3, -1}) {
-        EXPECT_EQ(NumberOfFailure([&] { Printer.SetOrientation(orientation); }),
+        EXPECT_EQ(FailureOf([&] { Printer.SetOrientation(orientation); }),
                   FailureNumber::PrinterError);
     }
     EXPECT_EQ(Printer.Width(), 3060);
@@ -226,7 +216,7 @@ TEST_F(PagePrinterTest, AFontSizeThatIsNoneFailsAndChangesNothing)
 {
     const double before = Printer.TextWidth(QStringLiteral("text"));
     for (const double size : {0.0, -1.0, 1e9, std::nan("")})
-        EXPECT_EQ(NumberOfFailure([&] { Printer.SetFontSize(size); }), FailureNumber::PrinterError);
+        EXPECT_EQ(FailureOf([&] { Printer.SetFontSize(size); }), FailureNumber::PrinterError);
     EXPECT_EQ(Printer.TextWidth(QStringLiteral("text")), before);
 }
 
@@ -234,7 +224,7 @@ TEST_F(PagePrinterTest, ARefusedJobIsGoneAndTheNextOneIsWhole)
 {
     Printer.Refuses = true;
     Printer.Print(QStringLiteral("lost"));
-    EXPECT_EQ(NumberOfFailure([&] { Printer.EndDoc(); }), FailureNumber::PrinterError);
+    EXPECT_EQ(FailureOf([&] { Printer.EndDoc(); }), FailureNumber::PrinterError);
     Printer.Refuses = false;
     Printer.EndDoc();
     EXPECT_TRUE(Printer.Delivered.empty());
@@ -247,7 +237,7 @@ TEST_F(PagePrinterTest, ARefusedJobIsGoneAndTheNextOneIsWhole)
 TEST_F(PagePrinterTest, AnEmptyPictureLeavesTheCardWithoutIt)
 {
     Printer.Print(QStringLiteral("before"));
-    EXPECT_EQ(NumberOfFailure([&] { Printer.PaintPicture(Picture(), 0, 0, 10, 10); }),
+    EXPECT_EQ(FailureOf([&] { Printer.PaintPicture(Picture(), 0, 0, 10, 10); }),
               FailureNumber::InvalidPicture);
     Printer.Print(QStringLiteral("after"));
     Printer.EndDoc();
@@ -257,7 +247,7 @@ TEST_F(PagePrinterTest, AnEmptyPictureLeavesTheCardWithoutIt)
 TEST_F(PagePrinterTest, FontsAreCountedFromOne)
 {
     EXPECT_EQ(Printer.Fonts(1), PageCanvas::FontFamily(1));
-    EXPECT_EQ(NumberOfFailure([&] { Printer.Fonts(0); }), FailureNumber::SubscriptOutOfRange);
+    EXPECT_EQ(FailureOf([&] { Printer.Fonts(0); }), FailureNumber::SubscriptOutOfRange);
 }
 
 } // namespace vantrel::test

@@ -1,10 +1,12 @@
 #include "shaping/CheckDigits.h"
 #include "platform/Failure.h"
+#include "support/FailureOf.h"
 #include "support/Print.h"
 #include <gtest/gtest.h>
 #include <random>
 
 using namespace vantrel;
+using vantrel::test::FailureOf;
 
 namespace {
 
@@ -12,17 +14,6 @@ QString Codabar(const char* text)
 {
     QString value = QString::fromLatin1(text);
     return CodabarCheckDigit(value);
-}
-
-template <typename Routine>
-int NumberOfFailure(Routine&& routine)
-{
-    try {
-        routine();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
 }
 
 /// Calls `check` with many digit texts of up to `longest` digits.
@@ -92,7 +83,7 @@ TEST(Mod10, TrimsBlanksAtBothEndsOnly)
     EXPECT_EQ(Mod10CheckDigit(QStringLiteral(" 123 ")), Mod10CheckDigit(QStringLiteral("123")));
     EXPECT_EQ(Mod10CheckDigit(QStringLiteral("   ")), 0);
     for (const char* text : {"1 2", "12A", "-12", "1.2", "\t12", "12\r"})
-        EXPECT_EQ(NumberOfFailure([&] { Mod10CheckDigit(QString::fromLatin1(text)); }),
+        EXPECT_EQ(FailureOf([&] { Mod10CheckDigit(QString::fromLatin1(text)); }),
                   FailureNumber::TypeMismatch)
             << text;
 }
@@ -160,7 +151,7 @@ TEST(EbtDigit, DoublesFromTheLeft)
 TEST(EbtDigit, ANonDigitOrABlankFails)
 {
     for (const char* text : {" 123 ", "12A", "1 2", "-1", "1.0"})
-        EXPECT_EQ(NumberOfFailure([&] { EbtCheckDigit(QString::fromLatin1(text)); }),
+        EXPECT_EQ(FailureOf([&] { EbtCheckDigit(QString::fromLatin1(text)); }),
                   FailureNumber::TypeMismatch)
             << text;
 }
@@ -176,7 +167,7 @@ TEST(EbtDigit, AnotherDecimalSeparatorGivesTheFirstDigitsComplement)
 TEST(EbtDigit, ASumBeyondItsCounterOverflows)
 {
     EXPECT_EQ(EbtCheckDigit(QString(3640, QLatin1Char('9'))), 10);
-    EXPECT_EQ(NumberOfFailure([] { EbtCheckDigit(QString(3641, QLatin1Char('9'))); }),
+    EXPECT_EQ(FailureOf([] { EbtCheckDigit(QString(3641, QLatin1Char('9'))); }),
               FailureNumber::Overflow);
 }
 
