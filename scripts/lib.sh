@@ -5,7 +5,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libqt6sql6-
   libgmock-dev libbenchmark-dev)
 RUN_PACKAGES=(qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)
-TEST_PACKAGES=(cups-daemon cups-client sqlite3 procps)
+TEST_PACKAGES=(clang-format cups-daemon cups-client sqlite3 procps)
 
 # Qt's pre-compiled headers and moving folders are safe to cache.
 export CCACHE_SLOPPINESS=pch_defines,time_macros

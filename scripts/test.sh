@@ -7,5 +7,5 @@ cd "$(dirname "$0")/.."
 install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
 export QT_QPA_PLATFORM=offscreen
 cmake --preset dev
-cmake --build --preset dev
+cmake --build --preset dev --target all check
 ctest --preset dev --parallel "$(nproc)" "$@"

@@ -10,8 +10,9 @@ namespace vantrel {
 /// States of a socket; the numbers are those the accept rule compares.
 enum class SockState { Closed = 0, Listening = 2, Connected = 7 };
 
-/// The station's sockets: element 0 listens, the others carry one accepted connection each, are made
-/// on demand and reused when closed. It only moves bytes; what they mean is the listener's matter.
+/// The station's sockets: element 0 listens, the others carry one accepted connection each, are
+/// made on demand and reused when closed. It only moves bytes; what they mean is the listener's
+/// matter.
 class SockArray : public QObject
 {
     Q_OBJECT
@@ -22,7 +23,8 @@ public:
 
     int HighestIndex() const;
     SockState State(int index) const;
-    /// The port of element 0. Fails with `InvalidCall` outside 0 to 65535; 0 lets the system choose.
+    /// The port of element 0. Fails with `InvalidCall` outside 0 to 65535; 0 lets the system
+    /// choose.
     void SetLocalPort(int port);
     /// The port element 0 listens on, or the one it was given.
     int LocalPort() const;

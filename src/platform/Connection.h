@@ -5,8 +5,8 @@
 
 namespace vantrel {
 
-/// The open layout database: one SQLite file. WAL, full durability at every commit, and five seconds
-/// of waiting for another session's lock.
+/// The open layout database: one SQLite file. WAL, full durability at every commit, and five
+/// seconds of waiting for another session's lock.
 class Connection
 {
 public:

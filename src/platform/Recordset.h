@@ -11,11 +11,11 @@ class Connection;
 /// Whether a cursor may change rows.
 enum class CursorLock { ReadOnly, Optimistic };
 
-/// A cursor over the rows of one SELECT on one table, in the order of insertion unless the statement
-/// sorts; DISTINCT comes in name order. Rows are changed through the cursor only, each by its hidden
-/// key. Any operation on a cursor that is not open fails with `ObjectClosed`, one that needs a row
-/// where there is none with `NoCurrentRecord`, an unknown column with `ItemNotFound`, a statement
-/// the store does not take with `StatementInvalid`, a lock that stays with `StoreBusy`.
+/// A cursor over the rows of one SELECT on one table, in the order of insertion unless the
+/// statement sorts; DISTINCT comes in name order. Rows are changed through the cursor only, each by
+/// its hidden key. Any operation on a cursor that is not open fails with `ObjectClosed`, one that
+/// needs a row where there is none with `NoCurrentRecord`, an unknown column with `ItemNotFound`, a
+/// statement the store does not take with `StatementInvalid`, a lock that stays with `StoreBusy`.
 class Recordset
 {
 public:
@@ -47,7 +47,8 @@ public:
     /// that are what the store holds are not written again, so an unchanged row costs no commit.
     /// Fails with `NoCurrentRecord` where the row has been deleted meanwhile.
     void Update();
-    /// Deletes the current row; the cursor stays on its place until `MoveNext`. Fails like `Update`.
+    /// Deletes the current row; the cursor stays on its place until `MoveNext`. Fails like
+    /// `Update`.
     void Delete();
 
 private:

@@ -3,8 +3,8 @@
 namespace vantrel {
 
 /// @file The only conversions of lengths. The store, the objects and the printer speak twips
-/// (1440 to the inch); PDF speaks points (72 to the inch), pictures and printer media hundredths of a
-/// millimetre. Pixels live inside a drag and a window only.
+/// (1440 to the inch); PDF speaks points (72 to the inch), pictures and printer media hundredths of
+/// a millimetre. Pixels live inside a drag and a window only.
 
 inline constexpr double TwipsPerInch = 1440.0;
 inline constexpr double PointsPerInch = 72.0;
@@ -12,8 +12,14 @@ inline constexpr double HundredthsPerInch = 2540.0;
 inline constexpr double TwipsPerPoint = TwipsPerInch / PointsPerInch;
 static_assert(TwipsPerPoint == 20.0);
 
-constexpr double PointsOfTwips(double twips) { return twips / TwipsPerPoint; }
-constexpr double TwipsOfPoints(double points) { return points * TwipsPerPoint; }
+constexpr double PointsOfTwips(double twips)
+{
+    return twips / TwipsPerPoint;
+}
+constexpr double TwipsOfPoints(double points)
+{
+    return points * TwipsPerPoint;
+}
 constexpr double TwipsOfHundredths(double hundredths)
 {
     return hundredths * TwipsPerInch / HundredthsPerInch;

@@ -5,9 +5,9 @@
 
 namespace vantrel {
 
-/// Pads a value for a track: the pad text is put before (direction 0) or behind (1) it once for each
-/// missing character, so that a longer pad text overshoots; any other direction leaves the value.
-/// A value that has the length already, or more, vanishes: the result is the empty text.
+/// Pads a value for a track: the pad text is put before (direction 0) or behind (1) it once for
+/// each missing character, so that a longer pad text overshoots; any other direction leaves the
+/// value. A value that has the length already, or more, vanishes: the result is the empty text.
 /// @param length  final length in characters
 QString PadValue(const QString& value, std::int16_t length, const QString& padText,
                  std::int32_t direction);
