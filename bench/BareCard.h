@@ -15,6 +15,8 @@ struct TextOnCard
     Font Style;
     double X = 0;
     double Y = 0;
+    /// Static on the card; else a value of the record.
+    bool IsLabel = false;
 };
 
 /// A picture for the bare drawing: its pixels, and its file's bytes where it is a JPEG.

@@ -3,13 +3,13 @@
 // take turns, so that what else the machine does weighs on both alike.
 
 #include "BareCard.h"
+#include "CardParts.h"
 #include "platform/PdfPrinter.h"
 #include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <ctime>
-#include <random>
 
 namespace vantrel::bench {
 
@@ -20,38 +20,6 @@ double CpuSeconds()
     timespec now = {};
     ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-/// Ten texts in three fonts; the values differ from card to card as a host's do.
-std::vector<TextOnCard> Texts(int card)
-{
-    const Font fonts[] = {{QStringLiteral("Liberation Sans"), 8.75},
-                          {QStringLiteral("Liberation Serif"), 12, true},
-                          {QStringLiteral("Liberation Mono"), 10}};
-    std::vector<TextOnCard> texts;
-    for (int i = 0; i < 10; ++i) {
-        const bool isLabel = i % 2 == 0;
-        const QString text = isLabel ? QStringLiteral("Label no. %1").arg(i)
-                                     : QStringLiteral("Cardholder %1").arg(card * 10 + i);
-        texts.push_back({text, fonts[i % 3], 200, 1800.0 + 280 * i});
-    }
-    return texts;
-}
-
-/// As noisy as a photo, so that nothing about it packs well by chance.
-QImage Photo(int width, int height)
-{
-    std::mt19937 noise(42);
-    QImage image(width, height, QImage::Format_RGB32);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            const int grain = static_cast<int>(noise() % 24);
-            image.setPixel(x, y,
-                           qRgb((x * 255 / width + grain) & 0xFF, (y * 255 / height + grain) & 0xFF,
-                                96 + grain));
-        }
-    }
-    return image;
 }
 
 enum class Pictures { None, Jpeg, JpegAndBackground, Png };

@@ -1,7 +1,7 @@
 // Cards a second from a record's last byte on a TCP connection to its file in place, the number in
 // the store and the station ready for the next, beside the limit measured in the same run: the bare
-// cairo and Pango drawing of the same card to a file. The durable commit of the card's rows alone is
-// given too. All take turns, so that what else the machine does weighs on them alike.
+// cairo and Pango drawing of the same card to a file. The durable commit of the card's rows alone
+// is given too. All take turns, so that what else the machine does weighs on them alike.
 
 #include "BareCard.h"
 #include "CardParts.h"
@@ -57,8 +57,7 @@ public:
 class Station
 {
 public:
-    Station()
-        : m_printers(Folder(), 1), m_session(Folder(), m_operator, m_printers)
+    Station() : m_printers(Folder(), 1), m_session(Folder(), m_operator, m_printers)
     {
         CreateLayoutDatabase(m_session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
         OpenLayoutDb(m_session);
@@ -158,10 +157,9 @@ PictureOnCard JpegOnCard(const QString& path, double x, double y, double width, 
 void RecordToCard(benchmark::State& state)
 {
     Station station;
-    const BareCard limit(Texts(0),
-                         {JpegOnCard(station.Path(QStringLiteral("back.jpg")), 0, 0, 3060, 4860),
-                          JpegOnCard(station.Path(QStringLiteral("photo.jpg")), 200, 200, 1080,
-                                     1440)});
+    const BareCard limit(
+        Texts(0), {JpegOnCard(station.Path(QStringLiteral("back.jpg")), 0, 0, 3060, 4860),
+                   JpegOnCard(station.Path(QStringLiteral("photo.jpg")), 200, 200, 1080, 1440)});
     double printing = 0;
     double bare = 0;
     double committing = 0;

@@ -7,7 +7,7 @@
 #include "app/Settings.h"
 #include "layout/frmDocument.h"
 #include "layout/frmNav.h"
-#include "shell/MainMenu.h"
+#include "shell/DesktopMenu.h"
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLabel>

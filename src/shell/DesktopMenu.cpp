@@ -1,4 +1,4 @@
-#include "shell/MainMenu.h"
+#include "shell/DesktopMenu.h"
 #include "app/RunTimeError.h"
 #include "app/Session.h"
 #include "layout/frmGetLayout.h"
