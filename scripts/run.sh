@@ -33,7 +33,8 @@ shows=yes
 [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || shows=
 [ -n "$shows" ] || export QT_QPA_PLATFORM=offscreen
 
-count_cards() { find "$printed" -name 'card-*.pdf' 2>/dev/null | wc -l; }
+mkdir -p "$printed"
+count_cards() { find "$printed" -name 'card-*.pdf' | wc -l; }
 
 before=$(count_cards)
 "$bin/vantrel" &
