@@ -5,7 +5,6 @@
 #include "BareCard.h"
 #include "CardParts.h"
 #include "platform/PdfPrinter.h"
-#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -111,12 +110,3 @@ BENCHMARK_CAPTURE(PageToPdf, PngPhoto, Pictures::Png)->UseManualTime();
 } // namespace
 
 } // namespace vantrel::bench
-
-int main(int argc, char** argv)
-{
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -192,12 +192,3 @@ BENCHMARK(RecordToCard)->UseManualTime()->MinTime(3);
 } // namespace
 
 } // namespace vantrel::bench
-
-int main(int argc, char** argv)
-{
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
