@@ -1,15 +1,9 @@
-#include "app/Session.h"
-#include "platform/Convert.h"
-#include "platform/PageCanvas.h"
-#include "platform/Schema.h"
-#include "platform/StationPrinters.h"
 #include "platform/Twips.h"
 #include "print/PrintCard.h"
-#include "support/Layouts.h"
+#include "print/RealStation.h"
 #include "support/PdfReading.h"
-#include <QDir>
+#include <QColor>
 #include <QImage>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 // Cards printed to the built-in printer, read back with somebody else's reader.
@@ -23,15 +17,6 @@ constexpr int PixelsPerPoint = 4;
 class CardOnPdf : public ::testing::Test
 {
 protected:
-    CardOnPdf() : m_printers(m_folder.path(), 1), Session(m_folder.path(), m_operator, m_printers)
-    {
-        const QString path = Session.PathInFolder(QLatin1StringView(LayoutDatabaseName));
-        CreateLayoutDatabase(path);
-        Session.LayoutDb.Open(path);
-        m_printers.MakeCurrent(QStringLiteral("Vantrel PDF"));
-        BeginLayout(Session, QStringLiteral("Card"));
-    }
-
     QString PictureFile(const QString& name, QColor color) const
     {
         QImage image(40, 20, QImage::Format_RGB32);
@@ -46,13 +31,14 @@ protected:
     {
         SavePage(Session);
         PrintCard(Session);
-        return Session.PathInFolder(QStringLiteral("Printed/Session 1/card-000001.pdf"));
+        return m_station.CardPath(1);
     }
 
-    QTemporaryDir m_folder;
-    TestOperator m_operator;
-    StationPrinters m_printers;
-    vantrel::Session Session;
+private:
+    RealStation m_station{QStringLiteral("Vantrel PDF")};
+
+protected:
+    vantrel::Session& Session = m_station.Session;
 };
 
 QColor PixelAt(const QImage& page, double xTwips, double yTwips)
