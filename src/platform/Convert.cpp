@@ -88,6 +88,16 @@ Number RoundTo(double value)
     return static_cast<Number>(rounded);
 }
 
+template <typename Number>
+Number DigitsTo(const QString& text)
+{
+    const QStringView trimmed = TrimBlanks(text);
+    const qsizetype first = !trimmed.isEmpty() && IsSign(trimmed[0]) ? 1 : 0;
+    if (first == trimmed.size() || EndOfDigits(trimmed, first) != trimmed.size())
+        FailMismatch();
+    return RoundTo<Number>(trimmed.toDouble());
+}
+
 /// The number that a store value which is no null holds. True counts as -1.
 double NumberOf(const QVariant& value)
 {
@@ -153,6 +163,16 @@ double ToDouble(const QString& text)
     if (!std::isfinite(*number))
         FailOverflow();
     return *number;
+}
+
+std::int32_t ToWholeLong(const QString& text)
+{
+    return DigitsTo<std::int32_t>(text);
+}
+
+std::int16_t ToWholeInteger(const QString& text)
+{
+    return DigitsTo<std::int16_t>(text);
 }
 
 bool ToBoolean(const QString& text)

@@ -17,6 +17,10 @@ std::int32_t ToLong(const QString& text);
 std::int16_t ToInteger(const QString& text);
 std::uint8_t ToByte(const QString& text);
 double ToDouble(const QString& text);
+/// These take digits only, with blanks at both ends and a sign: a fraction or an exponent fails
+/// with `TypeMismatch`.
+std::int32_t ToWholeLong(const QString& text);
+std::int16_t ToWholeInteger(const QString& text);
 /// "True" and "False" in any case, or a number, true if not 0.
 bool ToBoolean(const QString& text);
 

@@ -1,10 +1,151 @@
 #include "print/EncodeData.h"
+#include "app/Session.h"
+#include "platform/Printer.h"
+#include "print/OpeningFont.h"
+#include "print/TrackFormula.h"
+#include <array>
+#include <optional>
 
 namespace vantrel {
 
-void EncodeData(Session& /*session*/, const QString& /*trackText*/, int /*trackNumber*/)
+namespace {
+
+enum class SentAs { Line, LineWithLength, LinePerToken };
+
+using KindSet = unsigned;
+
+constexpr KindSet Of(TokenKind kind)
 {
-    // The magnetic stripe is not built yet; docs/architecture.md says what is still to come.
+    return 1U << static_cast<unsigned>(kind);
+}
+
+/// How one family of printers takes its stripe text. What is told per track is of track 1, 2, 3.
+struct StripeFamily
+{
+    std::int32_t PrinterType;
+    SentAs Form;
+    /// What the line begins with; where each token has its own line, the name of the magnetic font.
+    std::array<QStringView, 3> Heads;
+    std::array<QChar, 3> Separators;
+    QStringView Tail;
+    /// Kinds of tokens that never reach this printer.
+    KindSet Dropped;
+};
+
+constexpr std::array<QChar, 3> IsoSeparators = {u'^', u'=', u'='};
+
+constexpr StripeFamily Families[] = {
+    {PrinterTypeCode::Fargo,
+     SentAs::Line,
+     {u"~1%", u"~2;", u"~3;"},
+     IsoSeparators,
+     u"?",
+     Of(TokenKind::Auto)},
+    {PrinterTypeCode::Eltron,
+     SentAs::Line,
+     {u"${1", u"${2", u"${3"},
+     {u'=', u'=', u'='},
+     u"}$",
+     Of(TokenKind::Auto)},
+    {PrinterTypeCode::FontLongNames,
+     SentAs::LinePerToken,
+     {u"Track 1 - Magnetic stripe", u"Track 2 - Magnetic stripe", u"Track 3 - Magnetic stripe"},
+     IsoSeparators,
+     {},
+     Of(TokenKind::Auto)},
+    {PrinterTypeCode::FontShortNames,
+     SentAs::LinePerToken,
+     {u"Track 1", u"Track 2", u"Track 3"},
+     IsoSeparators,
+     {},
+     Of(TokenKind::Auto)},
+    {PrinterTypeCode::Nisca,
+     SentAs::LineWithLength,
+     {u"~@1,1", u"~@1,2", u"~@1,3"},
+     IsoSeparators,
+     {},
+     Of(TokenKind::Auto) | Of(TokenKind::Literal) | Of(TokenKind::Codabar)},
+};
+
+const StripeFamily* FamilyOf(std::int32_t printerType)
+{
+    for (const StripeFamily& family : Families) {
+        if (family.PrinterType == printerType)
+            return &family;
+    }
+    return nullptr;
+}
+
+/// A family on one track.
+struct Track
+{
+    const StripeFamily& Family;
+    std::size_t Index;
+
+    QString Head() const { return Family.Heads[Index].toString(); }
+    /// @return what a token becomes on this track; none where it is dropped
+    std::optional<QString> Text(TokenKind kind, const QString& text) const;
+};
+
+std::optional<QString> Track::Text(TokenKind kind, const QString& text) const
+{
+    if ((Family.Dropped & Of(kind)) != 0)
+        return std::nullopt;
+    switch (kind) {
+    case TokenKind::Separator:
+        return QString(Family.Separators[Index]);
+    case TokenKind::DataField:
+    case TokenKind::Literal:
+        return text.toUpper();
+    default:
+        return text;
+    }
+}
+
+/// The magnetic font is chosen before the first token is evaluated; what fails leaves it chosen.
+void PrintTokens(Session& session, const Track& track, const QString& trackText)
+{
+    Printer& printer = session.Printers.Current();
+    printer.SetFontName(track.Head());
+    EvaluateTrack(trackText, session.FieldValues, [&](TokenKind kind, const QString& text) {
+        if (const auto line = track.Text(kind, text))
+            printer.Print(*line);
+    });
+    printer.SetFontName(OpeningFontName);
+}
+
+/// A track without a single character is not sent: head and tail alone say nothing.
+void PrintLine(Session& session, const Track& track, const QString& trackText)
+{
+    QString body;
+    EvaluateTrack(trackText, session.FieldValues, [&](TokenKind kind, const QString& text) {
+        body += track.Text(kind, text).value_or(QString());
+    });
+    if (body.isEmpty())
+        return;
+    QString line = track.Head();
+    if (track.Family.Form == SentAs::LineWithLength)
+        line += QStringLiteral(",%1,").arg(body.size());
+    line += body;
+    line += track.Family.Tail;
+    session.Printers.Current().Print(line);
+}
+
+} // namespace
+
+void EncodeData(Session& session, const QString& trackText, int trackNumber)
+{
+    Q_ASSERT(trackNumber >= 1 && trackNumber <= 3);
+    const StripeFamily* const family = FamilyOf(session.CurrentParams.PrinterType);
+    if (family == nullptr) {
+        EvaluateTrack(trackText, session.FieldValues, [](TokenKind, const QString&) {});
+        return;
+    }
+    const Track track{*family, static_cast<std::size_t>(trackNumber - 1)};
+    if (family->Form == SentAs::LinePerToken)
+        PrintTokens(session, track, trackText);
+    else
+        PrintLine(session, track, trackText);
 }
 
 } // namespace vantrel

@@ -6,15 +6,13 @@
 #include "platform/Printer.h"
 #include "platform/Skip.h"
 #include "print/EncodeData.h"
+#include "print/OpeningFont.h"
 #include "shaping/AutoNumber.h"
 #include <QFileInfo>
 
 namespace vantrel {
 
 namespace {
-
-const QString OpeningFontName = QStringLiteral("Arial");
-constexpr double OpeningFontSize = 8.75;
 
 /// One step on the current printer; where there is none it fails like any other and is passed over.
 template <typename Operation>

@@ -128,3 +128,20 @@ TEST(Convert, NumbersBecomeTextWithoutExponentUpToFifteenDigits)
           Row{1.0 / 3.0, "0.333333333333333"}})
         EXPECT_EQ(NumberText(row.Value), QString::fromLatin1(row.Text));
 }
+
+TEST(Convert, WholeNumbersAreDigitsWithASignAndBlanksAround)
+{
+    EXPECT_EQ(ToWholeLong(QStringLiteral(" +007 ")), 7);
+    EXPECT_EQ(ToWholeLong(QStringLiteral("-2147483648")), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(ToWholeInteger(QStringLiteral("-32768")), -32768);
+    for (const char* text : {"", " ", "+", "1.0", "1.", "1E1", "--1", "- 1", "1 2", "&H1", "\t1"}) {
+        EXPECT_EQ(FailureOf([&] { ToWholeLong(QString::fromLatin1(text)); }),
+                  FailureNumber::TypeMismatch)
+            << text;
+    }
+    EXPECT_EQ(FailureOf([] { ToWholeLong(QStringLiteral("2147483648")); }),
+              FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { ToWholeInteger(QStringLiteral("32768")); }), FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { ToWholeLong(QString(1000, QLatin1Char('9'))); }),
+              FailureNumber::Overflow);
+}

@@ -1,0 +1,130 @@
+#include "print/TrackFormula.h"
+#include "capture/FieldValues.h"
+#include "platform/Convert.h"
+#include "platform/Failure.h"
+#include "platform/Text.h"
+#include "shaping/CheckDigits.h"
+#include "shaping/Padding.h"
+#include "shaping/StripChars.h"
+#include <QStringList>
+
+namespace vantrel {
+
+namespace {
+
+constexpr QLatin1Char TokenDelimiter('~');
+constexpr QLatin1Char PartDelimiter('^');
+constexpr QStringView DataFieldWord = u"DAT";
+constexpr QStringView FormattedFieldWord = u"FD";
+
+struct KindTest
+{
+    QStringView Word;
+    TokenKind Kind;
+};
+
+/// The first word found anywhere in a token decides; a token with none of them is a literal.
+constexpr KindTest KindTests[] = {
+    {DataFieldWord, TokenKind::DataField},
+    {u"MOD", TokenKind::Mod10},
+    {u"CODABAR", TokenKind::Codabar},
+    {u"EBT", TokenKind::Ebt},
+    {u"AUTO", TokenKind::Auto},
+    {u"SEP", TokenKind::Separator},
+    {FormattedFieldWord, TokenKind::FormattedField},
+};
+
+TokenKind KindOf(const QString& token)
+{
+    for (const KindTest& test : KindTests) {
+        if (token.contains(test.Word))
+            return test.Kind;
+    }
+    return TokenKind::Literal;
+}
+
+QString Without(QString token, QStringView word)
+{
+    ReplaceText(token, word, {});
+    return token;
+}
+
+/// The four parts behind "FD", in their stored order; what follows them is passed over.
+QString FormattedFieldText(const QString& ref, const FieldValues& values)
+{
+    const QStringList parts = ref.split(PartDelimiter);
+    if (parts.size() < 4)
+        throw Failure(FailureNumber::SubscriptOutOfRange, QStringLiteral("Subscript out of range"));
+    const QString& padChars = parts[0];
+    const std::int16_t padLen = ToWholeInteger(parts[1]);
+    const std::int32_t padDirection = ToWholeLong(parts[2]);
+    const std::int16_t padField = ToWholeInteger(parts[3]);
+    return PadValue(values.Item(padField), padLen, padChars, padDirection);
+}
+
+/// @param covered  the value the check digit is computed over
+QString TextOf(const TrackToken& token, QString covered, const FieldValues& values)
+{
+    switch (token.TokenKind) {
+    case TokenKind::Mod10:
+        return QString::number(Mod10CheckDigit(covered));
+    case TokenKind::Codabar:
+        return CodabarCheckDigit(covered);
+    case TokenKind::Ebt:
+        return QString::number(EbtCheckDigit(covered));
+    case TokenKind::FormattedField:
+        return FormattedFieldText(token.TokenRef, values);
+    default:
+        return token.TokenValue;
+    }
+}
+
+} // namespace
+
+QString CleanTrackData(const QString& value)
+{
+    const QString kept =
+        StripChars(QStringLiteral("^:;~?><+-!@\"\r\n"), TrimBlanks(value).toString());
+    return TrimBlanks(kept).toString();
+}
+
+TrackToken ParseTrackToken(const QString& token, const FieldValues& values)
+{
+    TrackToken read;
+    read.TokenKind = KindOf(token);
+    read.TokenRef = QStringLiteral("-1");
+    switch (read.TokenKind) {
+    case TokenKind::DataField:
+        read.TokenField = ToWholeLong(Without(token, DataFieldWord));
+        read.TokenRef = QString::number(read.TokenField);
+        read.TokenValue = CleanTrackData(values.Item(read.TokenField));
+        break;
+    case TokenKind::FormattedField:
+        read.TokenRef = Without(token, FormattedFieldWord);
+        break;
+    case TokenKind::Literal:
+        read.TokenValue = token;
+        break;
+    default:
+        break;
+    }
+    return read;
+}
+
+void EvaluateTrack(const QString& trackText, const FieldValues& values, const TrackSink& sink)
+{
+    if (trackText.isEmpty())
+        return;
+    // A check digit covers the value of the token before it as that was read: nothing behind
+    // separators, formatted fields and other check digits. Behind an empty token, the one before.
+    QString covered;
+    const QStringList tokens = trackText.split(TokenDelimiter);
+    for (const QString& text : tokens) {
+        const TrackToken token = ParseTrackToken(text, values);
+        sink(token.TokenKind, TextOf(token, covered, values));
+        if (!text.isEmpty())
+            covered = token.TokenValue;
+    }
+}
+
+} // namespace vantrel
