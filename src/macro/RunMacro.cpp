@@ -1,10 +1,66 @@
 #include "macro/RunMacro.h"
+#include "app/Session.h"
+#include "capture/FieldApplication.h"
+#include "layout/LoadLayout.h"
+#include "platform/Convert.h"
+#include "platform/Recordset.h"
+#include "platform/Skip.h"
+#include "print/PrintCard.h"
+#include <QLoggingCategory>
+#include <QStringList>
 
 namespace vantrel {
 
-void RunMacro(Session& /*session*/, const QString& /*name*/)
+namespace {
+
+Q_LOGGING_CATEGORY(macroLog, "vantrel.macro", QtCriticalMsg)
+
+std::int32_t MacroId(Session& session, const QString& name)
 {
-    // Chains of layouts are not built yet; docs/architecture.md says what is still to come.
+    Recordset macros(session.LayoutDb);
+    // The name goes in as it stands: one with an apostrophe is never found.
+    macros.Open(QStringLiteral("SELECT [ID] FROM [Macros] WHERE [MacroName] = '") + name +
+                QLatin1Char('\''));
+    return ToLong(macros.Value(QStringLiteral("ID")));
+}
+
+/// All names at once, since no cursor may stay open while the cards print. A row without a name
+/// repeats the one before.
+QStringList LayoutsOfMacro(Session& session, std::int32_t id)
+{
+    QStringList names;
+    QString name;
+    Recordset elements(session.LayoutDb);
+    elements.Open(QStringLiteral("SELECT * FROM [MacroElements] WHERE [MacroID] = ") +
+                  QString::number(id));
+    for (; !elements.IsEof(); elements.MoveNext()) {
+        Skip("layout of a macro",
+             [&] { name = ToText(elements.Value(QStringLiteral("LayoutName"))); });
+        names.append(name);
+    }
+    return names;
+}
+
+/// A layout that is gone has its turn like any other.
+void PrintOnLayout(Session& session, const QString& layoutName)
+{
+    qCDebug(macroLog).noquote() << "Macro Engine Layout =" << layoutName;
+    Skip("load", [&] { LoadLayout(session, layoutName); });
+    Skip("field application", [&] { ReapplyFieldValues(session); });
+    Skip("card", [&] { PrintCard(session); });
+    Skip("close", [&] { CloseLayout(session); });
+}
+
+} // namespace
+
+void RunMacro(Session& session, const QString& name)
+{
+    std::int32_t id = 0;
+    Skip("macro", [&] { id = MacroId(session, name); });
+    QStringList layoutNames;
+    Skip("layouts of a macro", [&] { layoutNames = LayoutsOfMacro(session, id); });
+    for (const QString& layoutName : std::as_const(layoutNames))
+        PrintOnLayout(session, layoutName);
 }
 
 } // namespace vantrel
