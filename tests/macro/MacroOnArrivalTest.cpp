@@ -1,5 +1,4 @@
 #include "MacroStation.h"
-#include "capture/Pipeline.h"
 
 // A macro in the road of a record: what the open layout prints, what the chain prints, and what
 // comes in while it does.
@@ -10,12 +9,6 @@ namespace {
 class MacroOnArrival : public MacroStation
 {
 protected:
-    void Arrive(const char* characters)
-    {
-        TakeArrival(Session, QString::fromLatin1(characters),
-                    {QStringLiteral("Got Data (TCP/IP)"), QStringLiteral("192.0.2.7")});
-    }
-
     void OpenWithMacro(const QString& layout, const QStringList& chain)
     {
         ASSERT_TRUE(LoadLayout(Session, layout));

@@ -1,22 +1,18 @@
 #pragma once
 
-#include "layout/DrawObjects.h"
-#include "layout/LoadLayout.h"
+#include "capture/StationWithLayout.h"
 #include "macro/RunMacro.h"
 #include "platform/Recordset.h"
-#include "support/Layouts.h"
-#include <gtest/gtest.h>
 
 namespace vantrel::test {
 
 /// A station with the layouts "A", "B", "C" and "Manual" in its store, the last without automatic
 /// printing. Each prints its name as one text, then field 1; the record at hand is "one".
-class MacroStation : public ::testing::Test
+class MacroStation : public StationWithLayout
 {
 protected:
     MacroStation()
     {
-        Session.Settings.Framing = {QStringLiteral("<"), QStringLiteral("+"), QStringLiteral(">")};
         Station.WithDatabase();
         for (const char* name : {"A", "B", "C", "Manual"}) {
             BeginCard(QString::fromLatin1(name));
@@ -56,14 +52,6 @@ protected:
         }
     }
 
-    /// The texts that went to the printer, without the blank that opens each page.
-    QStringList Printed() const
-    {
-        QStringList texts = Station.Printers.Only({QStringLiteral("Print(")});
-        texts.removeAll(QStringLiteral("Print(\" \")"));
-        return texts;
-    }
-
     /// What cards print, each given as "layout value".
     static QStringList Cards(const QStringList& cards)
     {
@@ -77,8 +65,6 @@ protected:
     }
 
     const QString Macro = QStringLiteral("Card and carrier");
-    TestSession Station;
-    vantrel::Session& Session = Station.Session;
 
 private:
     int m_lastId = 0;
