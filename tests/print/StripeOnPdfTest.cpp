@@ -1,8 +1,5 @@
-#include "app/Session.h"
-#include "platform/PdfPrinter.h"
-#include "platform/Schema.h"
 #include "print/PrintCard.h"
-#include "support/Layouts.h"
+#include "print/RealStation.h"
 #include "support/PdfReading.h"
 #include <gtest/gtest.h>
 
@@ -11,41 +8,20 @@
 namespace vantrel::test {
 namespace {
 
-/// A machine whose one printer is the built-in one.
-class OnePdfPrinter : public Printers
-{
-public:
-    explicit OnePdfPrinter(const QString& folder) : m_printer(folder) {}
-
-    QStringList DeviceNames() override { return {m_printer.DeviceName()}; }
-    void MakeCurrent(const QString& /*deviceName*/) override {}
-    Printer& Current() override { return m_printer; }
-
-private:
-    PdfPrinter m_printer;
-};
-
 class StripeOnPdf : public ::testing::Test
 {
 protected:
-    StripeOnPdf()
-    {
-        const QString database = Session.PathInFolder(QLatin1StringView(LayoutDatabaseName));
-        CreateLayoutDatabase(database);
-        Session.LayoutDb.Open(database);
-        SetRecord(Session, {QStringLiteral("1234"), QStringLiteral("5678")});
-    }
-
     /// Prints a card with a formula on every track and a text further down. @return its words
     std::vector<PdfWord> Printed(std::int32_t printerType)
     {
-        BeginLayout(Session, QStringLiteral("Card"), printerType);
+        SetRecord(Session, {QStringLiteral("1234"), QStringLiteral("5678")});
         LayoutParamsRecord& params = Session.CurrentParams;
+        params.PrinterType = printerType;
         params.Track1 = params.Track2 = params.Track3 = QStringLiteral("DAT1~SEP~DAT2");
         AddText(Session, QStringLiteral("Anna"), {.Top = 3000});
         SavePage(Session);
         PrintCard(Session);
-        return WordsOfPdf(Folder.filePath(QStringLiteral("Printed/card-000001.pdf")));
+        return WordsOfPdf(m_station.CardPath(1));
     }
 
     /// Points; a glyph's own bearing is less.
@@ -68,10 +44,11 @@ protected:
         EXPECT_GT(words.back().YMin, 150 - Slack);
     }
 
-    QTemporaryDir Folder;
-    TestOperator Operator;
-    OnePdfPrinter Printers{Folder.filePath(QStringLiteral("Printed"))};
-    vantrel::Session Session{Folder.path(), Operator, Printers};
+private:
+    RealStation m_station{QStringLiteral("Vantrel PDF")};
+
+protected:
+    vantrel::Session& Session = m_station.Session;
 };
 
 } // namespace
