@@ -12,7 +12,7 @@ using namespace vantrel;
 namespace {
 
 constexpr qsizetype Kilobyte = 1024;
-constexpr qsizetype LongRecord = 64 * 1024 * Kilobyte;
+constexpr qsizetype LongRecord = Kilobyte * 1024 * 64;
 
 const Delimiters& UsualDelimiters()
 {

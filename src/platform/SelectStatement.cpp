@@ -77,7 +77,7 @@ public:
             name = name.sliced(1, name.size() - 2);
         else if (m_current.Kind != TokenKind::Word)
             Refuse("a name is missing.");
-        const QString taken = name.toString();
+        QString taken = name.toString();
         Advance();
         return taken;
     }
@@ -151,7 +151,7 @@ QString TakeCondition(Scanner& scanner, const QString& text)
             Refuse("it holds another statement.");
         scanner.Advance();
     }
-    const QString condition = text.sliced(begin, scanner.Begin() - begin).trimmed();
+    QString condition = text.sliced(begin, scanner.Begin() - begin).trimmed();
     if (condition.isEmpty())
         Refuse("its condition is missing.");
     return condition;

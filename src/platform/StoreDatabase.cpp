@@ -69,8 +69,8 @@ QSqlQuery& StoreDatabase::Run(const QString& sql, const QVariantList& values)
         fresh->setForwardOnly(true);
         if (!fresh->prepare(sql))
             FailWith(fresh->lastError());
-        query = fresh.get();
         m_statements.insert(sql, fresh.release());
+        query = m_statements.object(sql);
     }
     for (int i = 0; i < values.size(); ++i)
         query->bindValue(i, values.at(i));

@@ -21,10 +21,12 @@ constexpr Sketch::Ink PaperShade{0xEFEDE5};
 void DrawWaves(const Sketch& card, double top, int lines, double gap, Sketch::Ink ink)
 {
     constexpr double Step = 60;
+    const int steps = static_cast<int>(card.Width() / Step) + 2;
     for (int line = 0; line < lines; ++line) {
         const double phase = line * 0.55;
         const double swell = 46 + 5.0 * line;
-        for (double x = -Step; x <= card.Width() + Step; x += Step) {
+        for (int i = -1; i <= steps; ++i) {
+            const double x = i * Step;
             const double turn = 2 * std::numbers::pi * x / 3100 + phase;
             const double y =
                 top + line * gap + swell * (std::sin(turn) + 0.35 * std::sin(2.1 * turn));

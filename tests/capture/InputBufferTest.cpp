@@ -167,7 +167,7 @@ TEST(InputBuffer, RandomPiecesAgreeWithASearchOfTheWhole)
         InputBuffer buffer;
         QString whole;
         QString dataStart = wanted[below(wanted.size())];
-        const QString dataEnd = wanted[below(wanted.size())];
+        const QString& dataEnd = wanted[below(wanted.size())];
         for (int piece = 0; piece < 12; ++piece) {
             QString characters;
             for (qsizetype i = below(4); i > 0; --i)

@@ -9,20 +9,20 @@ namespace {
 
 struct FamilyCase
 {
-    Family Of;
     const char* Name;
     const char* Type;
+    Family Of;
     bool Label;
     bool Image;
 };
 
 constexpr FamilyCase FamilyCases[] = {
-    {Family::lbl_DATA, "lbl_DATA", "Label", true, false},
-    {Family::lbl_TEXT, "lbl_TEXT", "Label", true, false},
-    {Family::lbl_AUTO, "lbl_AUTO", "Label", true, false},
-    {Family::img_LXV, "img_LXV", "Image", false, true},
-    {Family::img_CAM, "img_CAM", "Image", false, true},
-    {Family::picHandle, "picHandle", "PictureBox", false, false},
+    {"lbl_DATA", "Label", Family::lbl_DATA, true, false},
+    {"lbl_TEXT", "Label", Family::lbl_TEXT, true, false},
+    {"lbl_AUTO", "Label", Family::lbl_AUTO, true, false},
+    {"img_LXV", "Image", Family::img_LXV, false, true},
+    {"img_CAM", "Image", Family::img_CAM, false, true},
+    {"picHandle", "PictureBox", Family::picHandle, false, false},
 };
 
 TEST(CardObject, KnowsItsFamilyAndItsElementType)

@@ -138,8 +138,10 @@ TEST(Schema, OfSeveralMakersAtOnceExactlyOneMakesIt)
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("Vantrel.dat"));
     std::atomic<int> made = 0;
+    constexpr int Makers = 4;
     std::vector<std::thread> makers;
-    for (int i = 0; i < 4; ++i)
+    makers.reserve(Makers);
+    for (int i = 0; i < Makers; ++i)
         makers.emplace_back([&] {
             if (FailureOf([&] { CreateLayoutDatabase(path); }) == 0)
                 ++made;

@@ -21,7 +21,7 @@ protected:
     {
         QImage image(40, 20, QImage::Format_RGB32);
         image.fill(color);
-        const QString path = Session.PathInFolder(name);
+        QString path = Session.PathInFolder(name);
         EXPECT_TRUE(image.save(path));
         return path;
     }

@@ -55,7 +55,7 @@ namespace {
 QString MakeProgramFolder(const QTemporaryDir& folder)
 {
     EXPECT_TRUE(folder.isValid());
-    const QString path = folder.filePath(QStringLiteral("Vantrel"));
+    QString path = folder.filePath(QStringLiteral("Vantrel"));
     EXPECT_TRUE(QDir().mkpath(path));
     return path;
 }
@@ -78,7 +78,7 @@ QString TestSession::WritePng(const QString& name, int width, int height, QRgb c
 {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(color);
-    const QString path = Session.PathInFolder(name);
+    QString path = Session.PathInFolder(name);
     EXPECT_TRUE(image.save(path));
     return path;
 }
