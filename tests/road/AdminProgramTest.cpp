@@ -88,6 +88,14 @@ TEST_F(AdminProgram, InitMakesAFolderThatAStationCanStartIn)
     EXPECT_NO_THROW(store.Open(Folder + QStringLiteral("/Vantrel.dat")));
 }
 
+TEST_F(AdminProgram, ACommandWithoutItsVerbIsToldThatAWordIsMissing)
+{
+    const Outcome outcome = RunAdmin({Macro});
+    EXPECT_EQ(outcome.Code, 2);
+    EXPECT_TRUE(outcome.Errors.contains(QStringLiteral("a word is missing behind: macro")))
+        << outcome.Errors.toStdString();
+}
+
 TEST_F(AdminProgram, AnExistingDatabaseIsNeverOverwritten)
 {
     ExpectDone({Init, Folder});

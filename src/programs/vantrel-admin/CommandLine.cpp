@@ -100,10 +100,14 @@ Request ReadCommandLine(const QStringList& line)
     const QString asked = words.join(u' ');
     const Command* command = FindCommand(words);
     if (command == nullptr) {
+        const QString group = HelpOfGroup(asked + QLatin1Char(' '));
         if (help)
-            request.Help = HelpOfGroup(asked + QLatin1Char(' '));
-        if (request.Help.isEmpty())
-            request.Mistake = QStringLiteral("unknown command: ") + asked.simplified() + SeeHelp;
+            request.Help = group;
+        if (request.Help.isEmpty()) {
+            request.Mistake = (group.isEmpty() ? QStringLiteral("unknown command: ")
+                                               : QStringLiteral("a word is missing behind: ")) +
+                              asked.simplified() + SeeHelp;
+        }
         return request;
     }
     if (help) {
