@@ -1,4 +1,5 @@
 #include "app/frmMessage.h"
+#include "app/DesktopControls.h"
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,8 +17,7 @@ constexpr int ButtonGap = 8;
 
 QPushButton* MakeButton(const char* name, const QString& caption, QWidget* parent)
 {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QLatin1StringView(name));
+    auto* button = MakeControl<QPushButton>(name, caption, parent);
     button->setMinimumWidth(ButtonWidth);
     return button;
 }
@@ -26,15 +26,13 @@ QPushButton* MakeButton(const char* name, const QString& caption, QWidget* paren
 
 frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButtons buttons,
                        QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
-      m_hasNo(buttons == AppMessageButtons::YesNo)
+    : QDialog(parent, DialogWithoutClose), m_hasNo(buttons == AppMessageButtons::YesNo)
 {
     setObjectName(QStringLiteral("frmMessage"));
     if (!title.isEmpty())
         setWindowTitle(title);
 
-    auto* out = new QLabel(this);
-    out->setObjectName(QStringLiteral("lblOut"));
+    auto* out = MakeControl<QLabel>("lblOut", this);
     out->setTextFormat(Qt::PlainText);
     out->setText(text);
     // As wide as the text asks for while it stands in its own lines.

@@ -1,4 +1,5 @@
 #include "layout/frmGetLayout.h"
+#include "app/DesktopControls.h"
 #include "app/RunTimeError.h"
 #include "layout/Navigation.h"
 #include <QHBoxLayout>
@@ -13,21 +14,17 @@ constexpr QSize FirstSize{320, 300};
 }
 
 frmGetLayout::frmGetLayout(Session& session, QWidget* parent)
-    : QDialog(parent), m_session(session), m_layouts(new QListWidget(this))
+    : QDialog(parent), m_session(session), m_layouts(MakeControl<QListWidget>("lstLayouts", this))
 {
     setObjectName(QStringLiteral("frmGetLayout"));
     setWindowTitle(QStringLiteral(" Select a layout"));
-    setAttribute(Qt::WA_DeleteOnClose);
 
-    m_layouts->setObjectName(QStringLiteral("lstLayouts"));
     m_layouts->setAccessibleName(QStringLiteral("Layouts"));
     m_layouts->addItems(LayoutNames(session));
-    auto* load = new QPushButton(QStringLiteral("Load"), this);
-    load->setObjectName(QStringLiteral("cmdLoad"));
+    auto* load = MakeControl<QPushButton>("cmdLoad", QStringLiteral("Load"), this);
     load->setDefault(true);
     load->setEnabled(false);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    auto* cancel = MakeControl<QPushButton>("cmdCancel", QStringLiteral("Cancel"), this);
 
     connect(m_layouts, &QListWidget::itemSelectionChanged, load,
             [this, load] { load->setEnabled(!ChosenLayout().isEmpty()); });
@@ -43,16 +40,6 @@ frmGetLayout::frmGetLayout(Session& session, QWidget* parent)
     column->addWidget(m_layouts);
     column->addLayout(row);
     resize(FirstSize);
-}
-
-void frmGetLayout::Open(Session& session, QWidget* parent)
-{
-    auto* picker = parent->findChild<frmGetLayout*>();
-    if (picker == nullptr)
-        picker = new frmGetLayout(session, parent);
-    picker->show();
-    picker->raise();
-    picker->activateWindow();
 }
 
 QString frmGetLayout::ChosenLayout() const

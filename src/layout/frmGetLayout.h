@@ -14,11 +14,8 @@ class frmGetLayout : public QDialog
     Q_OBJECT
 
 public:
+    /// Fails like `LayoutNames`.
     frmGetLayout(Session& session, QWidget* parent);
-
-    /// Shows the picker over `parent`; one that is open already comes to the front. Fails like
-    /// `LayoutNames`.
-    static void Open(Session& session, QWidget* parent);
 
 private:
     QString ChosenLayout() const;

@@ -1,4 +1,5 @@
 #include "layout/frmNav.h"
+#include "app/DesktopControls.h"
 #include "app/RunTimeError.h"
 #include "app/ScreenUnits.h"
 #include "layout/NavIcons.h"
@@ -34,7 +35,7 @@ constexpr NavButton Buttons[] = {
     {"cmdNext", "Next Page", NavPicture::Next, true, 0, 1,
      [](Session& session, QWidget* /*parent*/) { NextPage(session); }},
     {"cmdOpen", "Open Layout", NavPicture::Open, false, 1, 0,
-     [](Session& session, QWidget* parent) { frmGetLayout::Open(session, parent); }},
+     [](Session& session, QWidget* parent) { OpenDialog<frmGetLayout>(session, parent); }},
     {"cmdSave", "Save Page", NavPicture::Save, true, 1, 1,
      [](Session& session, QWidget* /*parent*/) { SaveCommand(session); }},
 };

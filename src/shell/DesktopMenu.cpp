@@ -1,4 +1,5 @@
 #include "shell/DesktopMenu.h"
+#include "app/DesktopControls.h"
 #include "app/RunTimeError.h"
 #include "app/Session.h"
 #include "layout/frmGetLayout.h"
@@ -33,7 +34,7 @@ constexpr MainMenu::Entry MainMenu::Entries[] = {
     {"", "mnuFile", "&File"},
     {"mnuFile", "mnuOpen", "&Open ..."},
     {"mnuOpen", "cmdOpen", "&Open Layout", "",
-     [](MainMenu& menu) { frmGetLayout::Open(menu.m_session, &menu.m_window); }, Enabled::WhileVisible},
+     [](MainMenu& menu) { OpenDialog<frmGetLayout>(menu.m_session, &menu.m_window); }, Enabled::WhileVisible},
     {"mnuFile", "cmdSave", "&Save", "Ctrl+S",
      [](MainMenu& menu) { SaveCommand(menu.m_session); }, Enabled::WhileVisibleWithLayout},
     {"mnuFile", "cmdClose", "&Close Layout", "Ctrl+L",

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QLatin1StringView>
+#include <QWidget>
+#include <utility>
+
+namespace vantrel {
+
+class Session;
+
+/// @file How windows make their controls and come up. A control's name is its name in the system.
+
+/// A dialog whose title bar has no close box; it is left by its own buttons.
+inline constexpr Qt::WindowFlags DialogWithoutClose =
+    Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+
+/// A control under its name, made with `arguments`; its parent owns it.
+template <typename Control, typename... Arguments>
+Control* MakeControl(const char* name, Arguments&&... arguments)
+{
+    auto* control = new Control(std::forward<Arguments>(arguments)...);
+    control->setObjectName(QLatin1StringView(name));
+    return control;
+}
+
+/// Shows the dialog over `parent` without waiting for it; one that is open already comes to the
+/// front. Fails as making the dialog fails.
+template <typename Dialog>
+Dialog& OpenDialog(Session& session, QWidget* parent)
+{
+    auto* dialog = parent->findChild<Dialog*>();
+    if (dialog == nullptr) {
+        dialog = new Dialog(session, parent);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+    return *dialog;
+}
+
+} // namespace vantrel
