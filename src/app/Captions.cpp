@@ -25,4 +25,10 @@ QString CaptionWithLayout(const Session& session, const QString& caption)
            QLatin1Char(')');
 }
 
+QString HideCaption(const Session& session)
+{
+    return session.Settings.MainVisible ? QStringLiteral("Hide Vantrel...")
+                                        : QStringLiteral("Show Vantrel...");
+}
+
 } // namespace vantrel

@@ -35,8 +35,10 @@ void LoadMain(Session& session)
     Skip("reopen last layout", [&] { ReopenLastLayout(session); });
     if (session.Settings.CaptureEnabled)
         SwitchPorts(session, SwitchMode::All);
+    session.Face.SetHideCaption(HideCaption(session));
     // No session publishes its window's handle: the key for it stays unwritten.
     TickStatusBar(session);
+    session.Face.SetPropertiesEnabled(false);
     session.Operator.LetEventsRun();
 }
 

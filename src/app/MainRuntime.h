@@ -26,6 +26,8 @@ QString StartCaption();
 QString PlainCaption();
 /// `caption` with the open layout and its printer behind it.
 QString CaptionWithLayout(const Session& session, const QString& caption);
+/// Caption of the command that hides or shows the windows, by the present state.
+QString HideCaption(const Session& session);
 
 /// The load of the main window: caption, ticks, the last layout, the ports. A failing step is
 /// passed over.

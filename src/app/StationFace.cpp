@@ -3,6 +3,11 @@
 
 namespace vantrel {
 
+StationFace::StationFace()
+{
+    m_entries.fill(true);
+}
+
 void StationFace::SetCaption(const QString& text)
 {
     m_caption = text;
@@ -30,6 +35,26 @@ void StationFace::SetTick(Tick tick, bool on)
 {
     m_ticks.at(static_cast<std::size_t>(tick)) = on;
     Q_EMIT TickChanged(tick, on);
+}
+
+void StationFace::SetEntryVisible(ObjectEntry entry, bool visible)
+{
+    m_entries.at(static_cast<std::size_t>(entry)) = visible;
+    Q_EMIT EntryVisibleChanged(entry, visible);
+}
+
+void StationFace::SetPropertiesEnabled(bool enabled)
+{
+    if (enabled == m_propertiesEnabled)
+        return;
+    m_propertiesEnabled = enabled;
+    Q_EMIT PropertiesEnabledChanged(enabled);
+}
+
+void StationFace::SetHideCaption(const QString& text)
+{
+    m_hideCaption = text;
+    Q_EMIT HideCaptionChanged(text);
 }
 
 void StationFace::SetTray(TrayImage image, const QString& tip)

@@ -1,18 +1,14 @@
 #pragma once
 
+#include "app/MenuState.h"
 #include "platform/Picture.h"
 #include <QObject>
 #include <QString>
-#include <QStringList>
 #include <array>
 #include <cstdint>
 #include <variant>
 
 namespace vantrel {
-
-/// Menu entries that carry a tick.
-enum class Tick { cmdDynamicLayout, chkAutoAdd, cmdCapEnable, chkAutoSpool };
-inline constexpr int TickCount = 4;
 
 /// Images of the notification icon.
 enum class TrayImage { Waiting = 1, Flash = 2, Disabled = 3 };
@@ -30,15 +26,6 @@ struct Panel
     QString ToolTip;
 };
 
-/// The list of the last record's values as the menu shows it.
-struct FieldMenu
-{
-    /// Captions from element 1 on, such as "Data Field 1        =      A".
-    QStringList Captions;
-    /// Whether the entry "Send a data stream..." shows.
-    bool SendEntryVisible = true;
-};
-
 /// What the main window's background is: nothing, a colour number, or a picture.
 using BackgroundSetting = std::variant<std::monostate, double, Picture>;
 
@@ -49,6 +36,8 @@ class StationFace : public QObject
     Q_OBJECT
 
 public:
+    StationFace();
+
     const QString& Caption() const { return m_caption; }
     void SetCaption(const QString& text);
 
@@ -59,6 +48,20 @@ public:
 
     bool IsTicked(Tick tick) const { return m_ticks[static_cast<std::size_t>(tick)]; }
     void SetTick(Tick tick, bool on);
+
+    bool IsEntryVisible(ObjectEntry entry) const
+    {
+        return m_entries[static_cast<std::size_t>(entry)];
+    }
+    void SetEntryVisible(ObjectEntry entry, bool visible);
+    /// Whether `mnuProperties` can be opened: an object is selected.
+    bool PropertiesEnabled() const { return m_propertiesEnabled; }
+    void SetPropertiesEnabled(bool enabled);
+    /// Caption of the entry that hides or shows the windows.
+    const QString& HideCaption() const { return m_hideCaption; }
+    void SetHideCaption(const QString& text);
+    /// Asks for a menu to open where the pointer is.
+    void AskPopUp(PopUp menu) { Q_EMIT PopUpAsked(menu); }
 
     TrayImage TrayPicture() const { return m_trayImage; }
     const QString& TrayTip() const { return m_trayTip; }
@@ -71,20 +74,30 @@ public:
     void TellVisibility(bool visible) { Q_EMIT VisibilityChanged(visible); }
     /// Tells that a record has begun: the icon flashes.
     void TellRecordBegun() { Q_EMIT RecordBegun(); }
+    /// Tells that the operator has confirmed that the station is to end.
+    void TellExitConfirmed() { Q_EMIT ExitConfirmed(); }
 
 Q_SIGNALS:
     void CaptionChanged(const QString& text);
     void PanelChanged(int number);
     void TickChanged(vantrel::Tick tick, bool on);
+    void EntryVisibleChanged(vantrel::ObjectEntry entry, bool visible);
+    void PropertiesEnabledChanged(bool enabled);
+    void HideCaptionChanged(const QString& text);
+    void PopUpAsked(vantrel::PopUp menu);
     void TrayChanged();
     void FieldsChanged();
     void VisibilityChanged(bool visible);
     void RecordBegun();
+    void ExitConfirmed();
 
 private:
     QString m_caption;
     std::array<Panel, 3> m_panels;
     std::array<bool, TickCount> m_ticks{};
+    std::array<bool, ObjectEntryCount> m_entries;
+    bool m_propertiesEnabled = true;
+    QString m_hideCaption = QStringLiteral("Hide Vantrel...");
     TrayImage m_trayImage = TrayImage::Disabled;
     QString m_trayTip;
     FieldMenu m_fields;

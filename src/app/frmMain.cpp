@@ -76,7 +76,7 @@ void frmMain::MirrorFace()
     connect(&face, &StationFace::CaptionChanged, this, &QWidget::setWindowTitle);
     connect(&face, &StationFace::PanelChanged, this, &frmMain::ShowPanel);
     connect(&face, &StationFace::VisibilityChanged, this, &frmMain::ShowOrHide);
-    connect(m_menu, &MainMenu::ExitConfirmed, this, &frmMain::Unload, Qt::QueuedConnection);
+    connect(&face, &StationFace::ExitConfirmed, this, &frmMain::Unload, Qt::QueuedConnection);
 }
 
 void frmMain::Load()
@@ -91,7 +91,7 @@ void frmMain::Load()
     resize(place.size());
     PaintBack();
     RunOrEnd([&] { LoadMain(m_session); });
-    m_menu->UpdateHideCaption();
+    m_menu->UpdateStartCaptions();
     UpdateCommands();
     StartTimers();
     ShowOrHide(m_session.Settings.MainVisible);

@@ -1,4 +1,5 @@
 #include "shell/Commands.h"
+#include "app/MainRuntime.h"
 #include "app/Operator.h"
 #include "app/Session.h"
 #include "app/Settings.h"
@@ -96,28 +97,23 @@ void ToggleVisible(Session& session)
     const bool visible = !session.Settings.MainVisible;
     session.Settings.MainVisible = visible;
     session.Face.TellVisibility(visible);
+    session.Face.SetHideCaption(HideCaption(session));
     if (visible && !session.CurrentLayoutName.isEmpty())
         session.Document.Show();
     SaveSetting(session, SettingNumber::Visible, BooleanText(visible));
 }
 
-QString HideCaption(const Session& session)
-{
-    return session.Settings.MainVisible ? QStringLiteral("Hide Vantrel...")
-                                        : QStringLiteral("Show Vantrel...");
-}
-
-bool ExitCommand(Session& session)
+void ExitCommand(Session& session)
 {
     const QString question =
         QStringLiteral("Closing Vantrel will disable it's ability to capture data.  \r\n"
                        "Are you sure this is what you want?");
     if (!session.Operator.ShowAppMessage(question, QStringLiteral(" Disable Vantrel?"),
                                          AppMessageButtons::YesNo))
-        return false;
+        return;
     if (session.SessionNumber < FirstWorkerSession)
         PostCloseToLauncher(session.ProgramFolder);
-    return true;
+    session.Face.TellExitConfirmed();
 }
 
 } // namespace vantrel

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 namespace vantrel {
 
 class Session;
@@ -30,11 +28,9 @@ void ToggleCapture(Session& session);
 /// Shows or hides the station's windows; with a layout open its document is shown with them. The
 /// state is told through the station's face and stored.
 void ToggleVisible(Session& session);
-/// Caption of the command that hides or shows the windows, by the present state.
-QString HideCaption(const Session& session);
 
-/// Asks whether the station is to end. On yes, session 0 or 1 closes the launcher too. @return
-/// whether the main window is to unload
-bool ExitCommand(Session& session);
+/// Asks whether the station is to end. On yes, session 0 or 1 closes the launcher too, and the main
+/// window is told to unload through the station's face.
+void ExitCommand(Session& session);
 
 } // namespace vantrel

@@ -1,147 +1,189 @@
 #include "shell/DesktopMenu.h"
-#include "app/DesktopControls.h"
+#include "app/MainRuntime.h"
 #include "app/RunTimeError.h"
 #include "app/Session.h"
-#include "layout/frmGetLayout.h"
-#include "shell/Commands.h"
+#include "shell/DesktopMenuRow.h"
+#include <QCursor>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <cstring>
 
 namespace vantrel {
 
 namespace {
 
-/// When an entry can be chosen.
-enum class Enabled { Always, WhileVisible, WithLayout, WhileVisibleWithLayout };
+const char* MenuName(PopUp menu)
+{
+    switch (menu) {
+    case PopUp::mnuFile:
+        return "mnuFile";
+    case PopUp::mnuProperties:
+        return "mnuProperties";
+    case PopUp::mnuDataFields:
+        return "mnuDataFields";
+    case PopUp::mnuBack:
+        return "mnuBack";
+    case PopUp::mnuAutoNumber:
+        return "mnuAutoNumber";
+    }
+    return "";
+}
+
+/// A caption that shows every "&" of a value instead of taking it for a mnemonic.
+QString PlainMenuText(QString text)
+{
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
 
 } // namespace
-
-/// A row without a name is a separator, one without an action a menu.
-struct MainMenu::Entry
-{
-    /// Name of the menu it stands in; empty for the bar.
-    const char* Parent;
-    const char* Name = "";
-    const char* Caption = "";
-    const char* Shortcut = "";
-    void (*Action)(MainMenu& menu) = nullptr;
-    Enabled When = Enabled::Always;
-    std::optional<Tick> Ticked = {};
-};
-
-// clang-format off
-constexpr MainMenu::Entry MainMenu::Entries[] = {
-    {"", "mnuFile", "&File"},
-    {"mnuFile", "mnuOpen", "&Open ..."},
-    {"mnuOpen", "cmdOpen", "&Open Layout", "",
-     [](MainMenu& menu) { OpenDialog<frmGetLayout>(menu.m_session, &menu.m_window); }, Enabled::WhileVisible},
-    {"mnuFile", "cmdSave", "&Save", "Ctrl+S",
-     [](MainMenu& menu) { SaveCommand(menu.m_session); }, Enabled::WhileVisibleWithLayout},
-    {"mnuFile", "cmdClose", "&Close Layout", "Ctrl+L",
-     [](MainMenu& menu) { CloseCommand(menu.m_session); }, Enabled::WithLayout},
-    {"mnuFile"},
-    {"mnuFile", "cmdPrint", "Print ...", "Ctrl+P",
-     [](MainMenu& menu) { PrintCommand(menu.m_session); }, Enabled::WithLayout},
-    {"mnuFile"},
-    {"mnuFile", "cmdHide", "Hide Vantrel...", "Ctrl+H",
-     [](MainMenu& menu) { ToggleVisible(menu.m_session); menu.UpdateHideCaption(); }},
-    {"mnuFile", "cmdExit", "&Disable Vantrel", "Shift+Del",
-     [](MainMenu& menu) { if (ExitCommand(menu.m_session)) Q_EMIT menu.ExitConfirmed(); }},
-    {"", "mnuData", "&Document", "", nullptr, Enabled::WithLayout},
-    {"mnuData", "chkAutoSpool", "Automatically Print Document", "",
-     [](MainMenu& menu) { ToggleAutoSpool(menu.m_session); }, Enabled::Always, Tick::chkAutoSpool},
-    {"", "mnuSettings", "&Settings"},
-    {"mnuSettings", "mnuOptions", "Options ..."},
-    {"mnuOptions", "cmdDynamicLayout", "Dynamically Load Layouts", "",
-     [](MainMenu& menu) { ToggleDynamicLayouts(menu.m_session); }, Enabled::Always,
-     Tick::cmdDynamicLayout},
-    {"mnuOptions", "chkAutoAdd", "Dynamically Load Fields", "",
-     [](MainMenu& menu) { ToggleDynamicFields(menu.m_session); }, Enabled::Always, Tick::chkAutoAdd},
-    {"mnuSettings"},
-    {"mnuSettings", "cmdCapEnable", "Enable Data Capture", "",
-     [](MainMenu& menu) { ToggleCapture(menu.m_session); }, Enabled::Always, Tick::cmdCapEnable},
-};
-// clang-format on
 
 MainMenu::MainMenu(Session& session, QMainWindow& window)
     : QObject(&window), m_session(session), m_window(window)
 {
     Build();
-    connect(&session.Face, &StationFace::TickChanged, this, &MainMenu::MirrorTick);
+    MirrorFace();
     UpdateEnabled();
 }
 
 void MainMenu::Build()
 {
-    for (const Entry& entry : Entries) {
-        auto* menu = m_window.findChild<QMenu*>(QLatin1StringView(entry.Parent));
-        if (*entry.Name == '\0') {
-            menu->addSeparator();
-        } else if (entry.Action != nullptr) {
-            AddCommand(entry, *menu);
-        } else {
-            const QString caption = QLatin1StringView(entry.Caption);
-            QMenu* made = *entry.Parent == '\0' ? m_window.menuBar()->addMenu(caption)
-                                                : menu->addMenu(caption);
-            made->setObjectName(QLatin1StringView(entry.Name));
-        }
+    for (const MenuRow& row : MenuRows()) {
+        QAction* action = nullptr;
+        if (row.Kind == RowKind::Menu)
+            action = MakeMenu(row)->menuAction();
+        else
+            FindMenu(row.Parent)->addAction(action = MakeCommand(row));
+        action->setVisible(row.ShownAtStart);
+        action->setEnabled(row.EnabledAtStart);
+        m_actions.push_back(action);
     }
 }
 
-void MainMenu::AddCommand(const Entry& entry, QWidget& menu)
+QMenu* MainMenu::MakeMenu(const MenuRow& row)
 {
-    auto* action = new QAction(QLatin1StringView(entry.Caption), &m_window);
-    action->setObjectName(QLatin1StringView(entry.Name));
-    action->setShortcut(QKeySequence(QLatin1StringView(entry.Shortcut)));
-    if (entry.Ticked) {
+    auto* menu = new QMenu(QLatin1StringView(row.Caption), &m_window);
+    menu->setObjectName(QLatin1StringView(row.Name));
+    QMenu* parent = FindMenu(row.Parent);
+    if (parent != nullptr)
+        parent->addMenu(menu);
+    else if (row.ShownAtStart)
+        m_window.menuBar()->addMenu(menu);
+    return menu;
+}
+
+QAction* MainMenu::MakeCommand(const MenuRow& row)
+{
+    auto* action = new QAction(QLatin1StringView(row.Caption), &m_window);
+    action->setObjectName(QLatin1StringView(row.Name));
+    action->setShortcut(QKeySequence(QLatin1StringView(row.Shortcut)));
+    action->setSeparator(row.Kind == RowKind::Dash);
+    if (row.Ticked) {
         action->setCheckable(true);
-        action->setChecked(m_session.Face.IsTicked(*entry.Ticked));
+        action->setChecked(m_session.Face.IsTicked(*row.Ticked));
     }
     // Queued, so that a press returns at once even where the command asks and waits for an answer.
     connect(
         action, &QAction::triggered, this,
-        [this, &entry] {
-            if (entry.Ticked) {
+        [this, &row] {
+            if (row.Ticked) {
                 // The tick follows the station, not the press: the command may do nothing.
-                MirrorTick(*entry.Ticked, m_session.Face.IsTicked(*entry.Ticked));
+                MirrorTick(*row.Ticked, m_session.Face.IsTicked(*row.Ticked));
             }
-            RunOrEnd([&] { entry.Action(*this); });
+            if (row.Action != nullptr)
+                RunOrEnd([&] { row.Action(m_session, m_window); });
         },
         Qt::QueuedConnection);
-    menu.addAction(action);
+    return action;
+}
+
+void MainMenu::MirrorFace()
+{
+    const StationFace& face = m_session.Face;
+    connect(&face, &StationFace::TickChanged, this, &MainMenu::MirrorTick);
+    connect(&face, &StationFace::EntryVisibleChanged, this, &MainMenu::MirrorEntry);
+    connect(&face, &StationFace::PropertiesEnabledChanged, this,
+            [this](bool on) { Find("mnuProperties")->setEnabled(on); });
+    connect(&face, &StationFace::HideCaptionChanged, this,
+            [this](const QString& text) { Find("cmdHide")->setText(text); });
+    connect(&face, &StationFace::FieldsChanged, this, &MainMenu::MirrorFields);
+    connect(&face, &StationFace::PopUpAsked, this, &MainMenu::OpenPopUp);
+    MirrorFields();
+}
+
+QMenu* MainMenu::FindMenu(const char* name) const
+{
+    return *name == '\0' ? nullptr : m_window.findChild<QMenu*>(QLatin1StringView(name));
 }
 
 QAction* MainMenu::Find(const char* name) const
 {
-    if (const auto* menu = m_window.findChild<QMenu*>(QLatin1StringView(name)))
-        return menu->menuAction();
-    return m_window.findChild<QAction*>(QLatin1StringView(name));
+    const auto rows = MenuRows();
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        if (std::strcmp(rows[index].Name, name) == 0)
+            return m_actions[index];
+    }
+    return nullptr;
 }
 
 void MainMenu::MirrorTick(Tick tick, bool on)
 {
-    for (const Entry& entry : Entries) {
-        if (entry.Ticked == tick)
-            Find(entry.Name)->setChecked(on);
+    const auto rows = MenuRows();
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        if (rows[index].Ticked == tick)
+            m_actions[index]->setChecked(on);
     }
+}
+
+void MainMenu::MirrorEntry(ObjectEntry entry, bool visible)
+{
+    const auto rows = MenuRows();
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        if (rows[index].Follows == entry)
+            m_actions[index]->setVisible(visible);
+    }
+}
+
+void MainMenu::MirrorFields()
+{
+    const FieldMenu& fields = m_session.Face.Fields();
+    QAction* send = Find("sData");
+    send->setVisible(fields.SendEntryVisible);
+    const auto count = static_cast<std::size_t>(fields.Captions.size());
+    for (; m_fields.size() > count; m_fields.pop_back())
+        delete m_fields.back();
+    while (m_fields.size() < count) {
+        m_fields.push_back(new QAction(&m_window));
+        const auto number = static_cast<int>(m_fields.size());
+        m_fields.back()->setObjectName(QStringLiteral("cmdField(%1)").arg(number));
+        FindMenu("mnuDataFields")->insertAction(send, m_fields.back());
+    }
+    for (std::size_t index = 0; index < count; ++index)
+        m_fields[index]->setText(PlainMenuText(fields.Captions[static_cast<qsizetype>(index)]));
+}
+
+void MainMenu::OpenPopUp(PopUp menu)
+{
+    FindMenu(MenuName(menu))->popup(QCursor::pos());
 }
 
 void MainMenu::UpdateEnabled()
 {
     const bool visible = m_session.Settings.MainVisible;
     const bool layout = !m_session.CurrentLayoutName.isEmpty();
-    for (const Entry& entry : Entries) {
-        if (entry.When == Enabled::Always)
+    const auto rows = MenuRows();
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const Enabled when = rows[index].When;
+        if (when == Enabled::Always)
             continue;
-        const bool enabled = (entry.When == Enabled::WithLayout || visible) &&
-                             (entry.When == Enabled::WhileVisible || layout);
-        Find(entry.Name)->setEnabled(enabled);
+        m_actions[index]->setEnabled((when == Enabled::WithLayout || visible) &&
+                                     (when == Enabled::WhileVisible || layout));
     }
 }
 
-void MainMenu::UpdateHideCaption()
+void MainMenu::UpdateStartCaptions()
 {
-    Find("cmdHide")->setText(HideCaption(m_session));
+    Find("cmdAbout")->setText(QStringLiteral("About Ostrand Vantrel v") + VersionText());
+    Find("cmdImportSession")->setText(QStringLiteral("Vantrel 4 \u00a9 Session.ini"));
 }
 
 } // namespace vantrel

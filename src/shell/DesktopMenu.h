@@ -1,16 +1,21 @@
 #pragma once
 
-#include "app/StationFace.h"
+#include "app/MenuState.h"
 #include <QObject>
+#include <vector>
 
 class QAction;
 class QMainWindow;
+class QMenu;
 
 namespace vantrel {
 
 class Session;
+struct MenuRow;
 
-/// The menus of the main window. Each entry is a `QAction` of the window under its own name.
+/// The menus of the main window, made from the table of `MenuRows`. Each entry is a `QAction` of
+/// the window under its own name, each menu a `QMenu`; named dashes are actions too. They mirror
+/// the station's face.
 class MainMenu : public QObject
 {
     Q_OBJECT
@@ -20,24 +25,27 @@ public:
 
     /// Fits what can be chosen to whether the windows show and whether a layout is open.
     void UpdateEnabled();
-    /// Captions the entry that hides or shows the windows by the present state.
-    void UpdateHideCaption();
-
-Q_SIGNALS:
-    /// The operator has confirmed that the station is to end.
-    void ExitConfirmed();
+    /// The captions that the load of the main window sets.
+    void UpdateStartCaptions();
 
 private:
-    struct Entry;
-    static const Entry Entries[];
-
     void Build();
-    void AddCommand(const Entry& entry, QWidget& menu);
+    QMenu* MakeMenu(const MenuRow& row);
+    QAction* MakeCommand(const MenuRow& row);
+    void MirrorFace();
     void MirrorTick(Tick tick, bool on);
+    void MirrorEntry(ObjectEntry entry, bool visible);
+    void MirrorFields();
+    void OpenPopUp(PopUp menu);
+    QMenu* FindMenu(const char* name) const;
     QAction* Find(const char* name) const;
 
     Session& m_session;
     QMainWindow& m_window;
+    /// One per row of the table; that of a menu is its own action.
+    std::vector<QAction*> m_actions;
+    /// Elements of the list of data fields from 1 on.
+    std::vector<QAction*> m_fields;
 };
 
 } // namespace vantrel

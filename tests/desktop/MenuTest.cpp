@@ -13,52 +13,6 @@
 namespace vantrel::test {
 namespace {
 
-struct EntryRow
-{
-    const char* Name;
-    const char* Caption;
-    const char* Shortcut;
-};
-
-constexpr EntryRow EntryRows[] = {
-    {"cmdOpen", "&Open Layout", ""},
-    {"cmdSave", "&Save", "Ctrl+S"},
-    {"cmdClose", "&Close Layout", "Ctrl+L"},
-    {"cmdPrint", "Print ...", "Ctrl+P"},
-    {"cmdHide", "Hide Vantrel...", "Ctrl+H"},
-    {"cmdExit", "&Disable Vantrel", "Shift+Del"},
-    {"chkAutoSpool", "Automatically Print Document", ""},
-    {"cmdDynamicLayout", "Dynamically Load Layouts", ""},
-    {"chkAutoAdd", "Dynamically Load Fields", ""},
-    {"cmdCapEnable", "Enable Data Capture", ""},
-};
-
-struct MenuRow
-{
-    const char* Name;
-    const char* Caption;
-};
-
-constexpr MenuRow MenuRows[] = {
-    {"mnuFile", "&File"},         {"mnuOpen", "&Open ..."},      {"mnuData", "&Document"},
-    {"mnuSettings", "&Settings"}, {"mnuOptions", "Options ..."},
-};
-
-TEST(Menu, EntriesHaveTheirCaptionsAndShortcuts)
-{
-    DesktopStation station;
-    station.Load();
-    for (const EntryRow& row : EntryRows) {
-        const auto& action = station.Get<QAction>(row.Name);
-        EXPECT_EQ(action.text(), QLatin1StringView(row.Caption)) << row.Name;
-        EXPECT_EQ(action.shortcut().toString(), QLatin1StringView(row.Shortcut)) << row.Name;
-    }
-    for (const MenuRow& row : MenuRows)
-        EXPECT_EQ(station.Get<QMenu>(row.Name).title(), QLatin1StringView(row.Caption)) << row.Name;
-    EXPECT_EQ(std::size(EntryRows), 10U);
-    EXPECT_EQ(std::size(MenuRows), 5U);
-}
-
 TEST(Menu, EntriesThatNeedALayoutAreOffWithoutOne)
 {
     DesktopStation station;

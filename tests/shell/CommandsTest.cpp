@@ -137,10 +137,10 @@ TEST(VisibleCommand, HidesAndShowsTheWindowsAndTheCard)
     std::vector<bool> told;
     QObject::connect(&station.Session.Face, &StationFace::VisibilityChanged,
                      [&](bool visible) { told.push_back(visible); });
-    EXPECT_EQ(HideCaption(station.Session), QStringLiteral("Hide Vantrel..."));
+    EXPECT_EQ(station.Session.Face.HideCaption(), QStringLiteral("Hide Vantrel..."));
     ToggleVisible(station.Session);
     EXPECT_FALSE(station.Session.Settings.MainVisible);
-    EXPECT_EQ(HideCaption(station.Session), QStringLiteral("Show Vantrel..."));
+    EXPECT_EQ(station.Session.Face.HideCaption(), QStringLiteral("Show Vantrel..."));
     station.Session.Document.Hide();
     ToggleVisible(station.Session);
     EXPECT_TRUE(station.Session.Document.IsShown());
@@ -165,12 +165,22 @@ TEST(VisibleCommand, WritesBesideTheFolderUnderItsName)
     EXPECT_FALSE(QFile::exists(SessionStatusPath(station.Session)));
 }
 
+/// Runs the command. @return whether the main window was told to unload
+bool TellsExit(Session& session)
+{
+    bool told = false;
+    QObject context;
+    QObject::connect(&session.Face, &StationFace::ExitConfirmed, &context, [&] { told = true; });
+    ExitCommand(session);
+    return told;
+}
+
 TEST(ExitCommand, AsksBeforeItEndsTheStation)
 {
     TestSession station;
     station.Operator.Answers = {false, true};
-    EXPECT_FALSE(ExitCommand(station.Session));
-    EXPECT_TRUE(ExitCommand(station.Session));
+    EXPECT_FALSE(TellsExit(station.Session));
+    EXPECT_TRUE(TellsExit(station.Session));
     EXPECT_EQ(station.Operator.AppMessages.constFirst(),
               QStringLiteral(" Disable Vantrel?|Closing Vantrel will disable it's ability to "
                              "capture data.  \r\nAre you sure this is what you want?"));
@@ -184,7 +194,7 @@ TEST(ExitCommand, OfSessionZeroOrOneClosesTheLauncherAndOfTwoDoesNot)
         QLocalServer launcher;
         ASSERT_TRUE(launcher.listen(station.Session.PathInFolder(LauncherTitle)));
         station.Operator.Answers = {true};
-        EXPECT_TRUE(ExitCommand(station.Session));
+        EXPECT_TRUE(TellsExit(station.Session));
         if (number < 2) {
             ASSERT_TRUE(EventsUntil([&] { return launcher.hasPendingConnections(); }));
             QLocalSocket* caller = launcher.nextPendingConnection();
@@ -200,7 +210,7 @@ TEST(ExitCommand, NeedsNoLauncher)
 {
     TestSession station;
     station.Operator.Answers = {true};
-    EXPECT_TRUE(ExitCommand(station.Session));
+    EXPECT_TRUE(TellsExit(station.Session));
 }
 
 } // namespace

@@ -1,0 +1,194 @@
+#include "app/DesktopControls.h"
+#include "layout/frmGetLayout.h"
+#include "shell/Commands.h"
+#include "shell/DesktopMenuRow.h"
+#include <QMainWindow>
+
+namespace vantrel {
+
+namespace {
+
+constexpr MenuRow Menu(const char* parent, const char* name, const char* caption)
+{
+    return {RowKind::Menu, parent, name, caption};
+}
+
+constexpr MenuRow Dash(const char* parent, const char* name = "")
+{
+    return {RowKind::Dash, parent, name};
+}
+
+constexpr MenuRow Command(const char* parent, const char* name, const char* caption,
+                          const char* shortcut = "", MenuAction action = nullptr)
+{
+    return {RowKind::Command, parent, name, caption, shortcut, action};
+}
+
+/// The action that shows a dialog over the main window.
+template <typename Dialog>
+void Opens(Session& session, QMainWindow& window)
+{
+    OpenDialog<Dialog>(session, &window);
+}
+
+/// The action that is a routine on the station's data.
+template <auto Routine>
+void Runs(Session& session, QMainWindow& /*window*/)
+{
+    Routine(session);
+}
+
+constexpr auto WhileVisible = Enabled::WhileVisible;
+constexpr auto WithLayout = Enabled::WithLayout;
+constexpr auto WhileVisibleWithLayout = Enabled::WhileVisibleWithLayout;
+
+// clang-format off
+constexpr MenuRow Rows[] = {
+    Menu("", "mnuFile", "&File"),
+    Menu("mnuFile", "mnuNew", "New ..."),
+    Command("mnuNew", "cmdNew", "Layout ...").Hidden().On(WhileVisible),
+    Command("mnuNew", "cmdWizard", "Layout Wizard ...").On(WhileVisible),
+    Command("mnuNew", "cmdNewPage", "Page ...").On(WhileVisibleWithLayout),
+    Menu("mnuFile", "mnuOpen", "&Open ..."),
+    Command("mnuOpen", "cmdOpen", "&Open Layout", "", Opens<frmGetLayout>).On(WhileVisible),
+    Command("mnuOpen", "cmdImportSession", "Vantrel 4 Session.ini").On(WhileVisibleWithLayout),
+    Command("mnuFile", "cmdSave", "&Save", "Ctrl+S", Runs<SaveCommand>).On(WhileVisibleWithLayout),
+    Command("mnuFile", "cmdSaveAs", "Save &As", "Ctrl+A").Disabled(),
+    Command("mnuFile", "cmdClose", "&Close Layout", "Ctrl+L", Runs<CloseCommand>).On(WithLayout),
+    Menu("mnuFile", "mnuDelete", "&Delete ..."),
+    Command("mnuDelete", "cmdDeleteLayout", "&Delete Layout", "Ctrl+D").On(WithLayout),
+    Command("mnuDelete", "cmdDeletePage", "Delete Page"),
+    Dash("mnuFile"),
+    Command("mnuFile", "cmdPrint", "Print ...", "Ctrl+P", Runs<PrintCommand>).On(WithLayout),
+    Command("mnuFile", "cmdPrnSetup", "Printer Setup ...").On(WhileVisibleWithLayout),
+    Dash("mnuFile"),
+    Command("mnuFile", "cmdTakePicture", "Take Picture ..."),
+    Dash("mnuFile"),
+    Command("mnuFile", "cmdGenSerial", "Generate Card Sequence"),
+    Dash("mnuFile"),
+    Command("mnuFile", "cmdHide", "Hide Vantrel...", "Ctrl+H", Runs<ToggleVisible>),
+    Command("mnuFile", "cmdExit", "&Disable Vantrel", "Shift+Del", Runs<ExitCommand>),
+
+    Menu("", "mnuEdit", "&Edit"),
+    Command("mnuEdit", "cmdCut", "&Cut", "Ctrl+Y").Disabled(),
+    Command("mnuEdit", "cmdCopy", "C&opy", "Ctrl+C").Disabled(),
+    Command("mnuEdit", "cmdPaste", "&Paste", "Ctrl+V").Disabled(),
+    Dash("mnuEdit"),
+    Command("mnuEdit", "cmdDelete", "&Delete"),
+
+    Menu("", "mnuData", "&Document").On(WithLayout),
+    Command("mnuData", "cmdInsertData", "Insert New Data Field", "F1"),
+    Command("mnuData", "cmdNewText", "Insert New Static Text", "F2"),
+    Command("mnuData", "cmdInsertImage", "Insert New Image Object", "F3"),
+    Command("mnuData", "cmdInsertCamImage", "Insert New Camera Image", "F4"),
+    Command("mnuData", "cmdAutoNumber", "Insert New AutoNumber Object").Hidden(),
+    Dash("mnuData"),
+    Command("mnuData", "cmdDeleteAll", "Delete all data fields"),
+    Dash("mnuData"),
+    Command("mnuData", "cmdMag", "Magnetic Encoding ...", "F5"),
+    Dash("mnuData"),
+    Menu("mnuData", "mnuBack2", "Background"),
+    Command("mnuBack2", "cmdBackImg", "Import Image File ..."),
+    Command("mnuBack2", "cmdBaclPDF", "Import PDF File ..."),
+    Command("mnuBack2", "cmdClearBackground", "Clear Background ..."),
+    Dash("mnuData"),
+    Command("mnuData", "chkAutoSpool", "Automatically Print Document", "", Runs<ToggleAutoSpool>)
+        .With(Tick::chkAutoSpool),
+
+    Menu("", "mnuView", "&View"),
+    Command("mnuView", "cmdRawData", "Raw Input Data ..."),
+    Dash("mnuView"),
+    Command("mnuView", "cmdFieldData", "Decoded Field Data ..."),
+    Dash("mnuView"),
+    Command("mnuView", "cmdViewBuffer", "Buffered Input Data ..."),
+
+    Menu("", "mnuSettings", "&Settings"),
+    Command("mnuSettings", "cmdDelimiters", "Data Settings ..."),
+    Command("mnuSettings", "cmdCommSettings", "&Communication Settings ..."),
+    Dash("mnuSettings"),
+    Menu("mnuSettings", "mnuOptions", "Options ..."),
+    Command("mnuOptions", "cmdDynamicLayout", "Dynamically Load Layouts", "",
+            Runs<ToggleDynamicLayouts>).With(Tick::cmdDynamicLayout),
+    Command("mnuOptions", "chkAutoAdd", "Dynamically Load Fields", "",
+            Runs<ToggleDynamicFields>).With(Tick::chkAutoAdd),
+    Dash("mnuSettings"),
+    Command("mnuSettings", "cmdDirectSpool", "Spool Directly To Printer").Hidden(),
+    Dash("mnuSettings"),
+    Command("mnuSettings", "cmdCapEnable", "Enable Data Capture", "", Runs<ToggleCapture>)
+        .With(Tick::cmdCapEnable),
+    Dash("mnuSettings"),
+    Command("mnuSettings", "cmdMacro", "Define Macros ..."),
+
+    Menu("", "mnuProperties", "&Properties"),
+    Command("mnuProperties", "cmdSetFont", "Adjust Font ...").With(ObjectEntry::cmdSetFont),
+    Command("mnuProperties", "cmdAdjustText", "Adjust Text...").With(ObjectEntry::cmdAdjustText),
+    Command("mnuProperties", "cmdFilters", "Adjust Filters...").With(ObjectEntry::cmdFilters),
+    Command("mnuProperties", "cmdDataPadding", "Adjust Data Padding").Hidden(),
+    Command("mnuProperties", "cmdPreSuffix", "Adjust Prefix / Suffix...")
+        .With(ObjectEntry::cmdPreSuffix),
+    Command("mnuProperties", "cmdAdjustTextColor", "Adjust Text Color...")
+        .With(ObjectEntry::cmdAdjustTextColor),
+    Dash("mnuProperties", "fe4fy").With(ObjectEntry::fe4fy),
+    Menu("mnuProperties", "mnuCheckDigits", "Apply Check Digit...")
+        .With(ObjectEntry::mnuCheckDigits),
+    Command("mnuCheckDigits", "cmdMod10", "Apply Mod-10 Check Digit").With(Tick::cmdMod10),
+    Command("mnuCheckDigits", "cmdCodaBar", "Apply CodaBar Check Digit").With(Tick::cmdCodaBar),
+    Command("mnuCheckDigits", "cmdEBTCheckDigit", "Apply EBT Check Digit").Hidden()
+        .With(Tick::cmdEBTCheckDigit),
+    Dash("mnuProperties", "ggd56456").With(ObjectEntry::ggd56456),
+    Menu("mnuProperties", "mnuDataFields", "Adjust Data Field ...")
+        .With(ObjectEntry::mnuDataFields),
+    Command("mnuDataFields", "cmdField(0)", "Field 0").Hidden(),
+    Command("mnuDataFields", "sData", "Send a data stream..."),
+    Menu("mnuProperties", "mnuImage", "Adjust Image...").With(ObjectEntry::mnuImage),
+    Command("mnuImage", "cmdChooseImage", "Choose Image...").With(ObjectEntry::cmdChooseImage),
+    Command("mnuImage", "cmdTakePicture2", "Take Picture ..."),
+    Dash("mnuProperties").Hidden(),
+    Command("mnuProperties", "cmdIncrease", "Increase Size 10%", "Ctrl+F2"),
+    Command("mnuProperties", "cmdDecrease", "Decrease Size 10%", "Ctrl+F1"),
+    Dash("mnuProperties", "s250").With(ObjectEntry::s250),
+    Menu("mnuProperties", "mnuAlighment", "Alignment ...").With(ObjectEntry::mnuAlighment),
+    Command("mnuAlighment", "cmdALeft", "Left").With(Tick::cmdALeft),
+    Command("mnuAlighment", "cmdACenter", "Center").With(Tick::cmdACenter),
+    Command("mnuAlighment", "cmdARight", "Right").With(Tick::cmdARight),
+    Menu("mnuProperties", "mnuColors", "Colors...").With(ObjectEntry::mnuColors),
+    Command("mnuColors", "cmdForeColor", "&ForeColor"),
+    Command("mnuColors", "cmdBackColor", "&BackColor").Disabled(),
+    Dash("mnuProperties"),
+    Command("mnuProperties", "cmdSize", "Adjust Size...", "Ctrl+Z"),
+    Command("mnuProperties", "cmdVisibleOnCard", "Visible On Card").With(Tick::cmdVisibleOnCard),
+    Dash("mnuProperties"),
+    Command("mnuProperties", "cmdContextDelete", "&Delete Selected..."),
+
+    Menu("", "mnuHelp", "&Help"),
+    Command("mnuHelp", "cmdAbout", "About Vantrel v5.xx"),
+
+    Menu("", "mnuBack", "").Hidden(),
+    Menu("mnuBack", "mnuBackground", "Set Background..."),
+    Command("mnuBackground", "cmdColor", "To a Color..."),
+    Command("mnuBackground", "cmdPicture", "To a Picture..."),
+    Command("mnuBackground", "cmdBackDefault", "To the &Default..."),
+
+    Menu("", "mnuAutoNumber", "AutoFieldMenu").Hidden(),
+    Command("mnuAutoNumber", "cmdAutoFont", "Adjust Font..."),
+    Command("mnuAutoNumber", "cmdAutoPreSuff", "Adjust Prefix / Suffix..."),
+    Command("mnuAutoNumber", "cmdAutoFilters", "Adjust Filters..."),
+    Dash("mnuAutoNumber"),
+    Menu("mnuAutoNumber", "mnuAutoCheckDigit", "Apply Check Digit"),
+    Command("mnuAutoCheckDigit", "cmdAutoMod10", "Apply Mod-10 Check Digit")
+        .With(Tick::cmdAutoMod10),
+    Command("mnuAutoCheckDigit", "cmdAutoCodaBar", "Apply CodaBar Check Digit")
+        .With(Tick::cmdAutoCodaBar),
+    Command("mnuAutoCheckDigit", "cmdAutoEBT", "Apply EBT Check Digit").With(Tick::cmdAutoEBT),
+    Command("mnuAutoNumber", "cmdAutoNumberDelete", "&Delete Selected"),
+};
+// clang-format on
+
+} // namespace
+
+std::span<const MenuRow> MenuRows()
+{
+    return Rows;
+}
+
+} // namespace vantrel
