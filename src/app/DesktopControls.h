@@ -39,4 +39,7 @@ Dialog& OpenDialog(Session& session, QWidget* parent)
     return *dialog;
 }
 
+/// Places a dialog over the middle of its parent, `lift` twips higher.
+void CentreOver(QWidget& dialog, const QWidget* parent, double lift = 0);
+
 } // namespace vantrel

@@ -15,6 +15,19 @@ void SetPlainText(QMessageBox& box, const QString& title, const QString& text)
     box.setText(text);
 }
 
+QMessageBox::Icon SignOf(BoxIcon icon)
+{
+    switch (icon) {
+    case BoxIcon::Critical:
+        return QMessageBox::Critical;
+    case BoxIcon::Information:
+        return QMessageBox::Information;
+    case BoxIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
 } // namespace
 
 bool DesktopOperator::ShowAppMessage(const QString& text, const QString& title,
@@ -28,7 +41,7 @@ void DesktopOperator::MessageBox(const QString& text, const QString& title, BoxI
 {
     QMessageBox box(m_mainWindow);
     SetPlainText(box, title, text);
-    box.setIcon(icon == BoxIcon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon);
+    box.setIcon(SignOf(icon));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
 }

@@ -5,7 +5,7 @@
 namespace vantrel {
 
 /// The sign a plain message box shows.
-enum class BoxIcon { None, Critical };
+enum class BoxIcon { None, Critical, Information };
 
 /// The buttons of the application's own message box.
 enum class AppMessageButtons { OkOnly, YesNo };

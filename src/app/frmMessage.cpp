@@ -75,8 +75,7 @@ void frmMessage::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
     if (event->spontaneous() || parentWidget() == nullptr || !parentWidget()->isVisible())
         return;
-    const QRect over = parentWidget()->window()->frameGeometry();
-    move(over.center() - rect().center());
+    CentreOver(*this, parentWidget());
 }
 
 } // namespace vantrel

@@ -13,6 +13,7 @@ class PagePrinter : public Printer
 public:
     void SetJobTitle(const QString& title) override { m_jobTitle = title; }
     void SetOrientation(int orientation) override;
+    int Orientation() const override { return m_orientation; }
     double Width() const override;
     double Height() const override;
 

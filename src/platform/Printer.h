@@ -25,6 +25,7 @@ public:
     virtual void SetJobTitle(const QString& title) = 0;
     /// 1 portrait, 2 landscape; anything else fails.
     virtual void SetOrientation(int orientation) = 0;
+    virtual int Orientation() const = 0;
     /// Size of the page in the present orientation.
     virtual double Width() const = 0;
     virtual double Height() const = 0;

@@ -2,6 +2,7 @@
 #include "layout/frmGetLayout.h"
 #include "shell/Commands.h"
 #include "shell/DesktopMenuRow.h"
+#include "shell/frmWizard.h"
 #include <QMainWindow>
 
 namespace vantrel {
@@ -47,7 +48,7 @@ constexpr MenuRow Rows[] = {
     Menu("", "mnuFile", "&File"),
     Menu("mnuFile", "mnuNew", "New ..."),
     Command("mnuNew", "cmdNew", "Layout ...").Hidden().On(WhileVisible),
-    Command("mnuNew", "cmdWizard", "Layout Wizard ...").On(WhileVisible),
+    Command("mnuNew", "cmdWizard", "Layout Wizard ...", "", Opens<frmWizard>).On(WhileVisible),
     Command("mnuNew", "cmdNewPage", "Page ...").On(WhileVisibleWithLayout),
     Menu("mnuFile", "mnuOpen", "&Open ..."),
     Command("mnuOpen", "cmdOpen", "&Open Layout", "", Opens<frmGetLayout>).On(WhileVisible),

@@ -24,6 +24,7 @@ public:
     QString DeviceName() const override { return m_name; }
     void SetJobTitle(const QString& title) override;
     void SetOrientation(int orientation) override;
+    int Orientation() const override { return m_orientation; }
     double Width() const override { return m_orientation == OrientationLandscape ? 4860 : 3060; }
     double Height() const override { return m_orientation == OrientationLandscape ? 3060 : 4860; }
     QString Fonts(int index) const override;
