@@ -1,5 +1,6 @@
 #include "platform/SelectStatement.h"
 #include "platform/Failure.h"
+#include <algorithm>
 
 namespace vantrel {
 
@@ -69,6 +70,27 @@ public:
         return true;
     }
 
+    bool TakeLiteral()
+    {
+        if (m_current.Kind != TokenKind::Literal)
+            return false;
+        Advance();
+        return true;
+    }
+
+    /// A whole number, with or without a minus sign.
+    bool TakeNumber()
+    {
+        TakeSign('-');
+        const bool isNumber =
+            m_current.Kind == TokenKind::Word &&
+            std::all_of(m_current.Text.begin(), m_current.Text.end(),
+                        [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+        if (isNumber)
+            Advance();
+        return isNumber;
+    }
+
     /// A column's or table's name, its brackets taken off.
     QString TakeName()
     {
@@ -99,11 +121,8 @@ private:
                 ++m_at;
             return TokenKind::Word;
         }
-        if (!QStringView(u"*,()=<>!+-/|%").contains(c))
+        if (!QStringView(u"*,=>-").contains(c))
             Refuse("it holds a character that has no place there.");
-        const QStringView rest = m_text.sliced(m_at);
-        if (rest.startsWith(u"--") || rest.startsWith(u"/*"))
-            Refuse("it holds a comment.");
         ++m_at;
         return TokenKind::Sign;
     }
@@ -118,10 +137,11 @@ private:
 
     void PassLiteral()
     {
-        // Two apostrophes in a row stand for one inside the text.
-        do {
-            PassThrough(QLatin1Char('\''), "a text is not closed.");
-        } while (m_at < m_text.size() && m_text[m_at] == QLatin1Char('\''));
+        PassThrough(QLatin1Char('\''), "a text is not closed.");
+        // The store would take two in a row for one inside the text: a name with both would be
+        // written as it is and looked up as another.
+        if (m_at < m_text.size() && m_text[m_at] == QLatin1Char('\''))
+            Refuse("a text holds an apostrophe.");
     }
 
     QStringView m_text;
@@ -141,20 +161,24 @@ QStringList TakeColumns(Scanner& scanner)
     return columns;
 }
 
+void TakeComparison(Scanner& scanner)
+{
+    scanner.TakeName();
+    if (!scanner.TakeSign('=') && !scanner.TakeSign('>'))
+        Refuse("its condition compares nothing.");
+    if (!scanner.TakeLiteral() && !scanner.TakeNumber())
+        Refuse("a column is compared with neither a text nor a number.");
+}
+
+/// Comparisons that must all hold. Nothing else is taken: a name is joined into its statement as it
+/// stands, and one with an apostrophe must not reach the rows of another.
 QString TakeCondition(Scanner& scanner, const QString& text)
 {
     const qsizetype begin = scanner.Begin();
-    while (scanner.Current().Kind != TokenKind::End &&
-           !scanner.Current().IsWord(QLatin1StringView("ORDER"))) {
-        if (scanner.Current().IsWord(QLatin1StringView("SELECT")) ||
-            scanner.Current().IsWord(QLatin1StringView("VALUES")))
-            Refuse("it holds another statement.");
-        scanner.Advance();
-    }
-    QString condition = text.sliced(begin, scanner.Begin() - begin).trimmed();
-    if (condition.isEmpty())
-        Refuse("its condition is missing.");
-    return condition;
+    do {
+        TakeComparison(scanner);
+    } while (scanner.TakeWord(QLatin1StringView("AND")));
+    return text.sliced(begin, scanner.Begin() - begin).trimmed();
 }
 
 QString Bracketed(const QString& name)

@@ -6,7 +6,7 @@
 namespace vantrel {
 
 /// The one kind of statement a cursor takes, taken apart: SELECT [DISTINCT] columns FROM one table,
-/// with an optional WHERE and an optional ORDER BY.
+/// with an optional WHERE of columns compared with a text or a number, and an optional ORDER BY.
 struct SelectStatement
 {
     bool Distinct = false;
@@ -24,7 +24,7 @@ struct SelectStatement
 };
 
 /// Fails with `StatementInvalid` for anything else than such a statement: several statements, a
-/// comment, a statement within a statement, a text without its closing apostrophe.
+/// comment, a statement within a statement, a text with an apostrophe or without its closing one.
 SelectStatement ParseSelect(const QString& text);
 
 } // namespace vantrel

@@ -22,8 +22,10 @@ constexpr SqlCase Accepted[] = {
     {"SELECT Distinct [N] FROM [T]", "SELECT DISTINCT [N] FROM [T] ORDER BY [N]"},
     {"SELECT DISTINCT [P] FROM [T] WHERE [N] = 'a ORDER BY b'",
      "SELECT DISTINCT [P] FROM [T] WHERE ([N] = 'a ORDER BY b') ORDER BY [P]"},
-    {"SELECT * FROM [T] WHERE [A] = 'it''s; --'",
-     "SELECT rowid, * FROM [T] WHERE ([A] = 'it''s; --') ORDER BY rowid"},
+    {"SELECT * FROM [T] WHERE [A] = 'x; -- \"y\" /* OR'",
+     "SELECT rowid, * FROM [T] WHERE ([A] = 'x; -- \"y\" /* OR') ORDER BY rowid"},
+    {"SELECT * FROM [T] WHERE [A] = '' and B>-1",
+     "SELECT rowid, * FROM [T] WHERE ([A] = '' and B>-1) ORDER BY rowid"},
 };
 
 constexpr const char* Refused[] = {
@@ -51,6 +53,17 @@ constexpr const char* Refused[] = {
     "SELECT * FROM [T] WHERE [A] = \"x\"",
     "SELECT * FROM [T] WHERE [A] IN (SELECT [A] FROM [U])",
     "SELECT * FROM [T] WHERE [A] = 1) UNION VALUES (1",
+    "SELECT * FROM [T] WHERE [A] = 'it''s'",
+    "SELECT * FROM [T] WHERE [A] = '''",
+    "SELECT * FROM [T] WHERE [A] = 'x' OR [A] = 'y'",
+    "SELECT * FROM [T] WHERE [A] = 'x' OR '1'='1'",
+    "SELECT * FROM [T] WHERE [A] = 'x' AND '1'='1'",
+    "SELECT * FROM [T] WHERE [A] = 'x' AND",
+    "SELECT * FROM [T] WHERE [A] = [B]",
+    "SELECT * FROM [T] WHERE [A] = 1.5",
+    "SELECT * FROM [T] WHERE [A] = - ",
+    "SELECT * FROM [T] WHERE [A] 1",
+    "SELECT * FROM [T] WHERE [A] LIKE 'x'",
     "SELECT 1 + 1 FROM [T]",
     "SELECT COUNT(*) FROM [T]",
 };
@@ -58,7 +71,7 @@ constexpr const char* Refused[] = {
 
 TEST(SelectStatement, OneSelectOnOneTableIsTaken)
 {
-    EXPECT_EQ(std::size(Accepted), 8U);
+    EXPECT_EQ(std::size(Accepted), 9U);
     for (const SqlCase& row : Accepted)
         EXPECT_EQ(ParseSelect(QString::fromLatin1(row.Statement)).Sql(),
                   QString::fromLatin1(row.Sql));
@@ -66,7 +79,7 @@ TEST(SelectStatement, OneSelectOnOneTableIsTaken)
 
 TEST(SelectStatement, AnythingElseIsRefused)
 {
-    EXPECT_EQ(std::size(Refused), 26U);
+    EXPECT_EQ(std::size(Refused), 37U);
     for (const char* statement : Refused)
         EXPECT_EQ(FailureOf([&] { ParseSelect(QString::fromLatin1(statement)); }),
                   FailureNumber::StatementInvalid)
