@@ -54,6 +54,24 @@ void ReadRow(LayoutParamsRecord& params, const Recordset& row)
     Skip("back image column", [&] { ReadBackImage(params, row); });
 }
 
+void FillRow(const Session& session, Recordset& row)
+{
+    const LayoutParamsRecord& params = session.CurrentParams;
+    row.SetValue(QStringLiteral("LayoutName"), session.CurrentLayoutName);
+    row.SetValue(QStringLiteral("Encode"), params.Encode);
+    row.SetValue(QStringLiteral("PrinterDevice"), params.PrinterDevice);
+    row.SetValue(QStringLiteral("PrinterOrientation"), params.PrinterOrientation);
+    row.SetValue(QStringLiteral("PrinterType"), params.PrinterType);
+    row.SetValue(QStringLiteral("Track1"), params.Track1);
+    row.SetValue(QStringLiteral("Track2"), params.Track2);
+    row.SetValue(QStringLiteral("Track3"), params.Track3);
+    row.SetValue(QStringLiteral("BackImg1"), params.BackImg1Path);
+    row.SetValue(QStringLiteral("BackImg2"), params.BackImg2Path);
+    row.SetValue(QStringLiteral("PrinterCopies"), static_cast<int>(params.PrinterCopies));
+    row.SetValue(QStringLiteral("PageIndex"), static_cast<int>(params.PageIndex));
+    row.SetValue(QStringLiteral("AutoSpool"), params.AutoSpool);
+}
+
 /// How far a kind of printer is set up when its page is loaded.
 enum class SetUp { NotHere, Size, OrientationAndSize };
 
@@ -126,24 +144,19 @@ void LoadLayoutParams(Session& session)
 
 void SaveLayoutParams(Session& session)
 {
-    const LayoutParamsRecord& params = session.CurrentParams;
+    const QString statement =
+        ParamsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex);
     Recordset row(session.LayoutDb);
-    row.Open(ParamsOfPage(session.CurrentLayoutName, params.PageIndex), CursorLock::Optimistic);
-    if (row.IsEof() || row.IsBof())
+    row.Open(statement, CursorLock::Optimistic);
+    if (row.IsEof() || row.IsBof()) {
         row.AddNew();
-    row.SetValue(QStringLiteral("LayoutName"), session.CurrentLayoutName);
-    row.SetValue(QStringLiteral("Encode"), params.Encode);
-    row.SetValue(QStringLiteral("PrinterDevice"), params.PrinterDevice);
-    row.SetValue(QStringLiteral("PrinterOrientation"), params.PrinterOrientation);
-    row.SetValue(QStringLiteral("PrinterType"), params.PrinterType);
-    row.SetValue(QStringLiteral("Track1"), params.Track1);
-    row.SetValue(QStringLiteral("Track2"), params.Track2);
-    row.SetValue(QStringLiteral("Track3"), params.Track3);
-    row.SetValue(QStringLiteral("BackImg1"), params.BackImg1Path);
-    row.SetValue(QStringLiteral("BackImg2"), params.BackImg2Path);
-    row.SetValue(QStringLiteral("PrinterCopies"), static_cast<int>(params.PrinterCopies));
-    row.SetValue(QStringLiteral("PageIndex"), static_cast<int>(params.PageIndex));
-    row.SetValue(QStringLiteral("AutoSpool"), params.AutoSpool);
+        FillRow(session, row);
+        if (row.UpdateUnlessFound())
+            return;
+        // Another session has made the page's row in between: it is changed like any other.
+        row.Open(statement, CursorLock::Optimistic);
+    }
+    FillRow(session, row);
     row.Update();
     row.Close();
 }

@@ -16,13 +16,18 @@ namespace {
 void LoadObjects(Session& session)
 {
     Recordset rows(session.LayoutDb);
-    rows.Open(ObjectsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex),
-              CursorLock::Optimistic);
+    const bool opened = Skip("open objects", [&] {
+        rows.Open(ObjectsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex),
+                  CursorLock::Optimistic);
+    });
+    if (!opened)
+        return;
     // A page without objects leaves a hidden form hidden.
     if (!rows.IsEof())
         session.Document.Show();
+    // A row that makes no object costs its own alone.
     for (; !rows.IsEof(); rows.MoveNext())
-        RowToObject(session, rows);
+        Skip("object", [&] { RowToObject(session, rows); });
 }
 
 } // namespace
@@ -53,7 +58,7 @@ bool LoadLayout(Session& session, const QString& layoutName)
     // The print finds the back image by the form's own tag.
     if (!params.BackImg1Path.isEmpty())
         session.Document.Tag = params.BackImg1Path;
-    Skip("objects", [&] { LoadObjects(session); });
+    LoadObjects(session);
     session.Document.Refresh();
     params.LayoutOpen = true;
     session.Document.LayoutUnchanged = true;

@@ -70,12 +70,14 @@ bool Connection::IsOpen() const
 void Connection::BeginTrans()
 {
     StoreDatabase& database = m_d->Opened();
-    if (m_d->Depth == 0)
-        // A transaction that reads first and asks for the lock later would fail at once, without
-        // waiting, where another session has written in between.
-        database.Run(QStringLiteral("BEGIN IMMEDIATE"));
-    else
-        database.Run(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
+    // Asked of the store, not of the depth: it rolls back by itself where a disk is full or fails.
+    // The lock is taken at once, for a transaction that reads first and asks for it later would
+    // fail without waiting where another session has written in between.
+    if (database.Begin()) {
+        m_d->Depth = 1;
+        return;
+    }
+    database.Run(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
     ++m_d->Depth;
 }
 

@@ -26,7 +26,8 @@ public:
     void BeginTrans();
     /// Commits the innermost transaction. Fails with `InvalidCall` where there is none.
     void CommitTrans();
-    /// How many transactions are open.
+    /// How many transactions were begun and not committed. Where the disk is full or fails, the
+    /// store may have rolled them back by itself; the next `BeginTrans` then counts from 1 again.
     int TransactionDepth() const;
 
 private:

@@ -2,6 +2,7 @@
 #include "platform/ConnectionPrivate.h"
 #include "platform/Failure.h"
 #include "platform/StoredForm.h"
+#include <QSqlError>
 #include <QSqlRecord>
 #include <map>
 #include <vector>
@@ -48,7 +49,9 @@ struct Recordset::Private
     void ReadRows(QSqlQuery& query);
     QString TableSql() const { return QLatin1Char('[') + Shape->Select().Table + QLatin1Char(']'); }
     QString ColumnSql(int column) const;
-    void Insert();
+    /// @param source  what gives the values, with a placeholder for each
+    /// @return whether a row was added
+    bool Insert(const QString& source);
     void Write();
     /// Runs a statement that must hit exactly the row with its key.
     void RunOnRow(const QString& sql, const QVariantList& values);
@@ -97,7 +100,11 @@ void Recordset::Private::ReadRows(QSqlQuery& query)
         }
         Rows.push_back(std::move(row));
     }
+    const QSqlError error = query.lastError();
     query.finish();
+    // A page read in part is no page: the next save would make the loss of its other rows lasting.
+    if (error.isValid())
+        StoreDatabase::FailWith(error);
     Count = static_cast<int>(Rows.size());
 }
 
@@ -107,7 +114,7 @@ QString Recordset::Private::ColumnSql(int column) const
            QLatin1Char(']');
 }
 
-void Recordset::Private::Insert()
+bool Recordset::Private::Insert(const QString& source)
 {
     QStringList columns;
     QVariantList values;
@@ -115,13 +122,14 @@ void Recordset::Private::Insert()
         columns.append(ColumnSql(column));
         values.append(value);
     }
-    const QString what = columns.isEmpty()
-                             ? QStringLiteral(" DEFAULT VALUES")
-                             : QStringLiteral(" (") + columns.join(QStringLiteral(", ")) +
-                                   QStringLiteral(") VALUES (") + Placeholders(Changes.size()) +
-                                   QLatin1Char(')');
+    const QString names =
+        columns.isEmpty()
+            ? QString()
+            : QStringLiteral(" (") + columns.join(QStringLiteral(", ")) + QLatin1Char(')');
     QSqlQuery& query =
-        Store.Opened().Run(QStringLiteral("INSERT INTO ") + TableSql() + what, values);
+        Store.Opened().Run(QStringLiteral("INSERT INTO ") + TableSql() + names + source, values);
+    if (query.numRowsAffected() == 0)
+        return false;
 
     Row row;
     row.Key = query.lastInsertId().toLongLong();
@@ -134,6 +142,7 @@ void Recordset::Private::Insert()
     At = Rows.size() - 1;
     ++Count;
     CurrentDeleted = false;
+    return true;
 }
 
 void Recordset::Private::Write()
@@ -180,7 +189,12 @@ void Recordset::Open(const QString& statement, CursorLock lock)
         shape->TakeColumns(query.record());
     m_d->Shape = shape;
     m_d->Lock = lock;
-    m_d->ReadRows(query);
+    try {
+        m_d->ReadRows(query);
+    } catch (const Failure&) {
+        Close();
+        throw;
+    }
 }
 
 void Recordset::Close()
@@ -260,11 +274,27 @@ void Recordset::AddNew()
 void Recordset::Update()
 {
     m_d->Changeable();
-    if (m_d->Adding)
-        m_d->Insert();
-    else
+    if (!m_d->Adding)
         m_d->Write();
+    else if (m_d->Changes.empty())
+        m_d->Insert(QStringLiteral(" DEFAULT VALUES"));
+    else
+        m_d->Insert(QStringLiteral(" VALUES (") + Placeholders(m_d->Changes.size()) +
+                    QLatin1Char(')'));
     m_d->DropChanges();
+}
+
+bool Recordset::UpdateUnlessFound()
+{
+    const QString found = m_d->Changeable().Select().Where;
+    if (!m_d->Adding || m_d->Changes.empty())
+        throw Failure(FailureNumber::NoCurrentRecord, QStringLiteral("There is no row to add."));
+    const bool added = m_d->Insert(
+        QStringLiteral(" SELECT ") + Placeholders(m_d->Changes.size()) +
+        QStringLiteral(" WHERE NOT EXISTS (SELECT 1 FROM ") + m_d->TableSql() +
+        (found.isEmpty() ? QString() : QStringLiteral(" WHERE ") + found) + QLatin1Char(')'));
+    m_d->DropChanges();
+    return added;
 }
 
 void Recordset::Delete()

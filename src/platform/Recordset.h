@@ -47,6 +47,10 @@ public:
     /// that are what the store holds are not written again, so an unchanged row costs no commit.
     /// Fails with `NoCurrentRecord` where the row has been deleted meanwhile.
     void Update();
+    /// Writes the row being added only where the cursor's statement still finds none, in one step
+    /// that no other session can come between. Fails like `Update`.
+    /// @return false, with nothing written, where the statement finds a row by now
+    bool UpdateUnlessFound();
     /// Deletes the current row; the cursor stays on its place until `MoveNext`. Fails like
     /// `Update`.
     void Delete();

@@ -10,18 +10,25 @@ namespace vantrel {
 namespace {
 constexpr int StatementsKept = 64;
 constexpr int PrimaryCodeMask = 0xFF;
+/// What is wrong lies in the statement itself, not in the file or its locks.
+constexpr int CodeStatement = 1;
 constexpr int CodeBusy = 5;
 constexpr int CodeLocked = 6;
 
-[[noreturn]] void FailWith(const QSqlError& error)
+int PrimaryCode(const QSqlError& error)
 {
-    const int code = error.nativeErrorCode().toInt() & PrimaryCodeMask;
+    return error.nativeErrorCode().toInt() & PrimaryCodeMask;
+}
+} // namespace
+
+void StoreDatabase::FailWith(const QSqlError& error)
+{
+    const int code = PrimaryCode(error);
     const bool busy = code == CodeBusy || code == CodeLocked;
     throw Failure(busy ? FailureNumber::StoreBusy : FailureNumber::StatementInvalid,
                   QStringLiteral("The layout database: ") +
                       (error.databaseText().isEmpty() ? error.text() : error.databaseText()));
 }
-} // namespace
 
 StoreDatabase::StoreDatabase()
     // No two live objects share an address, so no two connections share a name.
@@ -61,25 +68,41 @@ QVariant StoreDatabase::Execute(const QString& sql)
     return query.next() ? query.value(0) : QVariant();
 }
 
+QSqlQuery& StoreDatabase::Prepared(const QString& sql)
+{
+    if (QSqlQuery* known = m_statements.object(sql))
+        return *known;
+    auto fresh = std::make_unique<QSqlQuery>(m_database);
+    fresh->setForwardOnly(true);
+    if (!fresh->prepare(sql))
+        FailWith(fresh->lastError());
+    m_statements.insert(sql, fresh.release());
+    return *m_statements.object(sql);
+}
+
 QSqlQuery& StoreDatabase::Run(const QString& sql, const QVariantList& values)
 {
-    QSqlQuery* query = m_statements.object(sql);
-    if (query == nullptr) {
-        auto fresh = std::make_unique<QSqlQuery>(m_database);
-        fresh->setForwardOnly(true);
-        if (!fresh->prepare(sql))
-            FailWith(fresh->lastError());
-        m_statements.insert(sql, fresh.release());
-        query = m_statements.object(sql);
-    }
+    QSqlQuery& query = Prepared(sql);
     for (int i = 0; i < values.size(); ++i)
-        query->bindValue(i, values.at(i));
-    if (!query->exec()) {
-        const QSqlError error = query->lastError();
-        query->finish();
+        query.bindValue(i, values.at(i));
+    if (!query.exec()) {
+        const QSqlError error = query.lastError();
+        query.finish();
         FailWith(error);
     }
-    return *query;
+    return query;
+}
+
+bool StoreDatabase::Begin()
+{
+    QSqlQuery& query = Prepared(QStringLiteral("BEGIN IMMEDIATE"));
+    const bool begun = query.exec();
+    const QSqlError error = query.lastError();
+    query.finish();
+    // The only thing wrong with these words can be that a transaction is open.
+    if (!begun && PrimaryCode(error) != CodeStatement)
+        FailWith(error);
+    return begun;
 }
 
 QString StoreDatabase::KeyColumn(const QString& table) const

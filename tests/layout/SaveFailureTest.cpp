@@ -1,7 +1,10 @@
 #include "StoredRows.h"
+#include "layout/LoadLayout.h"
 #include "layout/SaveLayout.h"
 #include "platform/Failure.h"
 #include "support/Layouts.h"
+#include "support/StoreFaults.h"
+#include <QFile>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -52,6 +55,7 @@ protected:
 
     TestSession Test;
     vantrel::Session& Session = Test.Session;
+    const QString Path = Session.PathInFolder(QStringLiteral("Vantrel.dat"));
 };
 
 TEST_F(SaveFailure, AClosedStoreIsToldAndNoTransactionIsBegun)
@@ -80,7 +84,7 @@ TEST_F(SaveFailure, AMissingObjectsTableLeavesTheTransactionOpen)
 TEST_F(SaveFailure, AnotherSessionsLockIsToldWhenItStays)
 {
     Connection other;
-    other.Open(Session.PathInFolder(QStringLiteral("Vantrel.dat")));
+    other.Open(Path);
     other.BeginTrans();
     // The parameters must have something to write.
     Session.CurrentParams.PrinterCopies = 9;
@@ -111,6 +115,43 @@ TEST_F(SaveFailure, TheNextSaveBeginsInsideTheOpenTransaction)
     EXPECT_EQ(StoredTexts(), QStringList{QStringLiteral("first")});
     Session.LayoutDb.CommitTrans();
     EXPECT_EQ(StoredTexts(), (QStringList{QStringLiteral("first"), QStringLiteral("third")}));
+}
+
+TEST_F(SaveFailure, AFullDiskIsToldAndASaveWorksAgainWhenRoomReturns)
+{
+    for (int i = 0; i < 50; ++i)
+        AddText(Session, QString(3000, QLatin1Char('x')));
+    LeaveRoom(2);
+    ExpectBoxOf(FailureNumber::StatementInvalid);
+    EXPECT_FALSE(SaveLayout(Session, SaveMessages::Silent));
+    EXPECT_EQ(Test.Operator.CriticalBoxes.size(), 2);
+    EXPECT_EQ(StoredTexts(), QStringList{QStringLiteral("first")});
+    GiveRoomBack();
+    EXPECT_TRUE(SaveLayout(Session, SaveMessages::Silent));
+    EXPECT_EQ(Session.LayoutDb.TransactionDepth(), 0);
+    EXPECT_FALSE(IsLocked(Path));
+    EXPECT_EQ(StoredTexts().size(), 52);
+}
+
+TEST_F(SaveFailure, ADamagedPageIsNeitherLoadedNorSavedInPart)
+{
+    for (int i = 2; i < 300; ++i)
+        AddText(Session, QString::number(i).repeated(60));
+    SavePage(Session);
+    Session.LayoutDb.Close();
+    DamageRows(Path, QStringLiteral("Controls"));
+    QFile file(Path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray damaged = file.readAll();
+    Session.LayoutDb.Open(Path);
+    // The operator goes on with the objects on the form, under the layout's name.
+    EXPECT_FALSE(LoadLayout(Session, Staff));
+    EXPECT_EQ(Session.CurrentLayoutName, Staff);
+    EXPECT_EQ(Session.Document.HighestIndex(Family::lbl_TEXT), 300);
+    ExpectBoxOf(FailureNumber::StatementInvalid);
+    Session.LayoutDb.Close();
+    file.seek(0);
+    EXPECT_EQ(file.readAll(), damaged);
 }
 
 } // namespace

@@ -81,6 +81,29 @@ TEST_F(SaveLayoutTest, SavingTwiceGivesTheSameRowsInTheSameOrder)
     EXPECT_EQ(again, first);
 }
 
+TEST_F(SaveLayoutTest, APageOfTwoThousandObjectsComesBackWholeAndInOrder)
+{
+    constexpr int Count = 2000;
+    for (int i = 1; i <= Count; ++i)
+        AddText(Session, QStringLiteral("text %1").arg(i), {i, 2 * i, 3 * i, 4 * i});
+    SavePage(Session);
+    const QList<StoredRow> stored = Page(1);
+    EXPECT_EQ(stored.size(), Count);
+    ClearDoc(Session);
+    ASSERT_TRUE(LoadLayout(Session, Staff));
+    ASSERT_EQ(Session.Document.HighestIndex(Family::lbl_TEXT), Count);
+    for (int i = 1; i <= Count; ++i) {
+        const CardObject& text = *Session.Document.Find(Family::lbl_TEXT, i);
+        ASSERT_EQ(text.Caption(), QStringLiteral("text %1").arg(i));
+        ASSERT_EQ(text.Top, static_cast<float>(i));
+        ASSERT_EQ(text.Left, static_cast<float>(2 * i));
+        ASSERT_EQ(text.Height, static_cast<float>(3 * i));
+        ASSERT_EQ(text.Width, static_cast<float>(4 * i));
+    }
+    SavePage(Session);
+    EXPECT_EQ(Page(1), stored);
+}
+
 TEST_F(SaveLayoutTest, OnlyThePageOnTheFormIsWritten)
 {
     SavePagesWithOneText(2);

@@ -152,6 +152,33 @@ TEST_F(CursorChanges, ARowThatVanishedMeanwhileFails)
     EXPECT_TRUE(Texts().isEmpty());
 }
 
+TEST_F(CursorChanges, ARowIsAddedUnlessTheStatementFindsOneByNow)
+{
+    const QString mineOnly = AllControls + QStringLiteral(" WHERE [LayoutName] = 'A'");
+    Recordset mine(Store);
+    mine.Open(mineOnly, CursorLock::Optimistic);
+    Connection other;
+    other.Open(Path);
+    const auto add = [&](const QString& text) {
+        mine.AddNew();
+        mine.SetValue(QStringLiteral("LayoutName"), QStringLiteral("A"));
+        mine.SetValue(TextColumn, text);
+        return mine.UpdateUnlessFound();
+    };
+    AddControl(other, QStringLiteral("B"), 1, QStringLiteral("other layout"));
+    EXPECT_TRUE(add(QStringLiteral("mine")));
+    EXPECT_EQ(mine.Value(TextColumn), QStringLiteral("mine"));
+    EXPECT_EQ(mine.RecordCount(), 1);
+    EXPECT_FALSE(add(QStringLiteral("mine too")));
+    EXPECT_EQ(mine.RecordCount(), 1);
+    mine.Delete();
+    AddControl(other, QStringLiteral("A"), 1, QStringLiteral("theirs"));
+    EXPECT_FALSE(add(QStringLiteral("mine again")));
+    EXPECT_EQ(Texts(), QStringList({QStringLiteral("other layout"), QStringLiteral("theirs")}));
+    // What was not written is dropped.
+    EXPECT_EQ(FailureOf([&] { mine.UpdateUnlessFound(); }), FailureNumber::NoCurrentRecord);
+}
+
 TEST_F(CursorChanges, AReadOnlyCursorChangesNothing)
 {
     AddControl(Store, QStringLiteral("A"), 1, QStringLiteral("text"));
