@@ -1,19 +1,11 @@
 #include "layout/NavIcons.h"
-#include <QPainter>
-#include <vector>
+#include "app/LineIcon.h"
 
 namespace vantrel {
 
 namespace {
 
-/// The pictures are lines on a square grid.
-constexpr int Grid = 16;
-constexpr double LineWidth = 1.4;
-constexpr int Scales[] = {1, 2, 3, 4};
-
-using Line = std::vector<QPointF>;
-
-std::vector<Line> LinesOf(NavPicture picture)
+std::vector<QPolygonF> LinesOf(NavPicture picture)
 {
     switch (picture) {
     case NavPicture::Previous:
@@ -35,20 +27,7 @@ std::vector<Line> LinesOf(NavPicture picture)
 
 QIcon NavIcon(NavPicture picture, const QColor& color)
 {
-    QIcon icon;
-    for (const int scale : Scales) {
-        QPixmap pixmap(Grid * scale, Grid * scale);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.scale(scale, scale);
-        painter.setPen(QPen(color, LineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        for (const Line& line : LinesOf(picture))
-            painter.drawPolyline(line.data(), static_cast<int>(line.size()));
-        painter.end();
-        icon.addPixmap(pixmap);
-    }
-    return icon;
+    return LineIcon(LinesOf(picture), color);
 }
 
 } // namespace vantrel

@@ -1,5 +1,6 @@
 #include "app/DesktopControls.h"
 #include "layout/frmGetLayout.h"
+#include "print/frmPrinters2.h"
 #include "shell/Commands.h"
 #include "shell/DesktopMenuRow.h"
 #include "shell/frmWizard.h"
@@ -32,6 +33,11 @@ void Opens(Session& session, QMainWindow& window)
     OpenDialog<Dialog>(session, &window);
 }
 
+void OpensPrinterSelection(Session& session, QMainWindow& window)
+{
+    OpenPrinterSelection(session, &window);
+}
+
 /// The action that is a routine on the station's data.
 template <auto Routine>
 void Runs(Session& session, QMainWindow& /*window*/)
@@ -61,7 +67,8 @@ constexpr MenuRow Rows[] = {
     Command("mnuDelete", "cmdDeletePage", "Delete Page"),
     Dash("mnuFile"),
     Command("mnuFile", "cmdPrint", "Print ...", "Ctrl+P", Runs<PrintCommand>).On(WithLayout),
-    Command("mnuFile", "cmdPrnSetup", "Printer Setup ...").On(WhileVisibleWithLayout),
+    Command("mnuFile", "cmdPrnSetup", "Printer Setup ...", "", OpensPrinterSelection)
+        .On(WhileVisibleWithLayout),
     Dash("mnuFile"),
     Command("mnuFile", "cmdTakePicture", "Take Picture ..."),
     Dash("mnuFile"),

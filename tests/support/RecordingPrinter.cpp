@@ -112,8 +112,16 @@ void RecordingPrinter::EndDoc()
     Note(QStringLiteral("EndDoc"));
 }
 
-RecordingPrinters::RecordingPrinters(const QStringList& names) : m_names(names)
+RecordingPrinters::RecordingPrinters(const QStringList& names)
 {
+    Install(names);
+}
+
+void RecordingPrinters::Install(const QStringList& names)
+{
+    m_names = names;
+    m_printers.clear();
+    m_current.clear();
     for (const QString& name : names)
         m_printers.emplace(name, std::make_unique<RecordingPrinter>(name, Operations));
     if (!names.isEmpty())
@@ -134,6 +142,12 @@ Printer& RecordingPrinters::Current()
     if (found == m_printers.end())
         throw Failure(FailureNumber::PrinterError, QStringLiteral("No printer"));
     return *found->second;
+}
+
+SpoolState RecordingPrinters::SpoolStateOf(const QString& deviceName)
+{
+    const auto found = Spool.find(deviceName);
+    return found == Spool.end() ? SpoolState() : found->second;
 }
 
 QStringList RecordingPrinters::Only(const QStringList& beginnings) const

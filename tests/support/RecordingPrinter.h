@@ -61,7 +61,13 @@ public:
     QStringList DeviceNames() override { return m_names; }
     void MakeCurrent(const QString& deviceName) override;
     Printer& Current() override;
+    SpoolState SpoolStateOf(const QString& deviceName) override;
 
+    /// What queues are doing; one that is not in it is running and empty.
+    std::map<QString, SpoolState> Spool;
+
+    /// From now on the machine has these printers, the first one current.
+    void Install(const QStringList& names);
     RecordingPrinter& Get(const QString& name) { return *m_printers.at(name); }
     /// Only the operations that begin with one of these.
     QStringList Only(const QStringList& beginnings) const;

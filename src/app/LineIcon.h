@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QIcon>
+#include <QPolygonF>
+#include <vector>
+
+namespace vantrel {
+
+/// The square on which line pictures are drawn has this many units to a side.
+inline constexpr int LineIconGrid = 16;
+
+/// Draws a picture of lines in that colour, sharp at any scale of the screen.
+QIcon LineIcon(const std::vector<QPolygonF>& lines, const QColor& color);
+
+} // namespace vantrel

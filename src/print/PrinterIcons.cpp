@@ -1,0 +1,21 @@
+#include "print/PrinterIcons.h"
+#include "app/LineIcon.h"
+
+namespace vantrel {
+
+QIcon PrinterIcon(bool acceptsJobs, const QColor& color)
+{
+    std::vector<QPolygonF> lines = {
+        {{{4.5, 5.5}, {4.5, 1.8}, {11.5, 1.8}, {11.5, 5.5}}},
+        {{{7, 11.5}, {1.8, 11.5}, {1.8, 5.5}, {14.2, 5.5}, {14.2, 8}}},
+    };
+    if (acceptsJobs) {
+        lines.push_back({{{8.8, 12}, {10.8, 14}, {14.4, 9.8}}});
+    } else {
+        lines.push_back({{{9.8, 10}, {14, 14.2}}});
+        lines.push_back({{{14, 10}, {9.8, 14.2}}});
+    }
+    return LineIcon(lines, color);
+}
+
+} // namespace vantrel

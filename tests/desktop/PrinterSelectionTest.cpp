@@ -1,0 +1,375 @@
+#include "app/DesktopUpDown.h"
+#include "app/ScreenUnits.h"
+#include "desktop/DesktopStation.h"
+#include "print/frmPrinters2.h"
+#include "support/Events.h"
+#include "support/Layouts.h"
+#include "support/PrinterKinds.h"
+#include <QApplication>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+// The printer selection, pressed as an operator presses it.
+
+namespace vantrel::test {
+namespace {
+
+const QString First = QStringLiteral("Card Printer");
+
+class PrinterWindowTest : public ::testing::Test
+{
+protected:
+    PrinterWindowTest() { Station.WithLayout(); }
+
+    void Open()
+    {
+        OpenPrinterSelection(Station.Session, &Station.Window);
+        Dialog = Station.Window.findChild<frmPrinters2*>();
+        ASSERT_NE(Dialog, nullptr);
+    }
+
+    template <typename Control>
+    Control& Get(const char* name)
+    {
+        return DesktopStation::Named<Control>(*Dialog, name);
+    }
+    QTreeWidget& PrinterList() { return Get<QTreeWidget>("lvwPrinters"); }
+    QTreeWidget& KindList() { return Get<QTreeWidget>("lvwTypes"); }
+    void Press(const char* name) { Get<QAbstractButton>(name).click(); }
+    LayoutParamsRecord& Params() { return Station.Session.CurrentParams; }
+
+    /// A click of the left mouse button on a row.
+    static void Click(QTreeWidget& list, int row)
+    {
+        const QPointF at = list.visualItemRect(list.topLevelItem(row)).center();
+        const QPointF onScreen = list.viewport()->mapToGlobal(at);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, at, onScreen, Qt::LeftButton,
+                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                              Qt::NoModifier);
+            QCoreApplication::sendEvent(list.viewport(), &event);
+        }
+    }
+    static QStringList Column(const QTreeWidget& list, int column)
+    {
+        QStringList texts;
+        for (int i = 0; i < list.topLevelItemCount(); ++i)
+            texts.append(list.topLevelItem(i)->text(column));
+        return texts;
+    }
+    static QString Selected(const QTreeWidget& list)
+    {
+        const auto items = list.selectedItems();
+        return items.isEmpty() ? QString() : items.constFirst()->text(0);
+    }
+    /// Selects the kind of that code as a program would, without a click.
+    void SelectKind(const QString& name)
+    {
+        const auto found = KindList().findItems(name, Qt::MatchStartsWith);
+        ASSERT_EQ(found.size(), 1) << name.toStdString();
+        KindList().setCurrentItem(found.constFirst());
+    }
+    /// Its machine has these printers, the first one current and that of the open layout.
+    void WithPrinters(const QStringList& names) { Station.Printers.Install(names); }
+
+    DesktopStation Station;
+    QPointer<frmPrinters2> Dialog;
+};
+
+} // namespace
+
+TEST_F(PrinterWindowTest, StandsAtItsPlaceWithoutACloseBoxUnderItsTitle)
+{
+    Open();
+    EXPECT_TRUE(Dialog->isVisible());
+    EXPECT_FALSE(Dialog->isModal());
+    EXPECT_EQ(Dialog->windowTitle(), QStringLiteral("Printer Selection   (Layout Dependant)"));
+    EXPECT_EQ(Dialog->pos(), QPoint(ScreenPixels(1200), ScreenPixels(1200)));
+    EXPECT_FALSE(Dialog->windowFlags().testFlag(Qt::WindowCloseButtonHint));
+    EXPECT_EQ(Station.Operator.Pointer, (std::vector<bool>{true, false}));
+}
+
+TEST_F(PrinterWindowTest, ItsMenuEntryOpensItWithTheHourglassMeanwhile)
+{
+    Station.Load();
+    Station.Choose("cmdPrnSetup");
+    const auto& dialog = DesktopStation::Named<frmPrinters2>(Station.Window, "frmPrinters2");
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(Station.Operator.Pointer, (std::vector<bool>{true, false}));
+}
+
+TEST_F(PrinterWindowTest, ItsControlsCarryTheirCaptions)
+{
+    Open();
+    const auto headers = [](const QTreeWidget& list) {
+        QStringList texts;
+        for (int i = 0; i < list.columnCount(); ++i)
+            texts.append(list.headerItem()->text(i));
+        return texts.join(QLatin1Char('|'));
+    };
+    EXPECT_EQ(headers(PrinterList()), QStringLiteral("Printer Name|Status|Jobs"));
+    EXPECT_EQ(headers(KindList()), QStringLiteral("Name|Color Capable|Dual Sided"));
+    EXPECT_EQ(PrinterList().accessibleName(), QStringLiteral("Available Printers"));
+    EXPECT_EQ(KindList().accessibleName(), QStringLiteral("Available Printer Types"));
+    EXPECT_EQ(PrinterList().columnWidth(0), ScreenPixels(3160));
+    EXPECT_EQ(KindList().columnWidth(0), ScreenPixels(3160));
+    constexpr struct
+    {
+        const char* Name;
+        const char* Caption;
+    } buttons[] = {{"optOrientation0", "Portrait"}, {"optOrientation1", "Landscape"},
+                   {"optOrientation2", "Default"},  {"chdForceResize", "Force Document Resize"},
+                   {"cmdRefresh", "&Refresh"},      {"cmdConfig", "&Configure"},
+                   {"Command1", "&Preferences"},    {"cmdSave", "Save"},
+                   {"cmdCancel", "Close"}};
+    static_assert(std::size(buttons) == 9);
+    for (const auto& row : buttons)
+        EXPECT_EQ(Get<QAbstractButton>(row.Name).text(), QLatin1StringView(row.Caption));
+}
+
+TEST_F(PrinterWindowTest, ShowsTheLayoutsValues)
+{
+    WithPrinters({QStringLiteral("Zeta"), First, QStringLiteral("alpha")});
+    Params().PrinterType = 11;
+    Params().PrinterOrientation = 2;
+    Params().PrinterCopies = 4;
+    Open();
+    EXPECT_EQ(Selected(PrinterList()), First);
+    EXPECT_EQ(Selected(KindList()), QStringLiteral("NISCA command text"));
+    EXPECT_TRUE(Get<QRadioButton>("optOrientation1").isChecked());
+    EXPECT_EQ(Get<QLabel>("lblCopies").text(), QStringLiteral("4"));
+    EXPECT_EQ(Get<DesktopUpDown>("udCopies").Value(), 4);
+}
+
+TEST_F(PrinterWindowTest, KeepsTheOrderOfTheMachineWhateverIsPaused)
+{
+    WithPrinters({QStringLiteral("Zeta"), QStringLiteral("alpha"), QStringLiteral("Mid")});
+    Station.Printers.Spool[QStringLiteral("Zeta")] = {false, false, 0};
+    Station.Printers.Spool[QStringLiteral("alpha")] = {true, true, 7};
+    Open();
+    EXPECT_EQ(
+        Column(PrinterList(), 0),
+        (QStringList{QStringLiteral("Zeta"), QStringLiteral("alpha"), QStringLiteral("Mid")}));
+    EXPECT_EQ(Column(PrinterList(), 1),
+              (QStringList{QStringLiteral("Active"), QStringLiteral("Paused"),
+                           QStringLiteral("Active")}));
+    EXPECT_EQ(Column(PrinterList(), 2),
+              (QStringList{QStringLiteral("0"), QStringLiteral("7"), QStringLiteral("0")}));
+    const auto picture = [&](int row) {
+        return PrinterList().topLevelItem(row)->icon(0).pixmap(16, 16).toImage();
+    };
+    EXPECT_NE(picture(0), picture(1));
+    EXPECT_EQ(picture(1), picture(2));
+}
+
+TEST_F(PrinterWindowTest, AStoredOrientationThatIsNeitherShowsTheDefaultAndStays)
+{
+    Params().PrinterOrientation = 7;
+    Open();
+    EXPECT_TRUE(Get<QRadioButton>("optOrientation2").isChecked());
+    Press("cmdSave");
+    EXPECT_EQ(Params().PrinterOrientation, 7);
+}
+
+TEST_F(PrinterWindowTest, SavingUnderDefaultKeepsTheStoredOrientationForTheNextOpening)
+{
+    Params().PrinterOrientation = 2;
+    Open();
+    Press("optOrientation2");
+    Press("cmdSave");
+    EXPECT_EQ(Params().PrinterOrientation, 2);
+    EXPECT_TRUE(EventsUntil([&] { return Dialog.isNull(); }));
+    Open();
+    EXPECT_TRUE(Get<QRadioButton>("optOrientation1").isChecked());
+}
+
+TEST_F(PrinterWindowTest, SavesWhatIsPressedAndCloses)
+{
+    WithPrinters({First, QStringLiteral("Other")});
+    Open();
+    Click(PrinterList(), 1);
+    SelectKind(QStringLiteral("FARGO"));
+    Press("optOrientation1");
+    Get<DesktopUpDown>("udCopies").UpButton().click();
+    EXPECT_EQ(Get<QLabel>("lblCopies").text(), QStringLiteral("2"));
+    Press("cmdSave");
+    EXPECT_TRUE(EventsUntil([&] { return Dialog.isNull(); }));
+    EXPECT_EQ(Params().PrinterDevice, QStringLiteral("Other"));
+    EXPECT_EQ(Params().PrinterType, 1);
+    EXPECT_EQ(Params().PrinterOrientation, 2);
+    EXPECT_EQ(Params().PrinterCopies, 2);
+    EXPECT_EQ(Station.Session.Printers.Current().DeviceName(), QStringLiteral("Other"));
+}
+
+TEST_F(PrinterWindowTest, ClosingKeepsNothing)
+{
+    Open();
+    SelectKind(QStringLiteral("FARGO"));
+    Press("optOrientation1");
+    Press("cmdCancel");
+    EXPECT_TRUE(EventsUntil([&] { return Dialog.isNull(); }));
+    EXPECT_EQ(Params().PrinterType, 9);
+    EXPECT_EQ(Params().PrinterOrientation, 1);
+}
+
+TEST_F(PrinterWindowTest, EscapeCloses)
+{
+    Open();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(Dialog, &press);
+    EXPECT_TRUE(EventsUntil([&] { return Dialog.isNull(); }));
+}
+
+TEST_F(PrinterWindowTest, AForcedResizeFitsTheDocument)
+{
+    Station.Session.Document.Width = 2222;
+    Open();
+    Press("chdForceResize");
+    Press("optOrientation1");
+    Press("cmdSave");
+    EXPECT_EQ(Station.Session.Document.Width, 4860.0F);
+}
+
+TEST_F(PrinterWindowTest, ARefreshShowsTheMachineAsItIsNow)
+{
+    Open();
+    EXPECT_EQ(Column(PrinterList(), 1), QStringList(QStringLiteral("Active")));
+    Station.Printers.Spool[First] = {true, true, 3};
+    EXPECT_EQ(Column(PrinterList(), 1), QStringList(QStringLiteral("Active")));
+    Press("cmdRefresh");
+    EXPECT_EQ(Column(PrinterList(), 1), QStringList(QStringLiteral("Paused")));
+    EXPECT_EQ(Column(PrinterList(), 2), QStringList(QStringLiteral("3")));
+}
+
+TEST_F(PrinterWindowTest, ARefreshKeepsOnlyThePrinterThatWasClicked)
+{
+    WithPrinters({First, QStringLiteral("Other")});
+    Open();
+    ASSERT_EQ(Selected(PrinterList()), First);
+    Press("cmdRefresh");
+    EXPECT_EQ(Selected(PrinterList()), QString());
+    Click(PrinterList(), 1);
+    Press("cmdRefresh");
+    EXPECT_EQ(Selected(PrinterList()), QStringLiteral("Other"));
+    // Selected by the keyboard, not clicked.
+    PrinterList().setCurrentItem(PrinterList().topLevelItem(0));
+    Press("cmdRefresh");
+    EXPECT_EQ(Selected(PrinterList()), QStringLiteral("Other"));
+}
+
+TEST_F(PrinterWindowTest, SavingWithNothingSelectedEmptiesTheNameAndKeepsTheKind)
+{
+    Open();
+    Press("cmdRefresh");
+    KindList().clearSelection();
+    Press("cmdSave");
+    EXPECT_EQ(Params().PrinterDevice, QString());
+    EXPECT_EQ(Params().PrinterType, 9);
+}
+
+TEST_F(PrinterWindowTest, ConfigureFollowsTheSelectedKind)
+{
+    AddPrinterKind(Station.Session, QStringLiteral("Thirty-three"), 33, 0, 0, 90);
+    Open();
+    auto& configure = Get<QPushButton>("cmdConfig");
+    EXPECT_EQ(Get<QTimer>("tmrConfig").interval(), 200);
+    EXPECT_FALSE(configure.isEnabled());
+    SelectKind(QStringLiteral("Serialized"));
+    EXPECT_TRUE(EventsUntil([&] { return configure.isEnabled(); }));
+    SelectKind(QStringLiteral("Thirty-three"));
+    EXPECT_TRUE(EventsUntil([&] { return !configure.isEnabled(); }));
+}
+
+TEST_F(PrinterWindowTest, ConfigureIsReadyAtOnceForASerializedLayout)
+{
+    Params().PrinterType = 3;
+    Open();
+    EXPECT_TRUE(Get<QPushButton>("cmdConfig").isEnabled());
+}
+
+TEST_F(PrinterWindowTest, PreferencesDoesNothing)
+{
+    Open();
+    const LayoutParamsRecord before = Params();
+    Press("Command1");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Dialog->isVisible());
+    EXPECT_EQ(Params().PrinterType, before.PrinterType);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(PrinterWindowTest, TheRefreshTimerStandsAndOnlyEverStopsItself)
+{
+    Open();
+    auto& timer = Get<QTimer>("tmrRefresh");
+    EXPECT_FALSE(timer.isActive());
+    EXPECT_EQ(timer.interval(), 500);
+    PrinterList().clear();
+    timer.start(0);
+    EXPECT_TRUE(EventsUntil([&] { return !timer.isActive(); }));
+    EXPECT_EQ(PrinterList().topLevelItemCount(), 0);
+}
+
+TEST_F(PrinterWindowTest, EventsRunAfterEveryRow)
+{
+    WithPrinters({First, QStringLiteral("Other")});
+    const int before = Station.Operator.EventsRuns;
+    Open();
+    EXPECT_EQ(Station.Operator.EventsRuns - before, 1 + 8 + 2);
+}
+
+TEST_F(PrinterWindowTest, MayGoAwayWhileItIsFilled)
+{
+    for (int row = 0; row < 10; ++row) {
+        Station.Operator.WhileEventsRun.clear();
+        for (int i = 0; i < row; ++i)
+            Station.Operator.WhileEventsRun.emplace_back([] {});
+        Station.Operator.WhileEventsRun.emplace_back(
+            [this] { delete Station.Window.findChild<frmPrinters2*>(); });
+        OpenPrinterSelection(Station.Session, &Station.Window);
+        EXPECT_EQ(Station.Window.findChild<frmPrinters2*>(), nullptr) << row;
+        EXPECT_FALSE(Station.Operator.Pointer.back());
+    }
+}
+
+TEST_F(PrinterWindowTest, ARefreshInsideOfARefreshLeavesEachPrinterOnce)
+{
+    WithPrinters({First, QStringLiteral("Other"), QStringLiteral("Third")});
+    Open();
+    Station.Operator.WhileEventsRun.emplace_back([this] { Press("cmdRefresh"); });
+    Press("cmdRefresh");
+    EXPECT_EQ(Column(PrinterList(), 0),
+              (QStringList{First, QStringLiteral("Other"), QStringLiteral("Third")}));
+}
+
+TEST_F(PrinterWindowTest, CannotSaveBeforeItShowsTheLayoutsValues)
+{
+    bool enabled = true;
+    Station.Operator.WhileEventsRun.emplace_back([&] {
+        const auto& dialog = DesktopStation::Named<frmPrinters2>(Station.Window, "frmPrinters2");
+        enabled = DesktopStation::Named<QPushButton>(dialog, "cmdSave").isEnabled();
+    });
+    Open();
+    EXPECT_FALSE(enabled);
+    EXPECT_TRUE(Get<QPushButton>("cmdSave").isEnabled());
+}
+
+TEST_F(PrinterWindowTest, ASecondOpeningBringsTheSameDialogToTheFrontAsItStands)
+{
+    Open();
+    const frmPrinters2* first = Dialog;
+    Press("optOrientation1");
+    Open();
+    EXPECT_EQ(Dialog, first);
+    EXPECT_TRUE(Get<QRadioButton>("optOrientation1").isChecked());
+}
+
+} // namespace vantrel::test
