@@ -9,6 +9,7 @@
 #include "layout/CardDocument.h"
 #include "layout/LayoutParams.h"
 #include "platform/Connection.h"
+#include "shaping/PadResult.h"
 
 namespace vantrel {
 
@@ -56,6 +57,8 @@ public:
     CardDocument Document;
     /// The last accepted camera picture.
     Picture CameraImage;
+    /// What the padding dialog left.
+    PadResult Pad;
 };
 
 } // namespace vantrel

@@ -1,6 +1,9 @@
 #include "app/DesktopControls.h"
 #include "layout/frmGetLayout.h"
 #include "print/frmPrinters2.h"
+#include "shaping/frmFilters.h"
+#include "shaping/frmPad.h"
+#include "shaping/frmPreSuffix.h"
 #include "shell/Commands.h"
 #include "shell/DesktopMenuRow.h"
 #include "shell/frmWizard.h"
@@ -130,9 +133,10 @@ constexpr MenuRow Rows[] = {
     Menu("", "mnuProperties", "&Properties"),
     Command("mnuProperties", "cmdSetFont", "Adjust Font ...").With(ObjectEntry::cmdSetFont),
     Command("mnuProperties", "cmdAdjustText", "Adjust Text...").With(ObjectEntry::cmdAdjustText),
-    Command("mnuProperties", "cmdFilters", "Adjust Filters...").With(ObjectEntry::cmdFilters),
-    Command("mnuProperties", "cmdDataPadding", "Adjust Data Padding").Hidden(),
-    Command("mnuProperties", "cmdPreSuffix", "Adjust Prefix / Suffix...")
+    Command("mnuProperties", "cmdFilters", "Adjust Filters...", "", Opens<frmFilters>)
+        .With(ObjectEntry::cmdFilters),
+    Command("mnuProperties", "cmdDataPadding", "Adjust Data Padding", "", Opens<frmPad>).Hidden(),
+    Command("mnuProperties", "cmdPreSuffix", "Adjust Prefix / Suffix...", "", Opens<frmPreSuffix>)
         .With(ObjectEntry::cmdPreSuffix),
     Command("mnuProperties", "cmdAdjustTextColor", "Adjust Text Color...")
         .With(ObjectEntry::cmdAdjustTextColor),
@@ -180,7 +184,7 @@ constexpr MenuRow Rows[] = {
     Menu("", "mnuAutoNumber", "AutoFieldMenu").Hidden(),
     Command("mnuAutoNumber", "cmdAutoFont", "Adjust Font..."),
     Command("mnuAutoNumber", "cmdAutoPreSuff", "Adjust Prefix / Suffix..."),
-    Command("mnuAutoNumber", "cmdAutoFilters", "Adjust Filters..."),
+    Command("mnuAutoNumber", "cmdAutoFilters", "Adjust Filters...", "", Opens<frmFilters>),
     Dash("mnuAutoNumber"),
     Menu("mnuAutoNumber", "mnuAutoCheckDigit", "Apply Check Digit"),
     Command("mnuAutoCheckDigit", "cmdAutoMod10", "Apply Mod-10 Check Digit")

@@ -1,0 +1,41 @@
+#include "shaping/frmFilters.h"
+#include "app/DesktopControls.h"
+#include "shaping/FieldDialogs.h"
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vantrel {
+
+frmFilters::frmFilters(Session& session, QWidget* parent)
+    : QDialog(parent), m_session(session), m_chars(MakeControl<QLineEdit>("txtChars", this))
+{
+    setObjectName(QStringLiteral("frmFilters"));
+    setWindowTitle(QStringLiteral("Filter Characters"));
+    setModal(true);
+    m_chars->setAccessibleName(windowTitle());
+    m_chars->setText(SelectedFilters(session));
+
+    auto* save = MakeControl<QPushButton>("cmdSave", QStringLiteral("&Save"), this);
+    save->setDefault(true);
+    connect(save, &QPushButton::clicked, this, &frmFilters::Save);
+    auto* cancel = MakeControl<QPushButton>("cmdCancel", QStringLiteral("&Cancel"), this);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::close);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(save);
+    buttons->addWidget(cancel);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_chars);
+    column->addLayout(buttons);
+}
+
+void frmFilters::Save()
+{
+    SaveFilters(m_session, m_chars->text());
+    close();
+}
+
+} // namespace vantrel

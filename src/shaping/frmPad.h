@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QDialog>
+#include <cstdint>
+
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QTreeWidget;
+
+namespace vantrel {
+
+class DesktopUpDown;
+class Session;
+
+/// Asks how a field of a track is padded. What it leaves is in `Session::Pad` once it is closed.
+class frmPad : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Forgets what an earlier dialog left, but for the field.
+    frmPad(Session& session, QWidget* parent);
+
+    /// Fills the dialog with these values, shows it and waits until it is closed by any button. A
+    /// direction other than 0 and 1 marks neither side. What is in the session may be another
+    /// layout or another record afterwards.
+    void Show_Data(const QString& padChars, std::int16_t padLen, std::int32_t padDirection);
+
+private:
+    void BuildFields();
+    void BuildControls();
+    void ChooseField();
+    void ShowLength(int length);
+    void FollowLengthText();
+    void Save();
+
+    Session& m_session;
+    QTreeWidget* m_fields;
+    QLineEdit* m_data;
+    QLineEdit* m_length;
+    DesktopUpDown* m_arrows;
+    QRadioButton* m_directions[2] = {};
+    QPushButton* m_save;
+    /// The direction while neither side is marked.
+    std::int32_t m_direction = 0;
+};
+
+} // namespace vantrel

@@ -1,0 +1,44 @@
+#include "shaping/frmPreSuffix.h"
+#include "app/DesktopControls.h"
+#include "shaping/FieldDialogs.h"
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace vantrel {
+
+frmPreSuffix::frmPreSuffix(Session& session, QWidget* parent)
+    : QDialog(parent), m_session(session), m_prefix(MakeControl<QLineEdit>("txtPrefix", this)),
+      m_suffix(MakeControl<QLineEdit>("txtSuffix", this))
+{
+    setObjectName(QStringLiteral("frmPreSuffix"));
+    setWindowTitle(QStringLiteral("Prefix / Suffix"));
+    setModal(true);
+    const PreSuffix around = SelectedPreSuffix(session);
+    m_prefix->setText(around.Prefix);
+    m_suffix->setText(around.Suffix);
+
+    auto* save = MakeControl<QPushButton>("cmdSave", QStringLiteral("&Save"), this);
+    save->setDefault(true);
+    connect(save, &QPushButton::clicked, this, &frmPreSuffix::Save);
+    // The button has no action: the dialog is left by saving or at its frame.
+    auto* cancel = MakeControl<QPushButton>("cmdCancel", QStringLiteral("&Cancel"), this);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(save);
+    buttons->addWidget(cancel);
+
+    auto* form = new QFormLayout(this);
+    form->addRow(QStringLiteral("Prefix"), m_prefix);
+    form->addRow(QStringLiteral("Suffix"), m_suffix);
+    form->addRow(buttons);
+}
+
+void frmPreSuffix::Save()
+{
+    SavePreSuffix(m_session, {m_prefix->text(), m_suffix->text()});
+    close();
+}
+
+} // namespace vantrel
