@@ -1,5 +1,5 @@
 # What we build on; docs/architecture.md says why each of them is here.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network SerialPort Sql)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Pdf SerialPort Sql)
 if(VANTREL_DESKTOP)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets)
 endif()

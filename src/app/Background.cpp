@@ -1,5 +1,5 @@
 #include "app/Background.h"
-#include "platform/Color.h"
+#include "app/DesktopColor.h"
 #include "platform/Convert.h"
 #include "platform/Skip.h"
 #include <QPixmap>
@@ -23,8 +23,7 @@ QBrush ColorBrush(double number, const QBrush& standard)
     Skip("background colour", [&] { color = RoundToLong(number); });
     if (color <= 0 || color > ColorWhite)
         return standard;
-    const ColorParts parts = PartsOfColor(color);
-    return QColor(parts.Red, parts.Green, parts.Blue);
+    return ColorOf(color);
 }
 
 } // namespace

@@ -71,6 +71,11 @@ QString SettingsPath(const Session& session)
     return session.PathInFolder(QStringLiteral("Vantrel 6.ini"));
 }
 
+QString StationOption(const Session& session, const QString& key)
+{
+    return ReadProfileValue(SettingsPath(session), QStringLiteral("Station"), key, QString());
+}
+
 QString SessionStatusPath(const Session& session)
 {
     return session.PathInFolder(statusFileName);

@@ -71,6 +71,10 @@ QString SettingsPath(const Session& session);
 /// Path of the "SessionStatus.ini" that a launcher writes and the station reads.
 QString SessionStatusPath(const Session& session);
 
+/// A key of the section "Station" of the settings file, which all sessions share; empty where it is
+/// missing. These are options that are off until somebody writes them there.
+QString StationOption(const Session& session, const QString& key);
+
 /// Reads the session's keys into memory. A bad value leaves its variable as it was; nothing fails.
 void LoadSettings(Session& session);
 /// Empties what a load must not inherit.

@@ -72,6 +72,8 @@ public:
 
     /// Tells that the station shows or hides its windows from now on.
     void TellVisibility(bool visible) { Q_EMIT VisibilityChanged(visible); }
+    /// Tells that the background setting has changed.
+    void TellBackground() { Q_EMIT BackgroundChanged(); }
     /// Tells that a record has begun: the icon flashes.
     void TellRecordBegun() { Q_EMIT RecordBegun(); }
     /// Tells that the operator has confirmed that the station is to end.
@@ -88,6 +90,7 @@ Q_SIGNALS:
     void TrayChanged();
     void FieldsChanged();
     void VisibilityChanged(bool visible);
+    void BackgroundChanged();
     void RecordBegun();
     void ExitConfirmed();
 

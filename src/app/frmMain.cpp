@@ -76,6 +76,7 @@ void frmMain::MirrorFace()
     connect(&face, &StationFace::CaptionChanged, this, &QWidget::setWindowTitle);
     connect(&face, &StationFace::PanelChanged, this, &frmMain::ShowPanel);
     connect(&face, &StationFace::VisibilityChanged, this, &frmMain::ShowOrHide);
+    connect(&face, &StationFace::BackgroundChanged, this, &frmMain::PaintBack);
     connect(&face, &StationFace::ExitConfirmed, this, &frmMain::Unload, Qt::QueuedConnection);
 }
 

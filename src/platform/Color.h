@@ -10,7 +10,7 @@ using ColorValue = std::int32_t;
 inline constexpr ColorValue ColorBlack = 0x000000;
 inline constexpr ColorValue ColorWhite = 0xFFFFFF;
 
-/// The one place where a stored colour is taken apart. Each part is 0 to 255.
+/// The one place where a stored colour is taken apart and put together. Each part is 0 to 255.
 struct ColorParts
 {
     int Red = 0;
@@ -24,5 +24,11 @@ constexpr ColorParts PartsOfColor(ColorValue color)
     return {static_cast<int>(bits & 0xFFU), static_cast<int>((bits >> 8U) & 0xFFU),
             static_cast<int>((bits >> 16U) & 0xFFU)};
 }
+
+constexpr ColorValue ColorOfParts(const ColorParts& parts)
+{
+    return parts.Red | (parts.Green << 8) | (parts.Blue << 16);
+}
+static_assert(ColorOfParts(PartsOfColor(0x123456)) == 0x123456);
 
 } // namespace vantrel

@@ -1,10 +1,13 @@
 #include "app/DesktopControls.h"
+#include "imaging/BackImage.h"
+#include "imaging/Workspace.h"
 #include "layout/frmGetLayout.h"
 #include "print/frmPrinters2.h"
 #include "shaping/frmFilters.h"
 #include "shaping/frmPad.h"
 #include "shaping/frmPreSuffix.h"
 #include "shell/Commands.h"
+#include "shell/DesktopFileCommands.h"
 #include "shell/DesktopMenuRow.h"
 #include "shell/frmWizard.h"
 #include <QMainWindow>
@@ -61,7 +64,8 @@ constexpr MenuRow Rows[] = {
     Command("mnuNew", "cmdNewPage", "Page ...").On(WhileVisibleWithLayout),
     Menu("mnuFile", "mnuOpen", "&Open ..."),
     Command("mnuOpen", "cmdOpen", "&Open Layout", "", Opens<frmGetLayout>).On(WhileVisible),
-    Command("mnuOpen", "cmdImportSession", "Vantrel 4 Session.ini").On(WhileVisibleWithLayout),
+    Command("mnuOpen", "cmdImportSession", "Vantrel 4 Session.ini", "",
+            ImportVersion4Command).On(WhileVisibleWithLayout),
     Command("mnuFile", "cmdSave", "&Save", "Ctrl+S", Runs<SaveCommand>).On(WhileVisibleWithLayout),
     Command("mnuFile", "cmdSaveAs", "Save &As", "Ctrl+A").Disabled(),
     Command("mnuFile", "cmdClose", "&Close Layout", "Ctrl+L", Runs<CloseCommand>).On(WithLayout),
@@ -99,9 +103,10 @@ constexpr MenuRow Rows[] = {
     Command("mnuData", "cmdMag", "Magnetic Encoding ...", "F5"),
     Dash("mnuData"),
     Menu("mnuData", "mnuBack2", "Background"),
-    Command("mnuBack2", "cmdBackImg", "Import Image File ..."),
-    Command("mnuBack2", "cmdBaclPDF", "Import PDF File ..."),
-    Command("mnuBack2", "cmdClearBackground", "Clear Background ..."),
+    Command("mnuBack2", "cmdBackImg", "Import Image File ...", "", BackImageCommand),
+    Command("mnuBack2", "cmdBaclPDF", "Import PDF File ...", "", AcrobatBackImageCommand),
+    Command("mnuBack2", "cmdClearBackground", "Clear Background ...", "",
+            Runs<ClearBackImages>),
     Dash("mnuData"),
     Command("mnuData", "chkAutoSpool", "Automatically Print Document", "", Runs<ToggleAutoSpool>)
         .With(Tick::chkAutoSpool),
@@ -153,7 +158,7 @@ constexpr MenuRow Rows[] = {
     Command("mnuDataFields", "cmdField(0)", "Field 0").Hidden(),
     Command("mnuDataFields", "sData", "Send a data stream..."),
     Menu("mnuProperties", "mnuImage", "Adjust Image...").With(ObjectEntry::mnuImage),
-    Command("mnuImage", "cmdChooseImage", "Choose Image...").With(ObjectEntry::cmdChooseImage),
+    Command("mnuImage", "cmdChooseImage", "Choose Image...", "", ChooseImageCommand).With(ObjectEntry::cmdChooseImage),
     Command("mnuImage", "cmdTakePicture2", "Take Picture ..."),
     Dash("mnuProperties").Hidden(),
     Command("mnuProperties", "cmdIncrease", "Increase Size 10%", "Ctrl+F2"),
@@ -177,9 +182,9 @@ constexpr MenuRow Rows[] = {
 
     Menu("", "mnuBack", "").Hidden(),
     Menu("mnuBack", "mnuBackground", "Set Background..."),
-    Command("mnuBackground", "cmdColor", "To a Color..."),
-    Command("mnuBackground", "cmdPicture", "To a Picture..."),
-    Command("mnuBackground", "cmdBackDefault", "To the &Default..."),
+    Command("mnuBackground", "cmdColor", "To a Color...", "", WorkspaceColorCommand),
+    Command("mnuBackground", "cmdPicture", "To a Picture...", "", WorkspacePictureCommand),
+    Command("mnuBackground", "cmdBackDefault", "To the &Default...", "", Runs<ResetWorkspace>),
 
     Menu("", "mnuAutoNumber", "AutoFieldMenu").Hidden(),
     Command("mnuAutoNumber", "cmdAutoFont", "Adjust Font..."),
