@@ -37,4 +37,18 @@ inline QString ParamsOfPage(const QString& layoutName, std::int16_t page)
            QString::number(page);
 }
 
+/// The key and the filter of a layout's pages; the first row holds the filter that is edited.
+inline QString FilterOfLayout(const QString& layoutName)
+{
+    return QStringLiteral("SELECT [ID], [Filter] FROM [LayoutParams] WHERE [LayoutName] = '") +
+           layoutName + QLatin1Char('\'');
+}
+
+/// The elements of a layout's output stream, in their order.
+inline QString StreamOfLayout(const QString& layoutName)
+{
+    return QStringLiteral("SELECT * FROM [Serializer] WHERE [LayoutName] = '") + layoutName +
+           QLatin1Char('\'');
+}
+
 } // namespace vantrel

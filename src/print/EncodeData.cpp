@@ -114,13 +114,19 @@ void PrintTokens(Session& session, const Track& track, const QString& trackText)
     printer.SetFontName(OpeningFontName);
 }
 
+QString BodyOf(const Track& track, const QString& trackText, const FieldValues& values)
+{
+    QString body;
+    EvaluateTrack(trackText, values, [&](TokenKind kind, const QString& text) {
+        body += track.Text(kind, text).value_or(QString());
+    });
+    return body;
+}
+
 /// A track without a single character is not sent: head and tail alone say nothing.
 void PrintLine(Session& session, const Track& track, const QString& trackText)
 {
-    QString body;
-    EvaluateTrack(trackText, session.FieldValues, [&](TokenKind kind, const QString& text) {
-        body += track.Text(kind, text).value_or(QString());
-    });
+    const QString body = BodyOf(track, trackText, session.FieldValues);
     if (body.isEmpty())
         return;
     QString line = track.Head();
@@ -146,6 +152,15 @@ void EncodeData(Session& session, const QString& trackText, int trackNumber)
         PrintTokens(session, track, trackText);
     else
         PrintLine(session, track, trackText);
+}
+
+QString StripeBody(const Session& session, const QString& trackText, int trackNumber)
+{
+    Q_ASSERT(trackNumber >= 1 && trackNumber <= 3);
+    const StripeFamily* const family = FamilyOf(session.CurrentParams.PrinterType);
+    const Track track{family == nullptr ? Families[0] : *family,
+                      static_cast<std::size_t>(trackNumber - 1)};
+    return BodyOf(track, trackText, session.FieldValues);
 }
 
 } // namespace vantrel

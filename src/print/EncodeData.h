@@ -14,4 +14,10 @@ class Session;
 /// @param trackNumber  1 to 3
 void EncodeData(Session& session, const QString& trackText, int trackNumber);
 
+/// What `EncodeData` puts onto the stripe, without the command text around it, and without sending
+/// anything. For a type that sends nothing it is what the first command text family would get.
+/// Fails like `EvaluateTrack`.
+/// @param trackNumber  1 to 3
+QString StripeBody(const Session& session, const QString& trackText, int trackNumber);
+
 } // namespace vantrel

@@ -31,6 +31,7 @@ bool TestOperator::ShowAppMessage(const QString& text, const QString& title,
 
 void TestOperator::MessageBox(const QString& text, const QString& title, BoxIcon icon)
 {
+    Icons.push_back(icon);
     (icon == BoxIcon::Critical ? CriticalBoxes : Boxes).append(TitleAndText(title, text));
 }
 

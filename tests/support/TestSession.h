@@ -32,6 +32,8 @@ public:
     QStringList AppMessages;
     QStringList Boxes;
     QStringList CriticalBoxes;
+    /// The signs of all plain boxes, in their order.
+    std::vector<BoxIcon> Icons;
     QStringList Questions;
     int CameraDialogsOpened = 0;
     int EventsRuns = 0;

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Color.h"
+#include <QString>
+#include <vector>
+
+namespace vantrel {
+
+class FieldValues;
+
+/// @file What the two composers share: trees of elements to drag, and rows they are dropped on.
+
+/// A node of a composer's tree.
+struct ElementNode
+{
+    QString Text;
+    /// The word that a drag of the node carries, and a drop is told by.
+    QString Key;
+};
+
+/// How an element of a row looks.
+struct ElementLook
+{
+    /// White and bold where an element has one.
+    QString Caption;
+    /// What an element without a caption shows instead: a field's number, a piece of its text.
+    QString Mark;
+    ColorValue BackColor = ColorWhite;
+    /// What it stands for, for whoever cannot see it.
+    QString Name;
+};
+
+/// The word that begins the key of a data field's node.
+inline constexpr QLatin1StringView DataFieldKey{"KEY="};
+
+/// @return what stands behind `word` in `key`; the empty text where it is not in it
+QString RestOfKey(const QString& key, QLatin1StringView word);
+
+} // namespace vantrel
