@@ -146,6 +146,10 @@ std::vector<ElementNode> StreamElementNodes(const FieldValues& values)
                              values.Item(field) + QLatin1Char(')'),
                          DataFieldKey + number});
     }
+    for (ElementNode& node : nodes) {
+        if (const auto element = StreamElementOfKey(node.Key))
+            node.Look = LookOf(*element);
+    }
     return nodes;
 }
 
@@ -168,7 +172,7 @@ ElementLook LookOf(const StreamElement& element)
     const KindForm* const form = FormOf(element.Kind);
     if (form == nullptr)
         return {};
-    ElementLook look{form->Caption, {}, form->BackColor, form->Name};
+    ElementLook look{form->Caption, {}, form->BackColor, ColorBlack, form->Name};
     if (element.Kind == StreamKind::DataField)
         look.Caption = Without(element.Tag, DataFieldWord);
     if (form->HasText) {

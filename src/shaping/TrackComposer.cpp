@@ -109,9 +109,11 @@ void TrackComposer::Save()
 TrackPreview TrackComposer::Preview(int track) const
 {
     const QString formula = WriteTrackElements(Row(track));
+    if (formula.isEmpty())
+        return {{}, QStringLiteral("Nothing goes onto this track")};
     if (const auto token = UnreadableToken(formula, m_session.FieldValues))
-        return {{}, token};
-    return {StripeBody(m_session, formula, track), std::nullopt};
+        return {{}, QStringLiteral("\"%1\" cannot be read with the last record").arg(*token)};
+    return {StripeBody(m_session, formula, track), {}};
 }
 
 } // namespace vantrel

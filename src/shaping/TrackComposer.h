@@ -14,8 +14,8 @@ struct TrackPreview
 {
     /// What goes onto the stripe, without the printer's command text around it.
     QString Text;
-    /// The token that cannot be read, which keeps the whole track empty; none where all can.
-    std::optional<QString> Unreadable;
+    /// Why there is nothing, where that is so.
+    QString Remark;
 };
 
 /// Composes the formulas of the page's three tracks. Rows are read once and written on saving; in

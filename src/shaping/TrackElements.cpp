@@ -198,13 +198,17 @@ std::vector<ElementNode> TrackElementNodes(int fieldCount, int autoNumberCount)
     for (int number = 1; number <= autoNumberCount; ++number)
         nodes.push_back(
             {NumberedNode(TokenKind::Auto, number), AutoNumberKey + QString::number(number)});
+    for (ElementNode& node : nodes) {
+        if (const auto element = TrackElementOfKey(node.Key))
+            node.Look = LookOf(*element);
+    }
     return nodes;
 }
 
 ElementLook LookOf(const TrackElement& element)
 {
     const KindForm& form = FormOf(element.Kind);
-    return {form.Caption, MarkOf(element), form.BackColor,
+    return {form.Caption, MarkOf(element), form.BackColor, ColorWhite,
             form.Name + QStringLiteral(": ") + element.LinkItem};
 }
 

@@ -140,5 +140,11 @@ TEST(StreamElements, AnEmptyLinkLeavesTheTagAsToolTip)
     EXPECT_EQ(cleared.ToolTipText, QString());
 }
 
+TEST(ComposerElement, ControlCharactersAreShownAsSigns)
+{
+    EXPECT_EQ(WithVisibleCodes(QStringLiteral("<a b\r\x01>")),
+              QString::fromUtf16(u"<a b\u240D\u2401>"));
+}
+
 } // namespace
 } // namespace vantrel::test

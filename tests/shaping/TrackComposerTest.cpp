@@ -174,12 +174,13 @@ TEST_F(TrackComposer, ThePreviewIsWhatThePrinterWouldEncode)
     SetRecord(Session, {QStringLiteral("ab-c"), QStringLiteral("12")});
     const QStringList keys = {QStringLiteral("KEY=1"), QStringLiteral("SEP"),
                               QStringLiteral("TEXT"), QStringLiteral("MOD10")};
+    Test.Printers.Operations.clear();
     EXPECT_EQ(PreviewOf(keys).Text, QStringLiteral("ABC=TEXT"));
     Session.CurrentParams.PrinterType = PrinterTypeCode::Nisca;
     EXPECT_EQ(PreviewOf(keys).Text, QStringLiteral("ABC="));
     Session.CurrentParams.PrinterType = PrinterTypeCode::Plain;
     EXPECT_EQ(PreviewOf(keys).Text, QStringLiteral("ABC=TEXT"));
-    EXPECT_TRUE(Test.Printers.Only({QStringLiteral("Print")}).isEmpty());
+    EXPECT_TRUE(Test.Printers.Operations.isEmpty());
 }
 
 TEST_F(TrackComposer, ThePreviewNamesTheTokenThatCannotBeRead)
@@ -188,9 +189,12 @@ TEST_F(TrackComposer, ThePreviewNamesTheTokenThatCannotBeRead)
     const TrackPreview missing =
         PreviewOf({QStringLiteral("KEY=1"), QStringLiteral("KEY=2"), QStringLiteral("TEXT")});
     EXPECT_EQ(missing.Text, QString());
-    EXPECT_EQ(missing.Unreadable, QStringLiteral("DAT2"));
-    EXPECT_EQ(PreviewOf({QStringLiteral("FD")}).Unreadable, QStringLiteral("FDFD"));
-    EXPECT_FALSE(PreviewOf({QStringLiteral("KEY=1")}).Unreadable.has_value());
+    EXPECT_EQ(missing.Remark, QStringLiteral("\"DAT2\" cannot be read with the last record"));
+    EXPECT_EQ(PreviewOf({QStringLiteral("FD")}).Remark,
+              QStringLiteral("\"FDFD\" cannot be read with the last record"));
+    EXPECT_EQ(PreviewOf({QStringLiteral("KEY=1")}).Remark, QString());
+    EXPECT_EQ(PreviewOf({QStringLiteral("MOD10")}).Remark,
+              QStringLiteral("Nothing goes onto this track"));
 }
 
 TEST_F(TrackComposer, ThePreviewChangesNothing)
