@@ -3,6 +3,7 @@
 #include "app/Session.h"
 #include "capture/Listener.h"
 #include "capture/Ports.h"
+#include "capture/SerialCapture.h"
 #include "layout/LoadLayout.h"
 #include "platform/Skip.h"
 
@@ -28,10 +29,12 @@ void ReopenLastLayout(Session& session)
 void LoadMain(Session& session)
 {
     ConnectSockets(session);
+    ConnectComm(session);
     session.Face.SetCaption(StartCaption());
     session.Face.SetTick(Tick::cmdDynamicLayout, session.Settings.DynamicLayouts);
     session.Face.SetTick(Tick::chkAutoAdd, session.Settings.DynamicFields);
     session.Face.SetTick(Tick::cmdCapEnable, session.Settings.CaptureEnabled);
+    PrepareComm(session);
     Skip("reopen last layout", [&] { ReopenLastLayout(session); });
     if (session.Settings.CaptureEnabled)
         SwitchPorts(session, SwitchMode::All);

@@ -1,10 +1,12 @@
 #include "app/Session.h"
+#include "app/Settings.h"
 
 namespace vantrel {
 
 Session::Session(QString programFolder, vantrel::Operator& stationOperator,
                  vantrel::Printers& printers)
-    : ProgramFolder(std::move(programFolder)), Operator(stationOperator), Printers(printers)
+    : ProgramFolder(std::move(programFolder)), Operator(stationOperator), Printers(printers),
+      Comm(SettingsPath(*this))
 {}
 
 Session::~Session() = default;

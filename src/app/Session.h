@@ -3,6 +3,7 @@
 #include "app/StationFace.h"
 #include "app/StationSettings.h"
 #include "capture/BufferedRecord.h"
+#include "capture/Comm.h"
 #include "capture/FieldValues.h"
 #include "capture/InputBuffer.h"
 #include "capture/SockArray.h"
@@ -49,6 +50,7 @@ public:
     vantrel::FieldValues FieldValues;
     VT5_BufferedRecordQue RecordQueue;
     SockArray Sock;
+    vantrel::Comm Comm;
 
     Connection LayoutDb;
     /// The open layout; empty means none.

@@ -7,6 +7,18 @@ namespace vantrel {
 
 namespace {
 
+void SwitchSerial(Session& session)
+{
+    Comm& comm = session.Comm;
+    const StationSettings& settings = session.Settings;
+    Skip("close serial port", [&] { comm.SetPortOpen(false); });
+    Skip("serial port number", [&] { comm.SetCommPort(settings.SPort); });
+    Skip("serial settings", [&] { comm.SetSettings(settings.SSettings); });
+    Skip("flow control", [&] { comm.SetHandshaking(settings.SFlowCtrl); });
+    if (settings.UseSerial)
+        Skip("open serial port", [&] { comm.SetPortOpen(true); });
+}
+
 // Whether capture is enabled is not asked here: that decides whether a start opens ports at all.
 void SwitchNetwork(Session& session)
 {
@@ -23,7 +35,8 @@ void SwitchNetwork(Session& session)
 
 void SwitchPorts(Session& session, SwitchMode mode)
 {
-    // The station reads no serial port yet; where it does, that is switched here, before TCP/IP.
+    if (mode == SwitchMode::All || mode == SwitchMode::Serial)
+        SwitchSerial(session);
     if (mode == SwitchMode::All || mode == SwitchMode::Network)
         SwitchNetwork(session);
     UpdateTrayState(session);

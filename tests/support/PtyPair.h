@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace vantrel::test {
+
+/// A serial cable: the host's end is a plain descriptor, the station's end a device that stands
+/// under a name of the test's choice, as adapters do that come back under another number.
+class PtyPair
+{
+public:
+    /// @param name  where to put the link to the device; one that is there is replaced
+    explicit PtyPair(QString name);
+    ~PtyPair();
+    PtyPair(const PtyPair&) = delete;
+    PtyPair& operator=(const PtyPair&) = delete;
+
+    /// The link's own path.
+    const QString& Device() const { return m_name; }
+    /// Sends bytes the way the line takes them, letting events run where it is full.
+    void Send(const QByteArray& bytes) const;
+    /// Pulls the adapter out: the device is gone, and its name with it.
+    void Unplug();
+    /// How many bytes wait that the station sent.
+    qsizetype BytesToRead() const;
+
+    /// What the station's end is set to.
+    unsigned Speed() const;
+    bool HasXonXoff() const;
+    bool HasHardwareFlow() const;
+    bool HasLongStop() const;
+
+private:
+    QString m_name;
+    int m_host = -1;
+    /// Keeps the line's mode while no station has it open.
+    int m_line = -1;
+};
+
+} // namespace vantrel::test
