@@ -48,6 +48,17 @@ public:
     }
     void MessageBox(const QString& /*text*/, const QString& /*title*/, BoxIcon /*icon*/) override {}
     bool AskYesNo(const QString& /*text*/, const QString& /*title*/) override { return false; }
+    BoxAnswer AskYesNoCancel(const QString& /*text*/, const QString& /*title*/) override
+    {
+        return BoxAnswer::No;
+    }
+    QString InputBox(const QString& /*prompt*/, const QString& /*title*/,
+                     const QString& /*present*/) override
+    {
+        return {};
+    }
+    std::optional<Font> AskFont(const Font& /*present*/) override { return std::nullopt; }
+    std::optional<ColorValue> AskColor(ColorValue /*present*/) override { return std::nullopt; }
     void OpenCameraDialog() override {}
     void LetEventsRun() override { QCoreApplication::processEvents(); }
     void ShowBusyPointer(bool /*busy*/) override {}

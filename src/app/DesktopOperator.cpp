@@ -1,6 +1,11 @@
 #include "app/DesktopOperator.h"
+#include "app/DesktopColor.h"
+#include "app/DesktopFont.h"
 #include "app/frmMessage.h"
 #include <QApplication>
+#include <QColorDialog>
+#include <QFontDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 
 namespace vantrel {
@@ -53,6 +58,50 @@ bool DesktopOperator::AskYesNo(const QString& text, const QString& title)
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
+}
+
+BoxAnswer DesktopOperator::AskYesNoCancel(const QString& text, const QString& title)
+{
+    QMessageBox box(m_mainWindow);
+    SetPlainText(box, title, text);
+    box.setIcon(QMessageBox::Question);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return BoxAnswer::Yes;
+    case QMessageBox::No:
+        return BoxAnswer::No;
+    default:
+        return BoxAnswer::Cancel;
+    }
+}
+
+QString DesktopOperator::InputBox(const QString& prompt, const QString& title,
+                                  const QString& present)
+{
+    QInputDialog box(m_mainWindow);
+    box.setWindowTitle(title);
+    box.setLabelText(prompt);
+    box.setTextValue(present);
+    return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+}
+
+std::optional<Font> DesktopOperator::AskFont(const Font& present)
+{
+    QFontDialog box(DialogFont(present), m_mainWindow);
+    box.setOption(QFontDialog::DontUseNativeDialog);
+    if (box.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return StoredFont(box.selectedFont());
+}
+
+std::optional<ColorValue> DesktopOperator::AskColor(ColorValue present)
+{
+    QColorDialog box(ColorOf(present), m_mainWindow);
+    box.setOption(QColorDialog::DontUseNativeDialog);
+    if (box.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return ColorValueOf(box.selectedColor());
 }
 
 void DesktopOperator::LetEventsRun()

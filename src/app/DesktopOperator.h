@@ -17,6 +17,10 @@ public:
                         AppMessageButtons buttons) override;
     void MessageBox(const QString& text, const QString& title, BoxIcon icon) override;
     bool AskYesNo(const QString& text, const QString& title) override;
+    BoxAnswer AskYesNoCancel(const QString& text, const QString& title) override;
+    QString InputBox(const QString& prompt, const QString& title, const QString& present) override;
+    std::optional<Font> AskFont(const Font& present) override;
+    std::optional<ColorValue> AskColor(ColorValue present) override;
     /// Shows nothing: this version of the station has no camera dialog.
     void OpenCameraDialog() override {}
     void LetEventsRun() override;

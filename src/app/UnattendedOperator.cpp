@@ -30,6 +30,19 @@ bool UnattendedOperator::AskYesNo(const QString& text, const QString& title)
     return false;
 }
 
+BoxAnswer UnattendedOperator::AskYesNoCancel(const QString& text, const QString& title)
+{
+    Tell(title, text);
+    return BoxAnswer::No;
+}
+
+QString UnattendedOperator::InputBox(const QString& prompt, const QString& title,
+                                     const QString& /*present*/)
+{
+    Tell(title, prompt);
+    return {};
+}
+
 void UnattendedOperator::LetEventsRun()
 {
     QCoreApplication::processEvents();

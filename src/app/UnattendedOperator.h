@@ -13,6 +13,12 @@ public:
                         AppMessageButtons buttons) override;
     void MessageBox(const QString& text, const QString& title, BoxIcon icon) override;
     bool AskYesNo(const QString& text, const QString& title) override;
+    /// Nobody to ask: told and answered No.
+    BoxAnswer AskYesNoCancel(const QString& text, const QString& title) override;
+    /// These are cancelled at once.
+    QString InputBox(const QString& prompt, const QString& title, const QString& present) override;
+    std::optional<Font> AskFont(const Font& /*present*/) override { return std::nullopt; }
+    std::optional<ColorValue> AskColor(ColorValue /*present*/) override { return std::nullopt; }
     /// Without a display there is nothing to open.
     void OpenCameraDialog() override {}
     void LetEventsRun() override;

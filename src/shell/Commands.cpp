@@ -5,10 +5,13 @@
 #include "app/Settings.h"
 #include "capture/FieldApplication.h"
 #include "capture/Ports.h"
+#include "layout/DeleteLayout.h"
 #include "layout/LoadLayout.h"
+#include "layout/NewLayout.h"
 #include "layout/SaveLayout.h"
 #include "platform/Convert.h"
 #include "platform/Launcher.h"
+#include "platform/Skip.h"
 #include "print/PrintCard.h"
 
 namespace vantrel {
@@ -60,6 +63,26 @@ void PrintCommand(Session& session)
 void SaveCommand(Session& session)
 {
     SaveLayout(session, SaveMessages::Shown);
+}
+
+void NewCommand(Session& session)
+{
+    const QString name = session.Operator.InputBox(QStringLiteral("Enter Layout Name"),
+                                                   QStringLiteral("New Layout"), QString());
+    Skip("new layout", [&] { NewLayout(session, name); });
+}
+
+void DeleteLayoutCommand(Session& session)
+{
+    const QString name = session.CurrentLayoutName;
+    if (name.isEmpty())
+        return;
+    const QString question =
+        QStringLiteral("Are you sure you want to perminantly delete the layout named (") + name +
+        QStringLiteral(") ?");
+    if (session.Operator.ShowAppMessage(question, QStringLiteral("Really Delete?"),
+                                        AppMessageButtons::YesNo))
+        Skip("delete layout", [&] { DeleteLayoutRows(session, name); });
 }
 
 void CloseCommand(Session& session)

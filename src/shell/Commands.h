@@ -11,6 +11,11 @@ class Session;
 void PrintCommand(Session& session);
 /// Saves the page on the form and tells the operator so.
 void SaveCommand(Session& session);
+/// Asks for a name and begins a layout of that name. An empty answer changes nothing; a failing
+/// step is passed over.
+void NewCommand(Session& session);
+/// Asks, then deletes the open layout. A failing step is passed over.
+void DeleteLayoutCommand(Session& session);
 /// Ends the open layout without asking.
 void CloseCommand(Session& session);
 

@@ -3,6 +3,7 @@
 #include "app/RunTimeError.h"
 #include "app/Session.h"
 #include "shell/DesktopMenuRow.h"
+#include "shell/ObjectCommands.h"
 #include <QCursor>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -155,6 +156,9 @@ void MainMenu::MirrorFields()
         m_fields.push_back(new QAction(&m_window));
         const auto number = static_cast<int>(m_fields.size());
         m_fields.back()->setObjectName(QStringLiteral("cmdField(%1)").arg(number));
+        // At once: a record that comes first would give the number to another value.
+        connect(m_fields.back(), &QAction::triggered, this,
+                [this, number] { RunOrEnd([&] { ChooseDataField(m_session, number); }); });
         FindMenu("mnuDataFields")->insertAction(send, m_fields.back());
     }
     for (std::size_t index = 0; index < count; ++index)

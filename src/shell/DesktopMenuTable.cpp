@@ -9,6 +9,8 @@
 #include "shell/Commands.h"
 #include "shell/DesktopFileCommands.h"
 #include "shell/DesktopMenuRow.h"
+#include "shell/InsertCommands.h"
+#include "shell/ObjectCommands.h"
 #include "shell/frmWizard.h"
 #include <QMainWindow>
 
@@ -59,7 +61,7 @@ constexpr auto WhileVisibleWithLayout = Enabled::WhileVisibleWithLayout;
 constexpr MenuRow Rows[] = {
     Menu("", "mnuFile", "&File"),
     Menu("mnuFile", "mnuNew", "New ..."),
-    Command("mnuNew", "cmdNew", "Layout ...").Hidden().On(WhileVisible),
+    Command("mnuNew", "cmdNew", "Layout ...", "", Runs<NewCommand>).Hidden().On(WhileVisible),
     Command("mnuNew", "cmdWizard", "Layout Wizard ...", "", Opens<frmWizard>).On(WhileVisible),
     Command("mnuNew", "cmdNewPage", "Page ...").On(WhileVisibleWithLayout),
     Menu("mnuFile", "mnuOpen", "&Open ..."),
@@ -70,7 +72,8 @@ constexpr MenuRow Rows[] = {
     Command("mnuFile", "cmdSaveAs", "Save &As", "Ctrl+A").Disabled(),
     Command("mnuFile", "cmdClose", "&Close Layout", "Ctrl+L", Runs<CloseCommand>).On(WithLayout),
     Menu("mnuFile", "mnuDelete", "&Delete ..."),
-    Command("mnuDelete", "cmdDeleteLayout", "&Delete Layout", "Ctrl+D").On(WithLayout),
+    Command("mnuDelete", "cmdDeleteLayout", "&Delete Layout", "Ctrl+D",
+            Runs<DeleteLayoutCommand>).On(WithLayout),
     Command("mnuDelete", "cmdDeletePage", "Delete Page"),
     Dash("mnuFile"),
     Command("mnuFile", "cmdPrint", "Print ...", "Ctrl+P", Runs<PrintCommand>).On(WithLayout),
@@ -89,16 +92,18 @@ constexpr MenuRow Rows[] = {
     Command("mnuEdit", "cmdCopy", "C&opy", "Ctrl+C").Disabled(),
     Command("mnuEdit", "cmdPaste", "&Paste", "Ctrl+V").Disabled(),
     Dash("mnuEdit"),
-    Command("mnuEdit", "cmdDelete", "&Delete"),
+    Command("mnuEdit", "cmdDelete", "&Delete", "", Runs<DeleteSelectedObject>),
 
     Menu("", "mnuData", "&Document").On(WithLayout),
-    Command("mnuData", "cmdInsertData", "Insert New Data Field", "F1"),
-    Command("mnuData", "cmdNewText", "Insert New Static Text", "F2"),
-    Command("mnuData", "cmdInsertImage", "Insert New Image Object", "F3"),
-    Command("mnuData", "cmdInsertCamImage", "Insert New Camera Image", "F4"),
-    Command("mnuData", "cmdAutoNumber", "Insert New AutoNumber Object").Hidden(),
+    Command("mnuData", "cmdInsertData", "Insert New Data Field", "F1", Runs<InsertDataField>),
+    Command("mnuData", "cmdNewText", "Insert New Static Text", "F2", Runs<InsertText>),
+    Command("mnuData", "cmdInsertImage", "Insert New Image Object", "F3", Runs<InsertImage>),
+    Command("mnuData", "cmdInsertCamImage", "Insert New Camera Image", "F4",
+            Runs<InsertCameraImage>),
+    Command("mnuData", "cmdAutoNumber", "Insert New AutoNumber Object", "",
+            Runs<InsertAutoNumber>).Hidden(),
     Dash("mnuData"),
-    Command("mnuData", "cmdDeleteAll", "Delete all data fields"),
+    Command("mnuData", "cmdDeleteAll", "Delete all data fields", "", Runs<DeleteAllFields>),
     Dash("mnuData"),
     Command("mnuData", "cmdMag", "Magnetic Encoding ...", "F5"),
     Dash("mnuData"),
@@ -114,7 +119,7 @@ constexpr MenuRow Rows[] = {
     Menu("", "mnuView", "&View"),
     Command("mnuView", "cmdRawData", "Raw Input Data ..."),
     Dash("mnuView"),
-    Command("mnuView", "cmdFieldData", "Decoded Field Data ..."),
+    Command("mnuView", "cmdFieldData", "Decoded Field Data ...", "", Runs<ShowFieldData>),
     Dash("mnuView"),
     Command("mnuView", "cmdViewBuffer", "Buffered Input Data ..."),
 
@@ -136,21 +141,27 @@ constexpr MenuRow Rows[] = {
     Command("mnuSettings", "cmdMacro", "Define Macros ..."),
 
     Menu("", "mnuProperties", "&Properties"),
-    Command("mnuProperties", "cmdSetFont", "Adjust Font ...").With(ObjectEntry::cmdSetFont),
-    Command("mnuProperties", "cmdAdjustText", "Adjust Text...").With(ObjectEntry::cmdAdjustText),
+    Command("mnuProperties", "cmdSetFont", "Adjust Font ...", "",
+            Runs<AdjustFont>).With(ObjectEntry::cmdSetFont),
+    Command("mnuProperties", "cmdAdjustText", "Adjust Text...", "",
+            Runs<AdjustText>).With(ObjectEntry::cmdAdjustText),
     Command("mnuProperties", "cmdFilters", "Adjust Filters...", "", Opens<frmFilters>)
         .With(ObjectEntry::cmdFilters),
     Command("mnuProperties", "cmdDataPadding", "Adjust Data Padding", "", Opens<frmPad>).Hidden(),
     Command("mnuProperties", "cmdPreSuffix", "Adjust Prefix / Suffix...", "", Opens<frmPreSuffix>)
         .With(ObjectEntry::cmdPreSuffix),
-    Command("mnuProperties", "cmdAdjustTextColor", "Adjust Text Color...")
+    Command("mnuProperties", "cmdAdjustTextColor", "Adjust Text Color...", "",
+            Runs<AdjustTextColor>)
         .With(ObjectEntry::cmdAdjustTextColor),
     Dash("mnuProperties", "fe4fy").With(ObjectEntry::fe4fy),
     Menu("mnuProperties", "mnuCheckDigits", "Apply Check Digit...")
         .With(ObjectEntry::mnuCheckDigits),
-    Command("mnuCheckDigits", "cmdMod10", "Apply Mod-10 Check Digit").With(Tick::cmdMod10),
-    Command("mnuCheckDigits", "cmdCodaBar", "Apply CodaBar Check Digit").With(Tick::cmdCodaBar),
-    Command("mnuCheckDigits", "cmdEBTCheckDigit", "Apply EBT Check Digit").Hidden()
+    Command("mnuCheckDigits", "cmdMod10", "Apply Mod-10 Check Digit", "",
+            Runs<ToggleMod10>).With(Tick::cmdMod10),
+    Command("mnuCheckDigits", "cmdCodaBar", "Apply CodaBar Check Digit", "",
+            Runs<ToggleCodabar>).With(Tick::cmdCodaBar),
+    Command("mnuCheckDigits", "cmdEBTCheckDigit", "Apply EBT Check Digit", "",
+            Runs<ToggleEbt>).Hidden()
         .With(Tick::cmdEBTCheckDigit),
     Dash("mnuProperties", "ggd56456").With(ObjectEntry::ggd56456),
     Menu("mnuProperties", "mnuDataFields", "Adjust Data Field ...")
@@ -161,21 +172,23 @@ constexpr MenuRow Rows[] = {
     Command("mnuImage", "cmdChooseImage", "Choose Image...", "", ChooseImageCommand).With(ObjectEntry::cmdChooseImage),
     Command("mnuImage", "cmdTakePicture2", "Take Picture ..."),
     Dash("mnuProperties").Hidden(),
-    Command("mnuProperties", "cmdIncrease", "Increase Size 10%", "Ctrl+F2"),
-    Command("mnuProperties", "cmdDecrease", "Decrease Size 10%", "Ctrl+F1"),
+    Command("mnuProperties", "cmdIncrease", "Increase Size 10%", "Ctrl+F2", Runs<IncreaseSize>),
+    Command("mnuProperties", "cmdDecrease", "Decrease Size 10%", "Ctrl+F1", Runs<DecreaseSize>),
     Dash("mnuProperties", "s250").With(ObjectEntry::s250),
     Menu("mnuProperties", "mnuAlighment", "Alignment ...").With(ObjectEntry::mnuAlighment),
-    Command("mnuAlighment", "cmdALeft", "Left").With(Tick::cmdALeft),
-    Command("mnuAlighment", "cmdACenter", "Center").With(Tick::cmdACenter),
-    Command("mnuAlighment", "cmdARight", "Right").With(Tick::cmdARight),
+    Command("mnuAlighment", "cmdALeft", "Left", "", Runs<AlignLeft>).With(Tick::cmdALeft),
+    Command("mnuAlighment", "cmdACenter", "Center", "", Runs<AlignCenter>).With(Tick::cmdACenter),
+    Command("mnuAlighment", "cmdARight", "Right", "", Runs<AlignRight>).With(Tick::cmdARight),
     Menu("mnuProperties", "mnuColors", "Colors...").With(ObjectEntry::mnuColors),
-    Command("mnuColors", "cmdForeColor", "&ForeColor"),
+    Command("mnuColors", "cmdForeColor", "&ForeColor", "", Runs<AdjustTextColor>),
     Command("mnuColors", "cmdBackColor", "&BackColor").Disabled(),
     Dash("mnuProperties"),
     Command("mnuProperties", "cmdSize", "Adjust Size...", "Ctrl+Z"),
-    Command("mnuProperties", "cmdVisibleOnCard", "Visible On Card").With(Tick::cmdVisibleOnCard),
+    Command("mnuProperties", "cmdVisibleOnCard", "Visible On Card", "",
+            Runs<ToggleVisibleOnCard>).With(Tick::cmdVisibleOnCard),
     Dash("mnuProperties"),
-    Command("mnuProperties", "cmdContextDelete", "&Delete Selected..."),
+    Command("mnuProperties", "cmdContextDelete", "&Delete Selected...", "",
+            Runs<DeleteSelectedObject>),
 
     Menu("", "mnuHelp", "&Help"),
     Command("mnuHelp", "cmdAbout", "About Vantrel v5.xx"),
@@ -192,12 +205,15 @@ constexpr MenuRow Rows[] = {
     Command("mnuAutoNumber", "cmdAutoFilters", "Adjust Filters...", "", Opens<frmFilters>),
     Dash("mnuAutoNumber"),
     Menu("mnuAutoNumber", "mnuAutoCheckDigit", "Apply Check Digit"),
-    Command("mnuAutoCheckDigit", "cmdAutoMod10", "Apply Mod-10 Check Digit")
+    Command("mnuAutoCheckDigit", "cmdAutoMod10", "Apply Mod-10 Check Digit", "", Runs<ToggleMod10>)
         .With(Tick::cmdAutoMod10),
-    Command("mnuAutoCheckDigit", "cmdAutoCodaBar", "Apply CodaBar Check Digit")
+    Command("mnuAutoCheckDigit", "cmdAutoCodaBar", "Apply CodaBar Check Digit", "",
+            Runs<ToggleCodabar>)
         .With(Tick::cmdAutoCodaBar),
-    Command("mnuAutoCheckDigit", "cmdAutoEBT", "Apply EBT Check Digit").With(Tick::cmdAutoEBT),
-    Command("mnuAutoNumber", "cmdAutoNumberDelete", "&Delete Selected"),
+    Command("mnuAutoCheckDigit", "cmdAutoEBT", "Apply EBT Check Digit", "",
+            Runs<ToggleEbt>).With(Tick::cmdAutoEBT),
+    Command("mnuAutoNumber", "cmdAutoNumberDelete", "&Delete Selected", "",
+            Runs<DeleteSelectedObject>),
 };
 // clang-format on
 

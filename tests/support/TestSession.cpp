@@ -12,13 +12,19 @@ QString TitleAndText(const QString& title, const QString& text)
     return title + QLatin1Char('|') + text;
 }
 
-bool TakeAnswer(std::deque<bool>& answers)
+template <typename Answer>
+std::optional<Answer> Take(std::deque<Answer>& answers)
 {
     if (answers.empty())
-        return false;
-    const bool answer = answers.front();
+        return std::nullopt;
+    const Answer answer = answers.front();
     answers.pop_front();
     return answer;
+}
+
+bool TakeAnswer(std::deque<bool>& answers)
+{
+    return Take(answers).value_or(false);
 }
 } // namespace
 
@@ -39,6 +45,34 @@ bool TestOperator::AskYesNo(const QString& text, const QString& title)
 {
     Questions.append(TitleAndText(title, text));
     return TakeAnswer(Answers);
+}
+
+BoxAnswer TestOperator::AskYesNoCancel(const QString& text, const QString& title)
+{
+    Questions.append(TitleAndText(title, text));
+    WhileAsked();
+    return Take(BoxAnswers).value_or(BoxAnswer::No);
+}
+
+QString TestOperator::InputBox(const QString& prompt, const QString& title, const QString& present)
+{
+    InputBoxes.append(TitleAndText(TitleAndText(title, prompt), present));
+    WhileAsked();
+    return Take(Inputs).value_or(QString());
+}
+
+std::optional<Font> TestOperator::AskFont(const Font& present)
+{
+    FontsShown.push_back(present);
+    WhileAsked();
+    return Take(Fonts);
+}
+
+std::optional<ColorValue> TestOperator::AskColor(ColorValue present)
+{
+    ColorsShown.push_back(present);
+    WhileAsked();
+    return Take(Colors);
 }
 
 void TestOperator::LetEventsRun()

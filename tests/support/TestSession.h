@@ -20,6 +20,10 @@ public:
                         AppMessageButtons buttons) override;
     void MessageBox(const QString& text, const QString& title, BoxIcon icon) override;
     bool AskYesNo(const QString& text, const QString& title) override;
+    BoxAnswer AskYesNoCancel(const QString& text, const QString& title) override;
+    QString InputBox(const QString& prompt, const QString& title, const QString& present) override;
+    std::optional<Font> AskFont(const Font& present) override;
+    std::optional<ColorValue> AskColor(ColorValue present) override;
     void OpenCameraDialog() override { ++CameraDialogsOpened; }
     void LetEventsRun() override;
     void ShowBusyPointer(bool busy) override { Pointer.push_back(busy); }
@@ -27,6 +31,13 @@ public:
     /// Answers to come; without one the answer is No.
     std::deque<bool> Answers;
     std::deque<std::function<void()>> WhileEventsRun;
+    /// Answers of their kinds; without one a question is answered No and the others are cancelled.
+    std::deque<BoxAnswer> BoxAnswers;
+    std::deque<QString> Inputs;
+    std::deque<Font> Fonts;
+    std::deque<ColorValue> Colors;
+    /// Happens while a question, an input box, a font or a colour dialog is open.
+    std::function<void()> WhileAsked = [] {};
 
     /// Each as `title|text`.
     QStringList AppMessages;
@@ -35,6 +46,11 @@ public:
     /// The signs of all plain boxes, in their order.
     std::vector<BoxIcon> Icons;
     QStringList Questions;
+    /// Each as `title|prompt|present text`.
+    QStringList InputBoxes;
+    /// What the dialogs were opened on.
+    std::vector<Font> FontsShown;
+    std::vector<ColorValue> ColorsShown;
     int CameraDialogsOpened = 0;
     int EventsRuns = 0;
     std::vector<bool> Pointer;
