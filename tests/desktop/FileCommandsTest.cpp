@@ -1,0 +1,182 @@
+#include "app/DesktopColor.h"
+#include "app/Settings.h"
+#include "desktop/DesktopStation.h"
+#include "platform/Profile.h"
+#include "shell/DesktopFileDialog.h"
+#include "support/Events.h"
+#include "support/Layouts.h"
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMenu>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+namespace {
+
+/// Does this to the next dialog of its kind that waits, from inside its event loop.
+template <typename Dialog, typename Deed>
+void WhenShown(Deed deed)
+{
+    auto* look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, look, [look, deed] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr)
+            return;
+        look->deleteLater();
+        deed(*dialog);
+    });
+    look->start(10);
+}
+
+/// Types the path, as an operator would, and presses Open.
+void Accept(QFileDialog& dialog, const QString& path)
+{
+    DesktopStation::Named<QLineEdit>(dialog, "fileNameEdit").setText(path);
+    static_cast<QDialog&>(dialog).accept();
+}
+
+class FileStation : public DesktopStation
+{
+public:
+    FileStation()
+    {
+        WithLayout();
+        Load();
+        EXPECT_TRUE(EventsUntil([&] { return Get<QAction>("cmdPrint").isEnabled(); }));
+    }
+
+    void ChooseFile(const char* command, const QString& path)
+    {
+        WhenShown<QFileDialog>([path](QFileDialog& dialog) { Accept(dialog, path); });
+        Choose(command);
+    }
+    void Cancel(const char* command)
+    {
+        WhenShown<QDialog>([](QDialog& dialog) { dialog.reject(); });
+        Choose(command);
+    }
+    QString StoredBackground() const
+    {
+        return ReadProfileValue(SettingsPath(Session), SessionSection(Session),
+                                QStringLiteral("Background"), QStringLiteral("(absent)"));
+    }
+    DesktopFileDialog& CommonDialog() { return DesktopFileDialog::Of(Window); }
+};
+
+TEST(FileCommands, BackImageSetsThePagesPicture)
+{
+    FileStation station;
+    const QString picture = station.WritePng(QStringLiteral("back side \u00fc.png"), 20, 20);
+    station.ChooseFile("cmdBackImg", picture);
+    EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, picture);
+    EXPECT_EQ(station.Session.Document.Tag, picture);
+    station.Cancel("cmdBackImg");
+    EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, picture);
+    station.Choose("cmdClearBackground");
+    EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, QString());
+}
+
+TEST(FileCommands, ThePdfCommandClearsTheBackImageEvenWhenCancelledAndLeavesItsFilter)
+{
+    FileStation station;
+    station.ChooseFile("cmdBackImg", station.WritePng(QStringLiteral("back.png"), 20, 20));
+    station.Cancel("cmdBaclPDF");
+    EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, QString());
+    EXPECT_EQ(station.CommonDialog().Filter, QStringLiteral("*.pdf|*.PDF"));
+    QStringList filters;
+    WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+        filters = dialog.nameFilters();
+        dialog.reject();
+    });
+    station.Choose("cmdBackImg");
+    EXPECT_EQ(filters, QStringList{QStringLiteral("*.pdf (*.PDF)")});
+}
+
+TEST(FileCommands, ChooseImageBeginsInTheProgramFolderWithoutAName)
+{
+    FileStation station;
+    CardObject& image = AddImage(station.Session, QString());
+    station.Session.Document.SelectedFamily = QStringLiteral("img_LXV");
+    station.Session.Document.SelectedIndex = 1;
+    station.Session.Document.SelectedObject = &image;
+    station.Get<QMenu>("mnuProperties").menuAction()->setEnabled(true);
+    station.CommonDialog().FileName = QStringLiteral("/earlier");
+    QString folder;
+    const QString picture = station.WritePng(QStringLiteral("face.png"), 20, 20);
+    WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+        folder = dialog.directory().absolutePath();
+        Accept(dialog, picture);
+    });
+    station.Choose("cmdChooseImage");
+    EXPECT_EQ(folder, station.Session.ProgramFolder);
+    EXPECT_EQ(image.Tag, picture);
+    EXPECT_TRUE(image.Picture.HasHandle());
+}
+
+TEST(FileCommands, ImportDrawsAnOldSession)
+{
+    FileStation station;
+    const QString path = station.Session.PathInFolder(QStringLiteral("Old.ini"));
+    for (const auto& [key, value] : {std::pair{"NumberOfFields", "0"},
+                                     {"NumberOfText", "1"},
+                                     {"Text0", "Pool"},
+                                     {"TextAlign0", "0"},
+                                     {"TextTop0", "100"},
+                                     {"TextLeft0", "100"},
+                                     {"TextFontName0", "DejaVu Sans"},
+                                     {"TextFontSize0", "9"},
+                                     {"TextFontBold0", "0"},
+                                     {"TextFontItalic0", "0"},
+                                     {"TextFontUnderline0", "0"},
+                                     {"TextFontColor0", "0"}})
+        ASSERT_TRUE(WriteProfileValue(path, QStringLiteral("Settings"), QLatin1StringView(key),
+                                      QLatin1StringView(value)));
+    station.ChooseFile("cmdImportSession", path);
+    ASSERT_EQ(station.Session.Document.HighestIndex(Family::lbl_TEXT), 2);
+    EXPECT_EQ(station.Session.Document.Find(Family::lbl_TEXT, 2)->Caption(),
+              QStringLiteral("Pool"));
+}
+
+TEST(FileCommands, TheWorkspaceTakesAColourAPictureAndTheDefault)
+{
+    FileStation station;
+    auto& workspace = station.Get<QMdiArea>("Workspace");
+    const QBrush standard = workspace.background();
+    WhenShown<QColorDialog>([](QColorDialog& dialog) {
+        dialog.setCurrentColor(ColorOf(0x336699));
+        dialog.accept();
+    });
+    station.Choose("cmdColor");
+    EXPECT_EQ(workspace.background().color(), ColorOf(0x336699));
+    EXPECT_EQ(station.StoredBackground(), QString::number(0x336699));
+    station.Cancel("cmdColor");
+    EXPECT_EQ(station.StoredBackground(), QString::number(0x336699));
+
+    const QString picture = station.WritePng(QStringLiteral("sea.png"), 8, 6);
+    station.ChooseFile("cmdPicture", picture);
+    EXPECT_EQ(workspace.background().style(), Qt::TexturePattern);
+    EXPECT_EQ(station.StoredBackground(), picture);
+
+    station.Choose("cmdBackDefault");
+    EXPECT_EQ(workspace.background(), standard);
+    EXPECT_EQ(station.StoredBackground(), QStringLiteral("0"));
+}
+
+TEST(FileCommands, BlackIsStoredAs0AndShownOneStepAway)
+{
+    FileStation station;
+    WhenShown<QColorDialog>([](QColorDialog& dialog) {
+        dialog.setCurrentColor(Qt::black);
+        dialog.accept();
+    });
+    station.Choose("cmdColor");
+    EXPECT_EQ(station.StoredBackground(), QStringLiteral("0"));
+    EXPECT_EQ(station.Get<QMdiArea>("Workspace").background().color(), ColorOf(1));
+}
+
+} // namespace
+} // namespace vantrel::test
