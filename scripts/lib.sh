@@ -3,7 +3,7 @@
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libqt6sql6-sqlite
   qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libgtest-dev
   libgmock-dev libbenchmark-dev)
-RUN_PACKAGES=(qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
+RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)
 TEST_PACKAGES=(clang-format cups-daemon cups-client sqlite3 procps)
 

@@ -18,6 +18,11 @@ QString PlainCaption()
     return QStringLiteral(" Vantrel v") + VersionText();
 }
 
+QString AboutCaption()
+{
+    return QStringLiteral("About") + StartCaption();
+}
+
 QString CaptionWithLayout(const Session& session, const QString& caption)
 {
     return caption + QStringLiteral("   (") + session.CurrentLayoutName +

@@ -24,6 +24,8 @@ QString VersionText();
 /// loaded or closed.
 QString StartCaption();
 QString PlainCaption();
+/// Caption of the command that tells about the program: "About Ostrand Vantrel v6.0".
+QString AboutCaption();
 /// `caption` with the open layout and its printer behind it.
 QString CaptionWithLayout(const Session& session, const QString& caption);
 /// Caption of the command that hides or shows the windows, by the present state.

@@ -2,6 +2,7 @@
 #include "app/MainRuntime.h"
 #include "app/RunTimeError.h"
 #include "app/Session.h"
+#include "shell/DesktopMenuIcons.h"
 #include "shell/DesktopMenuRow.h"
 #include "shell/ObjectCommands.h"
 #include <QCursor>
@@ -58,6 +59,13 @@ void MainMenu::Build()
         action->setEnabled(row.EnabledAtStart);
         m_actions.push_back(action);
     }
+    SetIcons();
+}
+
+void MainMenu::SetIcons()
+{
+    for (QAction* action : m_actions)
+        action->setIcon(MenuIcon(MenuIconNumber(action->text())));
 }
 
 QMenu* MainMenu::MakeMenu(const MenuRow& row)
@@ -186,7 +194,8 @@ void MainMenu::UpdateEnabled()
 
 void MainMenu::UpdateStartCaptions()
 {
-    Find("cmdAbout")->setText(QStringLiteral("About Ostrand Vantrel v") + VersionText());
+    Find("cmdAbout")->setText(AboutCaption());
+    SetIcons();
     Find("cmdImportSession")->setText(QStringLiteral("Vantrel 4 \u00a9 Session.ini"));
 }
 

@@ -30,6 +30,8 @@ public:
 
 private:
     void Build();
+    /// By the captions as they stand.
+    void SetIcons();
     QMenu* MakeMenu(const MenuRow& row);
     QAction* MakeCommand(const MenuRow& row);
     void MirrorFace();

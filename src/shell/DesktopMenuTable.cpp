@@ -11,6 +11,7 @@
 #include "shell/DesktopMenuRow.h"
 #include "shell/InsertCommands.h"
 #include "shell/ObjectCommands.h"
+#include "shell/frmAbout.h"
 #include "shell/frmWizard.h"
 #include <QMainWindow>
 
@@ -191,7 +192,7 @@ constexpr MenuRow Rows[] = {
             Runs<DeleteSelectedObject>),
 
     Menu("", "mnuHelp", "&Help"),
-    Command("mnuHelp", "cmdAbout", "About Vantrel v5.xx"),
+    Command("mnuHelp", "cmdAbout", "About Vantrel v5.xx", "", Opens<frmAbout>),
 
     Menu("", "mnuBack", "").Hidden(),
     Menu("mnuBack", "mnuBackground", "Set Background..."),
