@@ -90,9 +90,16 @@ std::optional<Font> DesktopOperator::AskFont(const Font& present)
 {
     QFontDialog box(DialogFont(present), m_mainWindow);
     box.setOption(QFontDialog::DontUseNativeDialog);
+    const Font shown = StoredFont(box.currentFont());
     if (box.exec() != QDialog::Accepted)
         return std::nullopt;
-    return StoredFont(box.selectedFont());
+    Font chosen = StoredFont(box.selectedFont());
+    // The dialog knows whole sizes and installed fonts only; what it was left at stays as it was.
+    if (chosen.Name == shown.Name)
+        chosen.Name = present.Name;
+    if (chosen.Size == shown.Size)
+        chosen.Size = present.Size;
+    return chosen;
 }
 
 std::optional<ColorValue> DesktopOperator::AskColor(ColorValue present)

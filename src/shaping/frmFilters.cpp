@@ -8,12 +8,17 @@
 
 namespace vantrel {
 
+namespace {
+constexpr int CharactersSeen = 28;
+}
+
 frmFilters::frmFilters(Session& session, QWidget* parent)
     : QDialog(parent), m_session(session), m_chars(MakeControl<QLineEdit>("txtChars", this))
 {
     setObjectName(QStringLiteral("frmFilters"));
     setWindowTitle(QStringLiteral("Filter Characters"));
     setModal(true);
+    m_chars->setMinimumWidth(CharactersSeen * fontMetrics().averageCharWidth());
     m_chars->setAccessibleName(windowTitle());
     m_chars->setText(SelectedFilters(session));
 

@@ -85,6 +85,7 @@ void frmPad::BuildControls()
     buttons->addWidget(cancel);
 
     auto* entries = new QFormLayout;
+    entries->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     entries->addRow(QStringLiteral("Data"), m_data);
     entries->addRow(QStringLiteral("Final Length"), length);
     auto* right = new QVBoxLayout;
@@ -97,6 +98,8 @@ void frmPad::BuildControls()
     auto* column = new QVBoxLayout(this);
     column->addLayout(top);
     column->addLayout(buttons);
+    // Not onto the list: its focus frame would look like a choice.
+    m_data->setFocus();
 }
 
 void frmPad::Show_Data(const QString& padChars, std::int16_t padLen, std::int32_t padDirection)

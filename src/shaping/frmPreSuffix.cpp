@@ -8,6 +8,10 @@
 
 namespace vantrel {
 
+namespace {
+constexpr int CharactersSeen = 28;
+}
+
 frmPreSuffix::frmPreSuffix(Session& session, QWidget* parent)
     : QDialog(parent), m_session(session), m_prefix(MakeControl<QLineEdit>("txtPrefix", this)),
       m_suffix(MakeControl<QLineEdit>("txtSuffix", this))
@@ -15,6 +19,7 @@ frmPreSuffix::frmPreSuffix(Session& session, QWidget* parent)
     setObjectName(QStringLiteral("frmPreSuffix"));
     setWindowTitle(QStringLiteral("Prefix / Suffix"));
     setModal(true);
+    m_prefix->setMinimumWidth(CharactersSeen * fontMetrics().averageCharWidth());
     const PreSuffix around = SelectedPreSuffix(session);
     m_prefix->setText(around.Prefix);
     m_suffix->setText(around.Suffix);

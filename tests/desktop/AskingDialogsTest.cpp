@@ -84,6 +84,14 @@ TEST(Asking, TheFontDialogTakesAndGivesSixValues)
     EXPECT_EQ(desk.AskFont(present), std::nullopt);
 }
 
+TEST(Asking, TheFontDialogKeepsWhatItWasLeftAt)
+{
+    DesktopOperator desk;
+    const Font present{QStringLiteral("No Such Font"), 12.3456, false, false, false, false};
+    WithNext<QFontDialog>([](QFontDialog& box) { box.accept(); });
+    EXPECT_EQ(desk.AskFont(present), present);
+}
+
 TEST(Asking, TheColourDialogTakesAndGivesAStoredColour)
 {
     DesktopOperator desk;
