@@ -11,4 +11,13 @@ void CentreOver(QWidget& dialog, const QWidget* parent, double lift)
     dialog.move(centre - dialog.rect().center() - QPoint(0, ScreenPixels(lift)));
 }
 
+void PlaceBySizeOf(QWidget& dialog, const QWidget* parent, double lift)
+{
+    if (parent == nullptr)
+        return;
+    dialog.adjustSize();
+    const QSize room = parent->window()->frameSize() - dialog.size();
+    dialog.move(room.width() / 2, room.height() / 2 - ScreenPixels(lift));
+}
+
 } // namespace vantrel

@@ -41,5 +41,7 @@ Dialog& OpenDialog(Session& session, QWidget* parent)
 
 /// Places a dialog over the middle of its parent, `lift` twips higher.
 void CentreOver(QWidget& dialog, const QWidget* parent, double lift = 0);
+/// Places a dialog where that middle is while the parent stands in the corner of the screen.
+void PlaceBySizeOf(QWidget& dialog, const QWidget* parent, double lift);
 
 } // namespace vantrel

@@ -1,4 +1,5 @@
 #include "app/DesktopControls.h"
+#include "capture/frmCommSettings.h"
 #include "imaging/BackImage.h"
 #include "imaging/Workspace.h"
 #include "layout/frmGetLayout.h"
@@ -126,7 +127,8 @@ constexpr MenuRow Rows[] = {
 
     Menu("", "mnuSettings", "&Settings"),
     Command("mnuSettings", "cmdDelimiters", "Data Settings ..."),
-    Command("mnuSettings", "cmdCommSettings", "&Communication Settings ..."),
+    Command("mnuSettings", "cmdCommSettings", "&Communication Settings ...", "",
+            Opens<frmCommSettings>),
     Dash("mnuSettings"),
     Menu("mnuSettings", "mnuOptions", "Options ..."),
     Command("mnuOptions", "cmdDynamicLayout", "Dynamically Load Layouts", "",
