@@ -33,7 +33,7 @@ bool VT5_BufferedRecordQue::FlushRecords()
     return true;
 }
 
-void BufferRecord(Session& session, QString text)
+void BufferRecord(Session& session, QString& text)
 {
     auto record = std::make_shared<VT5_BufferedRecord>();
     record->Create_From_Stream(session, text);

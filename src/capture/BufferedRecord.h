@@ -39,7 +39,8 @@ struct VT5_BufferedRecordQue
     bool FlushRecords();
 };
 
-/// Makes a record of `text` and adds it to the session's queue, filled or not.
-void BufferRecord(Session& session, QString text);
+/// Makes a record of `text` and adds it to the session's queue, filled or not. `text` loses its
+/// delimiters.
+void BufferRecord(Session& session, QString& text);
 
 } // namespace vantrel

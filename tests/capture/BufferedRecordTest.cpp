@@ -91,7 +91,8 @@ TEST_F(KeptRecords, AnEmptyTextFillsNothingButIsKept)
     EXPECT_FALSE(record.Valid);
     EXPECT_FALSE(record.TimeCreated.isValid());
 
-    BufferRecord(Station.Session, QString());
+    QString nothing;
+    BufferRecord(Station.Session, nothing);
     ASSERT_EQ(Station.Session.RecordQueue.RecordCount, 1);
     EXPECT_FALSE(Station.Session.RecordQueue.BufferedRecords.at(0)->Valid);
 }
@@ -99,8 +100,8 @@ TEST_F(KeptRecords, AnEmptyTextFillsNothingButIsKept)
 TEST_F(KeptRecords, StandInOrderOfArrivalUntilFlushed)
 {
     VT5_BufferedRecordQue& queue = Station.Session.RecordQueue;
-    BufferRecord(Station.Session, QStringLiteral("<A>"));
-    BufferRecord(Station.Session, QStringLiteral("<B>"));
+    for (QString text : {QStringLiteral("<A>"), QStringLiteral("<B>")})
+        BufferRecord(Station.Session, text);
     EXPECT_TRUE(queue.AddRecord(std::make_shared<VT5_BufferedRecord>()));
     EXPECT_EQ(queue.RecordCount, 3);
     ASSERT_EQ(queue.BufferedRecords.size(), 3U);

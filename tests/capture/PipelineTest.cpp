@@ -188,7 +188,9 @@ TEST_F(Pipeline, KeptRecordHoldsWhatStoodAroundTheDelimiters)
     ASSERT_EQ(kept.DataFields.Count(), 2);
     EXPECT_EQ(kept.DataFields.Item(1), QStringLiteral("xA"));
     EXPECT_EQ(kept.DataFields.Item(2), QStringLiteral("By"));
-    EXPECT_EQ(Session.LastRawData, QStringLiteral("x<A+B>y"));
+    EXPECT_EQ(kept.RawData, QStringLiteral("x<A+B>y"));
+    // The text that is left for the raw view has lost them.
+    EXPECT_EQ(Session.LastRawData, QStringLiteral("xA+By"));
 }
 
 TEST_F(Pipeline, CameraObjectAsksForAPictureWithEveryRecord)

