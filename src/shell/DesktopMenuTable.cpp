@@ -1,5 +1,7 @@
 #include "app/DesktopControls.h"
 #include "capture/frmCommSettings.h"
+#include "capture/frmRawData.h"
+#include "capture/frmToolbar.h"
 #include "imaging/BackImage.h"
 #include "imaging/Workspace.h"
 #include "layout/frmGetLayout.h"
@@ -119,14 +121,14 @@ constexpr MenuRow Rows[] = {
         .With(Tick::chkAutoSpool),
 
     Menu("", "mnuView", "&View"),
-    Command("mnuView", "cmdRawData", "Raw Input Data ..."),
+    Command("mnuView", "cmdRawData", "Raw Input Data ...", "", Opens<frmRawData>),
     Dash("mnuView"),
     Command("mnuView", "cmdFieldData", "Decoded Field Data ...", "", Runs<ShowFieldData>),
     Dash("mnuView"),
     Command("mnuView", "cmdViewBuffer", "Buffered Input Data ..."),
 
     Menu("", "mnuSettings", "&Settings"),
-    Command("mnuSettings", "cmdDelimiters", "Data Settings ..."),
+    Command("mnuSettings", "cmdDelimiters", "Data Settings ...", "", Opens<frmToolbar>),
     Command("mnuSettings", "cmdCommSettings", "&Communication Settings ...", "",
             Opens<frmCommSettings>),
     Dash("mnuSettings"),
