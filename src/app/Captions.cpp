@@ -30,6 +30,11 @@ QString CaptionWithLayout(const Session& session, const QString& caption)
            QLatin1Char(')');
 }
 
+QString LayoutStatusText(const Session& session)
+{
+    return QStringLiteral("Current Printer = ") + session.CurrentParams.PrinterDevice;
+}
+
 QString HideCaption(const Session& session)
 {
     return session.Settings.MainVisible ? QStringLiteral("Hide Vantrel...")

@@ -1,6 +1,7 @@
 #include "app/MainRuntime.h"
 #include "app/Operator.h"
 #include "app/Session.h"
+#include "app/TrayIcon.h"
 #include "capture/Listener.h"
 #include "capture/Ports.h"
 #include "capture/SerialCapture.h"
@@ -30,6 +31,8 @@ void LoadMain(Session& session)
 {
     ConnectSockets(session);
     ConnectComm(session);
+    if (session.OwnsTrayIcon)
+        AddTrayIcon(session);
     session.Face.SetCaption(StartCaption());
     session.Face.SetTick(Tick::cmdDynamicLayout, session.Settings.DynamicLayouts);
     session.Face.SetTick(Tick::chkAutoAdd, session.Settings.DynamicFields);

@@ -28,6 +28,8 @@ QString PlainCaption();
 QString AboutCaption();
 /// `caption` with the open layout and its printer behind it.
 QString CaptionWithLayout(const Session& session, const QString& caption);
+/// "Current Printer = " and the printer of the open layout.
+QString LayoutStatusText(const Session& session);
 /// Caption of the command that hides or shows the windows, by the present state.
 QString HideCaption(const Session& session);
 
@@ -43,10 +45,8 @@ StatusVerdict ReadSessionStatus(Session& session);
 /// The two-second tick of the status bar. Lets pending events run.
 void TickStatusBar(Session& session);
 
-/// Keeps what the next start needs. `geometry` is none for a minimised window.
+/// Keeps what the next start needs and takes the notification icon away. `geometry` is none for a
+/// minimised window.
 void UnloadMain(Session& session, const Geometry* geometry);
-
-/// The notification icon by the ports in use.
-void UpdateTrayState(Session& session);
 
 } // namespace vantrel

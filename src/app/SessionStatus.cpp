@@ -1,6 +1,7 @@
 #include "app/MainRuntime.h"
 #include "app/Session.h"
 #include "app/Settings.h"
+#include "app/TrayIcon.h"
 #include "platform/Convert.h"
 
 namespace vantrel {
@@ -43,6 +44,7 @@ void UnloadMain(Session& session, const Geometry* geometry)
     SaveSetting(session, SettingNumber::LastLayout, session.CurrentLayoutName);
     SaveSetting(session, SettingNumber::DynamicFields, BooleanText(session.Settings.DynamicFields));
     SaveSetting(session, SettingNumber::Visible, BooleanText(session.Settings.MainVisible));
+    RemoveTrayIcon(session);
 }
 
 } // namespace vantrel

@@ -64,6 +64,12 @@ void StationFace::SetTray(TrayImage image, const QString& tip)
     Q_EMIT TrayChanged();
 }
 
+void StationFace::SetTrayShown(bool shown)
+{
+    m_trayShown = shown;
+    Q_EMIT TrayChanged();
+}
+
 void StationFace::SetFields(const FieldMenu& fields)
 {
     m_fields = fields;

@@ -10,13 +10,15 @@
 
 namespace vantrel {
 
-/// Images of the notification icon.
-enum class TrayImage { Waiting = 1, Flash = 2, Disabled = 3 };
+/// Images of the notification icon. `NoHandle` is a picture that is none.
+enum class TrayImage { NoHandle = 0, Waiting = 1, Flash = 2, Disabled = 3 };
 
 /// Tips of the notification icon.
 namespace TrayTip {
+inline constexpr QLatin1StringView Added{"Vantrel Version 6"};
 inline constexpr QLatin1StringView Waiting{"Vantrel v5 (Waiting...)"};
 inline constexpr QLatin1StringView Disabled{"Vantrel v5 (Disabled)"};
+inline constexpr QLatin1StringView Receiving{"Vantrel v5 (Receiving Data)"};
 } // namespace TrayTip
 
 /// A panel of the status bar.
@@ -66,6 +68,9 @@ public:
     TrayImage TrayPicture() const { return m_trayImage; }
     const QString& TrayTip() const { return m_trayTip; }
     void SetTray(TrayImage image, const QString& tip);
+    /// Whether this session has put the icon into the notification area.
+    bool IsTrayShown() const { return m_trayShown; }
+    void SetTrayShown(bool shown);
 
     const FieldMenu& Fields() const { return m_fields; }
     void SetFields(const FieldMenu& fields);
@@ -103,6 +108,7 @@ private:
     QString m_hideCaption = QStringLiteral("Hide Vantrel...");
     TrayImage m_trayImage = TrayImage::Disabled;
     QString m_trayTip;
+    bool m_trayShown = false;
     FieldMenu m_fields;
 };
 

@@ -33,14 +33,4 @@ void TickStatusBar(Session& session)
     session.Operator.LetEventsRun();
 }
 
-void UpdateTrayState(Session& session)
-{
-    const StationSettings& settings = session.Settings;
-    const bool anyPort = settings.UseSerial || settings.UseParallel || settings.UseIP;
-    if (settings.CaptureEnabled && anyPort)
-        session.Face.SetTray(TrayImage::Waiting, TrayTip::Waiting);
-    else
-        session.Face.SetTray(TrayImage::Disabled, TrayTip::Disabled);
-}
-
 } // namespace vantrel

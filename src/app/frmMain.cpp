@@ -1,5 +1,6 @@
 #include "app/frmMain.h"
 #include "app/Background.h"
+#include "app/DesktopTray.h"
 #include "app/MainRuntime.h"
 #include "app/RunTimeError.h"
 #include "app/ScreenUnits.h"
@@ -12,6 +13,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QMdiArea>
+#include <QMouseEvent>
 #include <QStatusBar>
 
 namespace vantrel {
@@ -21,6 +23,7 @@ namespace {
 /// No close box: everything a title bar can have but that.
 constexpr Qt::WindowFlags FrameFlags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                        Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint;
+constexpr int FlashInterval = 100;
 constexpr int ImageInterval = 250;
 constexpr int VisibleInterval = 250;
 constexpr int StatusInterval = 2000;
@@ -42,8 +45,12 @@ frmMain::frmMain(Session& session, Display display)
     m_workspace->addSubWindow(m_document);
     m_document->hide();
     setCentralWidget(m_workspace);
+    m_workspace->viewport()->installEventFilter(this);
+    m_flashTimer = &MakeTimer("tmrFlash", FlashInterval, &frmMain::OnFlashTick);
     BuildStatusBar();
     MirrorFace();
+    if (m_display == Display::Present)
+        new DesktopTray(m_session.Face, *this);
 }
 
 frmMain::~frmMain() = default;
@@ -77,6 +84,7 @@ void frmMain::MirrorFace()
     connect(&face, &StationFace::PanelChanged, this, &frmMain::ShowPanel);
     connect(&face, &StationFace::VisibilityChanged, this, &frmMain::ShowOrHide);
     connect(&face, &StationFace::BackgroundChanged, this, &frmMain::PaintBack);
+    connect(&face, &StationFace::RecordBegun, this, &frmMain::StartFlash);
     connect(&face, &StationFace::ExitConfirmed, this, &frmMain::Unload, Qt::QueuedConnection);
 }
 
@@ -103,16 +111,16 @@ QTimer& frmMain::MakeTimer(const char* name, int interval, void (frmMain::*tick)
     auto* timer = new QTimer(this);
     timer->setObjectName(QLatin1StringView(name));
     connect(timer, &QTimer::timeout, this, tick);
-    timer->start(interval);
+    timer->setInterval(interval);
     return *timer;
 }
 
 void frmMain::StartTimers()
 {
-    MakeTimer("tmrHide", HideInterval, &frmMain::OnHideTick);
-    MakeTimer("tmrImage", ImageInterval, &frmMain::OnImageTick);
-    MakeTimer("tmrStatus", StatusInterval, &frmMain::OnStatusTick);
-    MakeTimer("tmrVisible", VisibleInterval, &frmMain::OnVisibleTick);
+    MakeTimer("tmrHide", HideInterval, &frmMain::OnHideTick).start();
+    MakeTimer("tmrImage", ImageInterval, &frmMain::OnImageTick).start();
+    MakeTimer("tmrStatus", StatusInterval, &frmMain::OnStatusTick).start();
+    MakeTimer("tmrVisible", VisibleInterval, &frmMain::OnVisibleTick).start();
 }
 
 void frmMain::Unload()
@@ -129,6 +137,19 @@ void frmMain::Unload()
     }
     hide();
     QCoreApplication::exit(0);
+}
+
+void frmMain::StartFlash()
+{
+    // One that runs goes on: records in quick succession must not hold up its ticks.
+    if (!m_unloaded && !m_flashTimer->isActive())
+        m_flashTimer->start();
+}
+
+void frmMain::OnFlashTick()
+{
+    if (!TickFlash(m_session, m_flash))
+        m_flashTimer->stop();
 }
 
 void frmMain::OnVisibleTick()
@@ -205,10 +226,24 @@ void frmMain::resizeEvent(QResizeEvent* event)
     m_nav->KeepPlace(width());
 }
 
+void frmMain::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    // The desktop has new colours: the background may be among them.
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        m_repaintBackground = true;
+}
+
 bool frmMain::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_panels[0] && event->type() == QEvent::MouseButtonRelease)
-        m_session.Face.SetPanelToolTip(1, m_session.Face.StatusPanel(1).Text);
+    if (event->type() == QEvent::MouseButtonRelease) {
+        const auto* release = static_cast<QMouseEvent*>(event);
+        if (watched == m_panels[0])
+            m_session.Face.SetPanelToolTip(1, m_session.Face.StatusPanel(1).Text);
+        else if (watched == m_workspace->viewport() && release->button() == Qt::RightButton &&
+                 m_workspace->viewport()->childAt(release->position().toPoint()) == nullptr)
+            m_session.Face.AskPopUp(PopUp::mnuBack);
+    }
     return QMainWindow::eventFilter(watched, event);
 }
 

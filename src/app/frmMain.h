@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/TrayIcon.h"
 #include "platform/FileStamp.h"
 #include <QMainWindow>
 #include <QTimer>
@@ -38,6 +39,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -45,7 +47,9 @@ private:
     void MirrorFace();
     void StartTimers();
     QTimer& MakeTimer(const char* name, int interval, void (frmMain::*tick)());
+    void StartFlash();
 
+    void OnFlashTick();
     void OnVisibleTick();
     void OnStatusTick();
     void OnHideTick();
@@ -64,6 +68,8 @@ private:
     frmDocument* m_document;
     frmNav* m_nav;
     QLabel* m_panels[3] = {};
+    QTimer* m_flashTimer = nullptr;
+    Flash m_flash;
     bool m_loaded = false;
     bool m_unloaded = false;
     bool m_repaintBackground = false;

@@ -1,6 +1,6 @@
 #include "capture/Ports.h"
-#include "app/MainRuntime.h"
 #include "app/Session.h"
+#include "app/TrayIcon.h"
 #include "platform/Skip.h"
 
 namespace vantrel {

@@ -1,6 +1,7 @@
 #include "app/MainRuntime.h"
 #include "app/Session.h"
 #include "app/Settings.h"
+#include "app/TrayIcon.h"
 #include "platform/Failure.h"
 #include "platform/Profile.h"
 #include "support/TestSession.h"
@@ -97,41 +98,6 @@ TEST(StatusBar, APageBeyondTheCountIsANewPage)
               QStringLiteral("Layout (Card) Page 2 of 2"));
 }
 
-struct TrayRow
-{
-    bool CaptureEnabled;
-    bool UseSerial;
-    bool UseParallel;
-    bool UseIP;
-    TrayImage Image;
-    const char* Tip;
-};
-
-constexpr TrayRow TrayTable[] = {
-    {false, true, true, true, TrayImage::Disabled, "Vantrel v5 (Disabled)"},
-    {true, true, false, false, TrayImage::Waiting, "Vantrel v5 (Waiting...)"},
-    {true, false, true, false, TrayImage::Waiting, "Vantrel v5 (Waiting...)"},
-    {true, false, false, true, TrayImage::Waiting, "Vantrel v5 (Waiting...)"},
-    {true, false, false, false, TrayImage::Disabled, "Vantrel v5 (Disabled)"}};
-
-class TrayStates : public ::testing::TestWithParam<TrayRow>
-{};
-
-TEST_P(TrayStates, FollowThePortsInUse)
-{
-    const TrayRow row = GetParam();
-    TestSession station;
-    station.Session.Settings.CaptureEnabled = row.CaptureEnabled;
-    station.Session.Settings.UseSerial = row.UseSerial;
-    station.Session.Settings.UseParallel = row.UseParallel;
-    station.Session.Settings.UseIP = row.UseIP;
-    UpdateTrayState(station.Session);
-    EXPECT_EQ(station.Session.Face.TrayPicture(), row.Image);
-    EXPECT_EQ(station.Session.Face.TrayTip(), QLatin1StringView(row.Tip));
-}
-
-INSTANTIATE_TEST_SUITE_P(EveryRow, TrayStates, ::testing::ValuesIn(TrayTable));
-
 TEST(Unload, KeepsGeometryLastLayoutAndFlags)
 {
     TestSession station;
@@ -152,6 +118,33 @@ TEST(Unload, KeepsGeometryLastLayoutAndFlags)
     EXPECT_EQ(stored("LastLayout"), QStringLiteral("Card"));
     EXPECT_EQ(stored("DynamicFields"), QStringLiteral("True"));
     EXPECT_EQ(stored("Visible"), QStringLiteral("absent"));
+}
+
+TEST(Unload, TakesTheNotificationIconAwayInEverySessionAfterAllElse)
+{
+    for (const bool owner : {true, false}) {
+        TestSession station;
+        vantrel::Session& session = station.Session;
+        session.OwnsTrayIcon = owner;
+        AddTrayIcon(session);
+        const QString beside = session.ProgramFolder + QStringLiteral("SessionStatus.ini");
+        QString storedBefore;
+        QObject::connect(&session.Face, &StationFace::TrayChanged, &session.Face, [&] {
+            storedBefore = ReadProfileValue(beside, SessionSection(session),
+                                            QStringLiteral("Visible"), QStringLiteral("absent"));
+        });
+        UnloadMain(session, nullptr);
+        EXPECT_FALSE(session.Face.IsTrayShown()) << owner;
+        EXPECT_EQ(storedBefore, QStringLiteral("False")) << owner;
+    }
+}
+
+TEST(LayoutStatus, NamesThePrinterOfTheLayout)
+{
+    TestSession station;
+    EXPECT_EQ(LayoutStatusText(station.Session), QStringLiteral("Current Printer = "));
+    station.Session.CurrentParams.PrinterDevice = QStringLiteral("Front Desk");
+    EXPECT_EQ(LayoutStatusText(station.Session), QStringLiteral("Current Printer = Front Desk"));
 }
 
 TEST(Unload, AMinimisedWindowLeavesTheStoredGeometry)

@@ -1,0 +1,84 @@
+#include "app/DesktopTray.h"
+#include <QWidget>
+
+// The resource is linked in from a library, so it is named; outside of any namespace.
+static void InitIcons()
+{
+    Q_INIT_RESOURCE(vantrel);
+}
+
+namespace vantrel {
+
+namespace {
+
+/// Sides of the icon in pixels, on panels of usual heights at usual densities.
+constexpr int Sides[] = {16, 22, 24, 32, 48, 64};
+
+QString FileOf(TrayImage image)
+{
+    switch (image) {
+    case TrayImage::Waiting:
+        return QStringLiteral(":/icons/tray-waiting.svg");
+    case TrayImage::Flash:
+        return QStringLiteral(":/icons/tray-flash.svg");
+    case TrayImage::Disabled:
+        return QStringLiteral(":/icons/tray-disabled.svg");
+    case TrayImage::NoHandle:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+DesktopTray::DesktopTray(StationFace& face, QWidget& mainWindow)
+    : QObject(&mainWindow), m_face(face), m_mainWindow(mainWindow)
+{
+    for (std::size_t index = 0; index < m_images.size(); ++index)
+        m_images[index] = ImageOf(static_cast<TrayImage>(index + 1));
+    connect(&m_face, &StationFace::TrayChanged, this, &DesktopTray::Mirror);
+    Mirror();
+}
+
+QIcon DesktopTray::ImageOf(TrayImage image)
+{
+    InitIcons();
+    const QIcon drawing(FileOf(image));
+    QIcon icon;
+    for (const int side : Sides)
+        icon.addPixmap(drawing.pixmap(QSize(side, side), 1.0));
+    return icon;
+}
+
+void DesktopTray::Mirror()
+{
+    if (!m_face.IsTrayShown()) {
+        delete m_icon;
+        m_shown = TrayImage::NoHandle;
+        return;
+    }
+    const bool isNew = m_icon.isNull();
+    if (isNew) {
+        m_icon = new QSystemTrayIcon(this);
+        m_icon->setObjectName(QStringLiteral("TrayIcon"));
+        connect(m_icon, &QSystemTrayIcon::activated, this, &DesktopTray::OnActivated);
+    }
+    if (m_shown != m_face.TrayPicture()) {
+        m_shown = m_face.TrayPicture();
+        m_icon->setIcon(m_images[static_cast<std::size_t>(m_shown) - 1]);
+    }
+    m_icon->setToolTip(m_face.TrayTip());
+    if (isNew)
+        m_icon->show();
+}
+
+void DesktopTray::OnActivated(QSystemTrayIcon::ActivationReason reason)
+{
+    if (reason != QSystemTrayIcon::Context)
+        return;
+    m_mainWindow.raise();
+    m_mainWindow.activateWindow();
+    m_face.AskPopUp(PopUp::mnuFile);
+}
+
+} // namespace vantrel
