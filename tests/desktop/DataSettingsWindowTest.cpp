@@ -72,7 +72,7 @@ TEST(DataSettingsWindow, ShowsWhatTheSessionHas)
 TEST(DataSettingsWindow, StandsByTheSizeOfTheMainWindowAlone)
 {
     DataSettingsWindow station;
-    const QSize main = station.Window.size();
+    const QSize main = station.Window.frameSize();
     const QSize own = station.Dialog->size();
     EXPECT_EQ(station.Dialog->pos(),
               QPoint((main.width() - own.width()) / 2, (main.height() - own.height()) / 2 - 13));

@@ -40,7 +40,7 @@ TEST(RawDataWindow, OpensAsTextByTheSizeOfTheMainWindow)
     EXPECT_FALSE(station.Window->isModal());
     EXPECT_EQ(station.Window->windowTitle(), QStringLiteral(" Viewing : ASCII Data"));
     EXPECT_EQ(station.Data->toPlainText(), QStringLiteral("<A+B>"));
-    const QSize main = station.DesktopStation::Window.size();
+    const QSize main = station.DesktopStation::Window.frameSize();
     const QSize own = station.Window->size();
     EXPECT_EQ(station.Window->pos(),
               QPoint((main.width() - own.width()) / 2, (main.height() - own.height()) / 2 - 27));
