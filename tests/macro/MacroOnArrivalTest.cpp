@@ -1,4 +1,10 @@
 #include "MacroStation.h"
+#include "app/Settings.h"
+#include "capture/Ports.h"
+#include "capture/SerialCapture.h"
+#include "platform/Profile.h"
+#include "support/Events.h"
+#include "support/PtyPair.h"
 
 // A macro in the road of a record: what the open layout prints, what the chain prints, and what
 // comes in while it does.
@@ -38,6 +44,22 @@ TEST_F(MacroOnArrival, TheFirstRecordPrintsOnTheOpenLayoutTooTheNextOnTheChainOn
     Arrive("<2>");
     EXPECT_EQ(Printed(), Cards({QStringLiteral("A 2"), QStringLiteral("B 2")}));
     EXPECT_EQ(Session.Face.StatusPanel(3).Text, QStringLiteral("Got Data (TCP/IP)"));
+}
+
+TEST_F(MacroOnArrival, ARecordOfTheSerialPortRunsTheChainToo)
+{
+    const PtyPair cable(Session.PathInFolder(QStringLiteral("adapter")));
+    ASSERT_TRUE(WriteProfileValue(SettingsPath(Session), QStringLiteral("Serial Ports"),
+                                  QStringLiteral("COM2"), cable.Device()));
+    Session.Settings.UseSerial = true;
+    Session.Settings.SPort = 2;
+    ConnectComm(Session);
+    SwitchPorts(Session, SwitchMode::Serial);
+    OpenWithMacro(QStringLiteral("Manual"), {QStringLiteral("A"), QStringLiteral("B")});
+    cable.Send("<1>");
+    ASSERT_TRUE(EventsUntil(
+        [&] { return Session.Face.StatusPanel(3).Text == QStringLiteral("Got Data (COM2)"); }));
+    EXPECT_EQ(Printed(), Cards({QStringLiteral("A 1"), QStringLiteral("B 1")}));
 }
 
 TEST_F(MacroOnArrival, AnOpenLayoutWithoutAutomaticPrintingPrintsInTheChainOnly)
