@@ -1,11 +1,6 @@
 #include "app/DesktopTray.h"
+#include "app/DesktopIcons.h"
 #include <QWidget>
-
-// The resource is linked in from a library, so it is named; outside of any namespace.
-static void InitIcons()
-{
-    Q_INIT_RESOURCE(vantrel);
-}
 
 namespace vantrel {
 
@@ -18,11 +13,11 @@ QString FileOf(TrayImage image)
 {
     switch (image) {
     case TrayImage::Waiting:
-        return QStringLiteral(":/icons/tray-waiting.svg");
+        return QStringLiteral("tray-waiting");
     case TrayImage::Flash:
-        return QStringLiteral(":/icons/tray-flash.svg");
+        return QStringLiteral("tray-flash");
     case TrayImage::Disabled:
-        return QStringLiteral(":/icons/tray-disabled.svg");
+        return QStringLiteral("tray-disabled");
     case TrayImage::NoHandle:
         break;
     }
@@ -42,8 +37,7 @@ DesktopTray::DesktopTray(StationFace& face, QWidget& mainWindow)
 
 QIcon DesktopTray::ImageOf(TrayImage image)
 {
-    InitIcons();
-    const QIcon drawing(FileOf(image));
+    const QIcon drawing = DrawnIcon(FileOf(image));
     QIcon icon;
     for (const int side : Sides)
         icon.addPixmap(drawing.pixmap(QSize(side, side), 1.0));

@@ -1,11 +1,6 @@
 #include "shell/DesktopMenuIcons.h"
+#include "app/DesktopIcons.h"
 #include "app/MainRuntime.h"
-
-// The resource is linked in from a library, so it is named; outside of any namespace.
-static void NeedIcons()
-{
-    Q_INIT_RESOURCE(vantrel);
-}
 
 namespace vantrel {
 
@@ -51,10 +46,9 @@ int MenuIconNumber(const QString& caption)
 
 QIcon MenuIcon(int number)
 {
-    NeedIcons();
     for (const ImageRow& row : Images) {
         if (row.Number == number)
-            return QIcon(QStringLiteral(":/icons/menu-%1.svg").arg(QLatin1StringView(row.File)));
+            return DrawnIcon(QStringLiteral("menu-") + QLatin1StringView(row.File));
     }
     return {};
 }
