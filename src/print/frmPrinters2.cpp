@@ -7,6 +7,7 @@
 #include "platform/Printer.h"
 #include "print/PrinterIcons.h"
 #include "print/PrinterSelection.h"
+#include "shaping/frmSerialize.h"
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QGridLayout>
@@ -167,7 +168,8 @@ QWidget* frmPrinters2::MakeButtons()
     connect(m_save, &QPushButton::clicked, this, &frmPrinters2::Save);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
     connect(refresh, &QPushButton::clicked, this, [this] { BuildPrinters(); });
-    connect(m_configure, &QPushButton::clicked, this, &frmPrinters2::ConfigureAsked);
+    connect(m_configure, &QPushButton::clicked, this,
+            [this] { OpenDialog<frmSerialize>(m_session, parentWidget()); });
 
     auto* part = new QWidget;
     auto* column = new QVBoxLayout(part);

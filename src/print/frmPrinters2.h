@@ -30,10 +30,6 @@ public:
     /// so the dialog may be gone afterwards.
     void Fill();
 
-Q_SIGNALS:
-    /// The serialized output of the layout is to be set up.
-    void ConfigureAsked();
-
 private:
     QWidget* MakePrinterPart();
     QWidget* MakeKindPart();

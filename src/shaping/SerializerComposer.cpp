@@ -1,4 +1,5 @@
 #include "shaping/SerializerComposer.h"
+#include "app/Operator.h"
 #include "app/Session.h"
 #include "capture/HexCodes.h"
 #include "layout/StoreStatements.h"
@@ -108,6 +109,12 @@ QString SerializerComposer::Preview(const QString& filterText) const
         });
     }
     return text;
+}
+
+QString AskStreamText(Session& session)
+{
+    const QString words = QStringLiteral("Enter a new value");
+    return session.Operator.InputBox(words, words, {});
 }
 
 } // namespace vantrel

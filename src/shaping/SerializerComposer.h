@@ -52,4 +52,7 @@ private:
     int m_remembered = None;
 };
 
+/// Asks for the text of a text element. Events run meanwhile. @return empty where it is cancelled
+QString AskStreamText(Session& session);
+
 } // namespace vantrel

@@ -3,6 +3,7 @@
 #include "app/Session.h"
 #include "platform/Failure.h"
 #include "print/EncodeData.h"
+#include "shaping/FieldDialogs.h"
 #include <QStringList>
 
 namespace vantrel {
@@ -81,6 +82,13 @@ void TrackComposer::Drop(int track, const QString& key)
         m_rows[IndexOf(track)].push_back(*element);
 }
 
+void TrackComposer::TakePad(int track, int index)
+{
+    if (TrackElement* const element = Find(track, index))
+        element->LinkItem = PadText(m_session.Pad);
+    BeginPad(m_session.Pad);
+}
+
 void TrackComposer::ClearTrack()
 {
     if (m_selectedTrack == 0) {
@@ -114,6 +122,12 @@ TrackPreview TrackComposer::Preview(int track) const
     if (const auto token = UnreadableToken(formula, m_session.FieldValues))
         return {{}, QStringLiteral("\"%1\" cannot be read with the last record").arg(*token)};
     return {StripeBody(m_session, formula, track), {}};
+}
+
+QString AskStaticText(Session& session, const QString& present)
+{
+    return session.Operator.InputBox(QStringLiteral("Please enter a value for the static text"),
+                                     QStringLiteral("Static Text Contents"), present);
 }
 
 } // namespace vantrel

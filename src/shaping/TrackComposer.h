@@ -42,6 +42,8 @@ public:
     void AddTrackElement(int track, TokenKind kind, const QString& text);
     /// Selects the row and appends what a node of this key stands for.
     void Drop(int track, const QString& key);
+    /// Gives a formatted field what the padding dialog left, and forgets that, but for the field.
+    void TakePad(int track, int index);
     /// Removes all elements of the selected row; without one the operator is told to select it.
     void ClearTrack();
 
@@ -60,5 +62,8 @@ private:
     std::array<TrackElements, TrackCount> m_rows;
     int m_selectedTrack = 0;
 };
+
+/// Asks for the text of a literal. Events run meanwhile. @return empty where it is cancelled
+QString AskStaticText(Session& session, const QString& present);
 
 } // namespace vantrel

@@ -212,22 +212,22 @@ ElementLook LookOf(const TrackElement& element)
             form.Name + QStringLiteral(": ") + element.LinkItem};
 }
 
-PadForm ReadPadForm(const QString& linkItem)
+PadResult ReadPad(const QString& linkItem)
 {
     const QStringList parts = linkItem.split(PartDelimiter);
-    PadForm form;
-    form.PadChars = parts.value(0);
+    PadResult pad;
+    pad.PadChars = parts.value(0);
     if (parts.size() > 1)
-        Skip("read length", [&] { form.PadLen = ToInteger(parts[1]); });
+        Skip("read length", [&] { pad.PadLen = ToInteger(parts[1]); });
     if (parts.size() > 2)
-        Skip("read direction", [&] { form.PadDirection = ToLong(parts[2]); });
-    return form;
+        Skip("read direction", [&] { pad.PadDirection = ToLong(parts[2]); });
+    return pad;
 }
 
-QString PadFormText(const PadForm& form, std::int16_t padField)
+QString PadText(const PadResult& pad)
 {
-    const QStringList parts = {form.PadChars, QString::number(form.PadLen),
-                               QString::number(form.PadDirection), QString::number(padField)};
+    const QStringList parts = {pad.PadChars, QString::number(pad.PadLen),
+                               QString::number(pad.PadDirection), QString::number(pad.PadField)};
     return parts.join(PartDelimiter);
 }
 

@@ -2,6 +2,7 @@
 
 #include "print/TrackFormula.h"
 #include "shaping/ComposerElement.h"
+#include "shaping/PadResult.h"
 #include <optional>
 
 namespace vantrel {
@@ -37,19 +38,11 @@ std::vector<ElementNode> TrackElementNodes(int fieldCount, int autoNumberCount);
 
 ElementLook LookOf(const TrackElement& element);
 
-/// How a formatted field pads, as far as its dialog is told.
-struct PadForm
-{
-    QString PadChars;
-    std::int16_t PadLen = 0;
-    /// 0 left, 1 right.
-    std::int32_t PadDirection = 0;
-};
-
-/// Reads the first three "^"-separated parts; a part that is missing or no number is 0.
-PadForm ReadPadForm(const QString& linkItem);
+/// Reads how a formatted field pads: the first three of its "^"-separated parts. A part that is
+/// missing or no number is 0, and so is the field.
+PadResult ReadPad(const QString& linkItem);
 /// The stored text of a formatted field.
-QString PadFormText(const PadForm& form, std::int16_t padField);
+QString PadText(const PadResult& pad);
 
 /// Gives a literal its text; the empty answer changes nothing.
 void SetStaticText(TrackElement& element, const QString& answer);

@@ -6,6 +6,7 @@
 #include "imaging/Workspace.h"
 #include "layout/frmGetLayout.h"
 #include "print/frmPrinters2.h"
+#include "shaping/frmEncoding.h"
 #include "shaping/frmFilters.h"
 #include "shaping/frmPad.h"
 #include "shaping/frmPreSuffix.h"
@@ -109,7 +110,7 @@ constexpr MenuRow Rows[] = {
     Dash("mnuData"),
     Command("mnuData", "cmdDeleteAll", "Delete all data fields", "", Runs<DeleteAllFields>),
     Dash("mnuData"),
-    Command("mnuData", "cmdMag", "Magnetic Encoding ...", "F5"),
+    Command("mnuData", "cmdMag", "Magnetic Encoding ...", "F5", Opens<frmEncoding>),
     Dash("mnuData"),
     Menu("mnuData", "mnuBack2", "Background"),
     Command("mnuBack2", "cmdBackImg", "Import Image File ...", "", BackImageCommand),

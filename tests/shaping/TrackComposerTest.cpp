@@ -1,5 +1,6 @@
 #include "shaping/TrackComposer.h"
 #include "platform/Failure.h"
+#include "shaping/FieldDialogs.h"
 #include "support/FailureOf.h"
 #include "support/Layouts.h"
 #include <gtest/gtest.h>
@@ -80,8 +81,22 @@ TEST_F(TrackComposer, ACancelledPaddingKeepsOnlyTheFieldLastClicked)
 {
     Session.CurrentParams.Track1 = QStringLiteral("FD0^8^1^2");
     vantrel::TrackComposer composer(Session);
-    composer.Find(1, 0)->LinkItem = PadFormText({}, 5);
+    Session.Pad = {QStringLiteral("left"), 9, 1, 5};
+    BeginPad(Session.Pad);
+    composer.TakePad(1, 0);
     EXPECT_EQ(composer.Ostrand_Encode(1), QStringLiteral("FD^0^0^5"));
+}
+
+TEST_F(TrackComposer, AFormattedFieldTakesWhatTheDialogLeftAndForgetsAllButTheField)
+{
+    vantrel::TrackComposer composer(Session);
+    composer.Drop(1, QStringLiteral("FD"));
+    Session.Pad = {QStringLiteral("0"), 8, 1, 2};
+    composer.TakePad(1, 0);
+    EXPECT_EQ(composer.Ostrand_Encode(1), QStringLiteral("FD0^8^1^2"));
+    EXPECT_EQ(PadText(Session.Pad), QStringLiteral("^0^0^2"));
+    composer.TakePad(1, 7);
+    EXPECT_EQ(composer.Row(1).size(), 1U);
 }
 
 TEST_F(TrackComposer, EachRowIsWrittenToItsOwnTrack)

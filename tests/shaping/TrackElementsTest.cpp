@@ -203,13 +203,13 @@ TEST(TrackElements, AFormattedFieldIsReadForItsDialogPartByPart)
     for (const auto& row : rows) {
         const QString linkItem = QString::fromUtf16(row.LinkItem);
         SCOPED_TRACE(linkItem.toStdString());
-        const PadForm form = ReadPadForm(linkItem);
+        const PadResult form = ReadPad(linkItem);
         EXPECT_EQ(form.PadChars, QString::fromUtf16(row.PadChars));
         EXPECT_EQ(form.PadLen, row.PadLen);
         EXPECT_EQ(form.PadDirection, row.PadDirection);
     }
-    EXPECT_EQ(PadFormText({QStringLiteral("0"), 8, 1}, 2), QStringLiteral("0^8^1^2"));
-    EXPECT_EQ(PadFormText({}, 4), QStringLiteral("^0^0^4"));
+    EXPECT_EQ(PadText({QStringLiteral("0"), 8, 1, 2}), QStringLiteral("0^8^1^2"));
+    EXPECT_EQ(PadText({QString(), 0, 0, 4}), QStringLiteral("^0^0^4"));
 }
 
 } // namespace

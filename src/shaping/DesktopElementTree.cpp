@@ -1,0 +1,80 @@
+#include "shaping/DesktopElementTree.h"
+#include "shaping/DesktopElementChip.h"
+#include <QDrag>
+#include <QKeyEvent>
+#include <QMimeData>
+
+namespace vantrel {
+
+namespace {
+
+constexpr int KeyRole = Qt::UserRole;
+constexpr int ColumnMargin = 24;
+
+QString KeyOf(const QTreeWidgetItem& node)
+{
+    return node.data(0, KeyRole).toString();
+}
+
+} // namespace
+
+DesktopElementTree::DesktopElementTree(const QString& accessibleName, QWidget* parent)
+    : QTreeWidget(parent)
+{
+    setAccessibleName(accessibleName);
+    setHeaderHidden(true);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setDragEnabled(true);
+    setDragDropMode(QAbstractItemView::DragOnly);
+}
+
+void DesktopElementTree::SetNodes(const std::vector<ElementNode>& nodes)
+{
+    clear();
+    QSize pictures;
+    for (const ElementNode& node : nodes) {
+        const QPixmap picture = DesktopElementChip::PictureOf(node.Look, *this);
+        pictures = pictures.expandedTo(picture.deviceIndependentSize().toSize());
+        auto* item = new QTreeWidgetItem(this, {node.Text});
+        item->setData(0, KeyRole, node.Key);
+        item->setIcon(0, QIcon(picture));
+    }
+    setIconSize(pictures);
+    setMinimumWidth(sizeHintForColumn(0) + ColumnMargin);
+}
+
+QMimeData* DesktopElementTree::mimeData(const QList<QTreeWidgetItem*>& items) const
+{
+    if (items.isEmpty())
+        return nullptr;
+    auto* word = new QMimeData;
+    word->setText(KeyOf(*items.constFirst()));
+    return word;
+}
+
+void DesktopElementTree::startDrag(Qt::DropActions supportedActions)
+{
+    const QList<QTreeWidgetItem*> chosen = selectedItems();
+    if (chosen.isEmpty())
+        return;
+    // The picture under the pointer is the element, not a copy of the tree's line.
+    auto* drag = new QDrag(this);
+    drag->setMimeData(mimeData(chosen));
+    const QIcon icon = chosen.constFirst()->icon(0);
+    drag->setPixmap(icon.pixmap(iconSize(), devicePixelRatioF()));
+    drag->setHotSpot(QPoint(iconSize().width() / 2, iconSize().height() / 2));
+    drag->exec(supportedActions, Qt::CopyAction);
+}
+
+void DesktopElementTree::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && currentItem() != nullptr)
+        Q_EMIT Chosen(KeyOf(*currentItem()));
+    else
+        QTreeWidget::keyPressEvent(event);
+}
+
+} // namespace vantrel
