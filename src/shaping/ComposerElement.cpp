@@ -8,15 +8,18 @@ QString RestOfKey(const QString& key, QLatin1StringView word)
     return at < 0 ? QString() : key.mid(at + word.size());
 }
 
-QString WithVisibleCodes(QString text)
+QString WithVisibleCodes(const QString& text)
 {
     constexpr char16_t FirstPrintable = 0x20;
-    constexpr char16_t ControlPictures = 0x2400;
-    for (QChar& character : text) {
+    QString shown;
+    for (const QChar character : text) {
         if (character.unicode() < FirstPrintable)
-            character = QChar(static_cast<char16_t>(ControlPictures + character.unicode()));
+            shown += QLatin1Char('[') + QString::number(character.unicode(), 16).toUpper() +
+                     QLatin1Char(']');
+        else
+            shown += character;
     }
-    return text;
+    return shown;
 }
 
 } // namespace vantrel

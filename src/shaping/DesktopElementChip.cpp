@@ -52,7 +52,7 @@ void PaintChip(QPainter& painter, const QRectF& box, const ElementLook& look, co
     painter.drawRoundedRect(box.adjusted(Inset, Inset, -Inset, -Inset), Radius, Radius);
     painter.setFont(ChipFont(base));
     painter.setPen(ColorOf(look.ForeColor));
-    const QRectF inside = box.adjusted(2 * Radius, 0, -2 * Radius, 0);
+    const QRectF inside = box.adjusted(Radius, 0, -Radius, 0);
     const QString text = QFontMetrics(painter.font())
                              .elidedText(WithVisibleCodes(ShownText(look)), Qt::ElideRight,
                                          static_cast<int>(inside.width()) + 1);

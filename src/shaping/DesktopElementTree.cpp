@@ -35,11 +35,16 @@ void DesktopElementTree::SetNodes(const std::vector<ElementNode>& nodes)
     clear();
     QSize pictures;
     for (const ElementNode& node : nodes) {
-        const QPixmap picture = DesktopElementChip::PictureOf(node.Look, *this);
+        QPixmap picture = DesktopElementChip::PictureOf(node.Look, *this);
+        // A node whose drop makes no element has only room for a picture.
+        if (node.Look.Name.isEmpty())
+            picture.fill(Qt::transparent);
         pictures = pictures.expandedTo(picture.deviceIndependentSize().toSize());
         auto* item = new QTreeWidgetItem(this, {node.Text});
         item->setData(0, KeyRole, node.Key);
-        item->setIcon(0, QIcon(picture));
+        QIcon icon(picture);
+        icon.addPixmap(picture, QIcon::Selected);
+        item->setIcon(0, icon);
     }
     setIconSize(pictures);
     setMinimumWidth(sizeHintForColumn(0) + ColumnMargin);

@@ -101,7 +101,7 @@ TEST_F(SerializerWindow, WhatIsDraggedIsStoredFilteredAndSent)
     EXPECT_EQ(Get<QLabel>("T1Element(2)").text(), QStringLiteral("1"));
     EXPECT_EQ(Get<QLabel>("T1Element(3)").toolTip(), QStringLiteral("X"));
     Get<QLineEdit>("txtFilter").setText(QStringLiteral("[2D]"));
-    EXPECT_EQ(Preview(), QString::fromUtf16(u" <123Xab\u240D>"));
+    EXPECT_EQ(Preview(), QStringLiteral(" <123Xab[D]>"));
     EXPECT_EQ(Sent(), QStringLiteral(" <123Xab\r>"));
     Open();
     EXPECT_EQ(Get<QLineEdit>("txtFilter").text(), QStringLiteral("-"));
@@ -171,7 +171,7 @@ TEST_F(SerializerWindow, TheDeleteKeyRemovesAnElementAndEnterAppendsOne)
     Hand->SelectNode(QStringLiteral("Carrage Return"));
     ComposerHand::PressKey(Hand->Tree(), Qt::Key_Return);
     ComposerHand::PressKey(Hand->Tree(), Qt::Key_Enter);
-    EXPECT_EQ(Preview(), QString::fromUtf16(u" <\u240D\u240D"));
+    EXPECT_EQ(Preview(), QStringLiteral(" <[D][D]"));
     Dialog->activateWindow();
     ComposerHand::PressKey(Stream(), Qt::Key_End);
     ComposerHand::PressKey(Stream(), Qt::Key_Left);

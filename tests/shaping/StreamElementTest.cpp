@@ -140,10 +140,9 @@ TEST(StreamElements, AnEmptyLinkLeavesTheTagAsToolTip)
     EXPECT_EQ(cleared.ToolTipText, QString());
 }
 
-TEST(ComposerElement, ControlCharactersAreShownAsSigns)
+TEST(ComposerElement, ControlCharactersAreShownAsCodes)
 {
-    EXPECT_EQ(WithVisibleCodes(QStringLiteral("<a b\r\x01>")),
-              QString::fromUtf16(u"<a b\u240D\u2401>"));
+    EXPECT_EQ(WithVisibleCodes(QStringLiteral("<a b\r\x1F>")), QStringLiteral("<a b[D][1F]>"));
 }
 
 } // namespace
