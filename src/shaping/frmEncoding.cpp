@@ -152,7 +152,6 @@ void frmEncoding::OpenElement(int track, int index)
 
 void frmEncoding::OpenPad(int track, int index)
 {
-    // Made before the element's parts are shown: making it forgets what was left before.
     const QPointer<frmEncoding> self(this);
     const PadResult present = ReadPad(m_composer.Find(track, index)->LinkItem);
     Skip("ask for padding", [&] {
