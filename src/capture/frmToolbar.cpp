@@ -99,8 +99,8 @@ void frmToolbar::LoadFilterList()
         item->setCheckState(m_session.Settings.Filters.*row.Flag ? Qt::Checked : Qt::Unchecked);
     }
     // All rows show at once: an operator is not to overlook one.
-    const int rows = m_filters->sizeHintForRow(0) * m_filters->count();
-    m_filters->setMinimumHeight(rows + 2 * m_filters->frameWidth());
+    m_filters->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    m_filters->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     m_filters->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(m_filters, &QListWidget::itemChanged, this,
             [this](QListWidgetItem* item) { StoreFilterRow(m_filters->row(item)); });
