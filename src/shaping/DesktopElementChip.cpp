@@ -32,15 +32,6 @@ const QString& ShownText(const ElementLook& look)
     return look.Caption.isEmpty() ? look.Mark : look.Caption;
 }
 
-QSize ChipSize(const ElementLook& look, const QFont& base)
-{
-    const QFontMetrics metrics(ChipFont(base));
-    const int character = metrics.horizontalAdvance(QLatin1Char('0'));
-    const int wanted = metrics.horizontalAdvance(ShownText(look)) + 2 * character;
-    return {std::clamp(wanted, LeastCharacters * character, MostCharacters * character),
-            DesktopElementChip::HeightFor(base)};
-}
-
 void PaintChip(QPainter& painter, const QRectF& box, const ElementLook& look, const QFont& base,
                ChipState state)
 {
@@ -68,6 +59,15 @@ DesktopElementChip::DesktopElementChip(QWidget* parent) : QLabel(parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
+QSize DesktopElementChip::SizeFor(const ElementLook& look, const QFont& font)
+{
+    const QFontMetrics metrics(ChipFont(font));
+    const int character = metrics.horizontalAdvance(QLatin1Char('0'));
+    const int wanted = metrics.horizontalAdvance(ShownText(look)) + 2 * character;
+    return {std::clamp(wanted, LeastCharacters * character, MostCharacters * character),
+            HeightFor(font)};
+}
+
 int DesktopElementChip::HeightFor(const QFont& font)
 {
     return QFontMetrics(ChipFont(font)).height() * 2;
@@ -85,7 +85,7 @@ void DesktopElementChip::Show(const ElementLook& look, const QString& toolTip)
 
 QSize DesktopElementChip::sizeHint() const
 {
-    return ChipSize(m_look, font());
+    return SizeFor(m_look, font());
 }
 
 void DesktopElementChip::paintEvent(QPaintEvent* /*event*/)
@@ -111,7 +111,7 @@ void DesktopElementChip::leaveEvent(QEvent* event)
 
 QPixmap DesktopElementChip::PictureOf(const ElementLook& look, const QWidget& shownOn)
 {
-    const QSize size = ChipSize(look, shownOn.font());
+    const QSize size = SizeFor(look, shownOn.font());
     const qreal ratio = shownOn.devicePixelRatioF();
     QPixmap picture(size * ratio);
     picture.setDevicePixelRatio(ratio);

@@ -20,6 +20,8 @@ public:
 
     /// A picture of an element for a tree or a drag, in the size that one with this font has.
     static QPixmap PictureOf(const ElementLook& look, const QWidget& shownOn);
+    /// The size of an element on a row with this font.
+    static QSize SizeFor(const ElementLook& look, const QFont& font);
     /// The height of all elements on a row with this font.
     static int HeightFor(const QFont& font);
 

@@ -49,7 +49,7 @@ protected:
         const int height = DesktopElementChip::HeightFor(font());
         const int left =
             m_row->count() > 1 ? m_row->itemAt(m_row->count() - 2)->geometry().right() + 1 : Margin;
-        const QRectF slot(left, Margin, height * 2, height);
+        const QRectF slot(left, (rect().height() - height) / 2.0, height * 2, height);
         painter.setPen(QPen(HintColor, 1, m_slotShown ? Qt::DashLine : Qt::SolidLine));
         if (m_slotShown)
             painter.drawRoundedRect(slot.adjusted(2, 2, -2, -2), SlotRadius, SlotRadius);

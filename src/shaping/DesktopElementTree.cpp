@@ -3,6 +3,7 @@
 #include <QDrag>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPainter>
 
 namespace vantrel {
 
@@ -14,6 +15,22 @@ constexpr int ColumnMargin = 24;
 QString KeyOf(const QTreeWidgetItem& node)
 {
     return node.data(0, KeyRole).toString();
+}
+
+/// The icon of a node, as wide as the widest so that all texts begin below each other. A node whose
+/// drop makes no element has only the room for it.
+QIcon IconOf(const ElementLook& look, const QWidget& shownOn, const QSize& size)
+{
+    QPixmap room(size * shownOn.devicePixelRatioF());
+    room.setDevicePixelRatio(shownOn.devicePixelRatioF());
+    room.fill(Qt::transparent);
+    if (!look.Name.isEmpty()) {
+        QPainter painter(&room);
+        painter.drawPixmap(0, 0, DesktopElementChip::PictureOf(look, shownOn));
+    }
+    QIcon icon(room);
+    icon.addPixmap(room, QIcon::Selected);
+    return icon;
 }
 
 } // namespace
@@ -34,17 +51,12 @@ void DesktopElementTree::SetNodes(const std::vector<ElementNode>& nodes)
 {
     clear();
     QSize pictures;
+    for (const ElementNode& node : nodes)
+        pictures = pictures.expandedTo(DesktopElementChip::SizeFor(node.Look, font()));
     for (const ElementNode& node : nodes) {
-        QPixmap picture = DesktopElementChip::PictureOf(node.Look, *this);
-        // A node whose drop makes no element has only room for a picture.
-        if (node.Look.Name.isEmpty())
-            picture.fill(Qt::transparent);
-        pictures = pictures.expandedTo(picture.deviceIndependentSize().toSize());
         auto* item = new QTreeWidgetItem(this, {node.Text});
         item->setData(0, KeyRole, node.Key);
-        QIcon icon(picture);
-        icon.addPixmap(picture, QIcon::Selected);
-        item->setIcon(0, icon);
+        item->setIcon(0, IconOf(node.Look, *this, pictures));
     }
     setIconSize(pictures);
     setMinimumWidth(sizeHintForColumn(0) + ColumnMargin);
