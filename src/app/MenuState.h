@@ -46,7 +46,7 @@ enum class ObjectEntry {
 inline constexpr int ObjectEntryCount = 14;
 
 /// Menus that open at the pointer.
-enum class PopUp { mnuFile, mnuProperties, mnuDataFields, mnuBack, mnuAutoNumber };
+enum class PopUp { mnuFile, mnuData, mnuProperties, mnuDataFields, mnuBack, mnuAutoNumber };
 
 /// The list of the last record's values as the menu shows it.
 struct FieldMenu

@@ -83,7 +83,7 @@ void frmMain::MirrorFace()
     connect(&face, &StationFace::CaptionChanged, this, &QWidget::setWindowTitle);
     connect(&face, &StationFace::PanelChanged, this, &frmMain::ShowPanel);
     connect(&face, &StationFace::VisibilityChanged, this, &frmMain::ShowOrHide);
-    connect(&face, &StationFace::BackgroundChanged, this, &frmMain::PaintBack);
+    connect(&face, &StationFace::BackgroundChanged, this, &frmMain::TakeBackground);
     connect(&face, &StationFace::RecordBegun, this, &frmMain::StartFlash);
     connect(&face, &StationFace::ExitConfirmed, this, &frmMain::Unload, Qt::QueuedConnection);
 }
@@ -193,6 +193,14 @@ void frmMain::PaintBack()
     m_workspace->setBackground(BackgroundBrush(m_session.Settings.Background,
                                                m_workspace->viewport()->size(), devicePixelRatioF(),
                                                palette().brush(QPalette::Dark)));
+}
+
+void frmMain::TakeBackground()
+{
+    PaintBack();
+    const auto* color = std::get_if<double>(&m_session.Settings.Background);
+    if (color != nullptr && *color > 0)
+        m_nav->TakeColor(m_workspace->background().color());
 }
 
 void frmMain::ShowPanel(int number)

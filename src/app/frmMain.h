@@ -57,6 +57,8 @@ private:
 
     /// Lays the background over the workspace at its present size.
     void PaintBack();
+    /// Shows a background that a command has changed; the navigator follows its colour.
+    void TakeBackground();
     void ShowPanel(int number);
     void ShowOrHide(bool visible);
     void UpdateCommands();

@@ -1,6 +1,6 @@
 #include "imaging/ChooseImage.h"
 #include "app/Session.h"
-#include "layout/DocumentForm.h"
+#include "layout/DesignSurface.h"
 #include "platform/Skip.h"
 #include <QFileInfo>
 
@@ -32,8 +32,7 @@ void ChooseImage(Session& session, const QString& path)
     image->Height = static_cast<float>(picture.HeightHundredths());
     image->Picture = picture;
     image->Tag = path;
-    ShowHandles(session, false);
-    ShowHandles(session, true);
+    AdjustHandles(session, *image);
 }
 
 } // namespace vantrel

@@ -40,6 +40,7 @@ void CardDocument::Unload()
     m_loaded = false;
     SelectedObject = nullptr;
     HandlesShown = false;
+    Drag = {};
     for (auto& members : m_members)
         members.clear();
     m_objects.clear();

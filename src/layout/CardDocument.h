@@ -1,6 +1,7 @@
 #pragma once
 
 #include "layout/CardObject.h"
+#include "layout/DragState.h"
 #include <QObject>
 #include <array>
 #include <memory>
@@ -64,6 +65,7 @@ public:
     /// True after a load, false after any press on an object. Nothing reads it.
     bool LayoutUnchanged = false;
     bool HandlesShown = false;
+    DragState Drag;
 
 Q_SIGNALS:
     void Shown();

@@ -13,7 +13,8 @@ void EnsureDocument(Session& session);
 /// each way. Fails with `PrinterError` where the printer does not answer.
 void SetSize(Session& session);
 
-/// Hides or shows the grips around the selected object.
+/// Hides or shows the grips; where there is a selected object they are first placed around the
+/// drag's rectangle, its box in twips.
 void ShowHandles(Session& session, bool show);
 
 /// Asks for the page to be painted anew, as after a change of the back image.

@@ -5,7 +5,7 @@
 namespace vantrel {
 
 /// Pictures of the navigator's buttons.
-enum class NavPicture { Previous, Next, Open, Save };
+enum class NavPicture { Previous, Next, NewPage, DeletePage, Open, Save };
 
 /// Draws one in that colour, sharp at any scale of the screen.
 QIcon NavIcon(NavPicture picture, const QColor& color);

@@ -1,10 +1,80 @@
 #include "layout/Pages.h"
+#include "app/Operator.h"
 #include "app/Session.h"
+#include "layout/LoadLayout.h"
+#include "platform/Convert.h"
+#include "platform/Recordset.h"
 
 namespace vantrel {
 
 namespace {
+
 constexpr int PagePanel = 3;
+constexpr std::int16_t FirstPage = 1;
+
+void DeleteObjectsOf(Connection& store, std::int16_t page)
+{
+    Recordset rows(store);
+    rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [Page] = %1").arg(page),
+              CursorLock::Optimistic);
+    for (; !rows.IsEof(); rows.MoveNext())
+        rows.Delete();
+}
+
+void MoveDownObjectsAbove(Connection& store, std::int16_t page)
+{
+    const QString pageColumn = QStringLiteral("Page");
+    Recordset rows(store);
+    rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [Page] > %1").arg(page),
+              CursorLock::Optimistic);
+    for (; !rows.IsEof(); rows.MoveNext()) {
+        rows.SetValue(pageColumn, ToInteger(rows.Value(pageColumn)) - 1);
+        rows.Update();
+    }
+}
+
+bool OfferToClear(Session& session)
+{
+    if (session.Operator.ShowAppMessage(
+            QStringLiteral("A layout must contain at least one page.\r\n"
+                           "Do you want to clear the page instead?"),
+            QStringLiteral("Clear Page?"), AppMessageButtons::YesNo))
+        ClearDoc_Ex(session);
+    return true;
+}
+
+} // namespace
+
+bool NewPage(Session& session)
+{
+    LayoutParamsRecord& params = session.CurrentParams;
+    ++params.PageCount;
+    params.PageIndex = params.PageCount;
+    ClearDoc_Ex(session);
+    RefreshData(session);
+    return false;
+}
+
+bool DeletePage(Session& session)
+{
+    LayoutParamsRecord& params = session.CurrentParams;
+    if (params.PageCount == FirstPage)
+        return OfferToClear(session);
+    if (!session.Operator.ShowAppMessage(QStringLiteral("Delete this page permanently?"),
+                                         QStringLiteral("Delete Page?"), AppMessageButtons::YesNo))
+        return false;
+    // The number goes from all layouts, whichever is open.
+    DeleteObjectsOf(session.LayoutDb, params.PageIndex);
+    MoveDownObjectsAbove(session.LayoutDb, params.PageIndex);
+    --params.PageCount;
+    params.PageIndex =
+        params.PageIndex > 2 ? static_cast<std::int16_t>(params.PageIndex - 1) : FirstPage;
+    SaveLayoutParams(session);
+    // A copy: the load empties the open layout's name where the layout is gone.
+    const QString layoutName = session.CurrentLayoutName;
+    LoadLayout(session, layoutName);
+    RefreshData(session);
+    return true;
 }
 
 void RefreshData(Session& session)

@@ -8,4 +8,14 @@ class Session;
 /// new one.
 void RefreshData(Session& session);
 
+/// Goes to a new, empty page behind the last one. It exists on the form only until it is saved, and
+/// keeps the parameters of the page before but for the back images.
+bool NewPage(Session& session);
+
+/// Asks, then deletes the page on the form: its number goes from all layouts of the store, and the
+/// higher pages of all of them move down by one. The only page is cleared on the form instead.
+/// @return whether the operator did not refuse. Fails like `Recordset`; what was deleted or
+/// moved until then stays so.
+bool DeletePage(Session& session);
+
 } // namespace vantrel

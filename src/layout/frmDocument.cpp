@@ -2,10 +2,12 @@
 #include "app/ScreenUnits.h"
 #include "app/Session.h"
 #include "layout/DocumentForm.h"
+#include "layout/ObjectMenu.h"
 #include "platform/PageCanvas.h"
 #include "platform/Skip.h"
 #include <QCloseEvent>
 #include <QPainter>
+#include <QTimer>
 
 namespace vantrel {
 
@@ -15,6 +17,7 @@ constexpr int Surround = 8;
 constexpr QColor HairlineColor(0, 0, 0, 90);
 constexpr QColor ShadowLayerColor(0, 0, 0, 11);
 constexpr int ShadowDrop = 2;
+constexpr int MenuInterval = 100;
 
 void PaintSurround(QPainter& painter, const QRect& card)
 {
@@ -37,6 +40,11 @@ frmDocument::frmDocument(Session& session, QWidget* parent)
     setAccessibleName(QStringLiteral("Card"));
     // The shadow lies on the workspace.
     setAutoFillBackground(false);
+    setMouseTracking(true);
+    auto* menuTimer = new QTimer(this);
+    menuTimer->setObjectName(QStringLiteral("tmrMenu"));
+    connect(menuTimer, &QTimer::timeout, this, [this] { TickObjectMenu(m_session); });
+    menuTimer->start(MenuInterval);
     const CardDocument& document = m_session.Document;
     connect(&document, &CardDocument::Shown, this, &frmDocument::MirrorSoon);
     connect(&document, &CardDocument::Hidden, this, &frmDocument::MirrorSoon);
@@ -58,6 +66,9 @@ void frmDocument::Mirror()
     m_mirrorAsked = false;
     const CardDocument& document = m_session.Document;
     if (!document.IsLoaded() || !document.IsShown()) {
+        // A drag does not outlive its page.
+        m_band.reset();
+        m_confined = false;
         hide();
         return;
     }
@@ -86,6 +97,11 @@ void frmDocument::DrawCard()
     m_card.setDevicePixelRatio(scale);
 }
 
+QRect frmDocument::CardRect() const
+{
+    return rect().adjusted(Surround, Surround, -Surround, -Surround);
+}
+
 const QImage& frmDocument::CardPicture()
 {
     if (m_stale || !qFuzzyCompare(m_card.devicePixelRatio(), devicePixelRatioF())) {
@@ -98,9 +114,10 @@ const QImage& frmDocument::CardPicture()
 void frmDocument::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const QRect card = rect().adjusted(Surround, Surround, -Surround, -Surround);
+    const QRect card = CardRect();
     PaintSurround(painter, card);
     painter.drawImage(card.topLeft(), CardPicture());
+    PaintDesign(painter);
 }
 
 void frmDocument::closeEvent(QCloseEvent* event)

@@ -4,6 +4,7 @@
 #include "app/ScreenUnits.h"
 #include "layout/NavIcons.h"
 #include "layout/Navigation.h"
+#include "layout/Pages.h"
 #include "layout/frmGetLayout.h"
 #include "shell/Commands.h"
 #include <QGridLayout>
@@ -34,9 +35,13 @@ constexpr NavButton Buttons[] = {
      [](Session& session, QWidget* /*parent*/) { PreviousPage(session); }},
     {"cmdNext", "Next Page", NavPicture::Next, true, 0, 1,
      [](Session& session, QWidget* /*parent*/) { NextPage(session); }},
-    {"cmdOpen", "Open Layout", NavPicture::Open, false, 1, 0,
+    {"cmdNewPage", "New Page", NavPicture::NewPage, true, 1, 0,
+     [](Session& session, QWidget* /*parent*/) { NewPage(session); }},
+    {"cmdDelete", "Delete Page", NavPicture::DeletePage, true, 1, 1,
+     [](Session& session, QWidget* /*parent*/) { DeletePageCommand(session); }},
+    {"cmdOpen", "Open Layout", NavPicture::Open, false, 2, 0,
      [](Session& session, QWidget* parent) { OpenDialog<frmGetLayout>(session, parent); }},
-    {"cmdSave", "Save Page", NavPicture::Save, true, 1, 1,
+    {"cmdSave", "Save Page", NavPicture::Save, true, 2, 1,
      [](Session& session, QWidget* /*parent*/) { SaveCommand(session); }},
 };
 
@@ -81,6 +86,13 @@ void frmNav::SetLayoutCommandsEnabled(bool enabled)
         if (entry.NeedsLayout)
             findChild<QToolButton*>(QLatin1StringView(entry.Name))->setEnabled(enabled);
     }
+}
+
+void frmNav::TakeColor(const QColor& color)
+{
+    QPalette colored = palette();
+    colored.setColor(QPalette::Window, color);
+    setPalette(colored);
 }
 
 void frmNav::enterEvent(QEnterEvent* event)

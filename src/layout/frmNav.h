@@ -20,6 +20,9 @@ public:
     /// The page and save buttons work with an open layout only.
     void SetLayoutCommandsEnabled(bool enabled);
 
+    /// Follows a colour chosen for the workspace.
+    void TakeColor(const QColor& color);
+
 protected:
     void enterEvent(QEnterEvent* event) override;
 

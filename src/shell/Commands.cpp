@@ -8,6 +8,7 @@
 #include "layout/DeleteLayout.h"
 #include "layout/LoadLayout.h"
 #include "layout/NewLayout.h"
+#include "layout/Pages.h"
 #include "layout/SaveLayout.h"
 #include "platform/Convert.h"
 #include "platform/Launcher.h"
@@ -83,6 +84,12 @@ void DeleteLayoutCommand(Session& session)
     if (session.Operator.ShowAppMessage(question, QStringLiteral("Really Delete?"),
                                         AppMessageButtons::YesNo))
         Skip("delete layout", [&] { DeleteLayoutRows(session, name); });
+}
+
+void DeletePageCommand(Session& session)
+{
+    if (!session.CurrentLayoutName.isEmpty())
+        DeletePage(session);
 }
 
 void CloseCommand(Session& session)

@@ -19,6 +19,8 @@ const char* MenuName(PopUp menu)
     switch (menu) {
     case PopUp::mnuFile:
         return "mnuFile";
+    case PopUp::mnuData:
+        return "mnuData";
     case PopUp::mnuProperties:
         return "mnuProperties";
     case PopUp::mnuDataFields:

@@ -4,7 +4,9 @@
 #include "capture/frmToolbar.h"
 #include "imaging/BackImage.h"
 #include "imaging/Workspace.h"
+#include "layout/Pages.h"
 #include "layout/frmGetLayout.h"
+#include "layout/frmSize.h"
 #include "print/frmPrinters2.h"
 #include "shaping/frmEncoding.h"
 #include "shaping/frmFilters.h"
@@ -68,7 +70,7 @@ constexpr MenuRow Rows[] = {
     Menu("mnuFile", "mnuNew", "New ..."),
     Command("mnuNew", "cmdNew", "Layout ...", "", Runs<NewCommand>).Hidden().On(WhileVisible),
     Command("mnuNew", "cmdWizard", "Layout Wizard ...", "", Opens<frmWizard>).On(WhileVisible),
-    Command("mnuNew", "cmdNewPage", "Page ...").On(WhileVisibleWithLayout),
+    Command("mnuNew", "cmdNewPage", "Page ...", "", Runs<NewPage>).On(WhileVisibleWithLayout),
     Menu("mnuFile", "mnuOpen", "&Open ..."),
     Command("mnuOpen", "cmdOpen", "&Open Layout", "", Opens<frmGetLayout>).On(WhileVisible),
     Command("mnuOpen", "cmdImportSession", "Vantrel 4 Session.ini", "",
@@ -79,7 +81,7 @@ constexpr MenuRow Rows[] = {
     Menu("mnuFile", "mnuDelete", "&Delete ..."),
     Command("mnuDelete", "cmdDeleteLayout", "&Delete Layout", "Ctrl+D",
             Runs<DeleteLayoutCommand>).On(WithLayout),
-    Command("mnuDelete", "cmdDeletePage", "Delete Page"),
+    Command("mnuDelete", "cmdDeletePage", "Delete Page", "", Runs<DeletePageCommand>),
     Dash("mnuFile"),
     Command("mnuFile", "cmdPrint", "Print ...", "Ctrl+P", Runs<PrintCommand>).On(WithLayout),
     Command("mnuFile", "cmdPrnSetup", "Printer Setup ...", "", OpensPrinterSelection)
@@ -189,7 +191,7 @@ constexpr MenuRow Rows[] = {
     Command("mnuColors", "cmdForeColor", "&ForeColor", "", Runs<AdjustTextColor>),
     Command("mnuColors", "cmdBackColor", "&BackColor").Disabled(),
     Dash("mnuProperties"),
-    Command("mnuProperties", "cmdSize", "Adjust Size...", "Ctrl+Z"),
+    Command("mnuProperties", "cmdSize", "Adjust Size...", "Ctrl+Z", Opens<frmSize>),
     Command("mnuProperties", "cmdVisibleOnCard", "Visible On Card", "",
             Runs<ToggleVisibleOnCard>).With(Tick::cmdVisibleOnCard),
     Dash("mnuProperties"),

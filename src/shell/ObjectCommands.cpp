@@ -1,6 +1,7 @@
 #include "shell/ObjectCommands.h"
 #include "app/Operator.h"
 #include "app/Session.h"
+#include "layout/DesignSurface.h"
 #include "layout/DocumentForm.h"
 #include "platform/Failure.h"
 #include "platform/Skip.h"
@@ -77,7 +78,7 @@ void Resize(Session& session, double direction)
     const double height = object.Height;
     object.Width = static_cast<float>(width + direction * (width * SizeStep));
     object.Height = static_cast<float>(height + direction * (height * SizeStep));
-    ShowHandles(session, true);
+    AdjustHandles(session, object);
 }
 
 void Align(Session& session, const AlignmentRow& chosen)

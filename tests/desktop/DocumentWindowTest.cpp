@@ -1,6 +1,7 @@
 #include "app/ScreenUnits.h"
 #include "desktop/DesktopStation.h"
 #include "layout/DocumentForm.h"
+#include "layout/LoadLayout.h"
 #include "layout/frmDocument.h"
 #include "platform/PageCanvas.h"
 #include "support/Events.h"
@@ -39,13 +40,17 @@ TEST(DocumentWindow, ShowsWhatPrints)
     AddImage(station.Session, station.WritePng(QStringLiteral("photo.png"), 60, 80),
              {1500, 500, 900, 700});
     SavePage(station.Session);
+    ASSERT_TRUE(LoadLayout(station.Session, QStringLiteral("Badge")));
     auto& document = ShownDocument(station);
     const QImage expected = PaintedCard(station.Session);
     QImage blank(expected.size(), expected.format());
     blank.fill(Qt::white);
     EXPECT_NE(expected, blank);
+    EXPECT_EQ(document.CardPicture(), expected);
+    // The outline of a text is the designer's: the rest of the window shows the card itself.
     const QImage shown = document.grab().toImage().convertToFormat(QImage::Format_RGB32);
-    EXPECT_EQ(shown.copy(QRect(QPoint(8, 8), expected.size())), expected);
+    const QRect photo = ScreenRect(500, 1500, 700, 900);
+    EXPECT_EQ(shown.copy(photo.translated(document.CardRect().topLeft())), expected.copy(photo));
 }
 
 TEST(DocumentWindow, StandsAtTheDocumentsPlaceInItsSize)
@@ -119,7 +124,8 @@ TEST(Navigator, ButtonsSayWhatTheyDo)
 {
     DesktopStation station;
     station.Load();
-    for (const char* name : {"cmdPrev", "cmdNext", "cmdSave", "cmdOpen"}) {
+    for (const char* name :
+         {"cmdPrev", "cmdNext", "cmdNewPage", "cmdDelete", "cmdSave", "cmdOpen"}) {
         const auto& button = station.Get<QAbstractButton>(name);
         EXPECT_FALSE(button.icon().isNull()) << name;
         EXPECT_FALSE(button.accessibleName().isEmpty()) << name;
