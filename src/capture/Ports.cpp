@@ -1,5 +1,6 @@
 #include "capture/Ports.h"
 #include "app/Session.h"
+#include "app/Settings.h"
 #include "app/TrayIcon.h"
 #include "platform/Skip.h"
 
@@ -27,8 +28,13 @@ void SwitchNetwork(Session& session)
         sock.Close(index);
     if (!session.Settings.UseIP)
         return;
+    sock.SetAccess(HostAccess(StationOption(session, QStringLiteral("AllowFrom"))));
     Skip("local port", [&] { sock.SetLocalPort(session.Settings.Port); });
-    Skip("listen", [&] { sock.Listen(); });
+    // An address that cannot be read must not open the station to every network.
+    Skip("listen", [&] {
+        sock.SetLocalAddress(StationOption(session, QStringLiteral("BindAddress")));
+        sock.Listen();
+    });
 }
 
 } // namespace

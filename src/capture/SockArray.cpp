@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <chrono>
 #include <set>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace vantrel {
@@ -46,11 +47,15 @@ protected:
     void incomingConnection(qintptr descriptor) override { OnRequest(descriptor); }
 };
 
-QString PlainAddress(const QHostAddress& address)
+/// Who is at the other end of a bare connection; null where it is gone.
+QHostAddress PeerOf(qintptr descriptor)
 {
-    bool isIPv4 = false;
-    const quint32 mapped = address.toIPv4Address(&isIPv4);
-    return isIPv4 ? QHostAddress(mapped).toString() : address.toString();
+    sockaddr_storage peer{};
+    socklen_t length = sizeof peer;
+    auto* address = reinterpret_cast<sockaddr*>(&peer);
+    if (::getpeername(static_cast<int>(descriptor), address, &length) != 0)
+        return {};
+    return QHostAddress(address);
 }
 
 Failure NotPossible(const QString& text)
@@ -86,6 +91,8 @@ struct SockArray::Private
     SockArray& Array;
     Server Listener;
     int Port = 0;
+    QHostAddress Address = QHostAddress::Any;
+    HostAccess Access;
     std::set<qintptr> Requests;
     /// Element 1 and up; none where the element is closed.
     std::vector<Line*> Lines;
@@ -93,6 +100,10 @@ struct SockArray::Private
 
 void SockArray::Private::Request(qintptr descriptor)
 {
+    if (!Access.Allows(PeerOf(descriptor))) {
+        ::close(static_cast<int>(descriptor));
+        return;
+    }
     Requests.insert(descriptor);
     Q_EMIT Array.ConnectionRequest(0, descriptor);
     if (Requests.erase(descriptor) > 0)
@@ -162,6 +173,20 @@ void SockArray::SetLocalPort(int port)
     m_d->Port = port;
 }
 
+void SockArray::SetLocalAddress(const QString& address)
+{
+    const QHostAddress wanted =
+        address.isEmpty() ? QHostAddress(QHostAddress::Any) : QHostAddress(address);
+    if (wanted.isNull())
+        throw NotPossible(QStringLiteral("No such address"));
+    m_d->Address = wanted;
+}
+
+void SockArray::SetAccess(const HostAccess& access)
+{
+    m_d->Access = access;
+}
+
 int SockArray::LocalPort() const
 {
     return m_d->Listener.isListening() ? m_d->Listener.serverPort() : m_d->Port;
@@ -171,7 +196,7 @@ void SockArray::Listen()
 {
     if (m_d->Listener.isListening())
         throw NotPossible(QStringLiteral("The socket listens already"));
-    if (!m_d->Listener.listen(QHostAddress::Any, static_cast<quint16>(m_d->Port)))
+    if (!m_d->Listener.listen(m_d->Address, static_cast<quint16>(m_d->Port)))
         throw NotPossible(m_d->Listener.errorString());
 }
 
@@ -196,7 +221,7 @@ void SockArray::Accept(int index, qintptr requestId)
 
     // A host that lost its power never closes; in months such sockets would pile up.
     line->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-    line->Host = PlainAddress(line->peerAddress());
+    line->Host = PlainAddress(line->peerAddress()).toString();
     element = line.release();
     connect(element, &QTcpSocket::readyRead, this,
             [this, &line = *element, index] { m_d->Serve(line, index); });
@@ -230,6 +255,8 @@ QString SockArray::RemoteHostIP(int index) const
 
 QString SockArray::LocalIP() const
 {
+    if (m_d->Address != QHostAddress(QHostAddress::Any))
+        return m_d->Address.toString();
     const QList<QHostAddress> addresses = QNetworkInterface::allAddresses();
     for (const QHostAddress& address : addresses) {
         if (address.protocol() == QAbstractSocket::IPv4Protocol && !address.isLoopback())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "capture/HostAccess.h"
 #include <QObject>
 #include <QString>
 #include <memory>
@@ -28,6 +29,11 @@ public:
     void SetLocalPort(int port);
     /// The port element 0 listens on, or the one it was given.
     int LocalPort() const;
+    /// The address element 0 listens on; empty for all of the machine. Fails with `InvalidCall` for
+    /// a text that is no address.
+    void SetLocalAddress(const QString& address);
+    /// Which hosts may connect; others are closed at once and nothing is told of them.
+    void SetAccess(const HostAccess& access);
     /// Fails with `InvalidCall` where the port cannot be had.
     void Listen();
     /// Makes element `index`, one above the highest.
@@ -38,7 +44,7 @@ public:
     QString GetData(int index);
     void Close(int index);
     QString RemoteHostIP(int index) const;
-    /// An address of this machine that a host can connect to.
+    /// The address it listens on, or one of this machine that a host can connect to.
     QString LocalIP() const;
 
 Q_SIGNALS:
