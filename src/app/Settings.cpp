@@ -68,7 +68,7 @@ QString SessionSection(const Session& session)
 
 QString SettingsPath(const Session& session)
 {
-    return session.PathInFolder(QStringLiteral("Vantrel 6.ini"));
+    return session.PathInFolder(SettingsFileName);
 }
 
 QString StationOption(const Session& session, const QString& key)

@@ -12,6 +12,8 @@ namespace {
 constexpr qint64 KnowledgeMilliseconds = 2000;
 /// The longest name the protocol knows, in bytes.
 constexpr qsizetype LongestTitle = 255;
+/// The same limit holds for the value of an option.
+constexpr qsizetype LongestOption = 255;
 constexpr auto UntitledJob = "Card";
 
 [[noreturn]] void FailWithReason()
@@ -34,6 +36,43 @@ QByteArray TitleForQueue(QString title)
     return title.toUtf8();
 }
 
+/// Options that go with one job.
+struct JobOptions
+{
+    JobOptions() = default;
+    JobOptions(const JobOptions&) = delete;
+    JobOptions& operator=(const JobOptions&) = delete;
+    ~JobOptions() { cupsFreeOptions(Count, List); }
+
+    void Add(const QByteArray& name, const QByteArray& value)
+    {
+        Count = cupsAddOption(name.constData(), value.constData(), Count, &List);
+    }
+
+    cups_option_t* List = nullptr;
+    int Count = 0;
+};
+
+std::size_t IndexOfTrack(int trackNumber)
+{
+    return static_cast<std::size_t>(trackNumber - 1);
+}
+
+/// A stripe line as a job option carries it: all but letters, digits and "-._~" as %XX.
+QByteArray EncodedForOption(const QString& line)
+{
+    QByteArray encoded = line.toUtf8().toPercentEncoding();
+    // As they stand these two are a switch, which reaches a driver without its value.
+    for (const char* word : {"true", "false"}) {
+        if (encoded.compare(word, Qt::CaseInsensitive) == 0)
+            encoded = '%' + encoded.left(1).toHex() + encoded.sliced(1);
+    }
+    if (encoded.size() > LongestOption)
+        throw Failure(FailureNumber::PrinterError,
+                      QStringLiteral("Printer error: stripe line too long for a job option"));
+    return encoded;
+}
+
 } // namespace
 
 bool CupsPrinter::Know() const
@@ -47,6 +86,30 @@ bool CupsPrinter::Know() const
     m_known.Info.reset(cupsCopyDestInfo(CUPS_HTTP_DEFAULT, m_known.Destination.get()));
     m_known.Age.start();
     return m_known.Info != nullptr;
+}
+
+bool CupsPrinter::CarriesStripe(int trackNumber)
+{
+    return !Setup().StripeOptions.at(IndexOfTrack(trackNumber)).isEmpty();
+}
+
+void CupsPrinter::SendStripe(int trackNumber, const QString& line)
+{
+    if (!CarriesStripe(trackNumber)) {
+        PagePrinter::SendStripe(trackNumber, line);
+        return;
+    }
+    JobOption option{Setup().StripeOptions.at(IndexOfTrack(trackNumber)).toLatin1(),
+                     EncodedForOption(line)};
+    OpenPage();
+    m_stripe.push_back(std::move(option));
+}
+
+void CupsPrinter::EndDoc()
+{
+    // Another card's stripe must never travel with the next one, whatever becomes of this job.
+    const auto forget = qScopeGuard([this] { m_stripe.clear(); });
+    PagePrinter::EndDoc();
 }
 
 PagePrinter::PageSides CupsPrinter::Sides() const
@@ -72,14 +135,15 @@ void CupsPrinter::Deliver(const QByteArray& pdf)
         throw Failure(FailureNumber::PrinterError,
                       QStringLiteral("Printer error: no queue ") + m_queue);
     }
-    cups_option_t* options = nullptr;
     // A card is drawn to its place; a queue that shrinks it into its margins would move it.
-    const int count = cupsAddOption("print-scaling", "none", 0, &options);
-    const auto freeOptions = qScopeGuard([&] { cupsFreeOptions(count, options); });
+    JobOptions options;
+    options.Add("print-scaling", "none");
+    for (const JobOption& track : m_stripe)
+        options.Add(track.Name, track.Value);
     int jobId = 0;
     if (cupsCreateDestJob(CUPS_HTTP_DEFAULT, m_known.Destination.get(), m_known.Info.get(), &jobId,
-                          TitleForQueue(JobTitle()).constData(), count,
-                          options) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
+                          TitleForQueue(JobTitle()).constData(), options.Count,
+                          options.List) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
         m_known = {};
         FailWithReason();
     }

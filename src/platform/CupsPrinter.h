@@ -14,6 +14,12 @@ public:
     explicit CupsPrinter(QString queue) : m_queue(std::move(queue)) {}
 
     QString DeviceName() const override { return m_queue; }
+    /// A queue takes options with its jobs, so it carries a track where one is set up for it.
+    bool CarriesStripe(int trackNumber) override;
+    /// Fails with `PrinterError` also for a line that is too long for an option; a cut one would
+    /// open no door, or the wrong one.
+    void SendStripe(int trackNumber, const QString& line) override;
+    void EndDoc() override;
 
 protected:
     PageSides Sides() const override;
@@ -34,6 +40,13 @@ private:
     void SendDocument(const QByteArray& pdf, int jobId);
 
     QString m_queue;
+    struct JobOption
+    {
+        QByteArray Name;
+        QByteArray Value;
+    };
+    /// The stripe of the job that is open.
+    std::vector<JobOption> m_stripe;
     mutable Knowledge m_known;
     mutable PageSides m_sides;
 };

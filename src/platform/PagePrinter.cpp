@@ -34,9 +34,23 @@ void PagePrinter::SetFontSize(double points)
     m_font.Size = points;
 }
 
+void PagePrinter::FollowSetup(const QString& settingsPath)
+{
+    m_setupFile = PrinterSetupFile(settingsPath, DeviceName());
+}
+
+const PrinterSetup& PagePrinter::Setup()
+{
+    // A page keeps what it began with.
+    if (!m_page)
+        m_setup = m_setupFile.Current();
+    return m_setup;
+}
+
 PageCanvas& PagePrinter::OpenPage()
 {
     if (!m_page) {
+        Setup();
         m_page = PageCanvas::OnPdf(Width(), Height(), [this](const char* bytes, std::size_t count) {
             m_pdf.append(bytes, static_cast<qsizetype>(count));
             return true;
@@ -54,7 +68,9 @@ void PagePrinter::ClosePage()
 
 void PagePrinter::Print(const QString& text)
 {
-    OpenPage().DrawText(text, m_font, m_color, m_currentX, m_currentY);
+    PageCanvas& page = OpenPage();
+    page.DrawText(text, m_font, m_color, m_currentX + m_setup.OffsetX,
+                  m_currentY + m_setup.OffsetY);
     m_currentX = 0;
     m_currentY += PageCanvas::TextHeight(text, m_font);
 }
@@ -62,7 +78,8 @@ void PagePrinter::Print(const QString& text)
 void PagePrinter::PaintPicture(const Picture& picture, double x, double y, double width,
                                double height)
 {
-    OpenPage().PaintPicture(picture, x, y, width, height);
+    PageCanvas& page = OpenPage();
+    page.PaintPicture(picture, x + m_setup.OffsetX, y + m_setup.OffsetY, width, height);
 }
 
 void PagePrinter::EndDoc()

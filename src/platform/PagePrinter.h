@@ -2,6 +2,7 @@
 
 #include "platform/PageCanvas.h"
 #include "platform/Printer.h"
+#include "platform/PrinterSetup.h"
 #include <QByteArray>
 
 namespace vantrel {
@@ -34,6 +35,9 @@ public:
                       double height) override;
     void EndDoc() override;
 
+    /// From now on each page follows what is set up for this printer in a settings file.
+    void FollowSetup(const QString& settingsPath);
+
 protected:
     /// Sides of the printer's page in twips.
     struct PageSides
@@ -49,12 +53,16 @@ protected:
     virtual void Deliver(const QByteArray& pdf) = 0;
 
     const QString& JobTitle() const { return m_jobTitle; }
+    /// What is set up for the open page, or for the next one. Never fails.
+    const PrinterSetup& Setup();
+    PageCanvas& OpenPage();
 
 private:
-    PageCanvas& OpenPage();
     void ClosePage();
 
     QString m_jobTitle;
+    PrinterSetupFile m_setupFile;
+    PrinterSetup m_setup;
     int m_orientation = OrientationPortrait;
     Font m_font;
     ColorValue m_color = ColorBlack;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Color.h"
+#include "platform/Failure.h"
 #include "platform/Font.h"
 #include "platform/Picture.h"
 #include <QString>
@@ -49,6 +50,16 @@ public:
     /// Draws a picture stretched into the rectangle.
     virtual void PaintPicture(const Picture& picture, double x, double y, double width,
                               double height) = 0;
+    /// Whether a track's stripe line travels beside the page, by `SendStripe`; otherwise it is
+    /// printed as text for the driver to find there.
+    virtual bool CarriesStripe(int /*trackNumber*/) { return false; }
+    /// Hands over the line of a track, 1 to 3, to travel with the job that is open; it opens one
+    /// as `Print` does. Fails with `PrinterError` where the printer does not carry that track.
+    virtual void SendStripe(int /*trackNumber*/, const QString& /*line*/)
+    {
+        throw Failure(FailureNumber::PrinterError,
+                      QStringLiteral("Printer error: the stripe travels on the page"));
+    }
     /// Ends the job and releases it. Without an open page nothing is released.
     virtual void EndDoc() = 0;
 };

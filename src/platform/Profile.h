@@ -11,6 +11,9 @@ namespace vantrel {
 /// is part of its line. A write keeps all other lines and their order, and is read-modify-write
 /// under a lock file with an atomic rename, so that no session ever reads half a file.
 
+/// The station's settings file, in its program folder.
+inline constexpr QLatin1StringView SettingsFileName{"Vantrel 6.ini"};
+
 /// The longest value that comes back, in characters.
 inline constexpr int ProfileValueLimit = 255;
 

@@ -3,6 +3,7 @@
 #include "platform/CupsQueues.h"
 #include "platform/Failure.h"
 #include "platform/PdfPrinter.h"
+#include "platform/Profile.h"
 
 namespace vantrel {
 
@@ -27,9 +28,11 @@ int JobsOf(const QByteArray& queueName)
 } // namespace
 
 StationPrinters::StationPrinters(const QString& programFolder, int sessionNumber)
+    : m_settingsPath(programFolder + QLatin1Char('/') + SettingsFileName)
 {
     auto pdf = std::make_unique<PdfPrinter>(
         QStringLiteral("%1/Printed/Session %2").arg(programFolder, QString::number(sessionNumber)));
+    pdf->FollowSetup(m_settingsPath);
     const QString name = pdf->DeviceName();
     m_printers.emplace(name, std::move(pdf));
 }
@@ -64,8 +67,11 @@ Printer& StationPrinters::PrinterNamed(const QString& deviceName)
                       QStringLiteral("Printer error: no printer ") + deviceName);
     }
     auto& printer = m_printers[deviceName];
-    if (!printer)
-        printer = std::make_unique<CupsPrinter>(deviceName);
+    if (!printer) {
+        auto queue = std::make_unique<CupsPrinter>(deviceName);
+        queue->FollowSetup(m_settingsPath);
+        printer = std::move(queue);
+    }
     return *printer;
 }
 

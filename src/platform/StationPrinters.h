@@ -13,7 +13,8 @@ namespace vantrel {
 class StationPrinters : public Printers
 {
 public:
-    /// @param programFolder  cards of the built-in printer go to `Printed/Session N` in it
+    /// @param programFolder  cards of the built-in printer go to `Printed/Session N` in it, and
+    /// what is set up for printers is in its `Vantrel 6.ini`
     StationPrinters(const QString& programFolder, int sessionNumber);
     ~StationPrinters() override;
 
@@ -26,6 +27,7 @@ private:
     void LookAtQueues();
     Printer& PrinterNamed(const QString& deviceName);
 
+    QString m_settingsPath;
     QStringList m_names;
     QString m_defaultName;
     QElapsedTimer m_age;

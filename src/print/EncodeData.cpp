@@ -1,6 +1,7 @@
 #include "print/EncodeData.h"
 #include "app/Session.h"
 #include "platform/Printer.h"
+#include "platform/Skip.h"
 #include "print/OpeningFont.h"
 #include "print/TrackFormula.h"
 #include <array>
@@ -80,11 +81,16 @@ const StripeFamily* FamilyOf(std::int32_t printerType)
 struct Track
 {
     const StripeFamily& Family;
+    /// From 0.
     std::size_t Index;
+
+    int Number() const { return static_cast<int>(Index) + 1; }
 
     QString Head() const { return Family.Heads[Index].toString(); }
     /// @return what a token becomes on this track; none where it is dropped
     std::optional<QString> Text(TokenKind kind, const QString& text) const;
+    /// @return what the whole track sends on one line; of a magnetic font its data alone
+    QString Line(const QString& body) const;
 };
 
 std::optional<QString> Track::Text(TokenKind kind, const QString& text) const
@@ -100,6 +106,19 @@ std::optional<QString> Track::Text(TokenKind kind, const QString& text) const
     default:
         return text;
     }
+}
+
+QString Track::Line(const QString& body) const
+{
+    switch (Family.Form) {
+    case SentAs::Line:
+        return Head() + body + Family.Tail;
+    case SentAs::LineWithLength:
+        return QStringLiteral("%1,%2,%3").arg(Head(), QString::number(body.size()), body);
+    case SentAs::LinePerToken:
+        return body;
+    }
+    return {};
 }
 
 /// The magnetic font is chosen before the first token is evaluated; what fails leaves it chosen.
@@ -124,17 +143,22 @@ QString BodyOf(const Track& track, const QString& trackText, const FieldValues& 
 }
 
 /// A track without a single character is not sent: head and tail alone say nothing.
-void PrintLine(Session& session, const Track& track, const QString& trackText)
+/// @param send  takes the line of a track that was evaluated to its end
+template <typename Send>
+void SendLine(Session& session, const Track& track, const QString& trackText, Send send)
 {
     const QString body = BodyOf(track, trackText, session.FieldValues);
-    if (body.isEmpty())
-        return;
-    QString line = track.Head();
-    if (track.Family.Form == SentAs::LineWithLength)
-        line += QStringLiteral(",%1,").arg(body.size());
-    line += body;
-    line += track.Family.Tail;
-    session.Printers.Current().Print(line);
+    if (!body.isEmpty())
+        send(session.Printers.Current(), track.Line(body));
+}
+
+/// A station without a printer prints on nothing all the same: the track is evaluated first.
+bool TravelsBesideThePage(Session& session, const Track& track)
+{
+    bool travels = false;
+    Skip("channel of the stripe",
+         [&] { travels = session.Printers.Current().CarriesStripe(track.Number()); });
+    return travels;
 }
 
 } // namespace
@@ -148,10 +172,16 @@ void EncodeData(Session& session, const QString& trackText, int trackNumber)
         return;
     }
     const Track track{*family, static_cast<std::size_t>(trackNumber - 1)};
-    if (family->Form == SentAs::LinePerToken)
+    if (TravelsBesideThePage(session, track)) {
+        SendLine(session, track, trackText, [&](Printer& printer, const QString& line) {
+            printer.SendStripe(track.Number(), line);
+        });
+    } else if (family->Form == SentAs::LinePerToken) {
         PrintTokens(session, track, trackText);
-    else
-        PrintLine(session, track, trackText);
+    } else {
+        SendLine(session, track, trackText,
+                 [](Printer& printer, const QString& line) { printer.Print(line); });
+    }
 }
 
 QString StripeBody(const Session& session, const QString& trackText, int trackNumber)

@@ -50,6 +50,7 @@ case "$DEVICE_URI" in *fails*) exit 1;; esac
 out="%1/printed/$(printf %06d "$1")"
 printf %s "$PRINTER" > "$out.queue"
 printf %s "$3" > "$out.title"
+printf %s "$5" > "$out.options"
 cat ${6:+"$6"} > "$out.part"
 mv "$out.part" "$out.pdf"
 )sh";
@@ -107,6 +108,12 @@ PrivateCups::PrivateCups() : m_serverBefore(qgetenv("CUPS_SERVER"))
     cupsSetServer(SocketPath().toUtf8().constData());
 
     m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    Start();
+}
+
+void PrivateCups::Start()
+{
+    QFile::remove(SocketPath());
     m_server.start(QStringLiteral("/usr/sbin/cupsd"),
                    {QStringLiteral("-f"), QStringLiteral("-c"),
                     m_folder.filePath(QStringLiteral("cupsd.conf")), QStringLiteral("-s"),
@@ -194,6 +201,16 @@ void PrivateCups::Reject(const QString& name)
     Run(QStringLiteral("/usr/sbin/cupsreject"), {name});
 }
 
+void PrivateCups::Accept(const QString& name)
+{
+    Run(QStringLiteral("/usr/sbin/cupsaccept"), {name});
+}
+
+void PrivateCups::Resume(const QString& name)
+{
+    Run(QStringLiteral("/usr/sbin/cupsenable"), {name});
+}
+
 void PrivateCups::Pause(const QString& name)
 {
     Run(QStringLiteral("/usr/sbin/cupsdisable"), {name});
@@ -223,7 +240,8 @@ QList<PrivateCups::PrintedJob> PrivateCups::WaitForJobs(int count) const
     for (const QFileInfo& pdf : printed.entryInfoList(pdfs, QDir::Files, QDir::Name)) {
         const QString without = printed.filePath(pdf.completeBaseName());
         jobs.append({pdf.filePath(), TextOf(without + QStringLiteral(".queue")),
-                     TextOf(without + QStringLiteral(".title"))});
+                     TextOf(without + QStringLiteral(".title")),
+                     TextOf(without + QStringLiteral(".options"))});
     }
     return jobs;
 }

@@ -24,10 +24,14 @@ public:
     void AddQueue(const QString& name, Device device = Device::Copies);
     void MakeDefault(const QString& name);
     void Reject(const QString& name);
+    void Accept(const QString& name);
     void Pause(const QString& name);
+    void Resume(const QString& name);
     void Delete(const QString& name);
     /// Kills the server.
     void Kill();
+    /// Starts it again after that, with the queues it had.
+    void Start();
 
     QString SocketPath() const { return m_folder.filePath(QStringLiteral("cups.sock")); }
 
@@ -36,6 +40,8 @@ public:
         QString PdfPath;
         QString Queue;
         QString Title;
+        /// As the driver gets them: "name=value", with blanks between.
+        QString Options;
     };
     /// Waits until that many jobs went through all queues. @return what there is, oldest first
     QList<PrintedJob> WaitForJobs(int count) const;

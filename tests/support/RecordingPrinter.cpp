@@ -107,6 +107,11 @@ void RecordingPrinter::PaintPicture(const Picture& picture, double x, double y, 
              .arg(NumberText(x), NumberText(y), NumberText(width), NumberText(height)));
 }
 
+void RecordingPrinter::SendStripe(int trackNumber, const QString& line)
+{
+    Note(QStringLiteral("Stripe(%1, %2)").arg(QString::number(trackNumber), Quoted(line)));
+}
+
 void RecordingPrinter::EndDoc()
 {
     Note(QStringLiteral("EndDoc"));

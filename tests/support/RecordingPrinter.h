@@ -41,7 +41,12 @@ public:
     void Print(const QString& text) override;
     void PaintPicture(const Picture& picture, double x, double y, double width,
                       double height) override;
+    bool CarriesStripe(int trackNumber) override { return CarriedTracks.contains(trackNumber); }
+    void SendStripe(int trackNumber, const QString& line) override;
     void EndDoc() override;
+
+    /// Tracks whose stripe line travels beside the page.
+    QList<int> CarriedTracks;
 
 private:
     void Note(const QString& operation);
