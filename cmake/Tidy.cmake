@@ -1,6 +1,6 @@
 # One command per wish: `format` rewrites; `check` and `tidy` only look.
 file(GLOB_RECURSE VANTREL_OWN_FILES CONFIGURE_DEPENDS src/*.h src/*.cpp tests/*.h tests/*.cpp
-     bench/*.h bench/*.cpp)
+     bench/*.h bench/*.cpp fuzz/*.h fuzz/*.cpp)
 find_program(CLANG_FORMAT clang-format)
 find_program(RUN_CLANG_TIDY NAMES run-clang-tidy run-clang-tidy-14)
 if(CLANG_FORMAT)

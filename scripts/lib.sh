@@ -7,6 +7,8 @@ RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins qt6-image-formats-plugins poppler-utils
   fonts-dejavu-core)
 TEST_PACKAGES=(clang-format cups-daemon cups-client sqlite3 procps)
 
+FUZZ_PACKAGES=(clang libclang-rt-14-dev)
+
 # Qt's pre-compiled headers and moving folders are safe to cache.
 export CCACHE_SLOPPINESS=pch_defines,time_macros
 export CCACHE_BASEDIR="$PWD"

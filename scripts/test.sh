@@ -8,4 +8,6 @@ install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${TEST_PACKAGES[@]
 export QT_QPA_PLATFORM=offscreen
 cmake --preset dev
 cmake --build --preset dev --target all check
+# Each fuzz target, briefly: enough to see that its kept corpus still passes.
+scripts/fuzz.sh 3
 ctest --preset dev --parallel "$(nproc)" "$@"

@@ -90,6 +90,25 @@ QStringList StationProcess::ListeningPorts() const
     return ports;
 }
 
+int StationProcess::OpenDescriptors() const
+{
+    const QDir descriptors(QStringLiteral("/proc/%1/fd").arg(m_process.processId()));
+    return static_cast<int>(
+        descriptors.entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot).size());
+}
+
+int StationProcess::MemoryMiB() const
+{
+    QFile status(QStringLiteral("/proc/%1/status").arg(m_process.processId()));
+    EXPECT_TRUE(status.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray& line : lines) {
+        if (line.startsWith("VmRSS:"))
+            return line.simplified().split(' ').value(1).toInt() / 1024;
+    }
+    return 0;
+}
+
 bool StationProcess::WaitUntilItListens(int port)
 {
     return EventsUntil(

@@ -24,6 +24,10 @@ public:
     bool WaitUntilItListens(int port);
     /// The TCP ports the process listens on.
     QStringList ListeningPorts() const;
+    /// How many files, sockets and the like it holds open.
+    int OpenDescriptors() const;
+    /// Its resident memory.
+    int MemoryMiB() const;
     bool IsRunning() const { return m_process.state() == QProcess::Running; }
     void SendSignal(int number) const;
     /// Waits for its end. @return its exit code, or -1 where it crashed or goes on

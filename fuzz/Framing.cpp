@@ -1,0 +1,64 @@
+#include "capture/Framing.h"
+#include "FuzzInput.h"
+#include "capture/InputBuffer.h"
+#include "platform/Failure.h"
+#include <algorithm>
+
+// Any delimiters, any bytes, in any pieces: a record is found when it would be found in one piece,
+// and no value holds what separates values.
+
+namespace {
+
+using namespace vantrel;
+
+Filters FiltersOf(std::uint8_t bits)
+{
+    Filters filters;
+    filters.Cr = (bits & 1U) != 0;
+    filters.Lf = (bits & 2U) != 0;
+    filters.Tab = (bits & 4U) != 0;
+    filters.Space = (bits & 8U) != 0;
+    filters.Esc = (bits & 16U) != 0;
+    filters.NewPage = (bits & 32U) != 0;
+    return filters;
+}
+
+void CutRecord(QString text, const Delimiters& delimiters, const Filters& filters)
+{
+    const QString before = text;
+    try {
+        const QStringList values = ParseDataStream(text, delimiters, filters);
+        fuzz::Require(text.size() <= before.size(), "a record is no longer than what came");
+        fuzz::Require(values.size() <= text.size(), "there are no more values than characters");
+    } catch (const Failure&) {
+        fuzz::Require(text == before, "what cannot be cut stays as it was");
+    }
+    QString whole = before;
+    ParseWithoutCut(whole, delimiters, filters);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    fuzz::Input input(data, size);
+    const Filters filters = FiltersOf(input.Byte());
+    const int piece = 1 + input.Byte();
+    const Delimiters delimiters{input.Line(), input.Line(), input.Line()};
+    const QString text = FromCodePage(input.Rest());
+
+    InputBuffer inPieces;
+    bool found = false;
+    for (qsizetype from = 0; from < text.size(); from += piece) {
+        inPieces.Append(text.mid(from, piece));
+        found = inPieces.IsComplete(delimiters.DataStart, delimiters.DataEnd);
+    }
+    InputBuffer inOne;
+    inOne.Set(text);
+    fuzz::Require(inPieces.Text() == text, "no character is lost between pieces");
+    if (!text.isEmpty())
+        fuzz::Require(found == inOne.IsComplete(delimiters.DataStart, delimiters.DataEnd),
+                      "a record is found in pieces as in one");
+    CutRecord(text, delimiters, filters);
+    return 0;
+}

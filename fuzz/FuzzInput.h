@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/CodePage.h"
+#include <QByteArray>
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+
+namespace vantrel::fuzz {
+
+/// What a fuzzer gives, taken from the front in parts.
+class Input
+{
+public:
+    Input(const std::uint8_t* data, std::size_t size)
+        : m_rest(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size))
+    {}
+
+    /// The next byte, 0 at the end.
+    std::uint8_t Byte()
+    {
+        if (m_rest.isEmpty())
+            return 0;
+        const auto byte = static_cast<std::uint8_t>(m_rest.front());
+        m_rest.remove(0, 1);
+        return byte;
+    }
+    /// The text up to the next line feed, as a port or a file gives it.
+    QString Line()
+    {
+        const qsizetype end = m_rest.indexOf('\n');
+        const QByteArray line = m_rest.left(end);
+        m_rest.remove(0, end < 0 ? m_rest.size() : end + 1);
+        return FromCodePage(line);
+    }
+    bool IsEmpty() const { return m_rest.isEmpty(); }
+    const QByteArray& Rest() const { return m_rest; }
+
+private:
+    QByteArray m_rest;
+};
+
+/// Ends the run where something that must hold does not.
+inline void Require(bool holds, const char* what)
+{
+    if (holds)
+        return;
+    std::cerr << "does not hold: " << what << std::endl;
+    std::abort();
+}
+
+} // namespace vantrel::fuzz

@@ -1,0 +1,27 @@
+#include "FuzzInput.h"
+#include "app/Operator.h"
+#include "app/Session.h"
+#include "app/UnattendedOperator.h"
+#include "platform/StationPrinters.h"
+#include "shell/Version4Import.h"
+#include <QFile>
+#include <QTemporaryDir>
+
+// A version 4 session of any bytes ends at the point it reached, with objects that can be measured.
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace vantrel;
+    static const QTemporaryDir folder;
+    static const QString path = folder.filePath(QStringLiteral("Session.ini"));
+    static UnattendedOperator stationOperator;
+    static StationPrinters printers(folder.path(), 1);
+    {
+        QFile file(path);
+        fuzz::Require(file.open(QIODevice::WriteOnly), "the file can be written");
+        file.write(fuzz::Input(data, size).Rest());
+    }
+    Session session(folder.path(), stationOperator, printers);
+    ImportVersion4Session(session, path);
+    return 0;
+}
