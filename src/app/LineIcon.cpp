@@ -8,9 +8,9 @@ constexpr double LineWidth = 1.4;
 constexpr int Scales[] = {1, 2, 3, 4};
 } // namespace
 
-QIcon LineIcon(const std::vector<QPolygonF>& lines, const QColor& color)
+void AddLines(QIcon& icon, const std::vector<QPolygonF>& lines, const QColor& color,
+              QIcon::Mode mode)
 {
-    QIcon icon;
     for (const int scale : Scales) {
         QPixmap pixmap(LineIconGrid * scale, LineIconGrid * scale);
         pixmap.fill(Qt::transparent);
@@ -21,8 +21,14 @@ QIcon LineIcon(const std::vector<QPolygonF>& lines, const QColor& color)
         for (const QPolygonF& line : lines)
             painter.drawPolyline(line);
         painter.end();
-        icon.addPixmap(pixmap);
+        icon.addPixmap(pixmap, mode);
     }
+}
+
+QIcon LineIcon(const std::vector<QPolygonF>& lines, const QColor& color)
+{
+    QIcon icon;
+    AddLines(icon, lines, color, QIcon::Normal);
     return icon;
 }
 

@@ -3,7 +3,7 @@
 
 namespace vantrel {
 
-QIcon PrinterIcon(bool acceptsJobs, const QColor& color)
+QIcon PrinterIcon(bool acceptsJobs, const QPalette& palette)
 {
     std::vector<QPolygonF> lines = {
         {{{4.5, 5.5}, {4.5, 1.8}, {11.5, 1.8}, {11.5, 5.5}}},
@@ -15,7 +15,9 @@ QIcon PrinterIcon(bool acceptsJobs, const QColor& color)
         lines.push_back({{{9.8, 10}, {14, 14.2}}});
         lines.push_back({{{14, 10}, {9.8, 14.2}}});
     }
-    return LineIcon(lines, color);
+    QIcon icon = LineIcon(lines, palette.color(QPalette::Text));
+    AddLines(icon, lines, palette.color(QPalette::HighlightedText), QIcon::Selected);
+    return icon;
 }
 
 } // namespace vantrel

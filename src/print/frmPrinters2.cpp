@@ -2,6 +2,7 @@
 #include "app/DesktopControls.h"
 #include "app/DesktopUpDown.h"
 #include "app/Operator.h"
+#include "app/RunTimeError.h"
 #include "app/ScreenUnits.h"
 #include "app/Session.h"
 #include "platform/Printer.h"
@@ -121,7 +122,7 @@ QWidget* frmPrinters2::MakeOrientationPart()
     auto* group = new QGroupBox(QStringLiteral("Printer Orientation"));
     auto* column = new QVBoxLayout(group);
     for (std::size_t i = 0; i < std::size(m_orientations); ++i) {
-        const QByteArray name = "optOrientation" + QByteArray::number(static_cast<int>(i));
+        const QByteArray name = "optOrientation(" + QByteArray::number(static_cast<int>(i)) + ')';
         m_orientations[i] = MakeControl<QRadioButton>(name.constData(),
                                                       QString::fromLatin1(OrientationCaptions[i]));
         column->addWidget(m_orientations[i]);
@@ -168,8 +169,7 @@ QWidget* frmPrinters2::MakeButtons()
     connect(m_save, &QPushButton::clicked, this, &frmPrinters2::Save);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
     connect(refresh, &QPushButton::clicked, this, [this] { BuildPrinters(); });
-    connect(m_configure, &QPushButton::clicked, this,
-            [this] { OpenDialog<frmSerialize>(m_session, parentWidget()); });
+    connect(m_configure, &QPushButton::clicked, this, &frmPrinters2::Configure);
 
     auto* part = new QWidget;
     auto* column = new QVBoxLayout(part);
@@ -250,8 +250,7 @@ void frmPrinters2::AddPrinter(const PrinterListRow& row)
 {
     auto* item = new QTreeWidgetItem(m_printers, {row.DeviceName, row.Status, row.Jobs});
     item->setData(0, RowData, row.Key);
-    item->setIcon(0, PrinterIcon(row.AcceptsJobs, palette().color(QPalette::Text)));
-    item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
+    item->setIcon(0, PrinterIcon(row.AcceptsJobs, palette()));
     if (row.DeviceName == m_clicked)
         SelectRow(*m_printers, item);
 }
@@ -278,6 +277,12 @@ void frmPrinters2::ShowSavedValues()
 void frmPrinters2::CheckConfigurable()
 {
     m_configure->setEnabled(IsConfigurable(SelectedTag(*m_kinds)));
+}
+
+void frmPrinters2::Configure()
+{
+    // Over the main window: it stays when this dialog closes.
+    RunOrEnd([this] { OpenDialog<frmSerialize>(m_session, parentWidget()); });
 }
 
 PrinterChoice frmPrinters2::Choice() const

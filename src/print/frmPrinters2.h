@@ -47,6 +47,7 @@ private:
     void ShowSavedValues();
     /// Only the serialized kind has something to configure.
     void CheckConfigurable();
+    void Configure();
     PrinterChoice Choice() const;
     void Save();
 

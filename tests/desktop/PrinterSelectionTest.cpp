@@ -125,10 +125,14 @@ TEST_F(PrinterWindowTest, ItsControlsCarryTheirCaptions)
     {
         const char* Name;
         const char* Caption;
-    } buttons[] = {{"optOrientation0", "Portrait"}, {"optOrientation1", "Landscape"},
-                   {"optOrientation2", "Default"},  {"chdForceResize", "Force Document Resize"},
-                   {"cmdRefresh", "&Refresh"},      {"cmdConfig", "&Configure"},
-                   {"Command1", "&Preferences"},    {"cmdSave", "Save"},
+    } buttons[] = {{"optOrientation(0)", "Portrait"},
+                   {"optOrientation(1)", "Landscape"},
+                   {"optOrientation(2)", "Default"},
+                   {"chdForceResize", "Force Document Resize"},
+                   {"cmdRefresh", "&Refresh"},
+                   {"cmdConfig", "&Configure"},
+                   {"Command1", "&Preferences"},
+                   {"cmdSave", "Save"},
                    {"cmdCancel", "Close"}};
     static_assert(std::size(buttons) == 9);
     for (const auto& row : buttons)
@@ -144,7 +148,7 @@ TEST_F(PrinterWindowTest, ShowsTheLayoutsValues)
     Open();
     EXPECT_EQ(Selected(PrinterList()), First);
     EXPECT_EQ(Selected(KindList()), QStringLiteral("NISCA command text"));
-    EXPECT_TRUE(Get<QRadioButton>("optOrientation1").isChecked());
+    EXPECT_TRUE(Get<QRadioButton>("optOrientation(1)").isChecked());
     EXPECT_EQ(Get<QLabel>("lblCopies").text(), QStringLiteral("4"));
     EXPECT_EQ(Get<DesktopUpDown>("udCopies").Value(), 4);
 }
@@ -174,7 +178,7 @@ TEST_F(PrinterWindowTest, AStoredOrientationThatIsNeitherShowsTheDefaultAndStays
 {
     Params().PrinterOrientation = 7;
     Open();
-    EXPECT_TRUE(Get<QRadioButton>("optOrientation2").isChecked());
+    EXPECT_TRUE(Get<QRadioButton>("optOrientation(2)").isChecked());
     Press("cmdSave");
     EXPECT_EQ(Params().PrinterOrientation, 7);
 }
@@ -183,12 +187,12 @@ TEST_F(PrinterWindowTest, SavingUnderDefaultKeepsTheStoredOrientationForTheNextO
 {
     Params().PrinterOrientation = 2;
     Open();
-    Press("optOrientation2");
+    Press("optOrientation(2)");
     Press("cmdSave");
     EXPECT_EQ(Params().PrinterOrientation, 2);
     EXPECT_TRUE(EventsUntil([&] { return Dialog.isNull(); }));
     Open();
-    EXPECT_TRUE(Get<QRadioButton>("optOrientation1").isChecked());
+    EXPECT_TRUE(Get<QRadioButton>("optOrientation(1)").isChecked());
 }
 
 TEST_F(PrinterWindowTest, SavesWhatIsPressedAndCloses)
@@ -197,7 +201,7 @@ TEST_F(PrinterWindowTest, SavesWhatIsPressedAndCloses)
     Open();
     Click(PrinterList(), 1);
     SelectKind(QStringLiteral("FARGO"));
-    Press("optOrientation1");
+    Press("optOrientation(1)");
     Get<DesktopUpDown>("udCopies").UpButton().click();
     EXPECT_EQ(Get<QLabel>("lblCopies").text(), QStringLiteral("2"));
     Press("cmdSave");
@@ -213,7 +217,7 @@ TEST_F(PrinterWindowTest, ClosingKeepsNothing)
 {
     Open();
     SelectKind(QStringLiteral("FARGO"));
-    Press("optOrientation1");
+    Press("optOrientation(1)");
     Press("cmdCancel");
     EXPECT_TRUE(EventsUntil([&] { return Dialog.isNull(); }));
     EXPECT_EQ(Params().PrinterType, 9);
@@ -233,7 +237,7 @@ TEST_F(PrinterWindowTest, AForcedResizeFitsTheDocument)
     Station.Session.Document.Width = 2222;
     Open();
     Press("chdForceResize");
-    Press("optOrientation1");
+    Press("optOrientation(1)");
     Press("cmdSave");
     EXPECT_EQ(Station.Session.Document.Width, 4860.0F);
 }
@@ -366,10 +370,10 @@ TEST_F(PrinterWindowTest, ASecondOpeningBringsTheSameDialogToTheFrontAsItStands)
 {
     Open();
     const frmPrinters2* first = Dialog;
-    Press("optOrientation1");
+    Press("optOrientation(1)");
     Open();
     EXPECT_EQ(Dialog, first);
-    EXPECT_TRUE(Get<QRadioButton>("optOrientation1").isChecked());
+    EXPECT_TRUE(Get<QRadioButton>("optOrientation(1)").isChecked());
 }
 
 } // namespace vantrel::test

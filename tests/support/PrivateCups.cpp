@@ -18,6 +18,7 @@ Browsing Off
 WebInterface No
 DefaultAuthType None
 MaxJobs 0
+DirtyCleanInterval 0
 LogLevel warn
 <Location />
   Order allow,deny
