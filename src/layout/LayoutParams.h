@@ -41,8 +41,8 @@ struct LayoutParamsRecord
     /// Characters removed from values in a serialized output.
     QString Filter;
     /// Page on the form, from 1.
-    std::int16_t PageIndex = 0;
-    std::int16_t PageCount = 0;
+    std::int16_t PageIndex = 1;
+    std::int16_t PageCount = 1;
     bool AutoSpool = false;
 };
 

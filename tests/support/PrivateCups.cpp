@@ -2,6 +2,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLocalSocket>
 #include <QThread>
 #include <cups/cups.h>
 #include <gtest/gtest.h>
@@ -112,6 +113,14 @@ PrivateCups::PrivateCups() : m_serverBefore(qgetenv("CUPS_SERVER"))
     Start();
 }
 
+// The socket is there before the server listens on it.
+bool PrivateCups::Answers() const
+{
+    QLocalSocket socket;
+    socket.connectToServer(SocketPath());
+    return socket.waitForConnected(PatienceMilliseconds);
+}
+
 void PrivateCups::Start()
 {
     QFile::remove(SocketPath());
@@ -122,10 +131,9 @@ void PrivateCups::Start()
     EXPECT_TRUE(m_server.waitForStarted()) << "the package cups is needed";
     QElapsedTimer waited;
     waited.start();
-    while (!QFile::exists(SocketPath()) && !waited.hasExpired(PatienceMilliseconds))
+    while (!Answers() && !waited.hasExpired(PatienceMilliseconds))
         QThread::msleep(PollMilliseconds);
-    EXPECT_TRUE(QFile::exists(SocketPath()))
-        << TextOf(m_folder.filePath(QStringLiteral("error.log"))).toStdString();
+    EXPECT_TRUE(Answers()) << TextOf(m_folder.filePath(QStringLiteral("error.log"))).toStdString();
 }
 
 PrivateCups::~PrivateCups()

@@ -47,6 +47,7 @@ public:
     QList<PrintedJob> WaitForJobs(int count) const;
 
 private:
+    bool Answers() const;
     void WriteFile(const QString& name, const QString& text, bool executable = false) const;
     void WriteConfiguration() const;
     void WriteBackend() const;
