@@ -4,6 +4,7 @@
 #include "platform/Skip.h"
 #include <QStringList>
 #include <algorithm>
+#include <span>
 
 namespace vantrel {
 
@@ -22,20 +23,24 @@ const char* CodeOf(const CommChoice& row)
     return row.Code;
 }
 
+/// Tables of one kind of row, whatever their length.
+using Codes = std::span<const char* const>;
+using Choices = std::span<const CommChoice>;
+
 /// @return the row whose code is that text, or -1
-template <typename Table>
-int RowOf(const Table& table, const QString& code)
+template <typename Rows>
+int RowOf(Rows rows, const QString& code)
 {
-    const auto row = std::find_if(table.begin(), table.end(), [&](const auto& choice) {
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](const auto& choice) {
         return code == QLatin1StringView(CodeOf(choice));
     });
-    return row == table.end() ? -1 : static_cast<int>(row - table.begin());
+    return row == rows.end() ? -1 : static_cast<int>(row - rows.begin());
 }
 
-template <typename Table>
-QString CodeAt(const Table& table, int row)
+template <typename Rows>
+QString CodeAt(Rows rows, int row)
 {
-    return row < 0 ? QString() : QString::fromLatin1(CodeOf(table[static_cast<std::size_t>(row)]));
+    return row < 0 ? QString() : QString::fromLatin1(CodeOf(rows[static_cast<std::size_t>(row)]));
 }
 
 } // namespace
@@ -61,17 +66,18 @@ void ShowSettingsText(CommBoxes& boxes, const QString& text)
     QStringList parts = text.split(QLatin1Char(','));
     if (parts.size() != SettingsParts)
         parts = QStringList(SettingsParts, QString());
-    boxes.Speed = RowOf(CommSpeeds, parts[0]);
-    boxes.Parity = RowOf(CommParities, parts[1]);
-    boxes.DataBits = RowOf(CommDataBits, parts[2]);
-    boxes.StopBits = RowOf(CommStopBits, parts[3]);
+    boxes.Speed = RowOf(Codes(CommSpeeds), parts[0]);
+    boxes.Parity = RowOf(Choices(CommParities), parts[1]);
+    boxes.DataBits = RowOf(Choices(CommDataBits), parts[2]);
+    boxes.StopBits = RowOf(Choices(CommStopBits), parts[3]);
 }
 
 QString GetCommSettings(const CommBoxes& boxes)
 {
-    const QStringList parts{CodeAt(CommSpeeds, boxes.Speed), CodeAt(CommParities, boxes.Parity),
-                            CodeAt(CommDataBits, boxes.DataBits),
-                            CodeAt(CommStopBits, boxes.StopBits)};
+    const QStringList parts{CodeAt(Codes(CommSpeeds), boxes.Speed),
+                            CodeAt(Choices(CommParities), boxes.Parity),
+                            CodeAt(Choices(CommDataBits), boxes.DataBits),
+                            CodeAt(Choices(CommStopBits), boxes.StopBits)};
     return parts.join(QLatin1Char(','));
 }
 

@@ -1,0 +1,138 @@
+// How long the hand-over of a finished card to the print server holds up the station's thread,
+// beside the limit measured in the same run: the bare calls of libcups that create a job and send
+// the same file. The two take turns. The server is a child process of its own at a domain socket;
+// its queue is paused, so that jobs wait and their printing weighs on nothing.
+
+#include "CardParts.h"
+#include "platform/CupsPrinter.h"
+#include "platform/Failure.h"
+#include "support/PrivateCups.h"
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <numeric>
+
+namespace vantrel::bench {
+
+namespace {
+
+const QString Queue = QStringLiteral("Cards");
+
+/// Draws a card and keeps it.
+class KeepingPrinter : public PagePrinter
+{
+public:
+    QString DeviceName() const override { return QStringLiteral("Keeping"); }
+    QByteArray Kept;
+
+protected:
+    void Deliver(const QByteArray& pdf) override { Kept = pdf; }
+};
+
+QByteArray CardWithPhoto()
+{
+    const QTemporaryDir folder;
+    const QString photo = folder.filePath(QStringLiteral("photo.jpg"));
+    Photo(300, 400).save(photo, nullptr, 85);
+    KeepingPrinter printer;
+    printer.PaintPicture(LoadPicture(photo), 200, 200, 1080, 1440);
+    for (const TextOnCard& text : Texts(1)) {
+        printer.SetFontName(text.Style.Name);
+        printer.SetFontSize(text.Style.Size);
+        printer.SetCurrentX(static_cast<float>(text.X));
+        printer.SetCurrentY(static_cast<float>(text.Y));
+        printer.Print(text.Text);
+    }
+    printer.EndDoc();
+    return printer.Kept;
+}
+
+/// The station's printer, its hand-over alone.
+class HandingPrinter : public CupsPrinter
+{
+public:
+    using CupsPrinter::CupsPrinter;
+    using CupsPrinter::Deliver;
+};
+
+/// The limit: a queue that is known, and nothing but the calls that a job needs.
+class BareQueue
+{
+public:
+    void Deliver(const QByteArray& pdf) const
+    {
+        int job = 0;
+        const bool sent =
+            cupsCreateDestJob(CUPS_HTTP_DEFAULT, m_queue.get(), m_info.get(), &job, "Card", 0,
+                              nullptr) < IPP_STATUS_REDIRECTION_OTHER_SITE &&
+            cupsStartDestDocument(CUPS_HTTP_DEFAULT, m_queue.get(), m_info.get(), job, "card.pdf",
+                                  CUPS_FORMAT_PDF, 0, nullptr, 1) == HTTP_STATUS_CONTINUE &&
+            cupsWriteRequestData(CUPS_HTTP_DEFAULT, pdf.constData(),
+                                 static_cast<std::size_t>(pdf.size())) == HTTP_STATUS_CONTINUE &&
+            cupsFinishDestDocument(CUPS_HTTP_DEFAULT, m_queue.get(), m_info.get()) <
+                IPP_STATUS_REDIRECTION_OTHER_SITE;
+        if (!sent)
+            throw Failure(FailureNumber::PrinterError, QString::fromUtf8(cupsLastErrorString()));
+    }
+
+private:
+    CupsDestination m_queue = FindCupsQueue(Queue);
+    CupsInfo m_info{cupsCopyDestInfo(CUPS_HTTP_DEFAULT, m_queue.get())};
+};
+
+/// Times of one way to hand over, in milliseconds.
+class Times
+{
+public:
+    template <typename Step>
+    double Take(Step&& step)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        step();
+        m_taken.push_back(static_cast<double>(timer.nsecsElapsed()) * 1e-6);
+        return m_taken.back();
+    }
+    double Sum() const { return std::accumulate(m_taken.begin(), m_taken.end(), 0.0); }
+    double AtShare(double share)
+    {
+        std::sort(m_taken.begin(), m_taken.end());
+        return m_taken[static_cast<std::size_t>(share * static_cast<double>(m_taken.size() - 1))];
+    }
+
+private:
+    std::vector<double> m_taken;
+};
+
+void HandOver(benchmark::State& state)
+{
+    test::PrivateCups cups;
+    cups.AddQueue(Queue);
+    cups.Pause(Queue);
+    const QByteArray pdf = CardWithPhoto();
+    HandingPrinter printer(Queue);
+    const BareQueue bare;
+    printer.Deliver(pdf);
+    bare.Deliver(pdf);
+    Times station;
+    Times limit;
+    for ([[maybe_unused]] auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores)
+        state.SetIterationTime(station.Take([&] { printer.Deliver(pdf); }) * 1e-3);
+        limit.Take([&] { bare.Deliver(pdf); });
+    }
+    state.counters["pdf_KiB"] = static_cast<double>(pdf.size()) / 1024;
+    state.counters["p50_ms"] = station.AtShare(0.5);
+    state.counters["p99_ms"] = station.AtShare(0.99);
+    state.counters["limit_p50_ms"] = limit.AtShare(0.5);
+    state.counters["limit_p99_ms"] = limit.AtShare(0.99);
+    state.counters["ratio"] = limit.Sum() / station.Sum();
+}
+
+// As many jobs wait at the end as a station would never leave waiting; it is not a test of the
+// server's spool.
+BENCHMARK(HandOver)->UseManualTime()->Iterations(400)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace vantrel::bench
