@@ -10,8 +10,10 @@
 #include "print/frmPrinters2.h"
 #include "shaping/frmEncoding.h"
 #include "shaping/frmFilters.h"
+#include "shaping/frmForms.h"
 #include "shaping/frmPad.h"
 #include "shaping/frmPreSuffix.h"
+#include "shaping/frmSendData.h"
 #include "shell/Commands.h"
 #include "shell/DesktopFileCommands.h"
 #include "shell/DesktopMenuRow.h"
@@ -89,7 +91,7 @@ constexpr MenuRow Rows[] = {
     Dash("mnuFile"),
     Command("mnuFile", "cmdTakePicture", "Take Picture ..."),
     Dash("mnuFile"),
-    Command("mnuFile", "cmdGenSerial", "Generate Card Sequence"),
+    Command("mnuFile", "cmdGenSerial", "Generate Card Sequence", "", Opens<frmSendData>),
     Dash("mnuFile"),
     Command("mnuFile", "cmdHide", "Hide Vantrel...", "Ctrl+H", Runs<ToggleVisible>),
     Command("mnuFile", "cmdExit", "&Disable Vantrel", "Shift+Del", Runs<ExitCommand>),
@@ -128,7 +130,7 @@ constexpr MenuRow Rows[] = {
     Dash("mnuView"),
     Command("mnuView", "cmdFieldData", "Decoded Field Data ...", "", Runs<ShowFieldData>),
     Dash("mnuView"),
-    Command("mnuView", "cmdViewBuffer", "Buffered Input Data ..."),
+    Command("mnuView", "cmdViewBuffer", "Buffered Input Data ...", "", Opens<frmForms>),
 
     Menu("", "mnuSettings", "&Settings"),
     Command("mnuSettings", "cmdDelimiters", "Data Settings ...", "", Opens<frmToolbar>),
