@@ -7,6 +7,7 @@
 #include "layout/Pages.h"
 #include "layout/frmGetLayout.h"
 #include "layout/frmSize.h"
+#include "macro/frmMacro.h"
 #include "print/frmPrinters2.h"
 #include "shaping/frmEncoding.h"
 #include "shaping/frmFilters.h"
@@ -148,7 +149,7 @@ constexpr MenuRow Rows[] = {
     Command("mnuSettings", "cmdCapEnable", "Enable Data Capture", "", Runs<ToggleCapture>)
         .With(Tick::cmdCapEnable),
     Dash("mnuSettings"),
-    Command("mnuSettings", "cmdMacro", "Define Macros ..."),
+    Command("mnuSettings", "cmdMacro", "Define Macros ...", "", Opens<frmMacro>),
 
     Menu("", "mnuProperties", "&Properties"),
     Command("mnuProperties", "cmdSetFont", "Adjust Font ...", "",

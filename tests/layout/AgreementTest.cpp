@@ -34,7 +34,8 @@ protected:
     {
         LoadLayout(Session, Staff);
         const CardObject* object = Session.Document.Find(family, 1);
-        EXPECT_NE(object, nullptr);
+        if (object == nullptr)
+            throw std::runtime_error("the object did not come back");
         return *object;
     }
 

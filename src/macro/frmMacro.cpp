@@ -1,0 +1,138 @@
+#include "macro/frmMacro.h"
+#include "app/DesktopControls.h"
+#include "layout/Navigation.h"
+#include "platform/Skip.h"
+#include <QEvent>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTreeWidget>
+
+namespace vantrel {
+
+namespace {
+
+constexpr int IdColumn = 0;
+constexpr int NameColumn = 1;
+
+} // namespace
+
+frmMacro::frmMacro(Session& session, QWidget* parent)
+    : QDialog(parent), m_session(session), m_layouts(MakeControl<QListWidget>("lstLayouts", this)),
+      m_macros(MakeControl<QTreeWidget>("lstMacros", this))
+{
+    setObjectName(QStringLiteral("frmMacro"));
+    setWindowTitle(QStringLiteral("Define Macros"));
+    MakeControls();
+    FillLayouts();
+    FillMacros();
+    ShowMarks();
+}
+
+void frmMacro::MakeControls()
+{
+    m_macros->setAccessibleName(QStringLiteral("Macros"));
+    m_macros->setColumnCount(2);
+    m_macros->setHeaderHidden(true);
+    m_macros->setRootIsDecorated(false);
+    m_macros->setAllColumnsShowFocus(true);
+    m_macros->header()->setSectionResizeMode(IdColumn, QHeaderView::ResizeToContents);
+    m_layouts->setAccessibleName(QStringLiteral("Layouts"));
+
+    auto* macrosLabel = new QLabel(QStringLiteral("&Macros"), this);
+    macrosLabel->setBuddy(m_macros);
+    auto* layoutsLabel = new QLabel(QStringLiteral("&Layouts"), this);
+    layoutsLabel->setBuddy(m_layouts);
+    auto* save = MakeControl<QPushButton>("cmdSave", QStringLiteral("&Save Active Macro"), this);
+    save->setDefault(true);
+    auto* close = MakeControl<QPushButton>("cmdClose", QStringLiteral("Close"), this);
+
+    connect(m_macros, &QTreeWidget::itemSelectionChanged, this, &frmMacro::ShowMarks);
+    // A click on the row that is selected reads its marks anew.
+    connect(m_macros, &QTreeWidget::itemClicked, this, &frmMacro::ShowMarks);
+    connect(save, &QPushButton::clicked, this, [this] {
+        SaveActiveMacro(m_session, SelectedMacro(), MarkedLayouts());
+        QDialog::close();
+    });
+    connect(close, &QPushButton::clicked, this, &QDialog::close);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(save);
+    buttons->addWidget(close);
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(macrosLabel, 0, 0);
+    grid->addWidget(layoutsLabel, 0, 1);
+    grid->addWidget(m_macros, 1, 0);
+    grid->addWidget(m_layouts, 1, 1);
+    grid->addLayout(buttons, 2, 0, 1, 2);
+    setTabOrder(m_macros, m_layouts);
+    setTabOrder(m_layouts, save);
+    setTabOrder(save, close);
+}
+
+void frmMacro::FillLayouts()
+{
+    QStringList names;
+    Skip("layouts", [&] { names = LayoutNames(m_session); });
+    for (const QString& name : std::as_const(names)) {
+        auto* row = new QListWidgetItem(name, m_layouts);
+        row->setCheckState(Qt::Unchecked);
+    }
+}
+
+void frmMacro::FillMacros()
+{
+    const QList<MacroRow> macros = MacroRows(m_session);
+    for (const MacroRow& macro : macros)
+        new QTreeWidgetItem(m_macros, {QString::number(macro.Id), macro.Name});
+}
+
+bool frmMacro::event(QEvent* event)
+{
+    // Without a window manager a window shows and never becomes active.
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show)
+        SelectActive();
+    return QDialog::event(event);
+}
+
+void frmMacro::SelectActive()
+{
+    const QList<QTreeWidgetItem*> found = m_macros->findItems(
+        ActiveMacroText(m_session), Qt::MatchExactly | Qt::MatchCaseSensitive, NameColumn);
+    if (found.isEmpty())
+        m_macros->clearSelection();
+    else
+        m_macros->setCurrentItem(found.constFirst());
+}
+
+MacroRow frmMacro::SelectedMacro() const
+{
+    const QList<QTreeWidgetItem*> selected = m_macros->selectedItems();
+    if (selected.isEmpty())
+        return {};
+    return {selected.constFirst()->text(IdColumn).toInt(), selected.constFirst()->text(NameColumn)};
+}
+
+void frmMacro::ShowMarks()
+{
+    const QStringList layouts = LayoutsGivenTo(m_session, SelectedMacro().Id);
+    for (int row = 0; row < m_layouts->count(); ++row) {
+        QListWidgetItem* item = m_layouts->item(row);
+        item->setCheckState(layouts.contains(item->text()) ? Qt::Checked : Qt::Unchecked);
+    }
+}
+
+QStringList frmMacro::MarkedLayouts() const
+{
+    QStringList marked;
+    for (int row = 0; row < m_layouts->count(); ++row) {
+        if (m_layouts->item(row)->checkState() == Qt::Checked)
+            marked.append(m_layouts->item(row)->text());
+    }
+    return marked;
+}
+
+} // namespace vantrel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "macro/MacroChoice.h"
+#include <QDialog>
+
+class QListWidget;
+class QTreeWidget;
+
+namespace vantrel {
+
+/// Gives a macro its layouts and picks the macro that records run. It stands open without blocking
+/// the station.
+class frmMacro : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmMacro(Session& session, QWidget* parent);
+
+protected:
+    /// Selects the active macro whenever the dialog becomes active.
+    bool event(QEvent* event) override;
+
+private:
+    void MakeControls();
+    void FillLayouts();
+    void FillMacros();
+    void SelectActive();
+    /// The row that turns macros off where none is selected.
+    MacroRow SelectedMacro() const;
+    void ShowMarks();
+    QStringList MarkedLayouts() const;
+
+    Session& m_session;
+    QListWidget* m_layouts;
+    QTreeWidget* m_macros;
+};
+
+} // namespace vantrel
