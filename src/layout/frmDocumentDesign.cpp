@@ -11,7 +11,7 @@ namespace vantrel {
 
 namespace {
 
-constexpr QColor BorderColor(0, 0, 0, 110);
+constexpr QColor BorderColor(0, 0, 0, 70);
 constexpr int BandWidth = 2;
 
 Qt::CursorShape ShapeOf(GripCursor cursor)
