@@ -1,7 +1,7 @@
 # What we build on; docs/architecture.md says why each of them is here.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Pdf SerialPort Sql)
 if(VANTREL_DESKTOP)
-  find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Multimedia Widgets)
 endif()
 find_package(Cups REQUIRED)
 find_package(PkgConfig REQUIRED)

@@ -111,6 +111,12 @@ std::optional<ColorValue> DesktopOperator::AskColor(ColorValue present)
     return ColorValueOf(box.selectedColor());
 }
 
+void DesktopOperator::OpenCameraDialog()
+{
+    if (m_openCamera)
+        m_openCamera();
+}
+
 void DesktopOperator::LetEventsRun()
 {
     QCoreApplication::processEvents();

@@ -3,6 +3,7 @@
 #include "app/Operator.h"
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 namespace vantrel {
 
@@ -21,13 +22,15 @@ public:
     QString InputBox(const QString& prompt, const QString& title, const QString& present) override;
     std::optional<Font> AskFont(const Font& present) override;
     std::optional<ColorValue> AskColor(ColorValue present) override;
-    /// Shows nothing: this version of the station has no camera dialog.
-    void OpenCameraDialog() override {}
+    /// What opens the camera dialog; without it nothing does.
+    void SetCameraDialog(std::function<void()> open) { m_openCamera = std::move(open); }
+    void OpenCameraDialog() override;
     void LetEventsRun() override;
     void ShowBusyPointer(bool busy) override;
 
 private:
     QPointer<QWidget> m_mainWindow;
+    std::function<void()> m_openCamera;
     bool m_busy = false;
 };
 

@@ -59,6 +59,8 @@ public:
     CardDocument Document;
     /// The last accepted camera picture.
     Picture CameraImage;
+    /// The last picture of the camera or of a file, whole.
+    Picture RawPicture;
     /// What the padding dialog left.
     PadResult Pad;
 };

@@ -136,9 +136,10 @@ QStringList frmForms::MarkedLayouts() const
 
 void frmForms::Print()
 {
-    // The station may close this window while the cards print.
+    // The station may close this window while the cards print: they need nothing of it.
     const QPointer<frmForms> self(this);
-    PrintOnLayouts(m_session, m_chosen, MarkedLayouts());
+    const QString chosen = m_chosen;
+    PrintOnLayouts(m_session, chosen, MarkedLayouts());
     if (!self.isNull())
         setWindowTitle(QStringLiteral("  Document Generator"));
 }

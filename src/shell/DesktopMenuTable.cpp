@@ -4,6 +4,7 @@
 #include "capture/frmToolbar.h"
 #include "imaging/BackImage.h"
 #include "imaging/Workspace.h"
+#include "imaging/frmAquireImage2.h"
 #include "layout/Pages.h"
 #include "layout/frmGetLayout.h"
 #include "layout/frmSize.h"
@@ -90,7 +91,7 @@ constexpr MenuRow Rows[] = {
     Command("mnuFile", "cmdPrnSetup", "Printer Setup ...", "", OpensPrinterSelection)
         .On(WhileVisibleWithLayout),
     Dash("mnuFile"),
-    Command("mnuFile", "cmdTakePicture", "Take Picture ..."),
+    Command("mnuFile", "cmdTakePicture", "Take Picture ...", "", Opens<frmAquireImage2>),
     Dash("mnuFile"),
     Command("mnuFile", "cmdGenSerial", "Generate Card Sequence", "", Opens<frmSendData>),
     Dash("mnuFile"),
@@ -181,7 +182,7 @@ constexpr MenuRow Rows[] = {
     Command("mnuDataFields", "sData", "Send a data stream..."),
     Menu("mnuProperties", "mnuImage", "Adjust Image...").With(ObjectEntry::mnuImage),
     Command("mnuImage", "cmdChooseImage", "Choose Image...", "", ChooseImageCommand).With(ObjectEntry::cmdChooseImage),
-    Command("mnuImage", "cmdTakePicture2", "Take Picture ..."),
+    Command("mnuImage", "cmdTakePicture2", "Take Picture ...", "", Opens<frmAquireImage2>),
     Dash("mnuProperties").Hidden(),
     Command("mnuProperties", "cmdIncrease", "Increase Size 10%", "Ctrl+F2", Runs<IncreaseSize>),
     Command("mnuProperties", "cmdDecrease", "Decrease Size 10%", "Ctrl+F1", Runs<DecreaseSize>),

@@ -131,7 +131,12 @@ TEST(Soak, EveryRecordComesOutInOrderWithMemoryAndDescriptorsFlat)
     }
     EXPECT_EQ(folder.Cards().size(), 1);
     EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() <= descriptors; }));
+#ifdef __SANITIZE_ADDRESS__
+    // The sanitizer keeps what was freed.
+    constexpr int room = 512;
+#else
     constexpr int room = 16;
+#endif
     EXPECT_LE(station.MemoryMiB(), memory + room);
     EXPECT_EQ(folder.StoreIntegrity(), QStringLiteral("ok"));
     std::cout << records << " records, " << records * CardsOfRecord << " cards; resident memory "

@@ -1,9 +1,11 @@
+#include "app/DesktopControls.h"
 #include "app/DesktopOperator.h"
 #include "app/EntryPoint.h"
 #include "app/RunTimeError.h"
 #include "app/Session.h"
 #include "app/UnattendedOperator.h"
 #include "app/frmMain.h"
+#include "imaging/frmAquireImage2.h"
 #include "platform/StationPrinters.h"
 #include "programs/vantrel/StopSignals.h"
 #include <QApplication>
@@ -69,6 +71,7 @@ int RunStation(const QString& commandLine)
     // finds a loop to end.
     frmMain window(session, attended ? Display::Present : Display::Absent);
     desktopOperator.SetMainWindow(&window);
+    desktopOperator.SetCameraDialog([&] { OpenDialog<frmAquireImage2>(session, &window); });
     QMetaObject::invokeMethod(&window, &frmMain::Load, Qt::QueuedConnection);
 
     // 5. SIGTERM and SIGINT unload it in order.

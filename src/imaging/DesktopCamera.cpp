@@ -1,0 +1,76 @@
+#include "imaging/DesktopCamera.h"
+#include "app/Session.h"
+#include "app/Settings.h"
+#include <QCamera>
+#include <QCameraDevice>
+#include <QImageCapture>
+#include <QMediaCaptureSession>
+#include <QMediaDevices>
+
+namespace vantrel {
+
+namespace {
+
+constexpr QLatin1StringView FolderWord{"folder:"};
+const QString DefaultDevice = QStringLiteral("Default");
+
+/// A camera of the machine. It runs as long as the dialog stands, and takes its pictures one by
+/// one; an exposure asked for before it is ready is taken when it is.
+class DeviceCamera : public Cam
+{
+public:
+    explicit DeviceCamera(const QCameraDevice& device) : m_camera(device)
+    {
+        m_media.setCamera(&m_camera);
+        m_media.setImageCapture(&m_capture);
+        connect(&m_capture, &QImageCapture::imageCaptured, this, [this](int, const QImage& image) {
+            Q_EMIT PictureAvailable(Picture::FromImage(image));
+        });
+        connect(&m_capture, &QImageCapture::readyForCaptureChanged, this,
+                [this] { CaptureWhenReady(); });
+        m_camera.start();
+    }
+    void Expose(int& /*flashMode*/, int& /*mode*/, int& /*third*/) override
+    {
+        m_asked = true;
+        CaptureWhenReady();
+    }
+
+private:
+    void CaptureWhenReady()
+    {
+        if (!m_asked || !m_capture.isReadyForCapture())
+            return;
+        m_asked = false;
+        m_capture.capture();
+    }
+
+    QCamera m_camera;
+    QImageCapture m_capture;
+    QMediaCaptureSession m_media;
+    bool m_asked = false;
+};
+
+/// Where there is no camera.
+class NoCamera : public Cam
+{
+public:
+    void Expose(int& /*flashMode*/, int& /*mode*/, int& /*third*/) override {}
+};
+
+} // namespace
+
+std::unique_ptr<Cam> MakeCamera(const Session& session)
+{
+    const QString wanted = StationOption(session, QStringLiteral("Camera"));
+    if (wanted.startsWith(FolderWord))
+        return std::make_unique<FolderCamera>(wanted.mid(FolderWord.size()));
+    const bool any = wanted.isEmpty() || wanted == DefaultDevice;
+    for (const QCameraDevice& device : QMediaDevices::videoInputs()) {
+        if (any ? device.isDefault() : device.description() == wanted)
+            return std::make_unique<DeviceCamera>(device);
+    }
+    return std::make_unique<NoCamera>();
+}
+
+} // namespace vantrel

@@ -1,0 +1,187 @@
+#include "app/Settings.h"
+#include "desktop/DesktopStation.h"
+#include "imaging/DesktopViewportImage.h"
+#include "imaging/frmAquireImage2.h"
+#include "layout/DrawObjects.h"
+#include "platform/Profile.h"
+#include "shell/DemoArt.h"
+#include "support/Events.h"
+#include "support/Layouts.h"
+#include <QApplication>
+#include <QDir>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollBar>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+namespace {
+
+/// A station with a camera object on its card, and a folder where another device leaves faces.
+class CameraStation : public DesktopStation
+{
+public:
+    CameraStation()
+    {
+        WithLayout();
+        Draw_CamView(Session, {.cTop = 1500, .cLeft = 300, .cHeight = 1400, .cWidth = 1050}, 0,
+                     Picture(), true, QString());
+        SavePage(Session);
+        Load();
+        const QString folder = Session.PathInFolder(QStringLiteral("faces"));
+        EXPECT_TRUE(QDir().mkpath(folder));
+        EXPECT_TRUE(DrawPortrait().save(folder + QStringLiteral("/face.png")));
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Session), QStringLiteral("Station"),
+                                      QStringLiteral("Camera"),
+                                      QStringLiteral("folder:") + folder));
+    }
+    void Open()
+    {
+        Choose("cmdTakePicture");
+        Dialog = &Get<frmAquireImage2>("frmAquireImage2");
+    }
+    bool WaitForPicture()
+    {
+        return EventsUntil([&] { return !Original().ShownPicture().isNull(); });
+    }
+    template <typename Control>
+    Control& On(const char* name)
+    {
+        return Named<Control>(*Dialog, name);
+    }
+    DesktopViewportImage& Original() { return On<DesktopViewportImage>("imgOriginal"); }
+    void Click(const char* name)
+    {
+        On<QPushButton>(name).click();
+        QCoreApplication::processEvents();
+    }
+    void Mouse(QEvent::Type type, QPoint at, Qt::MouseButton button = Qt::NoButton)
+    {
+        QMouseEvent event(type, at, Original().mapToGlobal(at), button, button, Qt::NoModifier);
+        QApplication::sendEvent(&Original(), &event);
+    }
+    QSize ViewportImage() { return On<QLabel>("imgViewport").pixmap().size(); }
+
+    QPointer<frmAquireImage2> Dialog;
+};
+
+TEST(CameraDialog, ShowsThePictureTheCameraDelivers)
+{
+    CameraStation station;
+    station.Open();
+    EXPECT_EQ(station.Dialog->windowTitle(), QStringLiteral("Image Capture"));
+    EXPECT_TRUE(station.Original().ShownPicture().isNull());
+    ASSERT_TRUE(station.WaitForPicture());
+    EXPECT_EQ(station.Original().ShownPicture().size(), station.Original().size());
+    EXPECT_EQ(station.On<QScrollBar>("HS").value(), 0);
+    EXPECT_GT(station.On<QScrollBar>("VS").maximum(), 0);
+}
+
+TEST(CameraDialog, ZoomsInStepsAndNotBelowTheWhole)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    const int whole = station.Original().ShownPicture().width();
+    station.Click("cmdZPlus");
+    EXPECT_EQ(station.Original().ShownPicture().width(), qRound(whole * 1.1));
+    station.Click("cmdZMinus");
+    station.Click("cmdZMinus");
+    EXPECT_EQ(station.Original().ShownPicture().width(), whole);
+}
+
+TEST(CameraDialog, ThePointerAimsAndTheLeftButtonTakes)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    station.Mouse(QEvent::MouseMove, {240, 180});
+    EXPECT_EQ(station.ViewportImage(), QSize(140, 187));
+    station.Mouse(QEvent::MouseButtonPress, {240, 180}, Qt::RightButton);
+    EXPECT_FALSE(station.Dialog.isNull());
+    station.Mouse(QEvent::MouseButtonPress, {240, 180}, Qt::LeftButton);
+    EXPECT_TRUE(EventsUntil([&] { return station.Dialog.isNull(); }));
+    const CardObject& camera = *station.Session.Document.Find(Family::img_CAM, 1);
+    EXPECT_EQ(camera.Picture.Image().size(), QSize(140, 187));
+    EXPECT_EQ(station.Session.CameraImage, camera.Picture);
+}
+
+TEST(CameraDialog, WhatIsTakenIsWhatStoodUnderThePointer)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    const QImage shown = station.Original().grab().toImage().convertToFormat(QImage::Format_RGB32);
+    station.Mouse(QEvent::MouseMove, {240, 180});
+    station.Mouse(QEvent::MouseButtonPress, {240, 180}, Qt::LeftButton);
+    // 70 pixels left of the pointer, and 94 above: half of 187 rounds to the even.
+    EXPECT_EQ(station.Session.CameraImage.Image().convertToFormat(QImage::Format_RGB32),
+              shown.copy(240 - 70, 180 - 94, 140, 187));
+}
+
+TEST(CameraDialog, WithPreviewTheViewportStaysAndAPressTakesWhatItHolds)
+{
+    CameraStation station;
+    CaptureSettings()->setValue(QStringLiteral("Preview"), QStringLiteral("True"));
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    station.Mouse(QEvent::MouseMove, {240, 180});
+    EXPECT_TRUE(station.ViewportImage().isEmpty());
+    station.Mouse(QEvent::MouseButtonPress, {240, 180}, Qt::LeftButton);
+    EXPECT_FALSE(station.Session.CameraImage.HasHandle());
+    CaptureSettings()->remove(QString());
+}
+
+TEST(CameraDialog, ANewOpeningHasTheSavedZoomAndItsScrollBarsAtZero)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    station.Click("cmdZPlus");
+    station.On<QScrollBar>("VS").setValue(40);
+    station.Click("cmdSave");
+    station.Click("cmdClose");
+    EXPECT_TRUE(EventsUntil([&] { return station.Dialog.isNull(); }));
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    EXPECT_EQ(station.Original().ShownPicture().width(), qRound(480 * 1.1));
+    EXPECT_EQ(station.On<QScrollBar>("VS").value(), 0);
+    CaptureSettings()->remove(QString());
+}
+
+TEST(CameraDialog, TakePictureStartsAtTheWholeAgain)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    station.Click("cmdZPlus");
+    station.Click("cmdTakePicture");
+    EXPECT_EQ(station.Original().ShownPicture().width(), 480);
+}
+
+TEST(CameraDialog, ACameraThatNeverAnswersDoesNoHarm)
+{
+    CameraStation station;
+    ASSERT_TRUE(WriteProfileValue(SettingsPath(station.Session), QStringLiteral("Station"),
+                                  QStringLiteral("Camera"), QStringLiteral("No such device")));
+    station.Open();
+    for (const char* button : {"cmdZPlus", "cmdZMinus", "cmdTakePicture", "cmdSave"})
+        station.Click(button);
+    station.Mouse(QEvent::MouseMove, {240, 180});
+    station.Mouse(QEvent::MouseButtonPress, {240, 180}, Qt::LeftButton);
+    EXPECT_TRUE(EventsUntil([&] { return station.Dialog.isNull(); }));
+    CaptureSettings()->remove(QString());
+}
+
+TEST(CameraDialog, APictureThatComesAfterItsCloseDoesNoHarm)
+{
+    CameraStation station;
+    station.Open();
+    delete station.Dialog.data();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(station.Session.RawPicture.HasHandle());
+}
+
+} // namespace
+} // namespace vantrel::test
