@@ -37,7 +37,7 @@ QSize TwipsOf(QSize pixels)
 
 frmAquireImage2::frmAquireImage2(Session& session, QWidget* parent)
     : QDialog(parent), m_session(session), m_capture(session, {}, CaptureSettings()),
-      m_camera(MakeCamera(session)),
+      m_camera(MakeCamera(session).release()),
       m_original(MakeControl<DesktopViewportImage>("imgOriginal", this)),
       m_horizontal(MakeControl<QScrollBar>("HS", Qt::Horizontal, this)),
       m_vertical(MakeControl<QScrollBar>("VS", Qt::Vertical, this)),
@@ -116,7 +116,9 @@ QLayout* frmAquireImage2::MakeSide()
 
 void frmAquireImage2::Connect()
 {
-    connect(m_camera.get(), &Cam::PictureAvailable, this, [this](const Picture& picture) {
+    // It goes with the dialog, and what it delivers after that reaches nobody.
+    m_camera->setParent(this);
+    connect(m_camera, &Cam::PictureAvailable, this, [this](const Picture& picture) {
         m_capture.TakeRawPicture(picture);
         m_original->SetPicture(picture.Image());
         ApplyZoom();

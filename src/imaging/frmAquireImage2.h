@@ -41,7 +41,7 @@ private:
 
     Session& m_session;
     ImageCapture m_capture;
-    std::unique_ptr<Cam> m_camera;
+    Cam* m_camera;
     DesktopViewportImage* m_original;
     QScrollBar* m_horizontal;
     QScrollBar* m_vertical;

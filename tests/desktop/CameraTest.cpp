@@ -1,3 +1,5 @@
+#include "app/DesktopControls.h"
+#include "app/DesktopOperator.h"
 #include "app/Settings.h"
 #include "desktop/DesktopStation.h"
 #include "imaging/DesktopViewportImage.h"
@@ -9,6 +11,7 @@
 #include "support/Layouts.h"
 #include <QApplication>
 #include <QDir>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
@@ -181,6 +184,46 @@ TEST(CameraDialog, APictureThatComesAfterItsCloseDoesNoHarm)
     delete station.Dialog.data();
     QCoreApplication::processEvents();
     EXPECT_FALSE(station.Session.RawPicture.HasHandle());
+}
+
+TEST(CameraDialog, ASecondPictureTakesThePlaceOfTheFirst)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    auto* camera = station.Dialog->findChild<Cam*>();
+    ASSERT_NE(camera, nullptr);
+    QImage second(40, 30, QImage::Format_RGB32);
+    second.fill(Qt::red);
+    Q_EMIT camera->PictureAvailable(Picture::FromImage(second));
+    EXPECT_EQ(station.Session.RawPicture.Image().width(), 40);
+    EXPECT_EQ(station.Original().ShownPicture().size(), station.Original().size());
+    EXPECT_EQ(station.Original().ShownPicture().pixelColor(5, 5), QColor(Qt::red));
+}
+
+TEST(CameraDialog, TheObjectsMenuOpensItToo)
+{
+    CameraStation station;
+    station.Session.Document.SelectedObject = station.Session.Document.Find(Family::img_CAM, 1);
+    EXPECT_TRUE(
+        EventsUntil([&] { return station.Get<QMenu>("mnuProperties").menuAction()->isEnabled(); }));
+    station.Session.Face.SetEntryVisible(ObjectEntry::mnuImage, true);
+    station.Choose("cmdTakePicture2");
+    EXPECT_TRUE(station.Get<frmAquireImage2>("frmAquireImage2").isVisible());
+}
+
+TEST(CameraDialog, ARecordMayCallItUpAndTakesThePictureFromBefore)
+{
+    CameraStation station;
+    DesktopOperator asked;
+    QPointer<frmAquireImage2> opened;
+    asked.OpenCameraDialog();
+    asked.SetCameraDialog(
+        [&] { opened = &OpenDialog<frmAquireImage2>(station.Session, &station.Window); });
+    asked.OpenCameraDialog();
+    ASSERT_FALSE(opened.isNull());
+    EXPECT_TRUE(opened->isVisible());
+    EXPECT_FALSE(station.Session.CameraImage.HasHandle());
 }
 
 } // namespace

@@ -19,6 +19,22 @@ const QString ConversionError = QStringLiteral(
     "Conversion Error|There was an error converting some or all of the pages of the selected "
     "Acrobat Reader file. \r\nPlease check that the file is not corrupted.");
 
+/// A page that asks for a password before it shows.
+constexpr const char* EncryptedPdf =
+    "JVBERi0xLjYKJb/3ov4KMSAwIG9iago8PCAvUGFnZXMgMiAwIFIgL1R5cGUgL0NhdGFsb2cgPj4K"
+    "ZW5kb2JqCjIgMCBvYmoKPDwgL0NvdW50IDEgL0tpZHMgWyAzIDAgUiBdIC9UeXBlIC9QYWdlcyA+"
+    "PgplbmRvYmoKMyAwIG9iago8PCAvTWVkaWFCb3ggWyAwIDAgNTAgMzAgXSAvUGFyZW50IDIgMCBS"
+    "IC9UeXBlIC9QYWdlID4+CmVuZG9iago0IDAgb2JqCjw8IC9DRiA8PCAvU3RkQ0YgPDwgL0F1dGhF"
+    "dmVudCAvRG9jT3BlbiAvQ0ZNIC9BRVNWMiAvTGVuZ3RoIDE2ID4+ID4+IC9GaWx0ZXIgL1N0YW5k"
+    "YXJkIC9MZW5ndGggMTI4IC9PIDwwZGI1ODU1ZmM1MzI2NTY5ZTc2NTkwNmNhZjY0ZTQ0MjlhNGMy"
+    "MGQ2ZTk5NmZkZWY5NjNlOWI1MDgwZjllMDgzPiAvUCAtNCAvUiA0IC9TdG1GIC9TdGRDRiAvU3Ry"
+    "RiAvU3RkQ0YgL1UgPDY2NTVjZWQ3MmRmODcwYjg5ZTg0YTdhMGFhZDcyYzVhMDEyMjQ1NmE5MWJh"
+    "ZTUxMzQyNzNhNmRiMTM0Yzg3YzQ+IC9WIDQgPj4KZW5kb2JqCnhyZWYKMCA1CjAwMDAwMDAwMDAg"
+    "NjU1MzUgZiAKMDAwMDAwMDAxNSAwMDAwMCBuIAowMDAwMDAwMDY0IDAwMDAwIG4gCjAwMDAwMDAx"
+    "MjMgMDAwMDAgbiAKMDAwMDAwMDE5NCAwMDAwMCBuIAp0cmFpbGVyIDw8IC9Sb290IDEgMCBSIC9J"
+    "RCBbPDljNmIxODQ4ZTI1NzVmNWFjN2NlZjNlNGEzZTU3YWE5Pjw5YzZiMTg0OGUyNTc1ZjVhYzdj"
+    "ZWYzZTRhM2U1N2FhOT5dIC9FbmNyeXB0IDQgMCBSID4+CnN0YXJ0eHJlZgo0OTMKJSVFT0YK";
+
 /// A station with a stored layout open whose page has a back image.
 class BackedStation : public TestSession
 {
@@ -192,6 +208,19 @@ TEST(PdfImport, ABrokenEmptyOrMissingFileIsTold)
         station.Operator.AppMessages.clear();
     }
     ImportAcrobatFile(station.Session, station.Session.PathInFolder(QStringLiteral("gone.pdf")));
+    EXPECT_EQ(station.Operator.AppMessages, QStringList{ConversionError});
+    EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, station.First);
+}
+
+TEST(PdfImport, AnEncryptedFileIsTold)
+{
+    BackedStation station;
+    station.TurnPdfImportOn();
+    QFile file(station.Session.PathInFolder(QStringLiteral("locked.pdf")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray::fromBase64(EncryptedPdf));
+    file.close();
+    ImportAcrobatFile(station.Session, file.fileName());
     EXPECT_EQ(station.Operator.AppMessages, QStringList{ConversionError});
     EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, station.First);
 }
