@@ -4,8 +4,10 @@
 #include "app/RunTimeError.h"
 #include "app/ScreenUnits.h"
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <algorithm>
 
 namespace vantrel {
 
@@ -48,6 +50,7 @@ frmSize::frmSize(Session& session, QWidget* parent) : QDialog(parent), m_session
         text->setAlignment(Qt::AlignRight);
         text->setMinimumWidth(text->fontMetrics().averageCharWidth() * FieldCharacters);
         caption->setBuddy(text);
+        text->installEventFilter(this);
         auto* arrows = MakeControl<DesktopUpDown>(row.ArrowsName, name, this);
         connect(arrows, &DesktopUpDown::Up, this, [this, &row] { Step(row.Field, StepUp); });
         connect(arrows, &DesktopUpDown::Down, this, [this, &row] { Step(row.Field, StepDown); });
@@ -60,6 +63,18 @@ frmSize::frmSize(Session& session, QWidget* parent) : QDialog(parent), m_session
     }
     grid->setSizeConstraint(QLayout::SetFixedSize);
     move(ScreenPixels(DialogLeft), ScreenPixels(DialogTop));
+}
+
+bool frmSize::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const auto found = std::find(m_fields.begin(), m_fields.end(), watched);
+    if (found == m_fields.end() || (key != Qt::Key_Up && key != Qt::Key_Down))
+        return QDialog::eventFilter(watched, event);
+    Step(static_cast<SizeField>(found - m_fields.begin()), key == Qt::Key_Up ? StepUp : StepDown);
+    return true;
 }
 
 void frmSize::Step(SizeField field, void (*step)(QString& text))

@@ -17,6 +17,10 @@ public:
     /// Fails with `ObjectNotSet` where no object is selected.
     frmSize(Session& session, QWidget* parent);
 
+protected:
+    /// The arrow keys step the field that has the focus.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void Step(SizeField field, void (*step)(QString& text));
 

@@ -8,6 +8,7 @@
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
@@ -265,6 +266,28 @@ TEST(SizeDialog, StepsTheObjectByOneTwip)
     designer.Release(designer.At(600, 975));
 }
 
+TEST(SizeDialog, TheArrowKeysStepTheFieldTheyArePressedIn)
+{
+    Designer designer;
+    designer.Click(designer.At(600, 375));
+    EXPECT_TRUE(EventsUntil(
+        [&] { return designer.Get<QMenu>("mnuProperties").menuAction()->isEnabled(); }));
+    designer.Choose("cmdSize");
+    auto& dialog = designer.Get<frmSize>("frmSize");
+    const CardObject& text = designer.Object(Family::lbl_TEXT);
+    const float width = text.Width;
+    const auto press = [&](const char* field, Qt::Key key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(&designer.Named<QLineEdit>(dialog, field), &event);
+    };
+    press("txtWidth", Qt::Key_Up);
+    press("txtWidth", Qt::Key_Up);
+    press("txtTop", Qt::Key_Down);
+    press("txtTop", Qt::Key_Left);
+    EXPECT_EQ(text.Width, width + 2);
+    EXPECT_EQ(text.Top, 299);
+}
+
 TEST(SizeDialog, APressOnAGripClosesIt)
 {
     Designer designer;
@@ -301,6 +324,22 @@ TEST(DesignerNavigator, TheMenuReachesTheSamePages)
     designer.Operator.Answers = {true};
     designer.Choose("cmdDeletePage");
     EXPECT_EQ(designer.Session.CurrentParams.PageCount, 1);
+}
+
+TEST(DesignerNavigator, ComesToTheFrontUnderThePointer)
+{
+    Designer designer;
+    auto& nav = designer.Get<frmNav>("frmNav");
+    auto& workspace = *nav.parentWidget();
+    auto* cover = new QWidget(&workspace);
+    cover->setGeometry(nav.geometry());
+    cover->show();
+    cover->raise();
+    const QPoint inside = nav.geometry().center();
+    EXPECT_EQ(workspace.childAt(inside), cover);
+    QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+    QApplication::sendEvent(&nav, &enter);
+    EXPECT_NE(workspace.childAt(inside), cover);
 }
 
 TEST(DesignerNavigator, KeepsItsPlaceInFront)
