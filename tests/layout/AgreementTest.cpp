@@ -107,6 +107,30 @@ TEST_F(Agreement, DataFieldRow)
     EXPECT_EQ(read.Font(), (Font{QStringLiteral("Serif"), 8.2512, true, false, true, false}));
 }
 
+TEST_F(Agreement, EachFontStyleHasItsOwnColumn)
+{
+    const struct
+    {
+        bool Font::*Style;
+        QString Column;
+    } styles[] = {{&Font::Bold, QStringLiteral("C_FontBold")},
+                  {&Font::Italic, QStringLiteral("C_FontItalic")},
+                  {&Font::Underline, QStringLiteral("C_FontUnderline")},
+                  {&Font::Strikethrough, QStringLiteral("C_FontStrikethrough")}};
+    CardObject& text = AddText(Session, QStringLiteral("Hello"));
+    for (const auto& [style, column] : styles) {
+        SCOPED_TRACE(column.toStdString());
+        Font font;
+        font.*style = true;
+        text.SetFont(font);
+        const StoredRow row = Save();
+        for (const auto& other : styles) {
+            EXPECT_FALSE(row[other.Column].isNull()) << other.Column.toStdString();
+            EXPECT_EQ(row[other.Column].toBool(), other.Column == column);
+        }
+    }
+}
+
 TEST_F(Agreement, ANewFieldWithoutPrefixAndSuffixLeavesBothNull)
 {
     AddField(Session, 1);
