@@ -17,6 +17,10 @@ namespace {
 constexpr int IdColumn = 0;
 constexpr int NameColumn = 1;
 
+/// Room for a handful of macros and layouts; names that need more get it, up to the largest size.
+constexpr QSize FirstSize{420, 320};
+constexpr QSize LargestSize{900, 600};
+
 } // namespace
 
 frmMacro::frmMacro(Session& session, QWidget* parent)
@@ -29,6 +33,9 @@ frmMacro::frmMacro(Session& session, QWidget* parent)
     FillLayouts();
     FillMacros();
     ShowMarks();
+    resize(sizeHint().expandedTo(FirstSize).boundedTo(LargestSize));
+    // Only now: the size of a column that stretches says nothing of its names.
+    m_macros->header()->setStretchLastSection(true);
 }
 
 void frmMacro::MakeControls()
@@ -38,7 +45,11 @@ void frmMacro::MakeControls()
     m_macros->setHeaderHidden(true);
     m_macros->setRootIsDecorated(false);
     m_macros->setAllColumnsShowFocus(true);
-    m_macros->header()->setSectionResizeMode(IdColumn, QHeaderView::ResizeToContents);
+    m_macros->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_macros->header()->setStretchLastSection(false);
+    for (QAbstractItemView* list :
+         {static_cast<QAbstractItemView*>(m_macros), static_cast<QAbstractItemView*>(m_layouts)})
+        list->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     m_layouts->setAccessibleName(QStringLiteral("Layouts"));
 
     auto* macrosLabel = new QLabel(QStringLiteral("&Macros"), this);
@@ -63,6 +74,7 @@ void frmMacro::MakeControls()
     buttons->addWidget(save);
     buttons->addWidget(close);
     auto* grid = new QGridLayout(this);
+    grid->setRowStretch(1, 1);
     grid->addWidget(macrosLabel, 0, 0);
     grid->addWidget(layoutsLabel, 0, 1);
     grid->addWidget(m_macros, 1, 0);

@@ -105,6 +105,18 @@ TEST(MacroWindow, ListsLayoutsByNameAndMacrosWithTheRowThatTurnsThemOffLast)
               QStringLiteral("Close"));
 }
 
+TEST(MacroWindow, NamesAreSeenWhole)
+{
+    MacroWindow station;
+    station.WithLayout(QStringLiteral("The long name of a layout for visitors"));
+    AddMacro(station.Session.LayoutDb, QStringLiteral("The long name of a macro for visitors"));
+    station.Open();
+    QTreeWidget& macros = station.Macros();
+    EXPECT_GE(macros.columnWidth(1), static_cast<QAbstractItemView&>(macros).sizeHintForColumn(1));
+    EXPECT_GE(macros.viewport()->width(), macros.columnWidth(0) + macros.columnWidth(1));
+    EXPECT_GE(station.Layouts().viewport()->width(), station.Layouts().sizeHintForColumn(0));
+}
+
 TEST(MacroWindow, OpensOnTheActiveMacroWithItsLayoutsMarked)
 {
     MacroWindow station;
