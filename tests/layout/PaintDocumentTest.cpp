@@ -67,15 +67,6 @@ TEST(PaintDocument, NeverPaintsTheSecondBackImage)
     EXPECT_EQ(FirstColumnWithInk(Painted(test.Session)), -1);
 }
 
-TEST(PaintDocument, NeverPaintsTheSecondBackImage)
-{
-    TestSession test;
-    EnsureDocument(test.Session);
-    test.Session.CurrentParams.BackImg2Picture =
-        LoadPicture(test.WritePng(QStringLiteral("back.png"), 2, 2, Red));
-    EXPECT_EQ(FirstColumnWithInk(Painted(test.Session)), -1);
-}
-
 TEST(PaintDocument, PaintsLaterObjectsOverEarlierOnes)
 {
     TestSession test;
