@@ -16,6 +16,6 @@ for target in framing hex_codes profile serializer track_formula version4; do
   mkdir -p "build/fuzz/grown/$target"
   echo "fuzz_$target: $seconds seconds"
   build/fuzz/bin/fuzz_$target -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
-    -artifact_prefix="build/fuzz/$target-" -print_final_stats=0 -verbosity=0 \
+    -artifact_prefix="build/fuzz/$target-" -print_final_stats=0 -print_funcs=0 -verbosity=0 \
     "build/fuzz/grown/$target" "fuzz/corpus/$target"
 done
