@@ -56,8 +56,8 @@ CardObject& SelectedOrFail(const Session& session)
     return *session.Document.SelectedObject;
 }
 
-/// Asks while the object may go: the station lives on behind the dialog. `take` gets the answer if
-/// there is one and the same object is still selected.
+/// Asks while the object may go: the station lives on behind the dialog, so `ask` gives that copies
+/// only. `take` gets the answer if there is one and the same object is still selected.
 template <typename Ask, typename Take>
 void AskForSelected(Session& session, Ask ask, Take take)
 {
@@ -195,9 +195,9 @@ void AdjustText(Session& session)
     AskForSelected(
         session,
         [&](const CardObject& object) -> std::optional<QString> {
+            const QString present = object.Caption();
             const QString text = session.Operator.InputBox(
-                QStringLiteral("Please enter the text you wish to display"), QString(),
-                object.Caption());
+                QStringLiteral("Please enter the text you wish to display"), QString(), present);
             return text.isEmpty() ? std::nullopt : std::optional(text);
         },
         [](CardObject& object, const QString& text) { object.SetCaption(text); });
@@ -216,7 +216,10 @@ void AdjustFont(Session& session)
     Skip("adjust font", [&] {
         AskForSelected(
             session,
-            [&](const CardObject& object) { return session.Operator.AskFont(object.Font()); },
+            [&](const CardObject& object) {
+                const Font present = object.Font();
+                return session.Operator.AskFont(present);
+            },
             [](CardObject& object, const Font& font) { object.SetFont(font); });
     });
 }

@@ -233,6 +233,43 @@ TEST_F(ObjectCommandTest, AnObjectThatGoesWhileItIsAskedForIsLeftAlone)
     EXPECT_EQ(Document().HighestIndex(Family::lbl_TEXT), 0);
 }
 
+/// Looks at what it was opened on again, once its dialog has been open for a while.
+class SlowOperator : public TestOperator
+{
+public:
+    std::optional<Font> AskFont(const Font& present) override
+    {
+        WhileAsked();
+        return present;
+    }
+    QString InputBox(const QString& /*prompt*/, const QString& /*title*/,
+                     const QString& present) override
+    {
+        WhileAsked();
+        return present;
+    }
+};
+
+TEST_F(ObjectCommandTest, ADialogKeepsWhatItWasOpenedOn)
+{
+    SlowOperator slow;
+    vantrel::Session session(Session.ProgramFolder, slow, Station.Printers);
+    BeginLayout(session, QStringLiteral("Badge"));
+    CardObject& text = AddText(session, QStringLiteral("Visitor"));
+    session.Document.SelectedObject = &text;
+    const Font before{QStringLiteral("Liberation Sans"), 12.5, true, false, true, false};
+    text.SetFont(before);
+    slow.WhileAsked = [&] {
+        text.SetFont(Font{});
+        text.SetCaption(QStringLiteral("Guest"));
+    };
+    AdjustFont(session);
+    EXPECT_EQ(text.Font(), before);
+    text.SetCaption(QStringLiteral("Visitor"));
+    AdjustText(session);
+    EXPECT_EQ(text.Caption(), QStringLiteral("Visitor"));
+}
+
 TEST_F(ObjectCommandTest, VisibleOnCardIsATickAndNothingMore)
 {
     const CardObject& text = Select(AddText(Session, QStringLiteral("Visitor")));
