@@ -1,5 +1,6 @@
 #include "layout/ObjectToRow.h"
 #include "layout/CardObject.h"
+#include "layout/PageKey.h"
 #include "layout/SaveStep.h"
 #include "platform/Convert.h"
 #include "platform/Recordset.h"

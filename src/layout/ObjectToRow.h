@@ -1,19 +1,10 @@
 #pragma once
 
-#include <QString>
-#include <cstdint>
-
 namespace vantrel {
 
 class CardObject;
 class Recordset;
-
-/// Which page an object's row belongs to.
-struct PageKey
-{
-    QString LayoutName;
-    std::int16_t Page = 0;
-};
+struct PageKey;
 
 /// Adds the row of one object to the cursor. What is neither a text nor an image gets none. Fails
 /// like `Recordset`.

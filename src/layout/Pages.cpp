@@ -2,6 +2,7 @@
 #include "app/Operator.h"
 #include "app/Session.h"
 #include "layout/LoadLayout.h"
+#include "layout/PageKey.h"
 #include "platform/Convert.h"
 #include "platform/Recordset.h"
 
@@ -33,17 +34,31 @@ void MoveDownObjectsAbove(Connection& store, std::int16_t page)
     }
 }
 
+/// Asks about the page that is open. A record may open another behind the question, or none, and
+/// the answer is not meant for that.
+bool IsAgreedTo(Session& session, const QString& question, const QString& title)
+{
+    const PageKey asked = PageOnForm(session);
+    return session.Operator.ShowAppMessage(question, title, AppMessageButtons::YesNo) &&
+           PageOnForm(session) == asked;
+}
+
 bool OfferToClear(Session& session)
 {
-    if (session.Operator.ShowAppMessage(
-            QStringLiteral("A layout must contain at least one page.\r\n"
-                           "Do you want to clear the page instead?"),
-            QStringLiteral("Clear Page?"), AppMessageButtons::YesNo))
+    if (IsAgreedTo(session,
+                   QStringLiteral("A layout must contain at least one page.\r\n"
+                                  "Do you want to clear the page instead?"),
+                   QStringLiteral("Clear Page?")))
         ClearDoc_Ex(session);
     return true;
 }
 
 } // namespace
+
+PageKey PageOnForm(const Session& session)
+{
+    return {session.CurrentLayoutName, session.CurrentParams.PageIndex};
+}
 
 bool NewPage(Session& session)
 {
@@ -60,8 +75,8 @@ bool DeletePage(Session& session)
     LayoutParamsRecord& params = session.CurrentParams;
     if (params.PageCount == FirstPage)
         return OfferToClear(session);
-    if (!session.Operator.ShowAppMessage(QStringLiteral("Delete this page permanently?"),
-                                         QStringLiteral("Delete Page?"), AppMessageButtons::YesNo))
+    if (!IsAgreedTo(session, QStringLiteral("Delete this page permanently?"),
+                    QStringLiteral("Delete Page?")))
         return false;
     // The number goes from all layouts, whichever is open.
     DeleteObjectsOf(session.LayoutDb, params.PageIndex);

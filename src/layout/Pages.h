@@ -14,6 +14,7 @@ bool NewPage(Session& session);
 
 /// Asks, then deletes the page on the form: its number goes from all layouts of the store, and the
 /// higher pages of all of them move down by one. The only page is cleared on the form instead.
+/// Where another page is open by the time of the answer, nothing is deleted.
 /// @return whether the operator did not refuse. Fails like `Recordset`; what was deleted or
 /// moved until then stays so.
 bool DeletePage(Session& session);

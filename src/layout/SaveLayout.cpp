@@ -4,6 +4,7 @@
 #include "layout/DocumentForm.h"
 #include "layout/LoadLayout.h"
 #include "layout/ObjectToRow.h"
+#include "layout/PageKey.h"
 #include "layout/Pages.h"
 #include "layout/SaveStep.h"
 #include "layout/StoreStatements.h"
@@ -18,7 +19,7 @@ namespace {
 /// @return how many objects are card content
 int ReplaceRows(Session& session)
 {
-    const PageKey key{session.CurrentLayoutName, session.CurrentParams.PageIndex};
+    const PageKey key = PageOnForm(session);
     Recordset rows(session.LayoutDb);
     SaveStep("open page",
              [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });

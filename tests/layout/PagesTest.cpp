@@ -166,6 +166,49 @@ TEST(DeletePage, AnsweredNoChangesNothing)
     EXPECT_EQ(station.Session.CurrentParams.PageCount, 2);
 }
 
+TEST(DeletePage, AnAnswerGoesToThePageItWasAskedForOnly)
+{
+    PagedStation station(3);
+    const QStringList badge = station.Stored("Badge");
+    station.Open(2);
+    const std::function<void()> meanwhile[] = {
+        // A macro has printed the record and closed its last layout.
+        [&] { CloseLayout(station.Session); },
+        [&] { station.Open(3); },
+        [&] { ASSERT_TRUE(LoadLayout(station.Session, QStringLiteral("Visitor"))); },
+    };
+    for (const auto& happens : meanwhile) {
+        station.Open(2);
+        station.Operator.WhileAsked = happens;
+        station.Operator.Answers = {true};
+        EXPECT_FALSE(DeletePage(station.Session));
+        EXPECT_EQ(station.Stored("Badge"), badge);
+        EXPECT_EQ(station.Stored("Visitor").size(), 3);
+        EXPECT_EQ(station.StoredParameterPages().size(), 3);
+    }
+}
+
+TEST(DeletePage, APageReloadedWhileItAsksIsTheSamePage)
+{
+    PagedStation station(3);
+    station.Open(2);
+    station.Operator.WhileAsked = [&] { station.Open(2); };
+    station.Operator.Answers = {true};
+    EXPECT_TRUE(DeletePage(station.Session));
+    EXPECT_EQ(station.Stored("Badge").size(), 2);
+}
+
+TEST(DeletePage, OnlyThePageItAskedToClearIsCleared)
+{
+    PagedStation station(1);
+    station.Operator.WhileAsked = [&] {
+        ASSERT_TRUE(LoadLayout(station.Session, QStringLiteral("Visitor")));
+    };
+    station.Operator.Answers = {true};
+    EXPECT_TRUE(DeletePage(station.Session));
+    EXPECT_EQ(station.Text(), QStringLiteral("Visitor 1"));
+}
+
 TEST(DeletePage, TheOnlyPageIsClearedOnTheFormInstead)
 {
     PagedStation station(1);

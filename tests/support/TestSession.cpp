@@ -32,6 +32,7 @@ bool TestOperator::ShowAppMessage(const QString& text, const QString& title,
                                   AppMessageButtons buttons)
 {
     AppMessages.append(TitleAndText(title, text));
+    WhileAsked();
     return buttons == AppMessageButtons::OkOnly || TakeAnswer(Answers);
 }
 
@@ -44,6 +45,7 @@ void TestOperator::MessageBox(const QString& text, const QString& title, BoxIcon
 bool TestOperator::AskYesNo(const QString& text, const QString& title)
 {
     Questions.append(TitleAndText(title, text));
+    WhileAsked();
     return TakeAnswer(Answers);
 }
 
