@@ -1,6 +1,6 @@
 #include "layout/DeleteLayout.h"
-#include "app/MainRuntime.h"
 #include "app/Session.h"
+#include "layout/LoadLayout.h"
 #include "layout/StoreStatements.h"
 #include "platform/Recordset.h"
 #include "platform/Skip.h"
@@ -21,17 +21,11 @@ void DeleteRows(Session& session, const QString& statement)
 
 void DeleteLayoutRows(Session& session, const QString& layoutName)
 {
-    LayoutParamsRecord& params = session.CurrentParams;
-    session.Face.SetCaption(PlainCaption());
-    params.Encode = false;
-    params.Track1.clear();
-    params.Track2.clear();
-    params.Track3.clear();
-    ResetBackImages(params);
-    Skip("delete objects", [&] { DeleteRows(session, ObjectsOfLayout(layoutName)); });
-    Skip("delete parameters", [&] { DeleteRows(session, ParamsOfLayout(layoutName)); });
-    session.CurrentLayoutName.clear();
-    session.Document.Unload();
+    // A copy: the close empties the open layout's name.
+    const QString name = layoutName;
+    CloseLayout(session);
+    Skip("delete objects", [&] { DeleteRows(session, ObjectsOfLayout(name)); });
+    Skip("delete parameters", [&] { DeleteRows(session, ParamsOfLayout(name)); });
 }
 
 } // namespace vantrel

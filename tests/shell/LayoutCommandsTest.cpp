@@ -1,3 +1,5 @@
+#include "capture/Pipeline.h"
+#include "layout/DeleteLayout.h"
 #include "layout/LoadLayout.h"
 #include "platform/Recordset.h"
 #include "shell/Commands.h"
@@ -93,6 +95,29 @@ TEST_F(LayoutCommandTest, ALayoutOfADeletedNameInheritsItsSerializer)
     Station.Operator.Inputs = {QStringLiteral("Badge")};
     NewCommand(Session);
     EXPECT_EQ(CountRows(Session, "Serializer", Session.CurrentLayoutName), 1);
+}
+
+TEST_F(LayoutCommandTest, AfterADeleteNoLayoutIsOpenAndARecordPrintsNothing)
+{
+    Session.CurrentParams.PrinterType = PrinterTypeCode::Serialized;
+    Session.CurrentParams.LayoutOpen = true;
+    Session.CurrentParams.PageIndex = 2;
+    Session.CurrentParams.PageCount = 3;
+    Station.Operator.Answers = {true};
+    DeleteLayoutCommand(Session);
+    EXPECT_FALSE(Session.CurrentParams.LayoutOpen);
+    EXPECT_FALSE(Session.CurrentParams.AutoSpool);
+    EXPECT_EQ(Session.CurrentParams.PageIndex, 1);
+    EXPECT_EQ(Session.CurrentParams.PageCount, 1);
+    Station.Printers.Operations.clear();
+    ProcessStream(Session, QStringLiteral("<Anna>"));
+    EXPECT_EQ(Station.Printers.Operations, QStringList());
+}
+
+TEST_F(LayoutCommandTest, TheDeletedLayoutMayBeNamedByTheSessionItself)
+{
+    DeleteLayoutRows(Session, Session.CurrentLayoutName);
+    EXPECT_EQ(CountRows(Session, "Controls", QStringLiteral("Badge")), 0);
 }
 
 TEST_F(LayoutCommandTest, WithoutALayoutNothingIsAsked)
