@@ -65,10 +65,12 @@ void frmDocument::Mirror()
 {
     m_mirrorAsked = false;
     const CardDocument& document = m_session.Document;
-    if (!document.IsLoaded() || !document.IsShown()) {
-        // A drag does not outlive its page.
+    if (document.Drag.Mode == DragMode::None) {
+        // The document a drag was on may have gone, and another may have come since.
         m_band.reset();
         m_confined = false;
+    }
+    if (!document.IsLoaded() || !document.IsShown()) {
         hide();
         return;
     }

@@ -36,6 +36,13 @@ MouseButton ButtonOf(Qt::MouseButton button)
     return button == Qt::RightButton ? MouseButton::Right : MouseButton::Other;
 }
 
+/// Other keys that a platform reports with a press, such as that of the desktop, are none.
+ShiftState ShiftStateOf(Qt::KeyboardModifiers keys)
+{
+    const bool held = keys & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    return held ? ShiftState::Held : ShiftState::None;
+}
+
 /// The outline of a text, and of a picture that is still to come, show on the screen only.
 void PaintOutline(QPainter& painter, const CardObject& object, const QRect& box)
 {
@@ -127,9 +134,12 @@ void frmDocument::mousePressEvent(QMouseEvent* event)
 {
     TakeCursor(*event);
     const MouseButton button = ButtonOf(event->button());
-    const auto shift = event->modifiers() == Qt::NoModifier ? ShiftState::None : ShiftState::Held;
+    const ShiftState shift = ShiftStateOf(event->modifiers());
     m_objectHasMouse = false;
-    if (const CardObject* grip = GripAt(event->position())) {
+    if (m_session.Document.Drag.Mode != DragMode::None) {
+        // A drag keeps the mouse with the form, whatever is under the pointer.
+        PressForm(m_session);
+    } else if (const CardObject* grip = GripAt(event->position())) {
         PressHandle(m_session, *this, grip->Index());
     } else if (CardObject* object = ObjectAt(event->position())) {
         PressObject(m_session, *this, *object, button, shift);

@@ -1,108 +1,14 @@
-#include "app/DesktopUpDown.h"
-#include "app/ScreenUnits.h"
-#include "desktop/DesktopStation.h"
+#include "desktop/Designer.h"
 #include "layout/LoadLayout.h"
-#include "layout/frmDocument.h"
-#include "layout/frmNav.h"
-#include "layout/frmSize.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
-#include <QApplication>
-#include <QKeyEvent>
-#include <QLineEdit>
+#include <QAction>
+#include <QCoreApplication>
 #include <QMenu>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QTimer>
-#include <QToolButton>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
 namespace {
-
-/// A station with the designer on the screen: a text, a field and a number on one page.
-class Designer : public DesktopStation
-{
-public:
-    Designer()
-    {
-        WithLayout();
-        AddNumber(Session, 7, {1500, 400, 300, 1500});
-        SavePage(Session);
-        EXPECT_TRUE(LoadLayout(Session, QStringLiteral("Badge")));
-        Load();
-        Form = &Get<frmDocument>("frmDocument");
-        EXPECT_TRUE(EventsUntil([&] { return Form->isVisible(); }));
-    }
-
-    /// The point of the window at that place on the card, in twips.
-    QPoint At(int left, int top) const
-    {
-        return Form->CardRect().topLeft() + QPoint(ScreenPixels(left), ScreenPixels(top));
-    }
-    void Send(QEvent::Type type, QPoint point, Qt::MouseButton button = Qt::LeftButton,
-              Qt::KeyboardModifiers keys = Qt::NoModifier)
-    {
-        if (type == QEvent::MouseButtonPress)
-            m_held = button;
-        else if (type == QEvent::MouseButtonRelease)
-            m_held = Qt::NoButton;
-        const Qt::MouseButton of = type == QEvent::MouseMove ? Qt::NoButton : button;
-        QMouseEvent event(type, point, Form->mapToGlobal(point), of, m_held, keys);
-        QApplication::sendEvent(Form, &event);
-    }
-    void Press(QPoint point, Qt::MouseButton button = Qt::LeftButton,
-               Qt::KeyboardModifiers keys = Qt::NoModifier)
-    {
-        Send(QEvent::MouseButtonPress, point, button, keys);
-    }
-    void Move(QPoint point) { Send(QEvent::MouseMove, point); }
-    void Release(QPoint point, Qt::MouseButton button = Qt::LeftButton)
-    {
-        Send(QEvent::MouseButtonRelease, point, button);
-    }
-    void Drag(QPoint from, QPoint to)
-    {
-        Press(from);
-        Move((from + to) / 2);
-        Move(to);
-        Release(to);
-    }
-    void Click(QPoint point)
-    {
-        Press(point);
-        Release(point);
-    }
-    CardObject& Object(Family family) { return *Session.Document.Find(family, 1); }
-    QPoint Grip(int index)
-    {
-        const CardObject& grip = *Session.Document.Find(Family::picHandle, index);
-        return At(static_cast<int>(grip.Left) + 37, static_cast<int>(grip.Top) + 37);
-    }
-    bool Selected() const { return Session.Document.SelectedObject != nullptr; }
-    /// Name of the menu that stands open, which is then closed.
-    static QString TakePopUp()
-    {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        const QString name = menu == nullptr ? QString() : menu->objectName();
-        if (menu != nullptr)
-            menu->close();
-        return name;
-    }
-
-    frmDocument* Form;
-
-private:
-    Qt::MouseButton m_held = Qt::NoButton;
-};
-
-void ExpectBox(const CardObject& object, float left, float top, float width, float height)
-{
-    EXPECT_EQ(object.Left, left);
-    EXPECT_EQ(object.Top, top);
-    EXPECT_EQ(object.Width, width);
-    EXPECT_EQ(object.Height, height);
-}
 
 TEST(Designer, TheMouseMovesAnObject)
 {
@@ -237,119 +143,63 @@ TEST(Designer, ARecordInTheMiddleOfADragEndsItWithoutHarm)
     EXPECT_FALSE(designer.Selected());
 }
 
-TEST(SizeDialog, StepsTheObjectByOneTwip)
+TEST(Designer, AnotherButtonPressedInADragGoesToTheForm)
 {
     Designer designer;
-    designer.Click(designer.At(600, 375));
-    EXPECT_TRUE(EventsUntil(
-        [&] { return designer.Get<QMenu>("mnuProperties").menuAction()->isEnabled(); }));
-    designer.Choose("cmdSize");
-    auto& dialog = designer.Get<frmSize>("frmSize");
-    EXPECT_EQ(dialog.windowTitle(), QStringLiteral(" Adjust Size"));
-    EXPECT_EQ(dialog.pos(), QPoint(ScreenPixels(2000), ScreenPixels(3000)));
-    const CardObject& text = designer.Object(Family::lbl_TEXT);
-    const auto arrow = [&](const char* name) -> DesktopUpDown& {
-        return designer.Named<DesktopUpDown>(dialog, name);
-    };
-    arrow("udTop").UpButton().click();
-    arrow("udLeft").DownButton().click();
-    arrow("udHeight").UpButton().click();
-    arrow("udWidth").DownButton().click();
-    ExpectBox(text, 404, 301, 1499, 301);
-    designer.Named<QLineEdit>(dialog, "txtTop").setText(QStringLiteral("500"));
-    EXPECT_EQ(text.Top, 301);
-    arrow("udLeft").UpButton().click();
-    EXPECT_EQ(text.Top, 500);
-    const QPointer<frmSize> open(&dialog);
-    designer.Press(designer.At(600, 975));
-    EXPECT_TRUE(EventsUntil([&] { return open.isNull(); }));
-    designer.Release(designer.At(600, 975));
+    for (const QPoint second : {designer.At(600, 375), designer.At(600, 975)}) {
+        designer.Press(designer.At(600, 375));
+        designer.Press(second, Qt::RightButton);
+        EXPECT_FALSE(designer.Selected());
+        EXPECT_EQ(Designer::TakePopUp(), QString());
+        designer.Release(second, Qt::RightButton);
+        EXPECT_EQ(Designer::TakePopUp(), QStringLiteral("mnuData"));
+        designer.Release(designer.At(600, 375));
+        EXPECT_EQ(designer.Session.Document.Drag.Mode, DragMode::None);
+        ExpectBox(designer.Object(Family::lbl_TEXT), 400, 300, 1500, 300);
+        ExpectBox(designer.Object(Family::lbl_DATA), 400, 900, 1500, 300);
+    }
 }
 
-TEST(SizeDialog, TheArrowKeysStepTheFieldTheyArePressedIn)
+TEST(Designer, ADragWhoseReleaseWasLostEndsWithTheNextClick)
 {
     Designer designer;
-    designer.Click(designer.At(600, 375));
-    EXPECT_TRUE(EventsUntil(
-        [&] { return designer.Get<QMenu>("mnuProperties").menuAction()->isEnabled(); }));
-    designer.Choose("cmdSize");
-    auto& dialog = designer.Get<frmSize>("frmSize");
-    const CardObject& text = designer.Object(Family::lbl_TEXT);
-    const float width = text.Width;
-    const auto press = [&](const char* field, Qt::Key key) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QApplication::sendEvent(&designer.Named<QLineEdit>(dialog, field), &event);
-    };
-    press("txtWidth", Qt::Key_Up);
-    press("txtWidth", Qt::Key_Up);
-    press("txtTop", Qt::Key_Down);
-    press("txtTop", Qt::Key_Left);
-    EXPECT_EQ(text.Width, width + 2);
-    EXPECT_EQ(text.Top, 299);
+    designer.Press(designer.At(600, 375));
+    // A message box has taken the release.
+    designer.Click(designer.At(600, 975));
+    EXPECT_EQ(designer.Session.Document.Drag.Mode, DragMode::None);
+    ExpectBox(designer.Object(Family::lbl_TEXT), 400, 300, 1500, 300);
+    ExpectBox(designer.Object(Family::lbl_DATA), 400, 900, 1500, 300);
+    designer.Drag(designer.At(600, 375), designer.At(900, 825));
+    ExpectBox(designer.Object(Family::lbl_TEXT), 705, 750, 1500, 300);
 }
 
-TEST(SizeDialog, APressOnAGripClosesIt)
+TEST(Designer, OnlyShiftControlAndAltAreAShiftState)
 {
     Designer designer;
-    designer.Click(designer.At(600, 375));
-    EXPECT_TRUE(EventsUntil(
-        [&] { return designer.Get<QMenu>("mnuProperties").menuAction()->isEnabled(); }));
-    designer.Choose("cmdSize");
-    const QPointer<frmSize> open(&designer.Get<frmSize>("frmSize"));
-    designer.Click(designer.Grip(4));
-    EXPECT_TRUE(EventsUntil([&] { return open.isNull(); }));
+    for (const auto key : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
+        designer.Press(designer.At(600, 375), Qt::LeftButton, key);
+        designer.Release(designer.At(600, 375));
+        EXPECT_FALSE(designer.Selected()) << key;
+    }
+    for (const auto key : {Qt::MetaModifier, Qt::KeypadModifier, Qt::GroupSwitchModifier}) {
+        designer.Press(designer.At(600, 375), Qt::LeftButton, key);
+        designer.Release(designer.At(600, 375));
+        EXPECT_TRUE(designer.Selected()) << key;
+        designer.Click(designer.At(2500, 4000));
+    }
 }
 
-TEST(DesignerNavigator, MakesAndDeletesPages)
+TEST(Designer, ABandDoesNotOutliveItsDocument)
 {
     Designer designer;
-    EXPECT_TRUE(EventsUntil([&] { return designer.Get<QToolButton>("cmdNewPage").isEnabled(); }));
-    designer.DesktopStation::Press("cmdNewPage");
-    EXPECT_EQ(designer.Session.CurrentParams.PageIndex, 2);
-    designer.Choose("cmdNewText");
-    designer.DesktopStation::Press("cmdSave");
-    designer.Operator.Answers = {true};
-    designer.DesktopStation::Press("cmdDelete");
-    EXPECT_EQ(designer.Session.CurrentParams.PageIndex, 1);
-    EXPECT_EQ(designer.Session.CurrentParams.PageCount, 1);
-    EXPECT_EQ(designer.Get<QLabel>("SB3").text(), QStringLiteral("Layout (Badge) Page 1 of 1"));
-}
-
-TEST(DesignerNavigator, TheMenuReachesTheSamePages)
-{
-    Designer designer;
-    EXPECT_TRUE(EventsUntil([&] { return designer.Get<QAction>("cmdNewPage").isEnabled(); }));
-    designer.Choose("cmdNewPage");
-    EXPECT_EQ(designer.Session.CurrentParams.PageCount, 2);
-    designer.Operator.Answers = {true};
-    designer.Choose("cmdDeletePage");
-    EXPECT_EQ(designer.Session.CurrentParams.PageCount, 1);
-}
-
-TEST(DesignerNavigator, ComesToTheFrontUnderThePointer)
-{
-    Designer designer;
-    auto& nav = designer.Get<frmNav>("frmNav");
-    auto& workspace = *nav.parentWidget();
-    auto* cover = new QWidget(&workspace);
-    cover->setGeometry(nav.geometry());
-    cover->show();
-    cover->raise();
-    const QPoint inside = nav.geometry().center();
-    EXPECT_EQ(workspace.childAt(inside), cover);
-    QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
-    QApplication::sendEvent(&nav, &enter);
-    EXPECT_NE(workspace.childAt(inside), cover);
-}
-
-TEST(DesignerNavigator, KeepsItsPlaceInFront)
-{
-    Designer designer;
-    const auto& nav = designer.Get<frmNav>("frmNav");
-    EXPECT_EQ(nav.x(), designer.Window.width() - ScreenPixels(1650));
-    EXPECT_EQ(nav.y(), ScreenPixels(200));
-    designer.Window.resize(900, 600);
-    EXPECT_TRUE(EventsUntil([&] { return nav.x() == 900 - ScreenPixels(1650); }));
+    const QImage before = designer.Form->grab().toImage();
+    designer.Press(designer.At(600, 375));
+    designer.Move(designer.At(1500, 2500));
+    // Both before the window has looked at either.
+    CloseLayout(designer.Session);
+    ASSERT_TRUE(LoadLayout(designer.Session, QStringLiteral("Badge")));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(designer.Form->grab().toImage(), before);
 }
 
 // What an operator does from an empty station to a printed card, by menus and mouse alone.

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "app/ScreenUnits.h"
+#include "desktop/DesktopStation.h"
+#include "layout/CardObject.h"
+#include "layout/frmDocument.h"
+#include <QEvent>
+
+namespace vantrel::test {
+
+/// A station with the designer on the screen: a text, a field and a number on one page.
+class Designer : public DesktopStation
+{
+public:
+    Designer();
+
+    /// The point of the window at that place on the card, in twips.
+    QPoint At(int left, int top) const
+    {
+        return Form->CardRect().topLeft() + QPoint(ScreenPixels(left), ScreenPixels(top));
+    }
+    void Press(QPoint point, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers keys = Qt::NoModifier)
+    {
+        Send(QEvent::MouseButtonPress, point, button, keys);
+    }
+    void Move(QPoint point) { Send(QEvent::MouseMove, point); }
+    void Release(QPoint point, Qt::MouseButton button = Qt::LeftButton)
+    {
+        Send(QEvent::MouseButtonRelease, point, button);
+    }
+    void Drag(QPoint from, QPoint to);
+    void Click(QPoint point)
+    {
+        Press(point);
+        Release(point);
+    }
+    CardObject& Object(Family family) { return *Session.Document.Find(family, 1); }
+    /// The middle of a grip.
+    QPoint Grip(int index) const;
+    bool Selected() const { return Session.Document.SelectedObject != nullptr; }
+    /// Name of the menu that stands open, which is then closed.
+    static QString TakePopUp();
+
+    frmDocument* Form;
+
+private:
+    void Send(QEvent::Type type, QPoint point, Qt::MouseButton button = Qt::LeftButton,
+              Qt::KeyboardModifiers keys = Qt::NoModifier);
+
+    Qt::MouseButton m_held = Qt::NoButton;
+};
+
+void ExpectBox(const CardObject& object, float left, float top, float width, float height);
+
+} // namespace vantrel::test
