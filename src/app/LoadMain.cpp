@@ -17,8 +17,7 @@ void ReopenLastLayout(Session& session)
     const QString lastLayout = session.Settings.LastLayout;
     if (lastLayout.isEmpty())
         return;
-    session.CurrentParams.PageIndex = 1;
-    if (!LoadLayout(session, lastLayout))
+    if (!LoadFirstPage(session, lastLayout))
         return;
     if (session.Settings.MainVisible)
         session.Document.Show();

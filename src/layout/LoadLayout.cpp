@@ -67,4 +67,10 @@ bool LoadLayout(Session& session, const QString& layoutName)
     return true;
 }
 
+bool LoadFirstPage(Session& session, const QString& layoutName)
+{
+    session.CurrentParams.PageIndex = 1;
+    return LoadLayout(session, layoutName);
+}
+
 } // namespace vantrel

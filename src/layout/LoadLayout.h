@@ -14,6 +14,9 @@ bool DoesLayoutExist(Session& session, const QString& layoutName);
 /// parameters and back image. A failing step is passed over.
 /// @return false, with the old objects in place, where no such layout exists
 bool LoadLayout(Session& session, const QString& layoutName);
+/// The same with the layout's first page. A page left over from another layout may have no
+/// parameters in this one: it would go by the printer and the copies of that other layout.
+bool LoadFirstPage(Session& session, const QString& layoutName);
 
 /// Empties the form and resets the back images; the two differ in the order of that only.
 void ClearDoc(Session& session);

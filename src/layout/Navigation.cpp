@@ -69,8 +69,7 @@ QStringList LayoutNames(Session& session)
 void OpenLayout(Session& session, const QString& layoutName)
 {
     const BusyPointer busy(session.Operator);
-    session.CurrentParams.PageIndex = 1;
-    LoadLayout(session, layoutName);
+    LoadFirstPage(session, layoutName);
     EnsureDocument(session);
     session.Document.Show();
     session.Face.SetCaption(CaptionWithLayout(session, PlainCaption()));

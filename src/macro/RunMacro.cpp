@@ -45,7 +45,7 @@ QStringList LayoutsOfMacro(Session& session, std::int32_t id)
 void PrintOnLayout(Session& session, const QString& layoutName)
 {
     qCDebug(macroLog).noquote() << "Macro Engine Layout =" << layoutName;
-    Skip("load", [&] { LoadLayout(session, layoutName); });
+    Skip("load", [&] { LoadFirstPage(session, layoutName); });
     Skip("field application", [&] { ReapplyFieldValues(session); });
     Skip("card", [&] { PrintCard(session); });
     Skip("close", [&] { CloseLayout(session); });

@@ -29,7 +29,7 @@ void CloseWithoutSaving(Session& session)
 
 void PrintOnLayout(Session& session, const QString& rawData, const QString& layout)
 {
-    Skip("load", [&] { LoadLayout(session, layout); });
+    Skip("load", [&] { LoadFirstPage(session, layout); });
     session.Document.Refresh();
     session.Operator.LetEventsRun();
     ProcessStream(session, rawData);

@@ -82,6 +82,20 @@ TEST_F(MacroStation, EachLayoutPrintsItsPagesAndCopies)
     EXPECT_EQ(Printed(), card + card + Cards({QStringLiteral("A one")}));
 }
 
+TEST_F(MacroStation, TheFirstLayoutGoesByItsOwnPrinterWhateverPageWasOpen)
+{
+    BeginCard(QStringLiteral("Two"));
+    Session.CurrentParams.PrinterCopies = 3;
+    SavePage(Session);
+    BeginPage(Session, 2);
+    AddText(Session, QStringLiteral("behind"));
+    SavePage(Session);
+    Station.Printers.Operations.clear();
+    DefineMacro(Macro, {QStringLiteral("A"), QStringLiteral("B")});
+    RunMacro(Session, Macro);
+    EXPECT_EQ(Printed(), Cards({QStringLiteral("A one"), QStringLiteral("B one")}));
+}
+
 TEST_F(MacroStation, AnUnknownNamePrintsNothingAndClosesNothing)
 {
     DefineMacro(Macro, {QStringLiteral("A")});

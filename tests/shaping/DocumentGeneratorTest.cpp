@@ -1,6 +1,8 @@
 #include "shaping/DocumentGenerator.h"
 #include "capture/BufferedRecord.h"
 #include "layout/LoadLayout.h"
+#include "macro/MacroChoice.h"
+#include "macro/MacroTable.h"
 #include "support/Layouts.h"
 #include <gtest/gtest.h>
 
@@ -126,6 +128,17 @@ TEST(RecordList, ClearHidesTheRecordsAndANewOneShows)
               QStringList{QStringLiteral("Bert")});
 }
 
+TEST(RecordList, ClearingAnEmptyQueueHidesNoLaterRecord)
+{
+    GeneratorStation station;
+    RecordList list(station.Session);
+    list.Clear();
+    EXPECT_FALSE(list.LookForRecords());
+    station.Keep("<Anna>");
+    EXPECT_TRUE(list.LookForRecords());
+    EXPECT_EQ(GeneratorStation::Texts(list), QStringList{QStringLiteral("Anna")});
+}
+
 TEST(PrintOnLayouts, PrintsTheRecordOnEachAndLeavesNoneOpen)
 {
     GeneratorStation station;
@@ -143,9 +156,28 @@ TEST(PrintOnLayouts, PrintsTheRecordOnEachAndLeavesNoneOpen)
 TEST(PrintOnLayouts, RunsNoMacro)
 {
     GeneratorStation station;
-    station.Session.Settings.ActiveMacro = QStringLiteral("Chain");
+    const QString macro = QStringLiteral("Chain");
+    AddMacro(station.Session.LayoutDb, macro);
+    SaveActiveMacro(station.Session, {1, macro}, {QStringLiteral("B")});
     PrintOnLayouts(station.Session, QStringLiteral("<Anna>"), {QStringLiteral("A")});
-    EXPECT_EQ(station.Printers.Operations.count(QStringLiteral("EndDoc")), 1);
+    EXPECT_EQ(station.Printed(),
+              (QStringList{QStringLiteral("Print(\"A\")"), QStringLiteral("Print(\"Anna\")")}));
+}
+
+TEST(PrintOnLayouts, GoesByTheLayoutsOwnRulesWhateverPageWasOpen)
+{
+    GeneratorStation station;
+    BeginLayout(station.Session, QStringLiteral("Manual"));
+    station.Session.CurrentParams.AutoSpool = false;
+    AddText(station.Session, QStringLiteral("front"));
+    SavePage(station.Session);
+    BeginPage(station.Session, 2);
+    AddText(station.Session, QStringLiteral("behind"));
+    SavePage(station.Session);
+    station.Printers.Operations.clear();
+    PrintOnLayouts(station.Session, QStringLiteral("<Anna>"), {QStringLiteral("A")});
+    EXPECT_EQ(station.Printed(),
+              (QStringList{QStringLiteral("Print(\"A\")"), QStringLiteral("Print(\"Anna\")")}));
 }
 
 TEST(PrintOnLayouts, ALayoutThatIsGoneIsPassedOver)
