@@ -1,5 +1,7 @@
 #include "shaping/CardSequence.h"
 #include "capture/Pipeline.h"
+#include "macro/MacroChoice.h"
+#include "macro/MacroTable.h"
 #include "platform/Failure.h"
 #include "support/FailureOf.h"
 #include "support/Layouts.h"
@@ -153,7 +155,9 @@ TEST(CardSequence, PrintsACardOfEachNumberAndRunsNoMacro)
     AddField(station.Session, 1);
     SavePage(station.Session);
     station.Session.CurrentParams.LayoutOpen = true;
-    station.Session.Settings.ActiveMacro = QStringLiteral("Chain");
+    const QString macro = QStringLiteral("Chain");
+    AddMacro(station.Session.LayoutDb, macro);
+    SaveActiveMacro(station.Session, {1, macro}, {QStringLiteral("Badge")});
     station.Printers.Operations.clear();
     RunSequence(station.Session, Numbers("7", "9"), [](double, double) { return true; });
     EXPECT_EQ(station.Printers.Only({QStringLiteral("Print(\"7"), QStringLiteral("Print(\"8"),
