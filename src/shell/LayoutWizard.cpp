@@ -13,6 +13,7 @@ namespace vantrel {
 namespace {
 
 constexpr int MostPrinters = 100;
+constexpr std::size_t MostKinds = 99;
 
 /// Where field n stands: n times the step from the top. Twips.
 constexpr std::int32_t FieldStep = 320;
@@ -122,7 +123,7 @@ std::vector<WizardPrinterKind> WizardPrinterKinds(Session& session)
     Skip("list printer kinds", [&] {
         Recordset rows(session.LayoutDb);
         rows.Open(QStringLiteral("SELECT [DeviceType], [Name] FROM [PrinterTypes]"));
-        for (; !rows.IsEof(); rows.MoveNext()) {
+        for (; !rows.IsEof() && kinds.size() < MostKinds; rows.MoveNext()) {
             kinds.push_back({JoinedText(rows.Value(QStringLiteral("Name"))),
                              JoinedText(rows.Value(QStringLiteral("DeviceType")))});
         }

@@ -79,7 +79,7 @@ struct WizardPrinterKind
 
 /// At most the first 100 of the machine's printers.
 QStringList WizardPrinters(Session& session);
-/// The kinds in the order of the store. A failing read gives those read so far.
+/// At most the first 99 kinds, in the order of the store. A failing read gives those read so far.
 std::vector<WizardPrinterKind> WizardPrinterKinds(Session& session);
 
 /// Replaces the open document by the new layout, tells the operator to send data, and writes the

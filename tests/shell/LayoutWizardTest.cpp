@@ -224,6 +224,19 @@ TEST(LayoutWizard, ListsAtMostAHundredPrinters)
     EXPECT_EQ(WizardPrinters(station.Session), names.mid(0, 100));
 }
 
+TEST(LayoutWizard, ListsAtMostNinetyNineKinds)
+{
+    WizardStation station;
+    Recordset rows(station.Session.LayoutDb);
+    rows.Open(QStringLiteral("SELECT * FROM [PrinterTypes]"), CursorLock::Optimistic);
+    for (int number = 1; number <= 120; ++number) {
+        rows.AddNew();
+        rows.SetValue(QStringLiteral("DeviceType"), number);
+        rows.Update();
+    }
+    EXPECT_EQ(WizardPrinterKinds(station.Session).size(), 99U);
+}
+
 TEST(LayoutWizard, ListsTheKindsOfTheStore)
 {
     WizardStation station;
