@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <algorithm>
 
 namespace vantrel {
 
@@ -11,6 +12,8 @@ namespace {
 
 constexpr int KeyRole = Qt::UserRole;
 constexpr int ColumnMargin = 24;
+/// The longest text the tree is widened for: a node may hold a value of any length.
+constexpr int MostCharacters = 40;
 
 QString KeyOf(const QTreeWidgetItem& node)
 {
@@ -59,7 +62,8 @@ void DesktopElementTree::SetNodes(const std::vector<ElementNode>& nodes)
         item->setIcon(0, IconOf(node.Look, *this, pictures));
     }
     setIconSize(pictures);
-    setMinimumWidth(sizeHintForColumn(0) + ColumnMargin);
+    const int widest = pictures.width() + MostCharacters * fontMetrics().averageCharWidth();
+    setMinimumWidth(std::min(sizeHintForColumn(0), widest) + ColumnMargin);
 }
 
 QMimeData* DesktopElementTree::mimeData(const QList<QTreeWidgetItem*>& items) const

@@ -193,6 +193,28 @@ TEST_F(SerializerWindow, ClearAndCancelStoreNothing)
     EXPECT_EQ(BuildSerializerPattern(Session), QStringLiteral(" <"));
 }
 
+TEST_F(SerializerWindow, ALongValueDoesNotWidenIt)
+{
+    const int width = Dialog->width();
+    const int room = Hand->Tree().minimumWidth();
+    Press("cmdExit");
+    SetRecord(Session, {QString(20000, QLatin1Char('W'))});
+    Open();
+    QApplication::processEvents();
+    EXPECT_EQ(Dialog->width(), width);
+    EXPECT_LE(Hand->Tree().minimumWidth(), 2 * room);
+}
+
+TEST_F(SerializerWindow, AFilterOfControlCharactersStaysWhereItIsSavedUnchanged)
+{
+    Get<QLineEdit>("txtFilter").setText(QStringLiteral("[D][A][9]-"));
+    Press("cmdSave");
+    EXPECT_EQ(Session.CurrentParams.Filter, QStringLiteral("\r\n\t-"));
+    Open();
+    Press("cmdSave");
+    EXPECT_EQ(Session.CurrentParams.Filter, QStringLiteral("\r\n\t-"));
+}
+
 TEST_F(SerializerWindow, ThePreviewFollowsTheRecordAndRaisesNoNumber)
 {
     CardObject& number = AddNumber(Session, 5);
