@@ -1,12 +1,10 @@
 #include "macro/frmMacro.h"
 #include "app/DesktopControls.h"
-#include "layout/Navigation.h"
-#include "platform/Skip.h"
+#include "layout/DesktopLayoutList.h"
 #include <QEvent>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -24,13 +22,13 @@ constexpr QSize LargestSize{900, 600};
 } // namespace
 
 frmMacro::frmMacro(Session& session, QWidget* parent)
-    : QDialog(parent), m_session(session), m_layouts(MakeControl<QListWidget>("lstLayouts", this)),
+    : QDialog(parent), m_session(session),
+      m_layouts(MakeControl<DesktopLayoutList>("lstLayouts", session, this)),
       m_macros(MakeControl<QTreeWidget>("lstMacros", this))
 {
     setObjectName(QStringLiteral("frmMacro"));
     setWindowTitle(QStringLiteral("Define Macros"));
     MakeControls();
-    FillLayouts();
     FillMacros();
     ShowMarks();
     resize(sizeHint().expandedTo(FirstSize).boundedTo(LargestSize));
@@ -64,7 +62,7 @@ void frmMacro::MakeControls()
     // A click on the row that is selected reads its marks anew.
     connect(m_macros, &QTreeWidget::itemClicked, this, &frmMacro::ShowMarks);
     connect(save, &QPushButton::clicked, this, [this] {
-        SaveActiveMacro(m_session, SelectedMacro(), MarkedLayouts());
+        SaveActiveMacro(m_session, SelectedMacro(), m_layouts->Marked());
         QDialog::close();
     });
     connect(close, &QPushButton::clicked, this, &QDialog::close);
@@ -83,16 +81,6 @@ void frmMacro::MakeControls()
     setTabOrder(m_macros, m_layouts);
     setTabOrder(m_layouts, save);
     setTabOrder(save, close);
-}
-
-void frmMacro::FillLayouts()
-{
-    QStringList names;
-    Skip("layouts", [&] { names = LayoutNames(m_session); });
-    for (const QString& name : std::as_const(names)) {
-        auto* row = new QListWidgetItem(name, m_layouts);
-        row->setCheckState(Qt::Unchecked);
-    }
 }
 
 void frmMacro::FillMacros()
@@ -130,21 +118,7 @@ MacroRow frmMacro::SelectedMacro() const
 
 void frmMacro::ShowMarks()
 {
-    const QStringList layouts = LayoutsGivenTo(m_session, SelectedMacro().Id);
-    for (int row = 0; row < m_layouts->count(); ++row) {
-        QListWidgetItem* item = m_layouts->item(row);
-        item->setCheckState(layouts.contains(item->text()) ? Qt::Checked : Qt::Unchecked);
-    }
-}
-
-QStringList frmMacro::MarkedLayouts() const
-{
-    QStringList marked;
-    for (int row = 0; row < m_layouts->count(); ++row) {
-        if (m_layouts->item(row)->checkState() == Qt::Checked)
-            marked.append(m_layouts->item(row)->text());
-    }
-    return marked;
+    m_layouts->SetMarked(LayoutsGivenTo(m_session, SelectedMacro().Id));
 }
 
 } // namespace vantrel

@@ -3,10 +3,11 @@
 #include "macro/MacroChoice.h"
 #include <QDialog>
 
-class QListWidget;
 class QTreeWidget;
 
 namespace vantrel {
+
+class DesktopLayoutList;
 
 /// Gives a macro its layouts and picks the macro that records run. It stands open without blocking
 /// the station.
@@ -23,16 +24,14 @@ protected:
 
 private:
     void MakeControls();
-    void FillLayouts();
     void FillMacros();
     void SelectActive();
     /// The row that turns macros off where none is selected.
     MacroRow SelectedMacro() const;
     void ShowMarks();
-    QStringList MarkedLayouts() const;
 
     Session& m_session;
-    QListWidget* m_layouts;
+    DesktopLayoutList* m_layouts;
     QTreeWidget* m_macros;
 };
 

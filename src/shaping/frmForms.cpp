@@ -1,7 +1,7 @@
 #include "shaping/frmForms.h"
 #include "app/DesktopControls.h"
 #include "app/DesktopUpDown.h"
-#include "layout/Navigation.h"
+#include "layout/DesktopLayoutList.h"
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -22,7 +22,7 @@ frmForms::frmForms(Session& session, QWidget* parent)
     : QDialog(parent), m_session(session), m_records(session),
       m_objects(MakeControl<QListWidget>("tvwObjects", this)),
       m_viewField(MakeControl<QLabel>("lblViewField", this)),
-      m_layouts(MakeControl<QListWidget>("lstLayouts", this))
+      m_layouts(MakeControl<DesktopLayoutList>("lstLayouts", session, this))
 {
     setObjectName(QStringLiteral("frmForms"));
     setWindowTitle(QStringLiteral("Document Generator"));
@@ -78,11 +78,6 @@ QLayout* frmForms::MakeLayouts()
 {
     auto* caption = new QLabel(QStringLiteral("Available Forms / Layouts"), this);
     caption->setBuddy(m_layouts);
-    for (const QString& name : LayoutNames(m_session)) {
-        auto* item = new QListWidgetItem(name, m_layouts);
-        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-        item->setCheckState(Qt::Unchecked);
-    }
     auto* column = new QVBoxLayout;
     column->addWidget(caption);
     column->addWidget(m_layouts, 1);
@@ -91,13 +86,13 @@ QLayout* frmForms::MakeLayouts()
 
 QLayout* frmForms::MakeButtons()
 {
-    auto* print = MakeControl<QPushButton>("cmdPrint", QStringLiteral("&Print"), this);
+    m_print = MakeControl<QPushButton>("cmdPrint", QStringLiteral("&Print"), this);
     auto* clear = MakeControl<QPushButton>("cmdClear", QStringLiteral("C&lear"), this);
     auto* cancel = MakeControl<QPushButton>("cmdCancel", QStringLiteral("Close"), this);
-    print->setDefault(true);
+    m_print->setDefault(true);
     for (QPushButton* other : {clear, cancel})
         other->setAutoDefault(false);
-    connect(print, &QPushButton::clicked, this, &frmForms::Print);
+    connect(m_print, &QPushButton::clicked, this, &frmForms::Print);
     connect(clear, &QPushButton::clicked, this, [this] {
         m_records.Clear();
         ShowRecords();
@@ -106,7 +101,7 @@ QLayout* frmForms::MakeButtons()
     auto* row = new QHBoxLayout;
     row->addWidget(clear);
     row->addStretch();
-    row->addWidget(print);
+    row->addWidget(m_print);
     row->addWidget(cancel);
     return row;
 }
@@ -124,24 +119,18 @@ void frmForms::ShowRecords()
     }
 }
 
-QStringList frmForms::MarkedLayouts() const
-{
-    QStringList marked;
-    for (int row = 0; row < m_layouts->count(); ++row) {
-        if (m_layouts->item(row)->checkState() == Qt::Checked)
-            marked += m_layouts->item(row)->text();
-    }
-    return marked;
-}
-
 void frmForms::Print()
 {
     // The station may close this window while the cards print: they need nothing of it.
     const QPointer<frmForms> self(this);
     const QString chosen = m_chosen;
-    PrintOnLayouts(m_session, chosen, MarkedLayouts());
-    if (!self.isNull())
-        setWindowTitle(QStringLiteral("  Document Generator"));
+    // A second press would come in between, and print every layout again.
+    m_print->setEnabled(false);
+    PrintOnLayouts(m_session, chosen, m_layouts->Marked());
+    if (self.isNull())
+        return;
+    m_print->setEnabled(true);
+    setWindowTitle(QStringLiteral("  Document Generator"));
 }
 
 } // namespace vantrel

@@ -5,8 +5,11 @@
 
 class QLabel;
 class QListWidget;
+class QPushButton;
 
 namespace vantrel {
+
+class DesktopLayoutList;
 
 /// The document generator: the kept records, and the layouts to print one of them on.
 class frmForms : public QDialog
@@ -14,7 +17,6 @@ class frmForms : public QDialog
     Q_OBJECT
 
 public:
-    /// Fails like `LayoutNames`.
     frmForms(Session& session, QWidget* parent);
 
 private:
@@ -22,7 +24,6 @@ private:
     QLayout* MakeLayouts();
     QLayout* MakeButtons();
     void ShowRecords();
-    QStringList MarkedLayouts() const;
     void Print();
 
     Session& m_session;
@@ -31,7 +32,8 @@ private:
     QString m_chosen;
     QListWidget* m_objects;
     QLabel* m_viewField;
-    QListWidget* m_layouts;
+    DesktopLayoutList* m_layouts;
+    QPushButton* m_print;
 };
 
 } // namespace vantrel

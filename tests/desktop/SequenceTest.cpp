@@ -1,4 +1,5 @@
 #include "app/DesktopUpDown.h"
+#include "app/ScreenUnits.h"
 #include "desktop/DesktopStation.h"
 #include "layout/LoadLayout.h"
 #include "shaping/frmForms.h"
@@ -12,6 +13,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -148,6 +150,34 @@ TEST(SequenceWindow, ClosingItEndsTheRunBehindTheCardInHand)
     EXPECT_TRUE(EventsUntil([&] { return window.Window_.isNull(); }));
 }
 
+TEST(SequenceWindow, TheEndOfTheStationEndsTheRunBehindTheCardInHand)
+{
+    SequenceWindow window;
+    window.On<QLineEdit>("txtStart").setText(QStringLiteral("1"));
+    window.On<QLineEdit>("txtEnd").setText(QStringLiteral("100"));
+    window.Operator.WhileEventsRun.emplace_back([] {});
+    window.Operator.WhileEventsRun.emplace_back([&] { window.Window.Unload(); });
+    window.Click("cmdPrint");
+    EXPECT_EQ(window.Printed(), QStringList{QStringLiteral("Print(\"1\")")});
+}
+
+TEST(SequenceWindow, TheArrowsCountOnFromTheDigitsThatWereTyped)
+{
+    SequenceWindow window;
+    auto& digits = window.On<QLineEdit>("txtDigitCount");
+    auto& arrows = window.On<DesktopUpDown>("ccrpUpDown1");
+    digits.selectAll();
+    QTest::keyClicks(&digits, QStringLiteral("12"));
+    arrows.UpButton().click();
+    EXPECT_EQ(digits.text(), QStringLiteral("13"));
+    // What is no count leaves the arrows where they were.
+    digits.selectAll();
+    QTest::keyClicks(&digits, QStringLiteral("x"));
+    EXPECT_EQ(digits.text(), QStringLiteral("x"));
+    arrows.DownButton().click();
+    EXPECT_EQ(digits.text(), QStringLiteral("12"));
+}
+
 class FormsWindow : public StationWithDialog<frmForms>
 {
 public:
@@ -221,6 +251,39 @@ TEST(FormsWindow, NothingMarkedOnlySetsTheCaption)
     EXPECT_EQ(window.Printed(), QStringList());
     EXPECT_EQ(window.Session.CurrentLayoutName, QStringLiteral("Badge"));
     EXPECT_EQ(window.Window_->windowTitle(), QStringLiteral("  Document Generator"));
+}
+
+TEST(FormsWindow, StandsOverTheMainWindow500TwipsAboveItsCentre)
+{
+    FormsWindow window;
+    window.Open();
+    EXPECT_EQ(window.Window_->pos(), window.Window.frameGeometry().center() -
+                                         window.Window_->rect().center() -
+                                         QPoint(0, ScreenPixels(500)));
+}
+
+TEST(FormsWindow, OpensWithoutADatabase)
+{
+    FormsWindow window;
+    window.Keep("<Anna+7>");
+    window.Session.LayoutDb.Close();
+    window.Open();
+    EXPECT_EQ(window.Lines(), QStringList{QStringLiteral("Anna")});
+    EXPECT_EQ(window.On<QListWidget>("lstLayouts").count(), 0);
+}
+
+TEST(FormsWindow, CannotBeToldToPrintAgainWhileItPrints)
+{
+    FormsWindow window;
+    window.Keep("<Anna+7>");
+    window.Open();
+    window.On<QListWidget>("tvwObjects").setCurrentRow(0);
+    window.On<QListWidget>("lstLayouts").item(0)->setCheckState(Qt::Checked);
+    window.Operator.WhileEventsRun.emplace_back(
+        [&] { EXPECT_FALSE(window.On<QPushButton>("cmdPrint").isEnabled()); });
+    window.Click("cmdPrint");
+    EXPECT_TRUE(window.Operator.WhileEventsRun.empty());
+    EXPECT_TRUE(window.On<QPushButton>("cmdPrint").isEnabled());
 }
 
 TEST(FormsWindow, ARecordThatClosesItDoesNoHarm)
