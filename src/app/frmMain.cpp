@@ -11,6 +11,7 @@
 #include "shell/DesktopMenu.h"
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMouseEvent>
@@ -135,6 +136,9 @@ void frmMain::Unload()
                                ScreenTwips(width())};
         UnloadMain(m_session, isMinimized() ? nullptr : &present);
     }
+    // What a dialog has under way, such as a run of card numbers, ends with it.
+    for (QDialog* dialog : findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly))
+        dialog->close();
     hide();
     QCoreApplication::exit(0);
 }
