@@ -2,6 +2,7 @@
 #include "app/DesktopControls.h"
 #include "app/DesktopUpDown.h"
 #include "platform/Convert.h"
+#include "platform/Skip.h"
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QFormLayout>
@@ -94,6 +95,11 @@ QLayout* frmSendData::MakeSpacing()
     arrows->SetValue(FirstDigits);
     connect(arrows, &DesktopUpDown::ValueChanged, m_digitCount,
             [this](int digits) { m_digitCount->setText(QString::number(digits)); });
+    connect(m_digitCount, &QLineEdit::textEdited, arrows, [arrows](const QString& text) {
+        // What was typed stays as it is; the arrows only count on from it.
+        const QSignalBlocker keepText(arrows);
+        Skip("count digits", [&] { arrows->SetValue(ToInteger(text)); });
+    });
     auto* row = new QHBoxLayout;
     row->addWidget(m_spacing);
     row->addStretch();
