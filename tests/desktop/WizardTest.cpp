@@ -1,4 +1,5 @@
 #include "app/DesktopUpDown.h"
+#include "app/ScreenUnits.h"
 #include "desktop/DesktopStation.h"
 #include "layout/SaveLayout.h"
 #include "print/PrintCard.h"
@@ -152,6 +153,25 @@ TEST(Wizard, TheSampleShowsTheFontAndBeginsWithTahoma)
     EXPECT_EQ(font.family(), QStringLiteral("DejaVu Sans"));
     EXPECT_DOUBLE_EQ(font.pointSizeF(), 18);
     EXPECT_TRUE(font.bold() && font.italic() && font.underline() && font.strikeOut());
+}
+
+TEST(Wizard, AFontBeyondAllBoundsDoesNoHarm)
+{
+    WizardWindow wizard;
+    wizard.AnswerUpTo(WizardStep::DefaultFont);
+    for (const char* size : {"", "big", "0", "-5", "100000", "1e9", "1e300"}) {
+        wizard.On<QComboBox>("cbxFontSizes").setCurrentText(QLatin1StringView(size));
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(wizard.Wizard->grab().isNull()) << size;
+    }
+}
+
+TEST(Wizard, StandsOverTheMainWindow500TwipsAboveItsCentre)
+{
+    WizardWindow wizard;
+    EXPECT_EQ(wizard.Wizard->pos(), wizard.Window.frameGeometry().center() -
+                                        wizard.Wizard->rect().center() -
+                                        QPoint(0, ScreenPixels(500)));
 }
 
 TEST(Wizard, TheOrientationHasToBeChosen)
