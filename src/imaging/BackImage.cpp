@@ -25,6 +25,8 @@ void SetBackImage(Session& session, const QString& path)
 
 void ClearBackImages(Session& session)
 {
+    if (session.CurrentLayoutName.isEmpty())
+        return;
     ResetBackImages(session.CurrentParams);
     SaveLayoutParams(session);
     RePaint(session);

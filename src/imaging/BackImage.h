@@ -13,8 +13,8 @@ class Session;
 /// document. Fails with nothing.
 void SetBackImage(Session& session, const QString& path);
 
-/// Drops both back images of the page and writes its parameters at once. Fails like
-/// `SaveLayoutParams`.
+/// Drops both back images of the page and writes its parameters at once. Does nothing without a
+/// layout. Fails like `SaveLayoutParams`.
 void ClearBackImages(Session& session);
 
 /// Gives the open page a back image from a PDF file by way of `ConvertAcrobatFile`, and tells the

@@ -4,7 +4,6 @@
 #include "app/ScreenUnits.h"
 #include "layout/NavIcons.h"
 #include "layout/Navigation.h"
-#include "layout/Pages.h"
 #include "layout/frmGetLayout.h"
 #include "shell/Commands.h"
 #include <QGridLayout>
@@ -36,7 +35,7 @@ constexpr NavButton Buttons[] = {
     {"cmdNext", "Next Page", NavPicture::Next, true, 0, 1,
      [](Session& session, QWidget* /*parent*/) { NextPage(session); }},
     {"cmdNewPage", "New Page", NavPicture::NewPage, true, 1, 0,
-     [](Session& session, QWidget* /*parent*/) { NewPage(session); }},
+     [](Session& session, QWidget* /*parent*/) { NewPageCommand(session); }},
     {"cmdDelete", "Delete Page", NavPicture::DeletePage, true, 1, 1,
      [](Session& session, QWidget* /*parent*/) { DeletePageCommand(session); }},
     {"cmdOpen", "Open Layout", NavPicture::Open, false, 2, 0,

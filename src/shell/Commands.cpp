@@ -86,6 +86,12 @@ void DeleteLayoutCommand(Session& session)
         Skip("delete layout", [&] { DeleteLayoutRows(session, name); });
 }
 
+void NewPageCommand(Session& session)
+{
+    if (!session.CurrentLayoutName.isEmpty())
+        NewPage(session);
+}
+
 void DeletePageCommand(Session& session)
 {
     if (!session.CurrentLayoutName.isEmpty())

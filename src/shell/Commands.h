@@ -16,6 +16,8 @@ void SaveCommand(Session& session);
 void NewCommand(Session& session);
 /// Asks, then deletes the open layout. A failing step is passed over.
 void DeleteLayoutCommand(Session& session);
+/// Begins a new page behind the last one. Does nothing without a layout.
+void NewPageCommand(Session& session);
 /// Deletes the page on the form, if the operator agrees. Does nothing without a layout.
 void DeletePageCommand(Session& session);
 /// Ends the open layout without asking.

@@ -4,6 +4,7 @@
 #include "imaging/BackImage.h"
 #include "imaging/ChooseImage.h"
 #include "imaging/Workspace.h"
+#include "layout/PageKey.h"
 #include "shell/DesktopFileDialog.h"
 #include "shell/Version4Import.h"
 #include <QColorDialog>
@@ -12,6 +13,17 @@
 namespace vantrel {
 
 namespace {
+
+/// Asks for a file for the page that is open. A record may open another behind the dialog, or none,
+/// and the file is not meant for that.
+template <typename Ask, typename Take>
+void AskForPage(Session& session, Ask ask, Take take)
+{
+    const PageKey asked = PageOnForm(session);
+    const QString path = ask();
+    if (PageOnForm(session) == asked)
+        take(session, path);
+}
 
 /// Asks for a file, beginning with no name. @return its path, empty where the operator cancels
 QString AskForFile(DesktopFileDialog& dialog)
@@ -37,21 +49,30 @@ void ImportVersion4Command(Session& session, QMainWindow& window)
 
 void BackImageCommand(Session& session, QMainWindow& window)
 {
-    SetBackImage(session, AskForFile(DesktopFileDialog::Of(window)));
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    AskForPage(
+        session, [&] { return AskForFile(DesktopFileDialog::Of(window)); }, SetBackImage);
 }
 
 void AcrobatBackImageCommand(Session& session, QMainWindow& window)
 {
-    auto& dialog = DesktopFileDialog::Of(window);
-    // Nobody resets the filter, and the name is not cleared: a cancelled dialog converts, too.
-    dialog.Filter = QStringLiteral("*.pdf|*.PDF");
-    dialog.ShowOpen();
-    ImportAcrobatFile(session, dialog.FileName);
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    const auto ask = [&] {
+        auto& dialog = DesktopFileDialog::Of(window);
+        // Nobody resets the filter, and the name is not cleared: a cancelled dialog converts, too.
+        dialog.Filter = QStringLiteral("*.pdf|*.PDF");
+        dialog.ShowOpen();
+        return dialog.FileName;
+    };
+    AskForPage(session, ask, ImportAcrobatFile);
 }
 
 void ChooseImageCommand(Session& session, QMainWindow& window)
 {
-    ChooseImage(session, AskForFileInProgramFolder(session, window));
+    AskForPage(
+        session, [&] { return AskForFileInProgramFolder(session, window); }, ChooseImage);
 }
 
 void WorkspaceColorCommand(Session& session, QMainWindow& window)

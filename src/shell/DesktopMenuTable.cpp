@@ -5,7 +5,6 @@
 #include "imaging/BackImage.h"
 #include "imaging/Workspace.h"
 #include "imaging/frmAquireImage2.h"
-#include "layout/Pages.h"
 #include "layout/frmGetLayout.h"
 #include "layout/frmSize.h"
 #include "macro/frmMacro.h"
@@ -74,7 +73,7 @@ constexpr MenuRow Rows[] = {
     Menu("mnuFile", "mnuNew", "New ..."),
     Command("mnuNew", "cmdNew", "Layout ...", "", Runs<NewCommand>).Hidden().On(WhileVisible),
     Command("mnuNew", "cmdWizard", "Layout Wizard ...", "", Opens<frmWizard>).On(WhileVisible),
-    Command("mnuNew", "cmdNewPage", "Page ...", "", Runs<NewPage>).On(WhileVisibleWithLayout),
+    Command("mnuNew", "cmdNewPage", "Page ...", "", Runs<NewPageCommand>).On(WhileVisibleWithLayout),
     Menu("mnuFile", "mnuOpen", "&Open ..."),
     Command("mnuOpen", "cmdOpen", "&Open Layout", "", Opens<frmGetLayout>).On(WhileVisible),
     Command("mnuOpen", "cmdImportSession", "Vantrel 4 Session.ini", "",

@@ -1,6 +1,7 @@
 #include "app/DesktopColor.h"
 #include "app/Settings.h"
 #include "desktop/DesktopStation.h"
+#include "layout/LoadLayout.h"
 #include "platform/Profile.h"
 #include "shell/DesktopFileDialog.h"
 #include "support/Events.h"
@@ -78,6 +79,65 @@ TEST(FileCommands, BackImageSetsThePagesPicture)
     EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, picture);
     station.Choose("cmdClearBackground");
     EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, QString());
+}
+
+TEST(FileCommands, TheBackImageCommandsDoNothingWithoutALayout)
+{
+    FileStation station;
+    CloseLayout(station.Session);
+    int asked = 0;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            ++asked;
+            dialog->reject();
+        }
+    });
+    look.start(10);
+    for (const char* command : {"cmdBackImg", "cmdBaclPDF", "cmdClearBackground"})
+        station.Choose(command);
+    EXPECT_EQ(asked, 0);
+    EXPECT_FALSE(station.Session.Document.IsLoaded());
+    EXPECT_EQ(station.CommonDialog().Filter, QString());
+}
+
+TEST(FileCommands, AFileGoesToThePageItWasAskedForOnly)
+{
+    FileStation station;
+    const QString picture = station.WritePng(QStringLiteral("back.png"), 20, 20);
+    const CardObject* image = nullptr;
+    const std::function<void()> meanwhile[] = {
+        [&] { CloseLayout(station.Session); },
+        [&] {
+            // Another layout that has an image of the same number.
+            BeginLayout(station.Session, QStringLiteral("Visitor"));
+            image = &AddImage(station.Session, QString());
+            station.Session.CurrentParams.BackImg1Path = picture;
+        },
+    };
+    for (const auto& happens : meanwhile) {
+        for (const char* command : {"cmdBackImg", "cmdBaclPDF", "cmdChooseImage"}) {
+            BeginLayout(station.Session, QStringLiteral("Badge"));
+            station.Session.Document.SelectedObject = &AddImage(station.Session, QString());
+            station.Session.Document.SelectedFamily = QStringLiteral("img_LXV");
+            station.Session.Document.SelectedIndex = 1;
+            station.CommonDialog().FileName.clear();
+            station.CommonDialog().Filter.clear();
+            WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+                happens();
+                Accept(dialog, station.WritePng(QStringLiteral("other.png"), 30, 30));
+            });
+            station.Choose(command);
+            EXPECT_FALSE(station.Session.Document.Tag.endsWith(QStringLiteral("other.png")))
+                << command;
+            if (station.Session.CurrentLayoutName.isEmpty()) {
+                EXPECT_FALSE(station.Session.Document.IsLoaded()) << command;
+                continue;
+            }
+            EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, picture) << command;
+            EXPECT_EQ(image->Tag, QString()) << command;
+        }
+    }
 }
 
 TEST(FileCommands, ThePdfCommandClearsTheBackImageEvenWhenCancelledAndLeavesItsFilter)

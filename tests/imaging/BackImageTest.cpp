@@ -141,6 +141,17 @@ TEST(BackImage, ClearWritesTheStoreAtOnce)
     EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, QString());
 }
 
+TEST(BackImage, ClearWritesNothingWithoutALayout)
+{
+    BackedStation station;
+    CloseLayout(station.Session);
+    ClearBackImages(station.Session);
+    Recordset rows(station.Session.LayoutDb);
+    rows.Open(QStringLiteral("SELECT * FROM [LayoutParams] WHERE [LayoutName] = ''"));
+    EXPECT_TRUE(rows.IsEof());
+    EXPECT_EQ(station.StoredPath(), station.First);
+}
+
 TEST(BackImage, APdfFileClearsItByDefault)
 {
     BackedStation station;

@@ -120,10 +120,22 @@ TEST_F(LayoutCommandTest, TheDeletedLayoutMayBeNamedByTheSessionItself)
     EXPECT_EQ(CountRows(Session, "Controls", QStringLiteral("Badge")), 0);
 }
 
+TEST_F(LayoutCommandTest, ANewPageNeedsALayout)
+{
+    NewPageCommand(Session);
+    EXPECT_EQ(Session.CurrentParams.PageIndex, 2);
+    CloseLayout(Session);
+    NewPageCommand(Session);
+    EXPECT_EQ(Session.CurrentParams.PageIndex, 1);
+    EXPECT_EQ(Session.CurrentParams.PageCount, 1);
+    EXPECT_FALSE(Session.Document.IsLoaded());
+}
+
 TEST_F(LayoutCommandTest, WithoutALayoutNothingIsAsked)
 {
     CloseLayout(Session);
     DeleteLayoutCommand(Session);
+    DeletePageCommand(Session);
     EXPECT_EQ(Station.Operator.AppMessages, QStringList());
 }
 
