@@ -8,6 +8,7 @@
 #include <QCursor>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <algorithm>
 #include <cstring>
 
 namespace vantrel {
@@ -37,6 +38,15 @@ const char* MenuName(PopUp menu)
 QString PlainMenuText(QString text)
 {
     return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+const MenuRow* RowOf(const char* name)
+{
+    const auto rows = MenuRows();
+    const auto found = std::find_if(rows.begin(), rows.end(), [name](const MenuRow& row) {
+        return *name != '\0' && std::strcmp(row.Name, name) == 0;
+    });
+    return found == rows.end() ? nullptr : &*found;
 }
 
 } // namespace
@@ -94,16 +104,7 @@ QAction* MainMenu::MakeCommand(const MenuRow& row)
     }
     // Queued, so that a press returns at once even where the command asks and waits for an answer.
     connect(
-        action, &QAction::triggered, this,
-        [this, &row] {
-            if (row.Ticked) {
-                // The tick follows the station, not the press: the command may do nothing.
-                MirrorTick(*row.Ticked, m_session.Face.IsTicked(*row.Ticked));
-            }
-            if (row.Action != nullptr)
-                RunOrEnd([&] { row.Action(m_session, m_window); });
-        },
-        Qt::QueuedConnection);
+        action, &QAction::triggered, this, [this, &row] { Run(row); }, Qt::QueuedConnection);
     return action;
 }
 
@@ -112,8 +113,7 @@ void MainMenu::MirrorFace()
     const StationFace& face = m_session.Face;
     connect(&face, &StationFace::TickChanged, this, &MainMenu::MirrorTick);
     connect(&face, &StationFace::EntryVisibleChanged, this, &MainMenu::MirrorEntry);
-    connect(&face, &StationFace::PropertiesEnabledChanged, this,
-            [this](bool on) { Find("mnuProperties")->setEnabled(on); });
+    connect(&face, &StationFace::PropertiesEnabledChanged, this, &MainMenu::MirrorProperties);
     connect(&face, &StationFace::HideCaptionChanged, this,
             [this](const QString& text) { Find("cmdHide")->setText(text); });
     connect(&face, &StationFace::FieldsChanged, this, &MainMenu::MirrorFields);
@@ -128,12 +128,8 @@ QMenu* MainMenu::FindMenu(const char* name) const
 
 QAction* MainMenu::Find(const char* name) const
 {
-    const auto rows = MenuRows();
-    for (std::size_t index = 0; index < rows.size(); ++index) {
-        if (std::strcmp(rows[index].Name, name) == 0)
-            return m_actions[index];
-    }
-    return nullptr;
+    const MenuRow* row = RowOf(name);
+    return row == nullptr ? nullptr : m_actions[static_cast<std::size_t>(row - MenuRows().data())];
 }
 
 void MainMenu::MirrorTick(Tick tick, bool on)
@@ -168,11 +164,21 @@ void MainMenu::MirrorFields()
         m_fields.back()->setObjectName(QStringLiteral("cmdField(%1)").arg(number));
         // At once: a record that comes first would give the number to another value.
         connect(m_fields.back(), &QAction::triggered, this,
-                [this, number] { RunOrEnd([&] { ChooseDataField(m_session, number); }); });
+                [this, number] { ChooseField(number); });
         FindMenu("mnuDataFields")->insertAction(send, m_fields.back());
     }
     for (std::size_t index = 0; index < count; ++index)
         m_fields[index]->setText(PlainMenuText(fields.Captions[static_cast<qsizetype>(index)]));
+}
+
+void MainMenu::MirrorProperties(bool enabled)
+{
+    Find("mnuProperties")->setEnabled(enabled);
+    if (enabled)
+        return;
+    // What stands open was opened for an object that has gone.
+    for (const char* menu : {"mnuProperties", "mnuAutoNumber"})
+        FindMenu(menu)->close();
 }
 
 void MainMenu::OpenPopUp(PopUp menu)
@@ -180,17 +186,59 @@ void MainMenu::OpenPopUp(PopUp menu)
     FindMenu(MenuName(menu))->popup(QCursor::pos());
 }
 
-void MainMenu::UpdateEnabled()
+bool MainMenu::Holds(Enabled when) const
 {
     const bool visible = m_session.Settings.MainVisible;
     const bool layout = !m_session.CurrentLayoutName.isEmpty();
+    switch (when) {
+    case Enabled::WhileVisible:
+        return visible;
+    case Enabled::WithLayout:
+        return layout;
+    case Enabled::WhileVisibleWithLayout:
+        return visible && layout;
+    case Enabled::WithSelection:
+        return m_session.Document.SelectedObject != nullptr;
+    case Enabled::Always:
+        break;
+    }
+    return true;
+}
+
+bool MainMenu::CanRun(const MenuRow& row) const
+{
+    for (const MenuRow* at = &row; at != nullptr; at = RowOf(at->Parent)) {
+        if (!Holds(at->When))
+            return false;
+    }
+    return true;
+}
+
+void MainMenu::Run(const MenuRow& row)
+{
+    // The tick follows the station, not the press: the command may do nothing.
+    if (row.Ticked)
+        MirrorTick(*row.Ticked, m_session.Face.IsTicked(*row.Ticked));
+    // The timers switch the menus a little later than a record takes what a command is for.
+    if (row.Action != nullptr && CanRun(row))
+        RunOrEnd([&] { row.Action(m_session, m_window); });
+}
+
+void MainMenu::ChooseField(int number)
+{
+    // A record that has just begun has no values yet, while the menu shows those of the last.
+    if (number <= m_session.FieldValues.Count())
+        RunOrEnd([&] { ChooseDataField(m_session, number); });
+}
+
+void MainMenu::UpdateEnabled()
+{
     const auto rows = MenuRows();
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const Enabled when = rows[index].When;
-        if (when == Enabled::Always)
-            continue;
-        m_actions[index]->setEnabled((when == Enabled::WithLayout || visible) &&
-                                     (when == Enabled::WhileVisible || layout));
+        // What needs a selection is switched by the document.
+        if (when != Enabled::Always && when != Enabled::WithSelection)
+            m_actions[index]->setEnabled(Holds(when));
     }
 }
 

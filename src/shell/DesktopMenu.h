@@ -12,6 +12,7 @@ namespace vantrel {
 
 class Session;
 struct MenuRow;
+enum class Enabled;
 
 /// The menus of the main window, made from the table of `MenuRows`. Each entry is a `QAction` of
 /// the window under its own name, each menu a `QMenu`; named dashes are actions too. They mirror
@@ -38,7 +39,13 @@ private:
     void MirrorTick(Tick tick, bool on);
     void MirrorEntry(ObjectEntry entry, bool visible);
     void MirrorFields();
+    void MirrorProperties(bool enabled);
     void OpenPopUp(PopUp menu);
+    bool Holds(Enabled when) const;
+    /// Whether the row and the menus it stands in can be chosen at this moment.
+    bool CanRun(const MenuRow& row) const;
+    void Run(const MenuRow& row);
+    void ChooseField(int number);
     QMenu* FindMenu(const char* name) const;
     QAction* Find(const char* name) const;
 

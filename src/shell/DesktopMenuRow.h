@@ -10,8 +10,8 @@ namespace vantrel {
 
 class Session;
 
-/// When an entry can be chosen.
-enum class Enabled { Always, WhileVisible, WithLayout, WhileVisibleWithLayout };
+/// When an entry, or what stands in a menu, can be chosen.
+enum class Enabled { Always, WhileVisible, WithLayout, WhileVisibleWithLayout, WithSelection };
 
 enum class RowKind { Menu, Command, Dash };
 

@@ -66,6 +66,7 @@ void Runs(Session& session, QMainWindow& /*window*/)
 constexpr auto WhileVisible = Enabled::WhileVisible;
 constexpr auto WithLayout = Enabled::WithLayout;
 constexpr auto WhileVisibleWithLayout = Enabled::WhileVisibleWithLayout;
+constexpr auto WithSelection = Enabled::WithSelection;
 
 // clang-format off
 constexpr MenuRow Rows[] = {
@@ -151,7 +152,7 @@ constexpr MenuRow Rows[] = {
     Dash("mnuSettings"),
     Command("mnuSettings", "cmdMacro", "Define Macros ...", "", Opens<frmMacro>),
 
-    Menu("", "mnuProperties", "&Properties"),
+    Menu("", "mnuProperties", "&Properties").On(WithSelection),
     Command("mnuProperties", "cmdSetFont", "Adjust Font ...", "",
             Runs<AdjustFont>).With(ObjectEntry::cmdSetFont),
     Command("mnuProperties", "cmdAdjustText", "Adjust Text...", "",
@@ -210,7 +211,7 @@ constexpr MenuRow Rows[] = {
     Command("mnuBackground", "cmdPicture", "To a Picture...", "", WorkspacePictureCommand),
     Command("mnuBackground", "cmdBackDefault", "To the &Default...", "", Runs<ResetWorkspace>),
 
-    Menu("", "mnuAutoNumber", "AutoFieldMenu").Hidden(),
+    Menu("", "mnuAutoNumber", "AutoFieldMenu").Hidden().On(WithSelection),
     Command("mnuAutoNumber", "cmdAutoFont", "Adjust Font..."),
     Command("mnuAutoNumber", "cmdAutoPreSuff", "Adjust Prefix / Suffix..."),
     Command("mnuAutoNumber", "cmdAutoFilters", "Adjust Filters...", "", Opens<frmFilters>),
