@@ -1,4 +1,5 @@
 #include "app/DesktopUpDown.h"
+#include "app/DesktopAccess.h"
 #include "app/DesktopControls.h"
 #include <QKeyEvent>
 #include <QToolButton>
@@ -11,6 +12,33 @@ namespace vantrel {
 namespace {
 constexpr QSize ArrowSize{20, 13};
 constexpr int FocusMargin = 1;
+
+/// Told with the two actions of what counts, since the number stands beside it.
+class UpDownAccess : public QAccessibleWidget
+{
+public:
+    UpDownAccess(DesktopUpDown* arrows, QAccessible::Role role)
+        : QAccessibleWidget(arrows, role), m_arrows(*arrows)
+    {}
+
+    QStringList actionNames() const override
+    {
+        return QStringList{increaseAction(), decreaseAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override
+    {
+        if (name == increaseAction())
+            m_arrows.UpButton().click();
+        else if (name == decreaseAction())
+            m_arrows.DownButton().click();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    DesktopUpDown& m_arrows;
+};
+
 } // namespace
 
 DesktopUpDown::DesktopUpDown(const QString& counted, QWidget* parent)
@@ -18,6 +46,7 @@ DesktopUpDown::DesktopUpDown(const QString& counted, QWidget* parent)
       m_down(MakeArrow("Down", Qt::DownArrow, &DesktopUpDown::PressDown)),
       m_least(std::numeric_limits<int>::min()), m_most(std::numeric_limits<int>::max())
 {
+    TellAs<DesktopUpDown, QAccessible::SpinBox, UpDownAccess>();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(FocusMargin, FocusMargin, FocusMargin, FocusMargin);
     column->setSpacing(0);

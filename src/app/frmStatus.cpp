@@ -23,6 +23,7 @@ frmStatus::frmStatus(Session& session, QWidget* parent)
     m_out->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto* column = new QVBoxLayout(this);
     column->addWidget(m_out);
+    OnTick();
     resize(FirstWidth, sizeHint().height());
 
     auto* timer = MakeControl<QTimer>("tmrStatus", this);

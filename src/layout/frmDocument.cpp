@@ -37,7 +37,8 @@ frmDocument::frmDocument(Session& session, QWidget* parent)
     : QMdiSubWindow(parent, Qt::SubWindow | Qt::FramelessWindowHint), m_session(session)
 {
     setObjectName(QStringLiteral("frmDocument"));
-    setAccessibleName(QStringLiteral("Card"));
+    // It has no title bar; this is its name for who cannot see it.
+    setWindowTitle(QStringLiteral("Card"));
     // The shadow lies on the workspace.
     setAutoFillBackground(false);
     setMouseTracking(true);
@@ -126,6 +127,21 @@ void frmDocument::closeEvent(QCloseEvent* event)
 {
     // The document goes when its layout is closed, not by a window command.
     event->ignore();
+}
+
+bool frmDocument::focusNextPrevChild(bool next)
+{
+    const auto step = [next](const QWidget* from) {
+        return next ? from->nextInFocusChain() : from->previousInFocusChain();
+    };
+    for (QWidget* widget = step(this); widget != this; widget = step(widget)) {
+        if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr ||
+            !widget->isVisible() || !widget->isEnabled() || widget->window() != window())
+            continue;
+        widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return true;
+    }
+    return false;
 }
 
 } // namespace vantrel

@@ -35,6 +35,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    /// A window in the workspace would keep the Tab key to itself; the card has nothing to go to.
+    bool focusNextPrevChild(bool next) override;
 
 private:
     Point Cursor() const override { return m_cursor; }

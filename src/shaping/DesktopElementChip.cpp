@@ -1,4 +1,5 @@
 #include "shaping/DesktopElementChip.h"
+#include "app/DesktopAccess.h"
 #include "app/DesktopColor.h"
 #include <QPainter>
 #include <QPixmap>
@@ -54,6 +55,7 @@ void PaintChip(QPainter& painter, const QRectF& box, const ElementLook& look, co
 
 DesktopElementChip::DesktopElementChip(QWidget* parent) : QLabel(parent)
 {
+    TellAs<DesktopElementChip, QAccessible::ListItem>();
     setFocusPolicy(Qt::ClickFocus);
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -1,4 +1,5 @@
 #include "shaping/DesktopElementRow.h"
+#include "app/DesktopAccess.h"
 #include "app/DesktopColor.h"
 #include "shaping/DesktopElementChip.h"
 #include <QDragEnterEvent>
@@ -18,6 +19,7 @@ namespace {
 constexpr int Margin = 4;
 constexpr qreal SlotRadius = 4;
 constexpr QColor HintColor(0x50, 0x50, 0x60);
+constexpr qreal FocusWidth = 2;
 
 } // namespace
 
@@ -25,7 +27,8 @@ constexpr QColor HintColor(0x50, 0x50, 0x60);
 class DesktopElementRow::Strip : public QWidget
 {
 public:
-    explicit Strip(QWidget* parent) : QWidget(parent), m_row(new QHBoxLayout(this))
+    explicit Strip(DesktopElementRow* row)
+        : QWidget(row), m_owner(*row), m_row(new QHBoxLayout(this))
     {
         setAutoFillBackground(true);
         m_row->setContentsMargins(Margin, Margin, Margin, Margin);
@@ -56,9 +59,14 @@ protected:
         else if (m_row->count() == 1)
             painter.drawText(rect().adjusted(2 * Margin, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
                              QStringLiteral("Drop elements here"));
+        if (m_owner.hasFocus()) {
+            painter.setPen(QPen(Qt::black, FocusWidth));
+            painter.drawRect(rect().adjusted(1, 1, -1, -1));
+        }
     }
 
 private:
+    DesktopElementRow& m_owner;
     QHBoxLayout* m_row;
     bool m_slotShown = false;
 };
@@ -67,6 +75,7 @@ DesktopElementRow::DesktopElementRow(const QString& elementName, const QString& 
                                      QWidget* parent)
     : QScrollArea(parent), m_elementName(elementName), m_strip(new Strip(this))
 {
+    TellAs<DesktopElementRow, QAccessible::List>();
     setAccessibleName(accessibleName);
     setWidgetResizable(true);
     setWidget(m_strip);
@@ -235,8 +244,15 @@ void DesktopElementRow::keyPressEvent(QKeyEvent* event)
 void DesktopElementRow::focusInEvent(QFocusEvent* event)
 {
     QScrollArea::focusInEvent(event);
+    m_strip->update();
     if (event->reason() == Qt::ShortcutFocusReason)
         Q_EMIT Clicked();
+}
+
+void DesktopElementRow::focusOutEvent(QFocusEvent* event)
+{
+    QScrollArea::focusOutEvent(event);
+    m_strip->update();
 }
 
 } // namespace vantrel

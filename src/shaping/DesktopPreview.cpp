@@ -33,7 +33,6 @@ QLabel* MakeHint(const QString& text, QWidget* parent)
 {
     auto* hint = new QLabel(text, parent);
     hint->setWordWrap(true);
-    hint->setForegroundRole(QPalette::PlaceholderText);
     return hint;
 }
 

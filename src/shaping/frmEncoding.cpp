@@ -41,6 +41,13 @@ frmEncoding::frmEncoding(Session& session, QWidget* parent)
     resize(FirstSize);
     CentreOver(*this, parent, LiftTwips);
 
+    QWidget* before = m_tree;
+    for (const TrackView& track : m_tracks) {
+        setTabOrder(before, track.Row);
+        before = track.Row;
+    }
+    setTabOrder(before, m_clear);
+
     for (int track = 1; track <= TrackCount; ++track)
         ShowRow(track);
     ShowSelected();

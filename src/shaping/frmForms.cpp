@@ -49,12 +49,15 @@ QLayout* frmForms::MakeRecords()
 {
     auto* caption = new QLabel(QStringLiteral("Objects currently in que"), this);
     caption->setBuddy(m_objects);
+    m_objects->setAccessibleName(caption->text());
     m_objects->setUniformItemSizes(true);
     connect(m_objects, &QListWidget::itemSelectionChanged, this, [this] {
         for (const QListWidgetItem* line : m_objects->selectedItems())
             m_chosen = line->data(Qt::UserRole).toString();
     });
     auto* arrows = MakeControl<DesktopUpDown>("udField", QStringLiteral("View data field"), this);
+    setTabOrder(m_objects, arrows);
+    setTabOrder(arrows, m_layouts);
     connect(arrows, &DesktopUpDown::Up, this, [this] {
         m_records.ViewNextField();
         ShowRecords();
@@ -78,6 +81,7 @@ QLayout* frmForms::MakeLayouts()
 {
     auto* caption = new QLabel(QStringLiteral("Available Forms / Layouts"), this);
     caption->setBuddy(m_layouts);
+    m_layouts->setAccessibleName(caption->text());
     auto* column = new QVBoxLayout;
     column->addWidget(caption);
     column->addWidget(m_layouts, 1);
@@ -86,8 +90,8 @@ QLayout* frmForms::MakeLayouts()
 
 QLayout* frmForms::MakeButtons()
 {
-    m_print = MakeControl<QPushButton>("cmdPrint", QStringLiteral("&Print"), this);
     auto* clear = MakeControl<QPushButton>("cmdClear", QStringLiteral("C&lear"), this);
+    m_print = MakeControl<QPushButton>("cmdPrint", QStringLiteral("&Print"), this);
     auto* cancel = MakeControl<QPushButton>("cmdCancel", QStringLiteral("Close"), this);
     m_print->setDefault(true);
     for (QPushButton* other : {clear, cancel})

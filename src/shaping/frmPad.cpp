@@ -62,6 +62,7 @@ void frmPad::BuildControls()
     length->setSpacing(0);
     length->addWidget(m_length);
     length->addWidget(m_arrows);
+    m_length->setAccessibleName(m_arrows->accessibleName());
     m_arrows->SetRange(0, LongestLength);
     connect(m_arrows, &DesktopUpDown::ValueChanged, this, &frmPad::ShowLength);
     connect(m_length, &QLineEdit::textEdited, this, &frmPad::FollowLengthText);

@@ -32,7 +32,7 @@ frmAbout::frmAbout(Session& /*session*/, QWidget* parent) : QDialog(parent)
     auto* link = MakeControl<QLabel>("lblLink", this);
     link->setText(QStringLiteral("<a href=\"%1\">%1</a>").arg(WebSite));
     link->setTextInteractionFlags(Qt::TextBrowserInteraction);
-    link->setAccessibleName(QStringLiteral("Web site"));
+    link->setAccessibleDescription(QStringLiteral("Web site"));
     connect(link, &QLabel::linkActivated, this,
             [](const QString& address) { QDesktopServices::openUrl(QUrl(address)); });
     auto* ok = MakeControl<QPushButton>("cmdOk", QStringLiteral("&Ok"), this);

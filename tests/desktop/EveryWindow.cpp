@@ -1,0 +1,201 @@
+#include "desktop/EveryWindow.h"
+#include "app/DesktopControls.h"
+#include "app/frmMessage.h"
+#include "app/frmStatus.h"
+#include "capture/BufferedRecord.h"
+#include "capture/frmCommSettings.h"
+#include "capture/frmRawData.h"
+#include "capture/frmToolbar.h"
+#include "imaging/frmAquireImage2.h"
+#include "layout/frmGetLayout.h"
+#include "layout/frmSize.h"
+#include "macro/frmMacro.h"
+#include "platform/Recordset.h"
+#include "print/frmPrinters2.h"
+#include "shaping/frmEncoding.h"
+#include "shaping/frmFilters.h"
+#include "shaping/frmForms.h"
+#include "shaping/frmPad.h"
+#include "shaping/frmPreSuffix.h"
+#include "shaping/frmSendData.h"
+#include "shaping/frmSerialize.h"
+#include "shell/frmAbout.h"
+#include "shell/frmWizard.h"
+#include "support/Events.h"
+#include "support/Layouts.h"
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QMdiArea>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QTabWidget>
+
+namespace vantrel::test {
+
+namespace {
+
+struct Ink
+{
+    QPalette::ColorRole Role;
+    QRgb Dark;
+};
+
+/// What desktops with a dark theme give.
+constexpr Ink DarkInks[] = {
+    {QPalette::Window, 0x2b2b2b},
+    {QPalette::WindowText, 0xeeeeee},
+    {QPalette::Base, 0x1e1e1e},
+    {QPalette::AlternateBase, 0x262626},
+    {QPalette::Text, 0xeeeeee},
+    {QPalette::Button, 0x353535},
+    {QPalette::ButtonText, 0xeeeeee},
+    {QPalette::BrightText, 0xff5555},
+    {QPalette::Highlight, 0x2a6fb8},
+    {QPalette::HighlightedText, 0xffffff},
+    {QPalette::ToolTipBase, 0x353535},
+    {QPalette::ToolTipText, 0xeeeeee},
+    {QPalette::Link, 0x6cb2f7},
+    {QPalette::LinkVisited, 0xc792ea},
+    {QPalette::PlaceholderText, 0xa0a0a0},
+};
+
+template <typename Dialog>
+QWidget& Open(DesktopStation& station)
+{
+    return OpenDialog<Dialog>(station.Session, &station.Window);
+}
+
+QWidget& OpenMain(DesktopStation& station)
+{
+    return station.Window;
+}
+
+QWidget& OpenPad(DesktopStation& station)
+{
+    auto* pad = new frmPad(station.Session, &station.Window);
+    pad->show();
+    return *pad;
+}
+
+QWidget& OpenPrinters(DesktopStation& station)
+{
+    OpenPrinterSelection(station.Session, &station.Window);
+    return station.Get<frmPrinters2>("frmPrinters2");
+}
+
+template <AppMessageButtons Buttons>
+QWidget& OpenMessage(DesktopStation& station)
+{
+    auto* box = new frmMessage(QStringLiteral("Delete the layout Badge?"),
+                               QStringLiteral("Delete Layout"), Buttons, &station.Window);
+    box->show();
+    return *box;
+}
+
+constexpr WindowRow Windows[] = {
+    {"frmMain", OpenMain},
+    {"frmAbout", Open<frmAbout>},
+    {"frmAquireImage2", Open<frmAquireImage2>},
+    {"frmCommSettings", Open<frmCommSettings>},
+    {"frmEncoding", Open<frmEncoding>},
+    {"frmFilters", Open<frmFilters>},
+    {"frmForms", Open<frmForms>},
+    {"frmGetLayout", Open<frmGetLayout>},
+    {"frmMacro", Open<frmMacro>},
+    {"frmMessageOk", OpenMessage<AppMessageButtons::OkOnly>},
+    {"frmMessageYesNo", OpenMessage<AppMessageButtons::YesNo>},
+    {"frmPad", OpenPad},
+    {"frmPreSuffix", Open<frmPreSuffix>},
+    {"frmPrinters2", OpenPrinters},
+    {"frmRawData", Open<frmRawData>},
+    {"frmSendData", Open<frmSendData>},
+    {"frmSerialize", Open<frmSerialize>},
+    {"frmSize", Open<frmSize>},
+    {"frmStatus", Open<frmStatus>},
+    {"frmToolbar", Open<frmToolbar>},
+    {"frmWizard", Open<frmWizard>},
+};
+
+} // namespace
+
+std::span<const WindowRow> EveryWindow()
+{
+    return Windows;
+}
+
+QPalette DarkPalette()
+{
+    QPalette palette(QColor(0x35, 0x35, 0x35), QColor(0x2b, 0x2b, 0x2b));
+    for (const Ink& ink : DarkInks)
+        palette.setColor(ink.Role, QColor(ink.Dark));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+    return palette;
+}
+
+FullStation::FullStation()
+{
+    Printers.Install({QStringLiteral("Card Printer"), QStringLiteral("Front Desk")});
+    WithLayout();
+    Load();
+    CardDocument& document = Session.Document;
+    document.SelectedObject = document.Find(Family::lbl_DATA, 1);
+    document.SelectedIndex = 1;
+    document.SelectedFamily = QStringLiteral("lbl_DATA");
+    Session.Face.SetPropertiesEnabled(true);
+    Session.CurrentParams.Track1 = QStringLiteral("DAT1");
+    Recordset macros(Session.LayoutDb);
+    macros.Open(QStringLiteral("SELECT * FROM [Macros]"), CursorLock::Optimistic);
+    macros.AddNew();
+    macros.SetValue(QStringLiteral("ID"), 1);
+    macros.SetValue(QStringLiteral("MacroName"), QStringLiteral("Both sides"));
+    macros.Update();
+    SetRecord(Session, {QStringLiteral("Anna"), QStringLiteral("1234")});
+}
+
+void OnEachFace(QWidget& window, const std::function<void()>& look)
+{
+    if (auto* tabs = window.findChild<QTabWidget*>()) {
+        for (int tab = 0; tab < tabs->count(); ++tab) {
+            tabs->setCurrentIndex(tab);
+            QCoreApplication::processEvents();
+            look();
+        }
+    } else if (auto* pages = window.findChild<QStackedWidget*>()) {
+        for (int page = 0; page < pages->count(); ++page) {
+            pages->setCurrentIndex(page);
+            QCoreApplication::processEvents();
+            look();
+        }
+    } else {
+        look();
+    }
+}
+
+QWidget& OpenActive(const WindowRow& row, DesktopStation& station)
+{
+    QWidget& window = row.Open(station);
+    window.activateWindow();
+    EXPECT_TRUE(EventsUntil([&] { return QApplication::activeWindow() == &window; })) << row.Name;
+    return window;
+}
+
+bool IsPartOfControl(const QWidget& widget)
+{
+    const QWidget* parent = widget.parentWidget();
+    if (parent == nullptr)
+        return false;
+    if (qobject_cast<const QScrollBar*>(&widget) != nullptr)
+        return qobject_cast<const QAbstractScrollArea*>(parent->parentWidget()) != nullptr;
+    return qobject_cast<const QComboBox*>(parent) != nullptr ||
+           qobject_cast<const QAbstractItemView*>(parent) != nullptr ||
+           widget.objectName().startsWith(QStringLiteral("qt_"));
+}
+
+std::string Told(const QObject& object)
+{
+    return object.metaObject()->className() + std::string(" ") + object.objectName().toStdString();
+}
+
+} // namespace vantrel::test

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "desktop/DesktopStation.h"
+#include <QPalette>
+#include <functional>
+#include <gtest/gtest.h>
+#include <ostream>
+#include <span>
+
+namespace vantrel::test {
+
+/// A window of the station and the way to have it open.
+struct WindowRow
+{
+    const char* Name;
+    QWidget& (*Open)(DesktopStation& station);
+};
+
+/// Every window that the station can show, the main window first.
+std::span<const WindowRow> EveryWindow();
+
+/// Names a test of one window.
+inline std::string NameOfWindow(const ::testing::TestParamInfo<WindowRow>& window)
+{
+    return window.param.Name;
+}
+
+/// The colours of a desktop with a dark theme.
+QPalette DarkPalette();
+
+inline std::ostream& operator<<(std::ostream& out, const WindowRow& row)
+{
+    return out << row.Name;
+}
+
+/// A station with every window's wants: a layout with an object of each family, one selected, a
+/// record with its buffered copy, printers and macros.
+class FullStation : public DesktopStation
+{
+public:
+    FullStation();
+};
+
+/// Shows each face of a window in turn: the pages of its tabs or of its steps.
+void OnEachFace(QWidget& window, const std::function<void()>& look);
+
+/// Opens the window and waits until it has the keyboard.
+QWidget& OpenActive(const WindowRow& row, DesktopStation& station);
+
+/// Visible widgets below the window that are of that type.
+template <typename Widget>
+QList<Widget*> Shown(const QWidget& window)
+{
+    QList<Widget*> shown;
+    for (Widget* widget : window.findChildren<Widget*>()) {
+        if (widget->isVisible() && widget->window() == &window)
+            shown.append(widget);
+    }
+    return shown;
+}
+
+/// Whether a widget is a part that Qt makes inside one of its controls.
+bool IsPartOfControl(const QWidget& widget);
+
+/// A widget told in a failure: its class and name.
+std::string Told(const QObject& object);
+
+} // namespace vantrel::test
