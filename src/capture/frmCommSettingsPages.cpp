@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <limits>
 
@@ -139,6 +140,8 @@ void frmCommSettings::FillPorts()
     }
     m_ports->setMinimumHeight(CommPortCount * m_ports->sizeHintForRow(0) +
                               2 * m_ports->frameWidth());
+    m_ports->setMinimumWidth(m_ports->sizeHintForColumn(0) + 2 * m_ports->frameWidth() +
+                             style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     m_ports->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     connect(m_ports, &QListWidget::itemClicked, this,
             [this](QListWidgetItem* row) { ChoosePort(m_ports->row(row)); });

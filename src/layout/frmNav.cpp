@@ -1,4 +1,5 @@
 #include "layout/frmNav.h"
+#include "app/Contrast.h"
 #include "app/DesktopControls.h"
 #include "app/RunTimeError.h"
 #include "app/ScreenUnits.h"
@@ -6,6 +7,7 @@
 #include "layout/Navigation.h"
 #include "layout/frmGetLayout.h"
 #include "shell/Commands.h"
+#include <QEvent>
 #include <QGridLayout>
 #include <QToolButton>
 
@@ -59,7 +61,6 @@ frmNav::frmNav(Session& session, QWidget* parent) : QFrame(parent), m_session(se
         button->setObjectName(QLatin1StringView(entry.Name));
         button->setAccessibleName(QLatin1StringView(entry.Meaning));
         button->setToolTip(QLatin1StringView(entry.Meaning));
-        button->setIcon(NavIcon(entry.Picture, palette().color(QPalette::ButtonText)));
         button->setIconSize({IconSize, IconSize});
         button->setFixedSize(ButtonSize, ButtonSize);
         button->setAutoRaise(true);
@@ -70,7 +71,24 @@ frmNav::frmNav(Session& session, QWidget* parent) : QFrame(parent), m_session(se
             Qt::QueuedConnection);
         grid->addWidget(button, entry.Row, entry.Column);
     }
+    DrawIcons();
     adjustSize();
+}
+
+void frmNav::DrawIcons()
+{
+    const QColor ink =
+        InkOn(palette().color(QPalette::Window), palette().color(QPalette::ButtonText));
+    for (const NavButton& entry : Buttons)
+        findChild<QToolButton*>(QLatin1StringView(entry.Name))
+            ->setIcon(NavIcon(entry.Picture, ink));
+}
+
+void frmNav::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        DrawIcons();
 }
 
 void frmNav::KeepPlace(int mainWidth)

@@ -25,8 +25,11 @@ public:
 
 protected:
     void enterEvent(QEnterEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void DrawIcons();
+
     Session& m_session;
 };
 

@@ -11,6 +11,7 @@
 #include "shaping/frmSerialize.h"
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -33,6 +34,8 @@ constexpr int RefreshInterval = 500;
 constexpr int MostCopies = std::numeric_limits<std::int16_t>::max();
 /// What a row has besides its texts: its key, or the code of its kind.
 constexpr int RowData = Qt::UserRole;
+/// Whether the queue of a row takes jobs.
+constexpr int RowAcceptsJobs = Qt::UserRole + 1;
 constexpr const char* OrientationCaptions[] = {"Portrait", "Landscape", "Default"};
 
 QTreeWidget* MakeList(const char* name, const QString& caption, const QStringList& columns)
@@ -250,9 +253,21 @@ void frmPrinters2::AddPrinter(const PrinterListRow& row)
 {
     auto* item = new QTreeWidgetItem(m_printers, {row.DeviceName, row.Status, row.Jobs});
     item->setData(0, RowData, row.Key);
+    item->setData(0, RowAcceptsJobs, row.AcceptsJobs);
     item->setIcon(0, PrinterIcon(row.AcceptsJobs, palette()));
     if (row.DeviceName == m_clicked)
         SelectRow(*m_printers, item);
+}
+
+void frmPrinters2::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || m_printers == nullptr)
+        return;
+    for (int i = 0; i < m_printers->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* row = m_printers->topLevelItem(i);
+        row->setIcon(0, PrinterIcon(row->data(0, RowAcceptsJobs).toBool(), palette()));
+    }
 }
 
 void frmPrinters2::ShowSavedValues()

@@ -30,6 +30,9 @@ public:
     /// so the dialog may be gone afterwards.
     void Fill();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     QWidget* MakePrinterPart();
     QWidget* MakeKindPart();

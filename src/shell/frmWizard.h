@@ -11,6 +11,7 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QStackedWidget;
+class QToolButton;
 
 namespace vantrel {
 
@@ -25,6 +26,9 @@ class frmWizard : public QDialog
 public:
     frmWizard(Session& session, QWidget* parent);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     /// The check boxes of a font's style.
     struct StyleBox
@@ -34,7 +38,7 @@ private:
         bool Font::*Flag;
     };
     static constexpr StyleBox StyleBoxes[] = {
-        {"chkB", "&Bold", &Font::Bold},
+        {"chkB", "B&old", &Font::Bold},
         {"chkI", "&Italic", &Font::Italic},
         {"chkU", "&Underline", &Font::Underline},
         {"chkS", "&Strikethrough", &Font::Strikethrough},
@@ -49,6 +53,8 @@ private:
     QWidget* MakeSummaryPage();
     void MakeButtons();
     QCheckBox* MakeStyleBox(const char* name, const QString& caption, QWidget* page);
+
+    void DrawCards();
 
     void GoTo(int step);
     void Enter(WizardStep step);
@@ -73,6 +79,8 @@ private:
     QComboBox* m_sizes;
     QCheckBox* m_styles[std::size(StyleBoxes)];
     QLabel* m_sample;
+    QToolButton* m_portrait = nullptr;
+    QToolButton* m_landscape = nullptr;
     QLabel* m_orientation;
     QListWidget* m_printers;
     QListWidget* m_kinds;

@@ -1,3 +1,4 @@
+#include "app/Contrast.h"
 #include "app/DesktopControls.h"
 #include "app/DesktopUpDown.h"
 #include "app/Session.h"
@@ -7,6 +8,7 @@
 #include "shell/frmWizard.h"
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,6 +26,7 @@ constexpr QSize CardIcon{96, 96};
 constexpr const char* Sizes[] = {"6",  "7",  "8",  "9",  "10", "11", "12", "14", "16",
                                  "18", "20", "22", "24", "26", "28", "36", "48", "72"};
 constexpr const char* FirstSizeEntry = "10";
+constexpr double InkShare = 0.55;
 
 /// A card of that orientation, in the colours of the theme.
 QIcon CardPicture(int orientation, const QPalette& palette)
@@ -35,13 +38,15 @@ QIcon CardPicture(int orientation, const QPalette& palette)
     const QSizeF card = orientation == OrientationLandscape ? QSizeF(162, 102) : QSizeF(102, 162);
     QRectF box({0, 0}, card);
     box.moveCenter(QRectF(picture.rect()).center());
-    painter.setPen(QPen(palette.color(QPalette::Mid), 3));
+    const QColor ink =
+        Between(palette.color(QPalette::Text), palette.color(QPalette::Base), InkShare);
+    painter.setPen(QPen(ink, 3));
     painter.setBrush(palette.color(QPalette::Base));
     painter.drawRoundedRect(box, 10, 10);
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette.color(QPalette::Highlight));
     painter.drawRoundedRect(QRectF(box.topLeft() + QPointF(14, 16), QSizeF(34, 42)), 4, 4);
-    painter.setBrush(palette.color(QPalette::Mid));
+    painter.setBrush(ink);
     const double textLeft = box.left() + 60;
     for (int line = 0; line < 3; ++line)
         painter.drawRect(
@@ -143,16 +148,17 @@ QWidget* frmWizard::MakeOrientationPage()
     const auto add = [&](const char* name, const QString& caption, int orientation, int column) {
         auto* card = MakeControl<QToolButton>(name, page);
         card->setText(caption);
-        card->setIcon(CardPicture(orientation, palette()));
         card->setIconSize(CardIcon);
         card->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         card->setFocusPolicy(Qt::StrongFocus);
         connect(card, &QToolButton::clicked, this,
                 [this, orientation, caption] { ChooseOrientation(orientation, caption); });
         grid->addWidget(card, 1, column);
+        return card;
     };
-    add("imgP", QStringLiteral("Portrait"), OrientationPortrait, 1);
-    add("imgL", QStringLiteral("Lanscape"), OrientationLandscape, 2);
+    m_portrait = add("imgP", QStringLiteral("Portrait"), OrientationPortrait, 1);
+    m_landscape = add("imgL", QStringLiteral("Lanscape"), OrientationLandscape, 2);
+    DrawCards();
     auto* selected = new QHBoxLayout;
     selected->addStretch();
     selected->addWidget(new QLabel(QStringLiteral("Selected :"), page));
@@ -165,6 +171,19 @@ QWidget* frmWizard::MakeOrientationPage()
         grid->setRowStretch(edge, 1);
     }
     return page;
+}
+
+void frmWizard::DrawCards()
+{
+    m_portrait->setIcon(CardPicture(OrientationPortrait, palette()));
+    m_landscape->setIcon(CardPicture(OrientationLandscape, palette()));
+}
+
+void frmWizard::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_landscape != nullptr)
+        DrawCards();
 }
 
 QWidget* frmWizard::MakePrinterPage()

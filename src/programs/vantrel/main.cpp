@@ -1,5 +1,6 @@
 #include "app/DesktopControls.h"
 #include "app/DesktopOperator.h"
+#include "app/DesktopStyle.h"
 #include "app/EntryPoint.h"
 #include "app/RunTimeError.h"
 #include "app/Session.h"
@@ -91,6 +92,7 @@ int main(int argc, char** argv)
     // Qt sees the program's name only: the command line is the station's, taken whole.
     int nameOnly = 1;
     QApplication application(nameOnly, argv);
+    vantrel::DesktopStyle::Install();
     // A hidden window is a running station.
     QApplication::setQuitOnLastWindowClosed(false);
     try {
