@@ -4,6 +4,7 @@
 #include "platform/Failure.h"
 #include "platform/Skip.h"
 #include <QImage>
+#include <QLoggingCategory>
 #include <algorithm>
 #include <limits>
 
@@ -21,6 +22,10 @@ const QString ViewportHeightKey = QStringLiteral("ViewportV");
 constexpr float LowestLevel = 1.0F;
 constexpr float ZoomStep = 0.1F;
 constexpr int DefaultFlashMode = 4;
+/// A picture zoomed beyond this would eat the memory of the machine; nothing of it is shown.
+constexpr double MostPixels = 64e6;
+
+Q_LOGGING_CATEGORY(cameraLog, "vantrel.camera", QtCriticalMsg)
 
 int Rounded(double value)
 {
@@ -110,10 +115,13 @@ QImage ImageCapture::Shown(QSize controlTwips)
     if (raw.isNull())
         return {};
     const double level = m_level;
-    const QSize target(Rounded(controlTwips.width() * level / m_scale.TwipsPerPixelX),
-                       Rounded(controlTwips.height() * level / m_scale.TwipsPerPixelY));
+    const double width = controlTwips.width() * level / m_scale.TwipsPerPixelX;
+    const double height = controlTwips.height() * level / m_scale.TwipsPerPixelY;
+    if (width * height > MostPixels)
+        return {};
     // Always from the raw picture, so that zooming in and out loses nothing.
-    return raw.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return raw.scaled({Rounded(width), Rounded(height)}, Qt::IgnoreAspectRatio,
+                      Qt::SmoothTransformation);
 }
 
 int ImageCapture::HorizontalMaximum() const
@@ -148,6 +156,8 @@ QRect ImageCapture::SourceAt(QPointF pointerTwips, QSize controlTwips,
         controlTwips.height() / (pictureHundredths.height() / m_scale.TwipsPerPixelY);
     const int x = Rounded(pointerTwips.x() / m_scale.TwipsPerPixelX);
     const int y = Rounded(pointerTwips.y() / m_scale.TwipsPerPixelY);
+    qCDebug(cameraLog) << "pX =" << x;
+    qCDebug(cameraLog) << "pY =" << y;
     return {Rounded(x * across), Rounded(y * down), Rounded(m_viewportPixels.width() * across),
             Rounded(m_viewportPixels.height() * down)};
 }

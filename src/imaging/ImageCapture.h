@@ -45,7 +45,8 @@ public:
     void ResetZoom();
 
     /// The raw picture as it is shown in a control of that size in twips, at the present level,
-    /// which is raised to 1 first. Empty without a raw picture.
+    /// which is raised to 1 first. Empty without a raw picture, and at a level that makes more of
+    /// it than a memory holds.
     QImage Shown(QSize controlTwips);
     /// Ends of the scroll bars: half the raw picture's height for the horizontal one, half its
     /// width for the vertical one, in hundredths of a millimetre. Fails with `Overflow` beyond 16
@@ -55,7 +56,8 @@ public:
 
     /// The rectangle of the viewport's size around a point of the screen, kept on the desktop.
     QRect AimAt(QPoint pointer, QRect desktop) const;
-    /// The same in the coordinates of the picture shown. Nothing takes it.
+    /// The same in the coordinates of the picture shown. Nothing takes it; the point goes to the
+    /// logging category "vantrel.camera".
     QRect SourceAt(QPointF pointerTwips, QSize controlTwips, QSize pictureHundredths) const;
 
     /// Keeps the cut-out as the camera image and gives it to the open layout's camera objects.

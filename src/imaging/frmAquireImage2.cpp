@@ -201,10 +201,10 @@ void frmAquireImage2::Aim(QPoint global, QPointF local)
         m_viewport->setPixmap(QPixmap::fromImage(m_cutOut));
     }
     Skip("source rectangle", [&] {
-        const Picture& raw = m_session.RawPicture;
-        m_source = m_capture.SourceAt({local.x() * ScreenTwips(1), local.y() * ScreenTwips(1)},
-                                      TwipsOf(m_original->size()),
-                                      {raw.WidthHundredths(), raw.HeightHundredths()});
+        const QSize shown = TwipsOf(m_original->ShownPicture().size());
+        m_source = m_capture.SourceAt(
+            {local.x() * ScreenTwips(1), local.y() * ScreenTwips(1)}, TwipsOf(m_original->size()),
+            {qRound(HundredthsOfTwips(shown.width())), qRound(HundredthsOfTwips(shown.height()))});
     });
 }
 

@@ -177,6 +177,19 @@ TEST(CameraDialog, ACameraThatNeverAnswersDoesNoHarm)
     CaptureSettings()->remove(QString());
 }
 
+TEST(CameraDialog, APressBeforeAnyPictureTakesWhatTheScreenShows)
+{
+    CameraStation station;
+    station.Open();
+    EXPECT_TRUE(station.Original().ShownPicture().isNull());
+    const QImage shown = station.Original().grab().toImage().convertToFormat(QImage::Format_RGB32);
+    station.Mouse(QEvent::MouseMove, {240, 180});
+    station.Mouse(QEvent::MouseButtonPress, {240, 180}, Qt::LeftButton);
+    EXPECT_FALSE(station.Session.RawPicture.HasHandle());
+    EXPECT_EQ(station.Session.CameraImage.Image().convertToFormat(QImage::Format_RGB32),
+              shown.copy(240 - 70, 180 - 94, 140, 187));
+}
+
 TEST(CameraDialog, APictureThatComesAfterItsCloseDoesNoHarm)
 {
     CameraStation station;

@@ -6,6 +6,7 @@
 #include "support/Events.h"
 #include "support/FailureOf.h"
 #include "support/Layouts.h"
+#include "support/Trace.h"
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
@@ -119,6 +120,20 @@ TEST(ImageCapture, AtLevelOneThePictureFillsTheControl)
     EXPECT_EQ(capture.Shown({7200, 5400}).size(), QSize(528, 396));
 }
 
+TEST(ImageCapture, ALevelBeyondAllUseShowsNothing)
+{
+    CaptureStation station;
+    // The last two fit no memory and no number of pixels.
+    for (const char* level : {"40", "1000", "1e30"}) {
+        station.Keep("ZLevel", level);
+        ImageCapture capture = station.Open();
+        capture.TakeRawPicture(PictureOf(50, 50));
+        EXPECT_TRUE(capture.Shown({7200, 5400}).isNull()) << level;
+        capture.ResetZoom();
+        EXPECT_EQ(capture.Shown({7200, 5400}).size(), QSize(480, 360)) << level;
+    }
+}
+
 TEST(ImageCapture, ALevelBelowOneIsRaisedWhenItIsApplied)
 {
     CaptureStation station;
@@ -205,6 +220,16 @@ TEST(ImageCapture, WorksOutTheSourceThatNothingTakes)
                   capture.SourceAt({150, 300}, {7200, 5400}, {0, 0});
               }),
               FailureNumber::Overflow);
+}
+
+TEST(ImageCapture, TheTraceTellsThePointWhereItIsTurnedOn)
+{
+    CaptureStation station;
+    const ImageCapture capture = station.Open();
+    const auto aim = [&] { capture.SourceAt({150, 307}, {7200, 5400}, {3000, 1500}); };
+    EXPECT_EQ(UntracedOf("vantrel.camera", aim), QStringList());
+    EXPECT_EQ(TraceOf("vantrel.camera", aim),
+              QStringList({QStringLiteral("pX = 10"), QStringLiteral("pY = 20")}));
 }
 
 TEST(ImageCapture, WhatIsAcceptedFillsTheCameraObjects)

@@ -1,6 +1,6 @@
 #include "MacroStation.h"
 #include "app/MainRuntime.h"
-#include <QLoggingCategory>
+#include "support/Trace.h"
 
 // One record on a chain of layouts.
 
@@ -212,33 +212,14 @@ TEST_F(MacroStation, AChainOfTwentyLayoutsPrintsThemAll)
     EXPECT_EQ(Station.Printers.Operations.count(QStringLiteral("EndDoc")), 20);
 }
 
-namespace {
-
-QStringList* tracedLines = nullptr;
-
-void KeepTrace(QtMsgType /*type*/, const QMessageLogContext& context, const QString& message)
-{
-    if (QLatin1StringView(context.category) == QLatin1StringView("vantrel.macro"))
-        tracedLines->append(message);
-}
-
-} // namespace
-
 TEST_F(MacroStation, TheTraceTellsEachLayoutOnlyWhereItIsTurnedOn)
 {
     DefineMacro(Macro, {QStringLiteral("B"), QStringLiteral("Gone")});
-    QStringList lines;
-    tracedLines = &lines;
-    const QtMessageHandler before = qInstallMessageHandler(KeepTrace);
-    RunMacro(Session, Macro);
-    const bool silent = lines.isEmpty();
-    QLoggingCategory::setFilterRules(QStringLiteral("vantrel.macro.debug=true"));
-    RunMacro(Session, Macro);
-    QLoggingCategory::setFilterRules(QString());
-    qInstallMessageHandler(before);
-    EXPECT_TRUE(silent);
-    EXPECT_EQ(lines, QStringList({QStringLiteral("Macro Engine Layout = B"),
-                                  QStringLiteral("Macro Engine Layout = Gone")}));
+    const auto run = [this] { RunMacro(Session, Macro); };
+    EXPECT_EQ(UntracedOf("vantrel.macro", run), QStringList());
+    EXPECT_EQ(TraceOf("vantrel.macro", run),
+              QStringList({QStringLiteral("Macro Engine Layout = B"),
+                           QStringLiteral("Macro Engine Layout = Gone")}));
 }
 
 } // namespace vantrel::test
