@@ -3,6 +3,12 @@
 
 namespace vantrel {
 
+QString ShownLine(const QString& value)
+{
+    constexpr qsizetype longest = 1000;
+    return value.left(longest);
+}
+
 void CentreOver(QWidget& dialog, const QWidget* parent, double lift)
 {
     if (parent == nullptr)

@@ -23,6 +23,10 @@ Control* MakeControl(const char* name, Arguments&&... arguments)
     return control;
 }
 
+/// What a list shows of a value: its beginning. A line is laid out as a whole, and one of a million
+/// characters, which a host may send, holds up the station for a second each time.
+QString ShownLine(const QString& value);
+
 /// Shows the dialog over `parent` without waiting for it; one that is open already comes to the
 /// front. Fails as making the dialog fails.
 template <typename Dialog>

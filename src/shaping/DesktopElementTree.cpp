@@ -1,4 +1,5 @@
 #include "shaping/DesktopElementTree.h"
+#include "app/DesktopControls.h"
 #include "shaping/DesktopElementChip.h"
 #include <QDrag>
 #include <QKeyEvent>
@@ -57,7 +58,7 @@ void DesktopElementTree::SetNodes(const std::vector<ElementNode>& nodes)
     for (const ElementNode& node : nodes)
         pictures = pictures.expandedTo(DesktopElementChip::SizeFor(node.Look, font()));
     for (const ElementNode& node : nodes) {
-        auto* item = new QTreeWidgetItem(this, {node.Text});
+        auto* item = new QTreeWidgetItem(this, {ShownLine(node.Text)});
         item->setData(0, KeyRole, node.Key);
         item->setIcon(0, IconOf(node.Look, *this, pictures));
     }

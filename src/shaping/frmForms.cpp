@@ -118,7 +118,7 @@ void frmForms::ShowRecords()
     m_objects->clear();
     const QIcon icon = style()->standardIcon(QStyle::SP_FileIcon);
     for (const RecordList::Line& line : m_records.Lines()) {
-        auto* item = new QListWidgetItem(icon, line.Text, m_objects);
+        auto* item = new QListWidgetItem(icon, ShownLine(line.Text), m_objects);
         item->setData(Qt::UserRole, line.RawData);
     }
 }

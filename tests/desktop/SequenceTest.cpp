@@ -262,6 +262,20 @@ TEST(FormsWindow, StandsOverTheMainWindow500TwipsAboveItsCentre)
                                          QPoint(0, ScreenPixels(500)));
 }
 
+TEST(FormsWindow, ShowsTheBeginningOfALongValueAndPrintsTheWhole)
+{
+    FormsWindow window;
+    const QByteArray value(20000, 'W');
+    window.Keep(QByteArray('<' + value + '>').constData());
+    window.Open();
+    EXPECT_EQ(window.Lines(), QStringList{QString(1000, QLatin1Char('W'))});
+    window.On<QListWidget>("tvwObjects").setCurrentRow(0);
+    window.On<QListWidget>("lstLayouts").item(0)->setCheckState(Qt::Checked);
+    window.Click("cmdPrint");
+    EXPECT_EQ(window.Printed(),
+              QStringList{QStringLiteral("Print(\"%1\")").arg(QLatin1StringView(value))});
+}
+
 TEST(FormsWindow, OpensWithoutADatabase)
 {
     FormsWindow window;

@@ -203,6 +203,7 @@ TEST_F(SerializerWindow, ALongValueDoesNotWidenIt)
     QApplication::processEvents();
     EXPECT_EQ(Dialog->width(), width);
     EXPECT_LE(Hand->Tree().minimumWidth(), 2 * room);
+    EXPECT_EQ(Hand->Nodes().last().size(), 1000);
 }
 
 TEST_F(SerializerWindow, AFilterOfControlCharactersStaysWhereItIsSavedUnchanged)
