@@ -138,7 +138,7 @@ void frmMain::Unload()
     }
     // What a dialog has under way, such as a run of card numbers, ends with it.
     for (QDialog* dialog : findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly))
-        dialog->close();
+        dialog->hide();
     hide();
     QCoreApplication::exit(0);
 }

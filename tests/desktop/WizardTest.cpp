@@ -166,6 +166,28 @@ TEST(Wizard, AFontBeyondAllBoundsDoesNoHarm)
     }
 }
 
+TEST(Wizard, ItsLayoutIsShownWithAFontBeyondAllBounds)
+{
+    for (const char* size : {"-5", "100000", "1e9", "1e300"}) {
+        WizardWindow wizard;
+        wizard.Window.show();
+        wizard.AnswerUpTo(WizardStep::DefaultFont);
+        wizard.On<QComboBox>("cbxFontSizes").setCurrentText(QLatin1StringView(size));
+        wizard.Click("cmdNext");
+        wizard.Click("imgL");
+        ASSERT_TRUE(wizard.NextBecomes(true));
+        wizard.Click("cmdNext");
+        wizard.On<QListWidget>("lstPrinters").setCurrentRow(0);
+        ASSERT_TRUE(wizard.NextBecomes(true));
+        wizard.Click("cmdNext");
+        wizard.Click("chkEnableFields");
+        wizard.On<DesktopUpDown>("udFields").SetValue(3);
+        wizard.Click("cmdNext");
+        wizard.Click("cmdNext");
+        EXPECT_FALSE(wizard.Window.grab().isNull()) << size;
+    }
+}
+
 TEST(Wizard, StandsOverTheMainWindow500TwipsAboveItsCentre)
 {
     WizardWindow wizard;
