@@ -144,6 +144,9 @@ void LoadLayoutParams(Session& session)
 
 void SaveLayoutParams(Session& session)
 {
+    // A record's chain may have closed the layout under a dialog.
+    if (session.CurrentLayoutName.isEmpty())
+        return;
     const QString statement =
         ParamsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex);
     Recordset row(session.LayoutDb);

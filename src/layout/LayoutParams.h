@@ -50,7 +50,8 @@ struct LayoutParamsRecord
 /// page's printer current. A failing step is passed over: a page without a row inherits what the
 /// record held.
 void LoadLayoutParams(Session& session);
-/// Writes the parameters to the page's row, making it if it is missing. Fails like `Recordset`.
+/// Writes the parameters to the page's row, making it if it is missing; without an open layout
+/// there is no page, and nothing is written. Fails like `Recordset`.
 void SaveLayoutParams(Session& session);
 /// How many pages of the open layout exist in the store. Fails like `Recordset`.
 std::int16_t CountLayoutPages(Session& session);

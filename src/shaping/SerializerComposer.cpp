@@ -67,6 +67,9 @@ void SerializerComposer::RemoveRemembered()
 
 void SerializerComposer::SaveStreamElements(const QString& filterText)
 {
+    // A record's chain may have closed the layout since the row was read.
+    if (m_session.CurrentLayoutName.isEmpty())
+        return;
     const QString filter = DecodeHexCodes(filterText);
     Skip("write stream", [&] { WriteRow(); });
     Skip("write filter", [&] { WriteFilter(filter); });

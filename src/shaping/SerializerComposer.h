@@ -31,7 +31,7 @@ public:
     void RemoveRemembered();
 
     /// Replaces the stored row, and writes the filter to the first page of the layout and into
-    /// memory.
+    /// memory. Without an open layout there is none to keep them for, and nothing is written.
     /// @param filterText  as typed, "[HH]" codes among it
     void SaveStreamElements(const QString& filterText);
 

@@ -182,6 +182,16 @@ TEST_F(SerializerComposer, WithTheStoreClosedTheRowIsEmptyAndTheFilterStillReach
     EXPECT_EQ(Session.CurrentParams.Filter, QStringLiteral("y"));
 }
 
+TEST_F(SerializerComposer, ALayoutClosedMeanwhileLeavesNoStreamOfNoLayout)
+{
+    vantrel::SerializerComposer composer(Session);
+    composer.Drop(QStringLiteral("START"));
+    CloseLayout(Session);
+    composer.SaveStreamElements(QStringLiteral("x"));
+    EXPECT_TRUE(Stored(QString()).isEmpty());
+    EXPECT_EQ(Session.CurrentParams.Filter, QString());
+}
+
 TEST_F(SerializerComposer, ANullFilterReadsAsEmpty)
 {
     EXPECT_EQ(vantrel::SerializerComposer(Session).Filter(), QString());

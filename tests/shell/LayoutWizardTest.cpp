@@ -154,6 +154,18 @@ TEST(LayoutWizard, WhatFailsIsPassedOver)
     EXPECT_EQ(station.Operator.Boxes.size(), 1);
 }
 
+TEST(LayoutWizard, ALayoutClosedWhileItTellsToSendLeavesNoParametersOfNoLayout)
+{
+    WizardStation station;
+    station.Operator.WhileAsked = [&] { CloseLayout(station.Session); };
+    BuildWizardLayout(station.Session, TwoFields());
+    Recordset rows(station.Session.LayoutDb);
+    rows.Open(QStringLiteral("SELECT * FROM [LayoutParams]"));
+    EXPECT_EQ(rows.RecordCount(), 0);
+    EXPECT_EQ(station.Session.CurrentLayoutName, QString());
+    EXPECT_EQ(station.Operator.Pointer, (std::vector<bool>{true, false}));
+}
+
 TEST(LayoutWizard, ALayoutOfThatNameIsReplacedByTheSave)
 {
     WizardStation station;

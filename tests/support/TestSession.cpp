@@ -40,6 +40,7 @@ void TestOperator::MessageBox(const QString& text, const QString& title, BoxIcon
 {
     Icons.push_back(icon);
     (icon == BoxIcon::Critical ? CriticalBoxes : Boxes).append(TitleAndText(title, text));
+    WhileAsked();
 }
 
 bool TestOperator::AskYesNo(const QString& text, const QString& title)

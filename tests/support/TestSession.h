@@ -36,7 +36,8 @@ public:
     std::deque<QString> Inputs;
     std::deque<Font> Fonts;
     std::deque<ColorValue> Colors;
-    /// Happens while a message, a question, an input box, a font or a colour dialog is open.
+    /// Happens while a message, a plain box, a question, an input box, a font or a colour dialog is
+    /// open.
     std::function<void()> WhileAsked = [] {};
 
     /// Each as `title|text`.
