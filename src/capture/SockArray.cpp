@@ -1,12 +1,12 @@
 #include "capture/SockArray.h"
+#include "capture/SockLine.h"
+#include "capture/SockServer.h"
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
 #include <QHostAddress>
 #include <QNetworkInterface>
-#include <QTcpServer>
-#include <QTcpSocket>
-#include <QTimer>
-#include <chrono>
+#include <QPointer>
+#include <deque>
 #include <set>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -15,37 +15,9 @@ namespace vantrel {
 
 namespace {
 
-/// How many hosts may wait for the station while it prints.
-constexpr int WaitingHosts = 1024;
-/// How long the listener rests after the system refused it a connection, for want of descriptors.
-constexpr std::chrono::milliseconds RestAfterRefusal{250};
-
-/// One accepted connection. Its handlers let events run, in which it may be closed and its element
-/// given to the next host; so it lives on until its own handler has left the stack.
-class Line : public QTcpSocket
-{
-public:
-    using QTcpSocket::QTcpSocket;
-
-    /// The socket forgets its host when the connection ends, and then the last bytes still come.
-    QString Host;
-    bool InHandler = false;
-    bool Taken = false;
-    bool EndedByHost = false;
-    bool Dropped = false;
-};
-
-/// A listener that hands each connection on as a bare descriptor.
-class Server : public QTcpServer
-{
-public:
-    using QTcpServer::QTcpServer;
-
-    std::function<void(qintptr)> OnRequest;
-
-protected:
-    void incomingConnection(qintptr descriptor) override { OnRequest(descriptor); }
-};
+/// How deep arrivals may nest in each other's handlers. Each level holds a part of the stack until
+/// the one above is done, and hosts that send while a question stands open know no end: they wait.
+constexpr int DeepestNest = 256;
 
 /// Who is at the other end of a bare connection; null where it is gone.
 QHostAddress PeerOf(qintptr descriptor)
@@ -85,17 +57,21 @@ struct SockArray::Private
     }
 
     void Request(qintptr descriptor);
-    void Serve(Line& line, int index);
+    void Serve(Line& line);
+    void ServeWaiting();
     void Drop(Line& line);
 
     SockArray& Array;
-    Server Listener;
+    SockServer Listener;
     int Port = 0;
     QHostAddress Address = QHostAddress::Any;
     HostAccess Access;
     std::set<qintptr> Requests;
     /// Element 1 and up; none where the element is closed.
     std::vector<Line*> Lines;
+    int Depth = 0;
+    /// What came while arrivals were nested too deep, in its order.
+    std::deque<QPointer<Line>> Waiting;
 };
 
 void SockArray::Private::Request(qintptr descriptor)
@@ -112,21 +88,44 @@ void SockArray::Private::Request(qintptr descriptor)
 
 // A line does not nest in itself: what comes while its own handler runs, its end included, is told
 // when the handler is done.
-void SockArray::Private::Serve(Line& line, int index)
+void SockArray::Private::Serve(Line& line)
 {
     if (line.InHandler)
         return;
+    if (Depth == DeepestNest) {
+        Waiting.emplace_back(&line);
+        Listener.LetIn(false);
+        return;
+    }
+    ++Depth;
     line.InHandler = true;
     line.Taken = true;
     while (!line.Dropped && line.Taken && line.bytesAvailable() > 0) {
         line.Taken = false;
-        Q_EMIT Array.DataArrival(index);
+        Q_EMIT Array.DataArrival(line.Index);
     }
     if (line.EndedByHost && !line.Dropped)
-        Q_EMIT Array.ConnectionClosed(index);
+        Q_EMIT Array.ConnectionClosed(line.Index);
     line.InHandler = false;
+    --Depth;
     if (line.Dropped)
         line.deleteLater();
+    if (!Waiting.empty())
+        QMetaObject::invokeMethod(
+            &Array, [this] { ServeWaiting(); }, Qt::QueuedConnection);
+}
+
+// Those that waited longest come first; what they do can nest again, and make the rest wait on.
+void SockArray::Private::ServeWaiting()
+{
+    while (!Waiting.empty() && Depth < DeepestNest) {
+        const QPointer<Line> line = Waiting.front();
+        Waiting.pop_front();
+        if (line && !line->Dropped)
+            Serve(*line);
+    }
+    if (Depth < DeepestNest)
+        Listener.LetIn(true);
 }
 
 void SockArray::Private::Drop(Line& line)
@@ -140,12 +139,7 @@ void SockArray::Private::Drop(Line& line)
 
 SockArray::SockArray(QObject* parent) : QObject(parent), m_d(std::make_unique<Private>(*this))
 {
-    m_d->Listener.setListenBacklogSize(WaitingHosts);
     m_d->Listener.OnRequest = [this](qintptr descriptor) { m_d->Request(descriptor); };
-    // A refused accept pauses the listener for good; an unattended station has to come back.
-    connect(&m_d->Listener, &QTcpServer::acceptError, this, [this] {
-        QTimer::singleShot(RestAfterRefusal, this, [this] { m_d->Listener.resumeAccepting(); });
-    });
 }
 
 SockArray::~SockArray()
@@ -162,7 +156,7 @@ int SockArray::HighestIndex() const
 SockState SockArray::State(int index) const
 {
     if (index == 0)
-        return m_d->Listener.isListening() ? SockState::Listening : SockState::Closed;
+        return m_d->Listener.IsListening() ? SockState::Listening : SockState::Closed;
     return m_d->At(index) != nullptr ? SockState::Connected : SockState::Closed;
 }
 
@@ -189,15 +183,15 @@ void SockArray::SetAccess(const HostAccess& access)
 
 int SockArray::LocalPort() const
 {
-    return m_d->Listener.isListening() ? m_d->Listener.serverPort() : m_d->Port;
+    return m_d->Listener.IsListening() ? m_d->Listener.Port() : m_d->Port;
 }
 
 void SockArray::Listen()
 {
-    if (m_d->Listener.isListening())
+    if (m_d->Listener.IsListening())
         throw NotPossible(QStringLiteral("The socket listens already"));
-    if (!m_d->Listener.listen(m_d->Address, static_cast<quint16>(m_d->Port)))
-        throw NotPossible(m_d->Listener.errorString());
+    if (!m_d->Listener.Listen(m_d->Address, m_d->Port))
+        throw NotPossible(m_d->Listener.ErrorText());
 }
 
 void SockArray::Load(int index)
@@ -214,7 +208,7 @@ void SockArray::Accept(int index, qintptr requestId)
         throw NotPossible(QStringLiteral("The socket is in use"));
     if (!m_d->Requests.contains(requestId))
         throw NotPossible(QStringLiteral("The connection is gone"));
-    auto line = std::make_unique<Line>(this);
+    auto line = std::make_unique<Line>(this, index);
     if (!line->setSocketDescriptor(requestId))
         throw NotPossible(line->errorString());
     m_d->Requests.erase(requestId);
@@ -223,11 +217,10 @@ void SockArray::Accept(int index, qintptr requestId)
     line->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
     line->Host = PlainAddress(line->peerAddress()).toString();
     element = line.release();
-    connect(element, &QTcpSocket::readyRead, this,
-            [this, &line = *element, index] { m_d->Serve(line, index); });
-    connect(element, &QTcpSocket::disconnected, this, [this, &line = *element, index] {
+    connect(element, &QTcpSocket::readyRead, this, [this, &line = *element] { m_d->Serve(line); });
+    connect(element, &QTcpSocket::disconnected, this, [this, &line = *element] {
         line.EndedByHost = true;
-        m_d->Serve(line, index);
+        m_d->Serve(line);
     });
 }
 
@@ -241,7 +234,7 @@ QString SockArray::GetData(int index)
 void SockArray::Close(int index)
 {
     if (index == 0) {
-        m_d->Listener.close();
+        m_d->Listener.Close();
         return;
     }
     if (Line* line = std::exchange(m_d->At(index), nullptr))

@@ -1,4 +1,4 @@
-#include "capture/SockArray.h"
+#include "capture/ToldSockets.h"
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
 #include "support/Events.h"
@@ -11,8 +11,6 @@
 #include <QStringList>
 #include <QTcpSocket>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 using namespace vantrel;
 using vantrel::test::FailureOf;
@@ -20,53 +18,8 @@ using namespace vantrel::test;
 
 namespace {
 
-/// A listening array that accepts every host on an element of its own and keeps what is told.
-class Sockets : public ::testing::Test
-{
-protected:
-    Sockets()
-    {
-        QObject::connect(&Sock, &SockArray::ConnectionRequest, &Sock, [this](int, qintptr request) {
-            const int index = Sock.HighestIndex() + 1;
-            Sock.Load(index);
-            Sock.Accept(index, request);
-        });
-        QObject::connect(&Sock, &SockArray::DataArrival, &Sock, [this](int index) {
-            ++Depth;
-            Deepest = std::max(Deepest, Depth);
-            Told.append(QStringLiteral("%1 sent %2").arg(index).arg(Sock.GetData(index)));
-            if (auto next = std::exchange(InHandler, nullptr))
-                next();
-            --Depth;
-        });
-        QObject::connect(&Sock, &SockArray::ConnectionClosed, &Sock, [this](int index) {
-            Told.append(QStringLiteral("%1 closed").arg(index));
-            Sock.Close(index);
-        });
-        Sock.Listen();
-    }
-
-    /// A connected host on the next element.
-    Host Connect()
-    {
-        const int before = Sock.HighestIndex();
-        Host host(Sock.LocalPort());
-        EXPECT_TRUE(EventsUntil([&] { return Sock.HighestIndex() > before; }));
-        return host;
-    }
-
-    bool WasTold(const QString& what)
-    {
-        return EventsUntil([&] { return Told.contains(what); });
-    }
-
-    SockArray Sock;
-    QStringList Told;
-    /// Runs once, inside the next arrival.
-    std::function<void()> InHandler;
-    int Depth = 0;
-    int Deepest = 0;
-};
+class Sockets : public ToldSockets
+{};
 
 QByteArray AllBytes()
 {
@@ -281,27 +234,6 @@ TEST_F(Sockets, LocalAddressIsOneThatAHostReaches)
     QTcpSocket host;
     host.connectToHost(local, static_cast<quint16>(Sock.LocalPort()));
     EXPECT_TRUE(EventsUntil([&] { return Sock.HighestIndex() == 1; }));
-}
-
-TEST_F(Sockets, ListenerComesBackAfterTheSystemRanOutOfDescriptors)
-{
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
-    const rlimit few{256, before.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
-    const Host host(Sock.LocalPort());
-    std::vector<int> taken;
-    for (int copy = ::dup(0); copy >= 0; copy = ::dup(0))
-        taken.push_back(copy);
-
-    QCoreApplication::processEvents();
-    EXPECT_EQ(Sock.HighestIndex(), 0);
-    for (const int copy : taken)
-        ::close(copy);
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
-
-    host.Send("patient");
-    EXPECT_TRUE(WasTold(QStringLiteral("1 sent patient")));
 }
 
 TEST_F(Sockets, PortInUseCannotBeHad)
