@@ -149,8 +149,8 @@ TEST(Fault, FourSessionsOnOneStorePrintEveryRecord)
     std::vector<std::unique_ptr<StationProcess>> stations;
     for (int number = 1; number <= sessions; ++number) {
         ports.push_back(folder.WithCapture(static_cast<std::uint8_t>(number)));
-        stations.push_back(std::make_unique<StationProcess>(folder.Session.ProgramFolder,
-                                                            QStringList(QString::number(number))));
+        const StationStart start{.Arguments = {QString::number(number)}};
+        stations.push_back(std::make_unique<StationProcess>(folder.Session.ProgramFolder, start));
     }
     for (int session = 0; session < sessions; ++session)
         ASSERT_TRUE(stations[static_cast<std::size_t>(session)]->WaitUntilItListens(

@@ -75,7 +75,7 @@ TEST(SerialStation, PortThatAnotherProcessHoldsIsPassedOver)
     const PtyPair cable(folder.Device());
     StationProcess first(folder.Session.ProgramFolder);
     ASSERT_TRUE(EventsUntil([&] { return cable.Speed() == 19200; }));
-    StationProcess second(folder.Session.ProgramFolder, {}, StationProcess::Skips::Told);
+    StationProcess second(folder.Session.ProgramFolder, {.TellsSkips = true});
     ASSERT_TRUE(second.WaitUntilItTells(QStringLiteral("open serial port was passed over")));
     cable.Send("<A+B>");
     EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("A B"));

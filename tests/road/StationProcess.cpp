@@ -46,16 +46,19 @@ QStringList SocketInodes(qint64 pid)
 
 } // namespace
 
-StationProcess::StationProcess(const QString& programFolder, const QStringList& arguments,
-                               Skips skips)
+StationProcess::StationProcess(const QString& programFolder, const StationStart& start)
 {
     QProcessEnvironment environment = StationEnvironment(programFolder);
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_runtime.path());
-    if (skips == Skips::Told)
+    if (start.TellsSkips)
         environment.insert(QStringLiteral("QT_LOGGING_RULES"),
                            QStringLiteral("vantrel.skip.debug=true"));
+    for (auto change = start.Environment.begin(); change != start.Environment.end(); ++change)
+        environment.insert(change.key(), change.value());
     m_process.setProcessEnvironment(environment);
-    m_process.start(QStringLiteral(VANTREL_PROGRAM), arguments);
+    if (start.BeforeProgram)
+        m_process.setChildProcessModifier(start.BeforeProgram);
+    m_process.start(QStringLiteral(VANTREL_PROGRAM), start.Arguments);
     EXPECT_TRUE(m_process.waitForStarted(LimitMs));
 }
 

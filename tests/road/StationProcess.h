@@ -1,21 +1,31 @@
 #pragma once
 
+#include <QMap>
 #include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <functional>
 
 namespace vantrel::test {
+
+/// How a station is started, where it is not as everywhere.
+struct StationStart
+{
+    QStringList Arguments = {};
+    /// Whether it tells on stderr each step that it passes over.
+    bool TellsSkips = false;
+    /// On top of that of a machine without a display and without printers.
+    QMap<QString, QString> Environment = {};
+    /// Runs in the new process before the program begins, such as a limit on what it may take.
+    std::function<void()> BeforeProgram = {};
+};
 
 /// The built station program on a program folder of the test's, without a display and without the
 /// machine's printers. It is ended with the test.
 class StationProcess
 {
 public:
-    /// Whether it tells on stderr each step that it passes over.
-    enum class Skips { Quiet, Told };
-
-    explicit StationProcess(const QString& programFolder, const QStringList& arguments = {},
-                            Skips skips = Skips::Quiet);
+    explicit StationProcess(const QString& programFolder, const StationStart& start = {});
     ~StationProcess();
     StationProcess(const StationProcess&) = delete;
     StationProcess& operator=(const StationProcess&) = delete;
@@ -28,6 +38,7 @@ public:
     int OpenDescriptors() const;
     /// Its resident memory.
     int MemoryMiB() const;
+    qint64 Id() const { return m_process.processId(); }
     bool IsRunning() const { return m_process.state() == QProcess::Running; }
     void SendSignal(int number) const;
     /// Waits for its end. @return its exit code, or -1 where it crashed or goes on

@@ -102,7 +102,7 @@ TEST(Station, ASecondProcessOfTheSameNumberRunsAndGetsNoSocket)
     const int port = folder.WithCapture();
     StationProcess first(folder.Session.ProgramFolder);
     ASSERT_TRUE(first.WaitUntilItListens(port));
-    StationProcess second(folder.Session.ProgramFolder, {}, StationProcess::Skips::Told);
+    StationProcess second(folder.Session.ProgramFolder, {.TellsSkips = true});
     ASSERT_TRUE(second.WaitUntilItTells(QStringLiteral("listen was passed over")));
     SendRecord(port, "<A+B>");
     EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("A B"));
@@ -118,7 +118,7 @@ TEST(Station, ANumberOnTheCommandLineIsItsSession)
 {
     StationFolder folder;
     const int port = folder.WithCapture(2);
-    StationProcess station(folder.Session.ProgramFolder, {QStringLiteral("2")});
+    StationProcess station(folder.Session.ProgramFolder, {.Arguments = {QStringLiteral("2")}});
     ASSERT_TRUE(station.WaitUntilItListens(port));
     SendRecord(port, "<A+B>");
     EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("A B"));
@@ -129,7 +129,7 @@ TEST(Station, AnyOtherCommandLineIsSessionOne)
     StationFolder folder;
     const int port = folder.WithCapture();
     StationProcess station(folder.Session.ProgramFolder,
-                           {QStringLiteral("-platform"), QStringLiteral("none")});
+                           {.Arguments = {QStringLiteral("-platform"), QStringLiteral("none")}});
     EXPECT_TRUE(station.WaitUntilItListens(port));
 }
 

@@ -1,0 +1,106 @@
+#include "app/Settings.h"
+#include "road/StationFolder.h"
+#include "road/StationProcess.h"
+#include "support/Events.h"
+#include <QDir>
+#include <QFile>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <linux/capability.h>
+#include <sys/prctl.h>
+
+// A program folder in which the station may read and not write.
+
+namespace vantrel::test {
+namespace {
+
+constexpr QFile::Permissions ReadFile = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+constexpr QFile::Permissions ReadFolder =
+    ReadFile | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+
+/// For root a mode is no hindrance; without these rights it is one as for everybody.
+void ObeyModes()
+{
+    ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
+    ::prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH, 0, 0, 0);
+}
+
+QByteArray Content(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return file.readAll();
+}
+
+class ReadOnly : public ::testing::Test
+{
+protected:
+    ReadOnly() : m_port(Folder.WithCapture())
+    {
+        Folder.SetStatus("Visible", QStringLiteral("False"));
+        m_files = {SettingsPath(Folder.Session), SessionStatusPath(Folder.Session)};
+        for (const QString& file : m_files) {
+            m_contents.append(Content(file));
+            EXPECT_TRUE(QFile::setPermissions(file, ReadFile));
+        }
+    }
+    ~ReadOnly() override
+    {
+        // What nobody may write to, nobody can remove either.
+        QFile::setPermissions(Folder.Session.ProgramFolder, ReadFolder | QFile::WriteOwner);
+    }
+
+    void LockFolder() const
+    {
+        EXPECT_TRUE(QDir().mkpath(Folder.Session.PathInFolder(QStringLiteral("Printed"))));
+        EXPECT_TRUE(QFile::setPermissions(Folder.Session.ProgramFolder, ReadFolder));
+    }
+    /// The station starts, prints, writes its settings in vain when it ends, and ends in order.
+    void ExpectToPrintAndEnd() const
+    {
+        StationProcess station(Folder.Session.ProgramFolder, {.BeforeProgram = ObeyModes});
+        ASSERT_TRUE(station.WaitUntilItListens(m_port));
+        SendRecord(m_port, "<Anna+7>");
+        EXPECT_EQ(Folder.TextOfCard(1), QStringLiteral("Anna 7"));
+        SendRecord(m_port, "<Bert+8>");
+        EXPECT_EQ(Folder.TextOfCard(2), QStringLiteral("Bert 8"));
+        station.SendSignal(SIGTERM);
+        EXPECT_EQ(station.ExitCode(), 0);
+        for (qsizetype file = 0; file < m_files.size(); ++file)
+            EXPECT_EQ(Content(m_files[file]), m_contents[file]);
+    }
+
+    StationFolder Folder;
+    int m_port;
+
+private:
+    QStringList m_files;
+    QList<QByteArray> m_contents;
+};
+
+TEST_F(ReadOnly, SettingsFilesHoldNoCardUp)
+{
+    ExpectToPrintAndEnd();
+}
+
+TEST_F(ReadOnly, SettingsFolderHoldsNoCardUp)
+{
+    // The store's own files stay while a session has it open, as this one has.
+    LockFolder();
+    ExpectToPrintAndEnd();
+}
+
+TEST_F(ReadOnly, FolderWithoutAStoreInUseEndsNoStation)
+{
+    Folder.Session.LayoutDb.Close();
+    LockFolder();
+    StationProcess station(Folder.Session.ProgramFolder, {.BeforeProgram = ObeyModes});
+    ASSERT_TRUE(station.WaitUntilItListens(m_port));
+    SendRecord(m_port, "<Anna+7>");
+    // Its answer to the signal comes behind the record.
+    station.SendSignal(SIGTERM);
+    EXPECT_EQ(station.ExitCode(), 0);
+}
+
+} // namespace
+} // namespace vantrel::test
