@@ -7,6 +7,9 @@ RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins qt6-image-formats-plugins poppler-utils
   fonts-dejavu-core)
 TEST_PACKAGES=(clang-format cups-daemon cups-client sqlite3 procps)
 
+# sqlite3 fills the macro that the run prints.
+VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
+
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 
 # Qt's pre-compiled headers and moving folders are safe to cache.

@@ -1,0 +1,78 @@
+#!/usr/bin/env bash
+# Runs the station under valgrind from its start to its orderly end: records over TCP, each a chain of
+# a two-page card with a stripe and numbers, and a card of another layout. Fails on any memory error,
+# and on any block that is definitely lost. The number of records can be given (50 by default).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/lib.sh
+
+readonly RECORDS=${1:-50}
+# No layout is open; the macro prints one of two pages and one of one.
+readonly PAGES_OF_RECORD=3
+# One thread under valgrind is slow: minutes, in tenths of a second.
+readonly PATIENCE=1200
+
+install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${VALGRIND_PACKAGES[@]}"
+cmake --preset dev
+cmake --build --preset dev --target vantrel vantrel-admin
+bin=$PWD/build/dev/bin
+
+folder=$(mktemp -d)
+station=
+cleanup() {
+  [ -z "$station" ] || kill -KILL "$station" 2>/dev/null || true
+  rm -rf "$folder"
+}
+trap cleanup EXIT
+
+port_answers() { (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; }
+count_pages() { find "$folder/home/Printed" -name 'card-*.pdf' 2>/dev/null | wc -l; }
+# wait_for WHAT COMMAND...: looks again until the command succeeds, while the station runs.
+wait_for() {
+  local what=$1
+  shift
+  for _ in $(seq "$PATIENCE"); do
+    ! "$@" || return 0
+    kill -0 "$station" 2>/dev/null || break
+    sleep 0.1
+  done
+  cat "$folder/valgrind.log" >&2
+  die "Not seen: $what."
+}
+has_pages() { [ "$(count_pages)" -ge "$1" ]; }
+
+export VANTREL_HOME=$folder/home
+"$bin/vantrel-admin" demo "$VANTREL_HOME"
+"$bin/vantrel-admin" macro add "$VANTREL_HOME" Chain
+sqlite3 "$VANTREL_HOME/Vantrel.dat" \
+  "INSERT INTO MacroElements (MacroID, LayoutName) SELECT ID, 'Member Card' FROM Macros;
+   INSERT INTO MacroElements (MacroID, LayoutName) SELECT ID, 'Visitor' FROM Macros;"
+port=$((20000 + RANDOM % 10000))
+while port_answers; do
+  port=$((port + 1))
+done
+sed -i "s/^Port=[0-9]*/Port=$port\r\nActiveMacro=Chain/; s/^LastLayout=[^\r]*/LastLayout=/" \
+  "$VANTREL_HOME/Vantrel 6.ini"
+# Hidden, as where nobody works.
+printf '[Session 1]\r\nVisible=False\r\nActive=True\r\n' >"$VANTREL_HOME/SessionStatus.ini"
+
+export QT_QPA_PLATFORM=offscreen CUPS_SERVER=$folder/no.sock XDG_RUNTIME_DIR=$folder/run
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+valgrind --leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite \
+  --error-exitcode=9 --num-callers=30 --suppressions=scripts/valgrind.supp \
+  --log-file="$folder/valgrind.log" "$bin/vantrel" &
+station=$!
+wait_for "the open port" port_answers
+
+for record in $(seq "$RECORDS"); do
+  printf '<Holder %s+%s+Gold>' "$record" $((40012345 + record)) >"/dev/tcp/127.0.0.1/$port"
+  wait_for "the cards of record $record" has_pages $((record * PAGES_OF_RECORD))
+done
+
+kill -TERM "$station"
+status=0
+wait "$station" || status=$?
+station=
+cat "$folder/valgrind.log"
+echo "$RECORDS records, $(count_pages) pages; exit status $status"
+exit "$status"
