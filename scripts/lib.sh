@@ -1,11 +1,11 @@
 # What the scripts share. Sourced from the repository's root folder.
 
-BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libqt6sql6-sqlite
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-dev
   qt6-multimedia-dev qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libgtest-dev
   libgmock-dev libbenchmark-dev)
 RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)
-TEST_PACKAGES=(clang-format cups-daemon cups-client sqlite3 procps)
+TEST_PACKAGES=(clang-format cups-daemon cups-client libqt6sql6-sqlite sqlite3 procps)
 
 # sqlite3 fills the macro that the run prints.
 VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)

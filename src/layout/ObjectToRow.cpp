@@ -85,9 +85,26 @@ void WriteFont(const Font& font, Recordset& rows)
     Write(rows, QStringLiteral("C_FontStrikethrough"), font.Strikethrough);
 }
 
+/// The row the cursor stands on, or a new one behind the last.
+void BeginRow(Recordset& rows)
+{
+    SaveStep("begin row", [&] {
+        if (rows.IsEof())
+            rows.AddNew();
+        else
+            rows.BeginAnew();
+    });
+}
+
+void EndRow(Recordset& rows)
+{
+    SaveStep("update row", [&] { rows.Update(); });
+    rows.MoveNext();
+}
+
 void WriteText(const CardObject& object, const Font& font, const PageKey& key, Recordset& rows)
 {
-    SaveStep("add row", [&] { rows.AddNew(); });
+    BeginRow(rows);
     WriteKindOfText(object, rows);
     Write(rows, QStringLiteral("Control_Type"), QString(Marker::LabelRow));
     Write(rows, QStringLiteral("LayoutName"), key.LayoutName);
@@ -97,13 +114,13 @@ void WriteText(const CardObject& object, const Font& font, const PageKey& key, R
     Write(rows, QStringLiteral("C_ForeColor"), object.ForeColor);
     Write(rows, QStringLiteral("C_BackColor"), object.BackColor);
     Write(rows, QStringLiteral("Page"), static_cast<int>(key.Page));
-    SaveStep("update row", [&] { rows.Update(); });
+    EndRow(rows);
 }
 
 /// A file that is gone at this moment loses its path for good.
 void WriteImage(const CardObject& object, const PageKey& key, Recordset& rows)
 {
-    SaveStep("add row", [&] { rows.AddNew(); });
+    BeginRow(rows);
     Write(rows, QStringLiteral("Page"), static_cast<int>(key.Page));
     Write(rows, QStringLiteral("Control_Type"), QString(Marker::ImageRow));
     Write(rows, QStringLiteral("LayoutName"), key.LayoutName);
@@ -112,7 +129,7 @@ void WriteImage(const CardObject& object, const PageKey& key, Recordset& rows)
         Write(rows, QStringLiteral("C_ImagePath"), object.Tag);
     else if (object.Tag == Marker::Camera)
         Write(rows, QStringLiteral("C_Param_1"), QString(Marker::Camera));
-    SaveStep("update row", [&] { rows.Update(); });
+    EndRow(rows);
 }
 
 } // namespace

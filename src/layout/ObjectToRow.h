@@ -6,8 +6,9 @@ class CardObject;
 class Recordset;
 struct PageKey;
 
-/// Adds the row of one object to the cursor. What is neither a text nor an image gets none. Fails
-/// like `Recordset`.
+/// Puts an object into the row the cursor stands on, whatever that held, or into a new one behind
+/// the last, and goes on to the next. What is neither a text nor an image takes no row. Fails like
+/// `Recordset`.
 void ObjectToRow(const CardObject& object, const PageKey& key, Recordset& rows);
 
 } // namespace vantrel

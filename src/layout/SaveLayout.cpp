@@ -10,12 +10,22 @@
 #include "layout/StoreStatements.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
+#include "platform/Skip.h"
+#include <QScopeGuard>
 
 namespace vantrel {
 
 namespace {
 
-/// Puts the objects of the form in place of the page's rows.
+void DeleteRest(Recordset& rows)
+{
+    for (; !rows.IsEof(); rows.MoveNext())
+        SaveStep("delete row", [&] { rows.Delete(); });
+}
+
+/// Puts the objects of the form in place of the page's rows. A row is not deleted and added again
+/// but begun anew in its place, so that what is as it was costs nothing: mostly a number has risen
+/// and all else stands.
 /// @return how many objects are card content
 int ReplaceRows(Session& session)
 {
@@ -23,8 +33,8 @@ int ReplaceRows(Session& session)
     Recordset rows(session.LayoutDb);
     SaveStep("open page",
              [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });
-    for (; !rows.IsEof(); rows.MoveNext())
-        SaveStep("delete row", [&] { rows.Delete(); });
+    // What was written before a failure stands, and none of the rows that were there before.
+    auto deleteRest = qScopeGuard([&] { Skip("delete old rows", [&] { DeleteRest(rows); }); });
     int counter = 0;
     for (const auto& object : session.Document.Objects()) {
         if (!object->IsContent())
@@ -32,6 +42,8 @@ int ReplaceRows(Session& session)
         ++counter;
         ObjectToRow(*object, key, rows);
     }
+    deleteRest.dismiss();
+    DeleteRest(rows);
     return counter;
 }
 

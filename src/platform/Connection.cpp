@@ -49,8 +49,7 @@ void Connection::Open(const QString& path)
     if (!QFileInfo(path).isFile())
         throw Failure(FailureNumber::FileNotFound,
                       QStringLiteral("There is no layout database ") + path + QLatin1Char('.'));
-    auto database = std::make_unique<StoreDatabase>();
-    database->Open(path, StoreDatabase::OpenMode::Existing);
+    auto database = std::make_unique<StoreDatabase>(path, StoreDatabase::OpenMode::Existing);
     RequireTables(*database);
     m_d->Database = std::move(database);
 }
@@ -58,6 +57,7 @@ void Connection::Open(const QString& path)
 void Connection::Close()
 {
     m_d->Shapes.clear();
+    m_d->Kept.ForgetAll();
     m_d->Depth = 0;
     m_d->Database.reset();
 }
@@ -77,7 +77,7 @@ void Connection::BeginTrans()
         m_d->Depth = 1;
         return;
     }
-    database.Run(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
+    database.Change(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
     ++m_d->Depth;
 }
 
@@ -87,8 +87,8 @@ void Connection::CommitTrans()
     if (m_d->Depth == 0)
         throw Failure(FailureNumber::InvalidCall, QStringLiteral("No transaction is open."));
     const int depth = m_d->Depth - 1;
-    database.Run(depth == 0 ? QStringLiteral("COMMIT")
-                            : QStringLiteral("RELEASE ") + SavepointName(depth));
+    database.Change(depth == 0 ? QStringLiteral("COMMIT")
+                               : QStringLiteral("RELEASE ") + SavepointName(depth));
     m_d->Depth = depth;
 }
 

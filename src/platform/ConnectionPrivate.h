@@ -2,6 +2,7 @@
 
 #include "platform/Connection.h"
 #include "platform/CursorShape.h"
+#include "platform/KeptRows.h"
 #include "platform/StoreDatabase.h"
 
 namespace vantrel {
@@ -10,6 +11,7 @@ struct Connection::Private
 {
     std::unique_ptr<StoreDatabase> Database;
     QCache<QString, std::shared_ptr<CursorShape>> Shapes;
+    KeptRows Kept;
     int Depth = 0;
 
     /// Fails with `ObjectClosed` on a closed connection.

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "platform/SelectStatement.h"
+#include <QByteArray>
 #include <QHash>
+#include <QVariant>
 #include <vector>
 
-class QSqlRecord;
-
 namespace vantrel {
+
+class StoreStatement;
 
 /// What a cursor knows of its statement: worked out once, shared by all cursors that run it.
 class CursorShape
@@ -17,13 +19,20 @@ public:
         QString Name;
         /// Place of its value in a row of the result.
         int Place = 0;
-        bool IsText = false;
+        /// TEXT, INTEGER or REAL in the tables the station makes.
+        QByteArray Type;
+
+        bool IsText() const { return Type.compare("TEXT", Qt::CaseInsensitive) == 0; }
+        /// Whether the store gives such a value, in stored form, back just as it takes it.
+        bool GivesBack(const QVariant& value) const;
     };
 
     CursorShape(SelectStatement select, QString keyColumn);
 
     /// Takes the columns of the statement's result.
-    void TakeColumns(const QSqlRecord& record);
+    void TakeColumns(const StoreStatement& rows);
+    /// Whether a new value in a column may change which rows the statement gives, or their order.
+    bool DependsOn(const QString& column) const;
 
     const SelectStatement& Select() const { return m_select; }
     const QString& Sql() const { return m_sql; }
@@ -35,6 +44,8 @@ public:
     int KeyColumn() const { return m_keyColumn; }
     /// Place of a column by its name: case-blind, brackets optional. Fails with `ItemNotFound`.
     int Find(const QString& name) const;
+    /// As `Find`, but -1 where there is none, and no brackets.
+    int PlaceOf(const QString& name) const;
 
 private:
     SelectStatement m_select;

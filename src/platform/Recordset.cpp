@@ -1,8 +1,6 @@
 #include "platform/Recordset.h"
 #include "platform/Failure.h"
 #include "platform/RecordsetPrivate.h"
-#include <QSqlError>
-#include <QSqlRecord>
 
 namespace vantrel {
 
@@ -13,13 +11,22 @@ const CursorShape& Recordset::Private::Opened() const
     return *Shape;
 }
 
-Recordset::Private::Row& Recordset::Private::Current()
+const CursorRow& Recordset::Private::Current() const
 {
     Opened();
     if (IsEof() || CurrentDeleted)
         throw Failure(FailureNumber::NoCurrentRecord,
                       QStringLiteral("The cursor stands on no row."));
-    return Rows[At];
+    return (*Rows)[At];
+}
+
+CursorRows& Recordset::Private::OwnRows()
+{
+    if (!Own) {
+        Own = std::make_shared<CursorRows>(*Rows);
+        Rows = Own;
+    }
+    return *Own;
 }
 
 const CursorShape& Recordset::Private::Changeable() const
@@ -36,25 +43,32 @@ void Recordset::Private::DropChanges()
     Changes.clear();
 }
 
-void Recordset::Private::ReadRows(QSqlQuery& query)
+CursorResult Recordset::Private::ResultOf(const QString& statement) const
 {
-    while (query.next()) {
-        Row row;
-        if (Shape->HasKey())
-            row.Key = query.value(0).toLongLong();
-        row.Values.reserve(Shape->Columns().size());
-        for (const CursorShape::Column& column : Shape->Columns()) {
-            const QVariant value = query.value(column.Place);
-            row.Values.push_back(value.isNull() ? QVariant() : value);
-        }
-        Rows.push_back(std::move(row));
-    }
-    const QSqlError error = query.lastError();
-    query.finish();
-    // A page read in part is no page: the next save would make the loss of its other rows lasting.
-    if (error.isValid())
-        StoreDatabase::FailWith(error);
-    Count = static_cast<int>(Rows.size());
+    StoreDatabase& database = Store.Opened();
+    if (const auto kept = Store.Kept.Find(statement, database.Now()))
+        return *kept;
+    const std::shared_ptr<CursorShape> shape = Store.ShapeOf(statement);
+    auto rows = std::make_shared<CursorRows>();
+    // A failure on the way fails it all. A page read in part is no page: the next save would make
+    // the loss of its other rows lasting.
+    const auto takeColumns = [&](const StoreStatement& stored) {
+        if (!shape->HasColumns())
+            shape->TakeColumns(stored);
+    };
+    const auto takeRow = [&](const StoreStatement& stored) {
+        CursorRow row;
+        if (shape->HasKey())
+            row.Key = stored.Value(0).toLongLong();
+        row.Values.reserve(std::ssize(shape->Columns()));
+        for (const CursorShape::Column& column : shape->Columns())
+            row.Values.append(stored.Value(column.Place));
+        rows->push_back(std::move(row));
+    };
+    database.Read(shape->Sql(), takeColumns, takeRow);
+    const CursorResult result{shape, rows};
+    Store.Kept.Keep(statement, result);
+    return result;
 }
 
 Recordset::Recordset(Connection& connection) : m_d(std::make_unique<Private>(connection)) {}
@@ -65,26 +79,19 @@ void Recordset::Open(const QString& statement, CursorLock lock)
 {
     if (IsOpen())
         Close();
-    StoreDatabase& database = m_d->Store.Opened();
-    const std::shared_ptr<CursorShape> shape = m_d->Store.ShapeOf(statement);
-    QSqlQuery& query = database.Run(shape->Sql());
-    if (!shape->HasColumns())
-        shape->TakeColumns(query.record());
-    m_d->Shape = shape;
+    const CursorResult result = m_d->ResultOf(statement);
+    m_d->Shape = result.Shape;
+    m_d->Rows = result.Rows;
+    m_d->Count = static_cast<int>(result.Rows->size());
     m_d->Lock = lock;
-    try {
-        m_d->ReadRows(query);
-    } catch (const Failure&) {
-        Close();
-        throw;
-    }
 }
 
 void Recordset::Close()
 {
     m_d->Opened();
     m_d->DropChanges();
-    m_d->Rows.clear();
+    m_d->Rows = std::make_shared<CursorRows>();
+    m_d->Own.reset();
     m_d->At = 0;
     m_d->Count = 0;
     m_d->CurrentDeleted = false;
@@ -127,11 +134,13 @@ void Recordset::MoveNext()
 QVariant Recordset::Value(const QString& column) const
 {
     const int place = m_d->Opened().Find(column);
-    if (const auto change = m_d->Changes.find(place); change != m_d->Changes.end())
-        return change->second;
+    if (!m_d->Changes.empty()) {
+        if (const auto& change = m_d->Changes[static_cast<std::size_t>(place)])
+            return *change;
+    }
     if (m_d->Adding)
         return {};
-    return m_d->Current().Values[static_cast<std::size_t>(place)];
+    return m_d->Current().Values[place];
 }
 
 } // namespace vantrel

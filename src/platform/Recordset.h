@@ -43,6 +43,8 @@ public:
     void SetValue(const QString& column, const QVariant& value);
     /// Begins a new row, all null; `Update` writes it.
     void AddNew();
+    /// Begins the current row as if it were a new one, all null, but with the place it has.
+    void BeginAnew();
     /// Writes the row being added or changed; a row that was added becomes the current one. Values
     /// that are what the store holds are not written again, so an unchanged row costs no commit.
     /// Fails with `NoCurrentRecord` where the row has been deleted meanwhile.

@@ -7,12 +7,9 @@
 namespace vantrel {
 
 namespace {
-QString Placeholders(std::size_t count)
+QString Placeholders(qsizetype count)
 {
-    QString marks = QStringLiteral("?");
-    for (std::size_t i = 1; i < count; ++i)
-        marks += QStringLiteral(", ?");
-    return marks;
+    return QStringList(count, QStringLiteral("?")).join(QStringLiteral(", "));
 }
 } // namespace
 
@@ -22,48 +19,60 @@ QString Recordset::Private::ColumnSql(int column) const
            QLatin1Char(']');
 }
 
-bool Recordset::Private::Insert(const QString& source)
+template <typename Source>
+bool Recordset::Private::Insert(Source&& source)
 {
     QStringList columns;
     QVariantList values;
-    for (const auto& [column, value] : Changes) {
-        columns.append(ColumnSql(column));
-        values.append(value);
+    for (std::size_t i = 0; i < Changes.size(); ++i) {
+        if (!Changes[i])
+            continue;
+        columns.append(ColumnSql(static_cast<int>(i)));
+        values.append(*Changes[i]);
     }
     const QString names =
         columns.isEmpty()
             ? QString()
             : QStringLiteral(" (") + columns.join(QStringLiteral(", ")) + QLatin1Char(')');
-    QSqlQuery& query =
-        Store.Opened().Run(QStringLiteral("INSERT INTO ") + TableSql() + names + source, values);
-    if (query.numRowsAffected() == 0)
+    StoreDatabase& database = Store.Opened();
+    if (database.Change(QStringLiteral("INSERT INTO ") + TableSql() + names +
+                            source(Placeholders(columns.size())),
+                        values) == 0)
         return false;
+    Store.Kept.ForgetTable(Shape->Select().Table);
 
-    Row row;
-    row.Key = query.lastInsertId().toLongLong();
-    row.Values.resize(Shape->Columns().size());
-    for (const auto& [column, value] : Changes)
-        row.Values[static_cast<std::size_t>(column)] = value;
+    CursorRow row;
+    row.Key = database.LastKey();
+    row.Values.resize(std::ssize(Shape->Columns()));
+    TakeChanges(row);
     if (Shape->KeyColumn() >= 0)
-        row.Values[static_cast<std::size_t>(Shape->KeyColumn())] = row.Key;
-    Rows.push_back(std::move(row));
-    At = Rows.size() - 1;
+        row.Values[Shape->KeyColumn()] = row.Key;
+    OwnRows().push_back(std::move(row));
+    At = Rows->size() - 1;
     ++Count;
     CurrentDeleted = false;
     return true;
 }
 
+void Recordset::Private::TakeChanges(CursorRow& row) const
+{
+    for (std::size_t i = 0; i < Changes.size(); ++i) {
+        if (Changes[i])
+            row.Values[static_cast<qsizetype>(i)] = *Changes[i];
+    }
+}
+
 void Recordset::Private::Write()
 {
-    Row& row = Current();
+    const CursorRow& row = Current();
     QStringList columns;
     QVariantList values;
-    for (const auto& [column, value] : Changes) {
+    for (std::size_t i = 0; i < Changes.size(); ++i) {
         // What the store holds already costs no commit.
-        if (SameStored(row.Values[static_cast<std::size_t>(column)], value))
+        if (!Changes[i] || SameStored(row.Values[static_cast<qsizetype>(i)], *Changes[i]))
             continue;
-        columns.append(ColumnSql(column) + QStringLiteral(" = ?"));
-        values.append(value);
+        columns.append(ColumnSql(static_cast<int>(i)) + QStringLiteral(" = ?"));
+        values.append(*Changes[i]);
     }
     if (columns.isEmpty())
         return;
@@ -71,13 +80,13 @@ void Recordset::Private::Write()
     RunOnRow(QStringLiteral("UPDATE ") + TableSql() + QStringLiteral(" SET ") +
                  columns.join(QStringLiteral(", ")) + QStringLiteral(" WHERE rowid = ?"),
              values);
-    for (const auto& [column, value] : Changes)
-        row.Values[static_cast<std::size_t>(column)] = value;
+    TakeChanges(OwnRows()[At]);
+    Store.Kept.TakeChange(*Shape, Current().Key, Changes);
 }
 
 void Recordset::Private::RunOnRow(const QString& sql, const QVariantList& values)
 {
-    if (Store.Opened().Run(sql, values).numRowsAffected() == 0)
+    if (Store.Opened().Change(sql, values) == 0)
         throw Failure(FailureNumber::NoCurrentRecord,
                       QStringLiteral("Another session has deleted the row."));
 }
@@ -91,8 +100,10 @@ void Recordset::SetValue(const QString& column, const QVariant& value)
                       QStringLiteral("The row's counter cannot be set."));
     if (!m_d->Adding)
         m_d->Current();
-    const bool isText = shape.Columns()[static_cast<std::size_t>(place)].IsText;
-    m_d->Changes.insert_or_assign(place, StoredForm(value, isText));
+    const std::vector<CursorShape::Column>& columns = shape.Columns();
+    const auto at = static_cast<std::size_t>(place);
+    m_d->Changes.resize(columns.size());
+    m_d->Changes[at] = StoredForm(value, columns[at].IsText());
 }
 
 void Recordset::AddNew()
@@ -102,16 +113,27 @@ void Recordset::AddNew()
     m_d->Adding = true;
 }
 
+void Recordset::BeginAnew()
+{
+    const CursorShape& shape = m_d->Changeable();
+    m_d->Current();
+    m_d->DropChanges();
+    m_d->Changes.assign(shape.Columns().size(), QVariant());
+    if (shape.KeyColumn() >= 0)
+        m_d->Changes[static_cast<std::size_t>(shape.KeyColumn())].reset();
+}
+
 void Recordset::Update()
 {
     m_d->Changeable();
     if (!m_d->Adding)
         m_d->Write();
     else if (m_d->Changes.empty())
-        m_d->Insert(QStringLiteral(" DEFAULT VALUES"));
+        m_d->Insert([](const QString&) { return QStringLiteral(" DEFAULT VALUES"); });
     else
-        m_d->Insert(QStringLiteral(" VALUES (") + Placeholders(m_d->Changes.size()) +
-                    QLatin1Char(')'));
+        m_d->Insert([](const QString& placeholders) -> QString {
+            return QStringLiteral(" VALUES (") + placeholders + QLatin1Char(')');
+        });
     m_d->DropChanges();
 }
 
@@ -120,10 +142,11 @@ bool Recordset::UpdateUnlessFound()
     const QString found = m_d->Changeable().Select().Where;
     if (!m_d->Adding || m_d->Changes.empty())
         throw Failure(FailureNumber::NoCurrentRecord, QStringLiteral("There is no row to add."));
-    const bool added = m_d->Insert(
-        QStringLiteral(" SELECT ") + Placeholders(m_d->Changes.size()) +
-        QStringLiteral(" WHERE NOT EXISTS (SELECT 1 FROM ") + m_d->TableSql() +
-        (found.isEmpty() ? QString() : QStringLiteral(" WHERE ") + found) + QLatin1Char(')'));
+    const bool added = m_d->Insert([&](const QString& placeholders) -> QString {
+        return QStringLiteral(" SELECT ") + placeholders +
+               QStringLiteral(" WHERE NOT EXISTS (SELECT 1 FROM ") + m_d->TableSql() +
+               (found.isEmpty() ? QString() : QStringLiteral(" WHERE ") + found) + QLatin1Char(')');
+    });
     m_d->DropChanges();
     return added;
 }
@@ -136,6 +159,7 @@ void Recordset::Delete()
     m_d->RunOnRow(QStringLiteral("DELETE FROM ") + m_d->TableSql() +
                       QStringLiteral(" WHERE rowid = ?"),
                   {key});
+    m_d->Store.Kept.ForgetTable(m_d->Shape->Select().Table);
     m_d->CurrentDeleted = true;
     --m_d->Count;
 }

@@ -138,17 +138,16 @@ void MakeTable(StoreDatabase& database, const TableRow& table)
 void FillPrinterTypes(StoreDatabase& database)
 {
     for (const PrinterTypeRow& row : PrinterTypes)
-        database.Run(QStringLiteral("INSERT INTO [PrinterTypes] ([DeviceType], [Name], "
-                                    "[ColorCapable], [DualSided], [VisOrder]) "
-                                    "VALUES (?, ?, ?, ?, ?)"),
-                     {row.DeviceType, QString::fromLatin1(row.Name), row.ColorCapable ? 1 : 0,
-                      row.DualSided ? 1 : 0, row.VisOrder});
+        database.Change(QStringLiteral("INSERT INTO [PrinterTypes] ([DeviceType], [Name], "
+                                       "[ColorCapable], [DualSided], [VisOrder]) "
+                                       "VALUES (?, ?, ?, ?, ?)"),
+                        {row.DeviceType, QString::fromLatin1(row.Name), row.ColorCapable ? 1 : 0,
+                         row.DualSided ? 1 : 0, row.VisOrder});
 }
 
 void MakeContents(const QString& path)
 {
-    StoreDatabase database;
-    database.Open(path, StoreDatabase::OpenMode::Create);
+    StoreDatabase database(path, StoreDatabase::OpenMode::Create);
     database.Execute(QStringLiteral("BEGIN IMMEDIATE"));
     for (const TableRow& table : Tables)
         MakeTable(database, table);

@@ -1,113 +1,110 @@
 #include "platform/StoreDatabase.h"
-#include "platform/Failure.h"
-#include <QSqlError>
-#include <QSqlIndex>
-#include <QUrl>
-#include <memory>
+#include <QFile>
+#include <exception>
+#include <sqlite3.h>
 
 namespace vantrel {
 
 namespace {
 constexpr int StatementsKept = 64;
-constexpr int PrimaryCodeMask = 0xFF;
-/// What is wrong lies in the statement itself, not in the file or its locks.
-constexpr int CodeStatement = 1;
-constexpr int CodeBusy = 5;
-constexpr int CodeLocked = 6;
-
-int PrimaryCode(const QSqlError& error)
-{
-    return error.nativeErrorCode().toInt() & PrimaryCodeMask;
-}
+constexpr int LockPatienceMs = 5000;
 } // namespace
 
-void StoreDatabase::FailWith(const QSqlError& error)
+void StoreDatabase::Closer::operator()(sqlite3* database) const
 {
-    const int code = PrimaryCode(error);
-    const bool busy = code == CodeBusy || code == CodeLocked;
-    throw Failure(busy ? FailureNumber::StoreBusy : FailureNumber::StatementInvalid,
-                  QStringLiteral("The layout database: ") +
-                      (error.databaseText().isEmpty() ? error.text() : error.databaseText()));
+    sqlite3_close_v2(database);
 }
 
-StoreDatabase::StoreDatabase()
-    // No two live objects share an address, so no two connections share a name.
-    : m_name(QStringLiteral("vantrel-%1").arg(reinterpret_cast<quintptr>(this), 0, 16)),
-      m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name)),
-      m_statements(StatementsKept)
-{}
-
-StoreDatabase::~StoreDatabase()
+StoreDatabase::Running::Running(StoreDatabase& database, const QString& sql)
+    : m_database(database), m_statement(nullptr), m_exceptions(std::uncaught_exceptions())
 {
-    m_statements.clear();
-    m_database.close();
-    m_database = QSqlDatabase();
-    QSqlDatabase::removeDatabase(m_name);
+    try {
+        m_statement = &database.Prepared(sql);
+    } catch (...) {
+        ++m_database.m_failures;
+        throw;
+    }
 }
 
-void StoreDatabase::Open(const QString& path, OpenMode mode)
+StoreDatabase::Running::~Running()
 {
-    const bool existing = mode == OpenMode::Existing;
-    // Only the URI form can forbid SQLite to make a missing file.
-    m_database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=5000"));
-    m_database.setDatabaseName(
-        QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded) +
-        (existing ? QStringLiteral("?mode=rw") : QStringLiteral("?mode=rwc")));
-    if (!m_database.open())
-        FailWith(m_database.lastError());
+    m_statement->Finish();
+    if (std::uncaught_exceptions() > m_exceptions)
+        ++m_database.m_failures;
+}
+
+StoreDatabase::StoreDatabase(const QString& path, OpenMode mode) : m_statements(StatementsKept)
+{
+    const int create = mode == OpenMode::Create ? SQLITE_OPEN_CREATE : 0;
+    sqlite3* database = nullptr;
+    const int code = sqlite3_open_v2(QFile::encodeName(path).constData(), &database,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create, nullptr);
+    m_database.reset(database);
+    if (code != SQLITE_OK)
+        FailAsStore(database);
+    sqlite3_busy_timeout(database, LockPatienceMs);
     Execute(QStringLiteral("PRAGMA journal_mode = WAL"));
     Execute(QStringLiteral("PRAGMA synchronous = FULL"));
 }
 
 QVariant StoreDatabase::Execute(const QString& sql)
 {
-    QSqlQuery query(m_database);
-    query.setForwardOnly(true);
-    if (!query.exec(sql))
-        FailWith(query.lastError());
-    return query.next() ? query.value(0) : QVariant();
+    StoreStatement statement(m_database.get(), sql);
+    return statement.Step() ? statement.Value(0) : QVariant();
 }
 
-QSqlQuery& StoreDatabase::Prepared(const QString& sql)
+StoreStatement& StoreDatabase::Prepared(const QString& sql)
 {
-    if (QSqlQuery* known = m_statements.object(sql))
+    if (StoreStatement* known = m_statements.object(sql))
         return *known;
-    auto fresh = std::make_unique<QSqlQuery>(m_database);
-    fresh->setForwardOnly(true);
-    if (!fresh->prepare(sql))
-        FailWith(fresh->lastError());
+    auto fresh = std::make_unique<StoreStatement>(m_database.get(), sql);
+    StoreStatement& statement = *fresh;
     m_statements.insert(sql, fresh.release());
-    return *m_statements.object(sql);
+    return statement;
 }
 
-QSqlQuery& StoreDatabase::Run(const QString& sql, const QVariantList& values)
+int StoreDatabase::Change(const QString& sql, const QVariantList& values)
 {
-    QSqlQuery& query = Prepared(sql);
-    for (int i = 0; i < values.size(); ++i)
-        query.bindValue(i, values.at(i));
-    if (!query.exec()) {
-        const QSqlError error = query.lastError();
-        query.finish();
-        FailWith(error);
-    }
-    return query;
+    Running statement(*this, sql);
+    statement->Bind(values);
+    while (statement->Step())
+        continue;
+    return sqlite3_changes(m_database.get());
+}
+
+qlonglong StoreDatabase::LastKey() const
+{
+    return sqlite3_last_insert_rowid(m_database.get());
 }
 
 bool StoreDatabase::Begin()
 {
-    QSqlQuery& query = Prepared(QStringLiteral("BEGIN IMMEDIATE"));
-    const bool begun = query.exec();
-    const QSqlError error = query.lastError();
-    query.finish();
-    // The only thing wrong with these words can be that a transaction is open.
-    if (!begun && PrimaryCode(error) != CodeStatement)
-        FailWith(error);
-    return begun;
+    if (sqlite3_get_autocommit(m_database.get()) == 0)
+        return false;
+    Change(QStringLiteral("BEGIN IMMEDIATE"));
+    return true;
 }
 
-QString StoreDatabase::KeyColumn(const QString& table) const
+StoreDatabase::State StoreDatabase::Now()
 {
-    return m_database.primaryIndex(table).fieldName(0);
+    State state;
+    Running version(*this, QStringLiteral("PRAGMA data_version"));
+    if (version->Step())
+        state.OthersVersion = version->Value(0).toLongLong();
+    state.FailureCount = m_failures;
+    return state;
+}
+
+QString StoreDatabase::KeyColumn(const QString& table)
+{
+    constexpr int nameColumn = 1;
+    constexpr int keyColumn = 5;
+    Running columns(*this, QStringLiteral("PRAGMA table_info([") + table + QStringLiteral("])"));
+    while (columns->Step()) {
+        if (columns->Value(keyColumn).toInt() == 1)
+            return columns->Value(nameColumn).toString();
+    }
+    return {};
 }
 
 } // namespace vantrel

@@ -1,54 +1,94 @@
 #pragma once
 
+#include "platform/StoreStatement.h"
 #include <QCache>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QString>
 #include <QVariantList>
-
-class QSqlError;
+#include <memory>
+#include <utility>
 
 namespace vantrel {
 
 /// One SQLite file and its prepared statements; what `Connection` and `Recordset` stand on. A
 /// station loads and saves the same pages for every card, so each statement is prepared once and
-/// the most recently used ones are kept.
+/// the most recently used ones are kept. All operations fail like `FailAsStore`.
 class StoreDatabase
 {
 public:
     enum class OpenMode { Existing, Create };
 
-    StoreDatabase();
-    StoreDatabase(const StoreDatabase&) = delete;
-    StoreDatabase& operator=(const StoreDatabase&) = delete;
-    ~StoreDatabase();
+    /// Two states that are equal hold the same rows, but for what this object has changed itself.
+    struct State
+    {
+        qlonglong OthersVersion = 0;
+        qlonglong FailureCount = 0;
+
+        friend bool operator==(const State&, const State&) = default;
+    };
 
     /// Opens the file with full durability and five seconds of waiting for a lock. With `Existing`
-    /// no file is ever made. Fails with `StatementInvalid` or `StoreBusy`.
-    void Open(const QString& path, OpenMode mode);
+    /// no file is ever made.
+    StoreDatabase(const QString& path, OpenMode mode);
 
-    /// Fails with what the store says: `StoreBusy` for a lock, else `StatementInvalid`.
-    [[noreturn]] static void FailWith(const QSqlError& error);
-
-    /// Runs a statement that is not worth keeping. Fails with `StatementInvalid` or `StoreBusy`.
+    /// Runs a statement that is not worth keeping.
     /// @return the first value of its first row, a null where it gives none
     QVariant Execute(const QString& sql);
-    /// Runs a prepared statement with the values bound in order. Fails like `Execute`. The query is
-    /// valid until the next call; whoever reads its rows calls `finish` behind the last.
-    QSqlQuery& Run(const QString& sql, const QVariantList& values = {});
+    /// Shows a prepared statement to `show`, then each of its rows to `take`.
+    template <typename Show, typename Take>
+    void Read(const QString& sql, Show&& show, Take&& take);
+    /// Runs a prepared statement that gives no rows, with the values bound in order.
+    /// @return how many rows it has written
+    int Change(const QString& sql, const QVariantList& values = {});
+    /// The key of the row added last.
+    qlonglong LastKey() const;
+
     /// Begins a transaction that holds the write lock from its start. Fails with `StoreBusy` where
-    /// another session keeps the lock, or like `Execute`.
+    /// another session keeps the lock.
     /// @return false, with nothing changed, where a transaction is open already
     bool Begin();
-    /// Name of the column that is the key of a table's rows.
-    QString KeyColumn(const QString& table) const;
+    /// Whether others may have changed the store: asked anew with every call.
+    State Now();
+    /// Name of the column that is the key of a table's rows, empty for a table that is not there.
+    QString KeyColumn(const QString& table);
 
 private:
-    QSqlQuery& Prepared(const QString& sql);
+    struct Closer
+    {
+        void operator()(sqlite3* database) const;
+    };
+    /// Makes a statement ready again whatever becomes of its rows, and counts what fails.
+    class Running
+    {
+    public:
+        Running(StoreDatabase& database, const QString& sql);
+        Running(const Running&) = delete;
+        Running& operator=(const Running&) = delete;
+        ~Running();
+        StoreStatement* operator->() { return m_statement; }
+        StoreStatement& operator*() { return *m_statement; }
 
-    QString m_name;
-    QSqlDatabase m_database;
-    QCache<QString, QSqlQuery> m_statements;
+    private:
+        StoreDatabase& m_database;
+        StoreStatement* m_statement;
+        int m_exceptions;
+    };
+
+    StoreStatement& Prepared(const QString& sql);
+
+    std::unique_ptr<sqlite3, Closer> m_database;
+    QCache<QString, StoreStatement> m_statements;
+    qlonglong m_failures = 0;
 };
+
+template <typename Show, typename Take>
+void StoreDatabase::Read(const QString& sql, Show&& show, Take&& take)
+{
+    Running statement(*this, sql);
+    // Only a step sees what another session has made of the table.
+    bool isOnRow = statement->Step();
+    show(std::as_const(*statement));
+    for (; isOnRow; isOnRow = statement->Step())
+        take(std::as_const(*statement));
+}
 
 } // namespace vantrel

@@ -2,6 +2,7 @@
 #include "layout/LoadLayout.h"
 #include "layout/SaveLayout.h"
 #include "platform/Failure.h"
+#include "platform/Recordset.h"
 #include "support/Layouts.h"
 #include "support/StoreFaults.h"
 #include <QFile>
@@ -102,6 +103,23 @@ TEST_F(SaveFailure, AFailureInTheMiddleLeavesTheDeletionsPending)
     EXPECT_EQ(StoredTexts(), QStringList{QStringLiteral("first")});
     Session.LayoutDb.Close();
     EXPECT_EQ(StoredTexts(), QStringList{QStringLiteral("first")});
+}
+
+TEST_F(SaveFailure, AFailureInTheMiddleLeavesWhatWasWrittenAndNoneOfTheOldRows)
+{
+    AddText(Session, QStringLiteral("third"));
+    SavePage(Session);
+    Execute(Session, QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON Controls WHEN "
+                                    "NEW.C_Value = 'refused' BEGIN SELECT RAISE(ABORT, 'refused'); "
+                                    "END"));
+    const auto& objects = Session.Document.Objects();
+    objects[objects.size() - 2]->SetCaption(QStringLiteral("refused"));
+    ExpectBoxOf(FailureNumber::StatementInvalid);
+    Recordset pending(Session.LayoutDb);
+    pending.Open(QStringLiteral("SELECT * FROM [Controls]"));
+    ASSERT_EQ(pending.RecordCount(), 1);
+    EXPECT_EQ(pending.Value(QStringLiteral("C_Value")), QVariant(QStringLiteral("first")));
+    EXPECT_EQ(StoredTexts().size(), 3);
 }
 
 TEST_F(SaveFailure, TheNextSaveBeginsInsideTheOpenTransaction)

@@ -5,6 +5,8 @@
 #include <QSqlQuery>
 #include <QtEndian>
 #include <gtest/gtest.h>
+#include <set>
+#include <sqlite3.h>
 
 namespace vantrel::test {
 
@@ -31,12 +33,37 @@ qint64 MiddleChild(const QByteArray& page)
     return Read<quint32>(page, Read<quint16>(page, CellPointersAt + 2 * (cells / 2)));
 }
 
-int RunOnStore(const QString& connection, const QString& sql)
+/// The stores this process has open at the moment.
+std::set<sqlite3*>& OpenStores()
 {
-    QSqlQuery query(QSqlDatabase::database(connection));
-    EXPECT_TRUE(query.exec(sql));
-    EXPECT_TRUE(query.next());
-    return query.value(0).toInt();
+    static std::set<sqlite3*> stores;
+    return stores;
+}
+
+/// A function of SQL that nobody calls: the store tells by it when it is closed.
+int NoteStore(sqlite3* store, const char** /*error*/, const sqlite3_api_routines* /*routines*/)
+{
+    OpenStores().insert(store);
+    return sqlite3_create_function_v2(
+        store, "vantrel_is_open", 0, SQLITE_UTF8, store,
+        [](sqlite3_context* context, int, sqlite3_value**) { sqlite3_result_int(context, 1); },
+        nullptr, nullptr, [](void* closed) { OpenStores().erase(static_cast<sqlite3*>(closed)); });
+}
+
+const int notesStores = [] {
+    OpenStores();
+    return sqlite3_auto_extension(reinterpret_cast<void (*)()>(&NoteStore));
+}();
+
+int RunOnStore(sqlite3* store, const QString& sql)
+{
+    sqlite3_stmt* statement = nullptr;
+    EXPECT_EQ(sqlite3_prepare_v2(store, sql.toUtf8().constData(), -1, &statement, nullptr),
+              SQLITE_OK);
+    EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW);
+    const int value = sqlite3_column_int(statement, 0);
+    sqlite3_finalize(statement);
+    return value;
 }
 
 } // namespace
@@ -46,8 +73,7 @@ void DamageRows(const QString& path, const QString& table)
     qint64 pageSize = 0;
     qint64 root = 0;
     {
-        StoreDatabase database;
-        database.Open(path, StoreDatabase::OpenMode::Existing);
+        StoreDatabase database(path, StoreDatabase::OpenMode::Existing);
         database.Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
         pageSize = database.Execute(QStringLiteral("PRAGMA page_size")).toLongLong();
         root = database
@@ -65,18 +91,18 @@ void DamageRows(const QString& path, const QString& table)
 
 void LeaveRoom(int pages)
 {
-    const QStringList connections = QSqlDatabase::connectionNames();
-    for (const QString& connection : connections) {
-        const int used = RunOnStore(connection, QStringLiteral("PRAGMA page_count"));
-        RunOnStore(connection, QStringLiteral("PRAGMA max_page_count = %1").arg(used + pages));
+    EXPECT_EQ(notesStores, SQLITE_OK);
+    EXPECT_FALSE(OpenStores().empty());
+    for (sqlite3* store : OpenStores()) {
+        const int used = RunOnStore(store, QStringLiteral("PRAGMA page_count"));
+        RunOnStore(store, QStringLiteral("PRAGMA max_page_count = %1").arg(used + pages));
     }
 }
 
 void GiveRoomBack()
 {
-    const QStringList connections = QSqlDatabase::connectionNames();
-    for (const QString& connection : connections)
-        RunOnStore(connection, QStringLiteral("PRAGMA max_page_count = %1").arg(AllTheRoom));
+    for (sqlite3* store : OpenStores())
+        RunOnStore(store, QStringLiteral("PRAGMA max_page_count = %1").arg(AllTheRoom));
 }
 
 bool IsLocked(const QString& path)
