@@ -68,9 +68,13 @@ void Recordset::Private::Write()
     QStringList columns;
     QVariantList values;
     for (std::size_t i = 0; i < Changes.size(); ++i) {
-        // What the store holds already costs no commit.
-        if (!Changes[i] || SameStored(row.Values[static_cast<qsizetype>(i)], *Changes[i]))
+        if (!Changes[i])
             continue;
+        // What the store holds already costs no commit.
+        if (SameStored(row.Values[static_cast<qsizetype>(i)], *Changes[i])) {
+            Changes[i].reset();
+            continue;
+        }
         columns.append(ColumnSql(static_cast<int>(i)) + QStringLiteral(" = ?"));
         values.append(*Changes[i]);
     }
