@@ -12,7 +12,7 @@ namespace vantrel::test {
 
 namespace {
 
-constexpr int LimitMs = 20000;
+constexpr int LimitMs = 60000;
 constexpr int ListenState = 0x0A;
 
 /// The environment of a machine without a display and without printers of its own.

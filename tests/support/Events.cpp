@@ -7,7 +7,7 @@ namespace vantrel::test {
 
 bool EventsUntil(const std::function<bool()>& holds)
 {
-    constexpr int LimitMs = 20000;
+    constexpr int LimitMs = 60000;
     constexpr int LookAgainMs = 10;
     QElapsedTimer clock;
     clock.start();
