@@ -9,59 +9,28 @@
 #include "print/PrinterIcons.h"
 #include "print/PrinterSelection.h"
 #include "shaping/frmSerialize.h"
-#include <QBoxLayout>
 #include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
 #include <QTreeWidget>
-#include <limits>
 
 namespace vantrel {
 
 namespace {
 
 constexpr double PlaceTwips = 1200;
-constexpr double NameColumnTwips = 3160;
 constexpr QSize FirstSize{640, 520};
 constexpr int ConfigInterval = 200;
 constexpr int RefreshInterval = 500;
-constexpr int MostCopies = std::numeric_limits<std::int16_t>::max();
 /// What a row has besides its texts: its key, or the code of its kind.
 constexpr int RowData = Qt::UserRole;
 /// Whether the queue of a row takes jobs.
 constexpr int RowAcceptsJobs = Qt::UserRole + 1;
-constexpr const char* OrientationCaptions[] = {"Portrait", "Landscape", "Default"};
-
-QTreeWidget* MakeList(const char* name, const QString& caption, const QStringList& columns)
-{
-    auto* list = MakeControl<QTreeWidget>(name);
-    list->setAccessibleName(caption);
-    list->setHeaderLabels(columns);
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setAllColumnsShowFocus(true);
-    list->setColumnWidth(0, ScreenPixels(NameColumnTwips));
-    return list;
-}
-
-/// A list under its caption.
-QWidget* Captioned(QTreeWidget* list)
-{
-    auto* part = new QWidget;
-    auto* caption = new QLabel(list->accessibleName());
-    caption->setBuddy(list);
-    auto* column = new QVBoxLayout(part);
-    column->setContentsMargins({});
-    column->addWidget(caption);
-    column->addWidget(list);
-    return part;
-}
 
 void SelectRow(QTreeWidget& list, QTreeWidgetItem* row)
 {
@@ -100,90 +69,6 @@ frmPrinters2::frmPrinters2(Session& session, QWidget* parent)
     StartTimers();
     resize(FirstSize.expandedTo(sizeHint()));
     move(ScreenPixels(PlaceTwips), ScreenPixels(PlaceTwips));
-}
-
-QWidget* frmPrinters2::MakePrinterPart()
-{
-    m_printers = MakeList(
-        "lvwPrinters", QStringLiteral("Available Printers"),
-        {QStringLiteral("Printer Name"), QStringLiteral("Status"), QStringLiteral("Jobs")});
-    connect(m_printers, &QTreeWidget::itemClicked, this,
-            [this](const QTreeWidgetItem* row) { m_clicked = row->text(0); });
-    return Captioned(m_printers);
-}
-
-QWidget* frmPrinters2::MakeKindPart()
-{
-    m_kinds = MakeList(
-        "lvwTypes", QStringLiteral("Available Printer Types"),
-        {QStringLiteral("Name"), QStringLiteral("Color Capable"), QStringLiteral("Dual Sided")});
-    return Captioned(m_kinds);
-}
-
-QWidget* frmPrinters2::MakeOrientationPart()
-{
-    auto* group = new QGroupBox(QStringLiteral("Printer Orientation"));
-    auto* column = new QVBoxLayout(group);
-    for (std::size_t i = 0; i < std::size(m_orientations); ++i) {
-        const QByteArray name = "optOrientation(" + QByteArray::number(static_cast<int>(i)) + ')';
-        m_orientations[i] = MakeControl<QRadioButton>(name.constData(),
-                                                      QString::fromLatin1(OrientationCaptions[i]));
-        column->addWidget(m_orientations[i]);
-    }
-    return group;
-}
-
-QWidget* frmPrinters2::MakeCopiesPart()
-{
-    const QString caption = QStringLiteral("Copies");
-    auto* group = new QGroupBox(caption);
-    m_copies = MakeControl<QLabel>("lblCopies", QStringLiteral("0"));
-    m_copies->setFrameShape(QFrame::StyledPanel);
-    m_copies->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_copies->setMinimumWidth(m_copies->fontMetrics().horizontalAdvance(QStringLiteral("000000")));
-    m_copiesArrows = MakeControl<DesktopUpDown>("udCopies", caption);
-    m_copiesArrows->SetRange(0, MostCopies);
-    connect(m_copiesArrows, &DesktopUpDown::ValueChanged, m_copies,
-            [this](int value) { m_copies->setNum(value); });
-    m_forceResize =
-        MakeControl<QCheckBox>("chdForceResize", QStringLiteral("Force Document Resize"));
-
-    auto* row = new QHBoxLayout;
-    row->addWidget(m_copies);
-    row->addWidget(m_copiesArrows);
-    row->addStretch();
-    auto* column = new QVBoxLayout(group);
-    column->addLayout(row);
-    column->addStretch();
-    column->addWidget(m_forceResize);
-    return group;
-}
-
-QWidget* frmPrinters2::MakeButtons()
-{
-    m_save = MakeControl<QPushButton>("cmdSave", QStringLiteral("Save"));
-    m_save->setDefault(true);
-    // Before the layout's values show there is nothing to save.
-    m_save->setEnabled(false);
-    auto* close = MakeControl<QPushButton>("cmdCancel", QStringLiteral("Close"));
-    auto* refresh = MakeControl<QPushButton>("cmdRefresh", QStringLiteral("&Refresh"));
-    m_configure = MakeControl<QPushButton>("cmdConfig", QStringLiteral("&Configure"));
-    auto* preferences = MakeControl<QPushButton>("Command1", QStringLiteral("&Preferences"));
-    connect(m_save, &QPushButton::clicked, this, &frmPrinters2::Save);
-    connect(close, &QPushButton::clicked, this, &QDialog::close);
-    connect(refresh, &QPushButton::clicked, this, [this] { BuildPrinters(); });
-    connect(m_configure, &QPushButton::clicked, this, &frmPrinters2::Configure);
-
-    auto* part = new QWidget;
-    auto* column = new QVBoxLayout(part);
-    column->setContentsMargins({});
-    column->addWidget(m_save);
-    column->addWidget(close);
-    column->addStretch();
-    column->addWidget(refresh);
-    column->addWidget(m_configure);
-    column->addWidget(preferences);
-    return part;
 }
 
 void frmPrinters2::StartTimers()

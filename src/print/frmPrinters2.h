@@ -34,6 +34,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    static constexpr double NameColumnTwips = 3160;
+
     QWidget* MakePrinterPart();
     QWidget* MakeKindPart();
     QWidget* MakeOrientationPart();
