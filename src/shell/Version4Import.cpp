@@ -110,7 +110,10 @@ void DrawLogo(Session& session, const OldSession& old)
 {
     if (old.Number(PictureSection, QStringLiteral("Checked")) < 1)
         return;
-    const QString path = session.PathInFolder(old.Text(PictureSection, QStringLiteral("LogoName")));
+    // The names of folders were joined by backslashes.
+    const QString name = old.Text(PictureSection, QStringLiteral("LogoName"))
+                             .replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const QString path = session.PathInFolder(name);
     const Picture logo = LoadPicture(path);
     const auto length = [&](const char* key) {
         return old.Number(PictureSection, QLatin1StringView(key));

@@ -3,6 +3,7 @@
 #include "platform/PageCanvas.h"
 #include "platform/Recordset.h"
 #include "support/Layouts.h"
+#include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -165,6 +166,16 @@ TEST(Version4Import, DrawsTheLogoFromTheProgramFolder)
     EXPECT_EQ(logo.Left, 200);
     EXPECT_EQ(logo.Width, 700);
     EXPECT_EQ(logo.Height, 500);
+}
+
+TEST(Version4Import, TheLogoMayLieInAFolderOfTheProgramFolder)
+{
+    OldStation station;
+    ASSERT_TRUE(QDir(station.Session.ProgramFolder).mkpath(QStringLiteral("Logos/Pool")));
+    const QString path = station.WritePng(QStringLiteral("Logos/Pool/logo.png"), 20, 10);
+    station.With("LogoName", "LogoName=Logos\\Pool\\logo.png");
+    EXPECT_EQ(station.Import(), (Drawn{2, 1, 1}));
+    EXPECT_EQ(station.Object(Family::img_LXV, 1).Tag, path);
 }
 
 TEST(Version4Import, ReadsBothLineEnds)
