@@ -24,7 +24,8 @@ QLineEdit* MakePreview(const QString& accessibleName, QWidget* parent)
 
 void ShowPreview(QLineEdit& line, const QString& text, const QString& remark)
 {
-    line.setText(WithVisibleCodes(text));
+    // The line keeps no more: codes are not made of what it drops.
+    line.setText(WithVisibleCodes(text.left(line.maxLength())));
     line.setPlaceholderText(remark);
     line.setCursorPosition(0);
 }
