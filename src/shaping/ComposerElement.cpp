@@ -8,6 +8,11 @@ QString RestOfKey(const QString& key, QLatin1StringView word)
     return at < 0 ? QString() : key.mid(at + word.size());
 }
 
+QString Without(QString text, QLatin1StringView word)
+{
+    return text.remove(word);
+}
+
 QString WithVisibleCodes(const QString& text)
 {
     constexpr char16_t FirstPrintable = 0x20;

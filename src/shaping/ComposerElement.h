@@ -38,6 +38,9 @@ inline constexpr QLatin1StringView DataFieldKey{"KEY="};
 /// @return what stands behind `word` in `key`; the empty text where it is not in it
 QString RestOfKey(const QString& key, QLatin1StringView word);
 
+/// @return the text freed of every occurrence of `word`
+QString Without(QString text, QLatin1StringView word);
+
 /// @return the text in one line, each control character as its code in brackets, "[D]" and the like
 QString WithVisibleCodes(const QString& text);
 

@@ -78,11 +78,6 @@ constexpr struct
     {QLatin1StringView{"Formatted Data Field"}, QLatin1StringView{"FD"}},
 };
 
-QString Without(QString text, QLatin1StringView word)
-{
-    return text.remove(word);
-}
-
 } // namespace
 
 bool StreamElement::IsText() const

@@ -99,11 +99,6 @@ constexpr KeyRule FixedNodes[] = {
     {FormattedFieldWord, TokenKind::FormattedField},
 };
 
-QString Without(QString text, QLatin1StringView word)
-{
-    return text.remove(word);
-}
-
 TrackElement ReadToken(const QString& token)
 {
     for (const ReadRule& rule : ReadRules) {
