@@ -201,6 +201,20 @@ TEST(FileCommands, ImportDrawsAnOldSession)
               QStringLiteral("Pool"));
 }
 
+TEST(FileCommands, ACancelledImportDrawsNothingAlsoAfterOneThatDid)
+{
+    FileStation station;
+    const QString path = station.Session.PathInFolder(QStringLiteral("Old.ini"));
+    ASSERT_TRUE(WriteProfileValue(path, QStringLiteral("Settings"),
+                                  QStringLiteral("NumberOfFields"), QStringLiteral("0")));
+    station.ChooseFile("cmdImportSession", path);
+    EXPECT_EQ(station.CommonDialog().FileName, path);
+    const std::size_t objects = station.Session.Document.Objects().size();
+    station.Cancel("cmdImportSession");
+    EXPECT_EQ(station.CommonDialog().FileName, QString());
+    EXPECT_EQ(station.Session.Document.Objects().size(), objects);
+}
+
 TEST(FileCommands, TheWorkspaceTakesAColourAPictureAndTheDefault)
 {
     FileStation station;

@@ -85,6 +85,10 @@ TEST(CardSequence, GroupsAreMadeOfTheNumberWithItsCheckDigit)
     order.DigitCount = QStringLiteral("2");
     EXPECT_EQ(station.Run(order),
               (QStringList{QStringLiteral("<107+10 7>"), QStringLiteral("<116+11 6>")}));
+    order.Start = QStringLiteral("1");
+    order.End = QStringLiteral("3");
+    EXPECT_EQ(station.Run(order),
+              (QStringList{QStringLiteral("<17+17>"), QStringLiteral("<24+24>")}));
 }
 
 TEST(CardSequence, ALeadingZeroIsLost)
