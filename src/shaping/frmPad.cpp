@@ -65,7 +65,7 @@ void frmPad::BuildControls()
     m_length->setAccessibleName(m_arrows->accessibleName());
     m_arrows->SetRange(0, LongestLength);
     connect(m_arrows, &DesktopUpDown::ValueChanged, this, &frmPad::ShowLength);
-    connect(m_length, &QLineEdit::textEdited, this, &frmPad::FollowLengthText);
+    connect(m_length, &QLineEdit::textChanged, this, &frmPad::FollowLengthText);
 
     auto* group = new QGroupBox(QStringLiteral("Direction"), this);
     auto* sides = new QHBoxLayout(group);
@@ -128,7 +128,6 @@ void frmPad::ChooseField()
 void frmPad::ShowLength(int length)
 {
     m_length->setText(PadLengthText(length));
-    FollowLengthText();
 }
 
 void frmPad::FollowLengthText()

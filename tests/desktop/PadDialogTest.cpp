@@ -94,6 +94,20 @@ TEST_F(PadDialogTest, ALengthMustBeChosenBeforeItSaves)
     });
 }
 
+TEST_F(PadDialogTest, ALengthThatIsPutThereIsLookedAtLikeATypedOne)
+{
+    Show(QString(), 8, 0, [this] {
+        // As a screen reader does it, without the keyboard.
+        Get<QLineEdit>("txtLength").setText(QStringLiteral("many"));
+        EXPECT_FALSE(Get<QPushButton>("cmdSave").isEnabled());
+        ExpectLength("many", Qt::white, Qt::red);
+        Get<QLineEdit>("txtLength").setText(QStringLiteral("12"));
+        EXPECT_TRUE(Get<QPushButton>("cmdSave").isEnabled());
+        Get<DesktopUpDown>("udLength").UpButton().click();
+        ExpectLength("13", Qt::black, Qt::white);
+    });
+}
+
 TEST_F(PadDialogTest, TheArrowsGoOnFromATypedLength)
 {
     Show(QString(), 0, 0, [this] {
