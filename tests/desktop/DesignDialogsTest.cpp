@@ -1,8 +1,10 @@
 #include "app/DesktopUpDown.h"
 #include "desktop/Designer.h"
+#include "layout/LoadLayout.h"
 #include "layout/frmNav.h"
 #include "layout/frmSize.h"
 #include "support/Events.h"
+#include "support/Layouts.h"
 #include <QApplication>
 #include <QEnterEvent>
 #include <QKeyEvent>
@@ -15,14 +17,20 @@
 namespace vantrel::test {
 namespace {
 
-TEST(SizeDialog, StepsTheObjectByOneTwip)
+/// Selects the text and opens the dialog on it.
+frmSize& OpenSizeDialog(Designer& designer)
 {
-    Designer designer;
     designer.Click(designer.At(600, 375));
     EXPECT_TRUE(EventsUntil(
         [&] { return designer.Get<QMenu>("mnuProperties").menuAction()->isEnabled(); }));
     designer.Choose("cmdSize");
-    auto& dialog = designer.Get<frmSize>("frmSize");
+    return designer.Get<frmSize>("frmSize");
+}
+
+TEST(SizeDialog, StepsTheObjectByOneTwip)
+{
+    Designer designer;
+    frmSize& dialog = OpenSizeDialog(designer);
     EXPECT_EQ(dialog.windowTitle(), QStringLiteral(" Adjust Size"));
     EXPECT_EQ(dialog.pos(), QPoint(ScreenPixels(2000), ScreenPixels(3000)));
     const CardObject& text = designer.Object(Family::lbl_TEXT);
@@ -47,11 +55,7 @@ TEST(SizeDialog, StepsTheObjectByOneTwip)
 TEST(SizeDialog, TheArrowKeysStepTheFieldTheyArePressedIn)
 {
     Designer designer;
-    designer.Click(designer.At(600, 375));
-    EXPECT_TRUE(EventsUntil(
-        [&] { return designer.Get<QMenu>("mnuProperties").menuAction()->isEnabled(); }));
-    designer.Choose("cmdSize");
-    auto& dialog = designer.Get<frmSize>("frmSize");
+    frmSize& dialog = OpenSizeDialog(designer);
     const CardObject& text = designer.Object(Family::lbl_TEXT);
     const float width = text.Width;
     const auto press = [&](const char* field, Qt::Key key) {
@@ -66,14 +70,45 @@ TEST(SizeDialog, TheArrowKeysStepTheFieldTheyArePressedIn)
     EXPECT_EQ(text.Top, 299);
 }
 
+TEST(SizeDialog, StepsNothingOnceItsObjectHasGone)
+{
+    Designer designer;
+    frmSize& dialog = OpenSizeDialog(designer);
+    auto& up = designer.Named<DesktopUpDown>(dialog, "udTop");
+    ASSERT_TRUE(LoadLayout(designer.Session, QStringLiteral("Badge")));
+    up.UpButton().click();
+    ExpectBox(designer.Object(Family::lbl_TEXT), 400, 300, 1500, 300);
+    CloseLayout(designer.Session);
+    up.DownButton().click();
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST(SizeDialog, TakesNumbersBeyondAllBoundsWithoutHarm)
+{
+    Designer designer;
+    frmSize& dialog = OpenSizeDialog(designer);
+    const CardObject& text = designer.Object(Family::lbl_TEXT);
+    auto& left = designer.Named<QLineEdit>(dialog, "txtLeft");
+    auto& up = designer.Named<DesktopUpDown>(dialog, "udLeft");
+    for (const char* number : {"1e300", "-1e300", "99999999999", "&H7FFFFFFF", "inf", ""}) {
+        left.setText(QLatin1StringView(number));
+        up.UpButton().click();
+        designer.Form->grab();
+    }
+    EXPECT_EQ(text.Left, 1);
+    left.setText(QStringLiteral("1e300"));
+    up.UpButton().click();
+    SavePage(designer.Session);
+    ASSERT_TRUE(LoadLayout(designer.Session, QStringLiteral("Badge")));
+    // What is no length in the store counts as none.
+    EXPECT_EQ(designer.Object(Family::lbl_TEXT).Left, 0);
+    EXPECT_EQ(designer.Object(Family::lbl_TEXT).Top, 300);
+}
+
 TEST(SizeDialog, APressOnAGripClosesIt)
 {
     Designer designer;
-    designer.Click(designer.At(600, 375));
-    EXPECT_TRUE(EventsUntil(
-        [&] { return designer.Get<QMenu>("mnuProperties").menuAction()->isEnabled(); }));
-    designer.Choose("cmdSize");
-    const QPointer<frmSize> open(&designer.Get<frmSize>("frmSize"));
+    const QPointer<frmSize> open(&OpenSizeDialog(designer));
     designer.Click(designer.Grip(4));
     EXPECT_TRUE(EventsUntil([&] { return open.isNull(); }));
 }
