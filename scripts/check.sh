@@ -25,4 +25,19 @@ for file in "${own[@]}"; do
     ;;
   esac
 done
+
+# Whoever reads a promise can run what shows it.
+promises=$(sed -n '/^## It promises/,/^## /p' docs/reliability.md)
+sources=$(find tests -name '*Test.cpp' -exec cat {} + | tr -s '\n ' ' ')
+while read -r name; do
+  grep -qE "TEST(_F|_P)?\\(${name%.*}, ?${name#*.}\\)" <<<"$sources" ||
+    complain "docs/reliability.md: there is no test $name"
+done < <(grep -oE '`[A-Z][A-Za-z0-9]+\.[A-Za-z0-9]+`' <<<"$promises" | tr -d '`')
+while read -r name; do
+  grep -qw "$name" fuzz/CMakeLists.txt || complain "docs/reliability.md: there is no fuzz target $name"
+done < <(grep -oE 'fuzz target `[a-z]+`' <<<"$promises" | cut -d '`' -f 2)
+while read -r row; do
+  grep -qE '`[A-Z][A-Za-z0-9]+\.|the same test' <<<"$row" ||
+    complain "docs/reliability.md: no test shows: $row"
+done < <(grep '^| [A-Z]' <<<"$promises" | grep -v '^| Promise')
 exit "$bad"

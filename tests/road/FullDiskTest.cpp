@@ -117,7 +117,7 @@ void RunThroughLimit()
         [&] { limit(RLIM_INFINITY); });
 }
 
-TEST(FullDisk, CostsTheCardsThatComeThenAndTearsNothing)
+TEST(StationDisk, ThatIsFullCostsTheCardsThatComeThenAndTearsNothing)
 {
     constexpr int mebibytes = 8;
     const SmallDisk disk(mebibytes);
@@ -131,7 +131,7 @@ TEST(FullDisk, CostsTheCardsThatComeThenAndTearsNothing)
         station, [&](qint64 bytes) { disk.FillUpTo(bytes); }, [&] { disk.MakeRoom(); });
 }
 
-TEST(FullDisk, OrAFileThatMayNotGrowCostsTheCardsThatComeThenAndTearsNothing)
+TEST(StationDisk, WhoseFilesMayNotGrowCostsTheCardsThatComeThenAndTearsNothing)
 {
     RunThroughLimit();
 }

@@ -46,12 +46,12 @@ TEST(HostileLimits, HostsThatTakeEveryDescriptorAreServedWhenTheyLeave)
         // Those that were not taken in come when it looks again.
         for (int count = 0; count < hosts - 20; ++count)
             idle.pop_front();
-        EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() == before + 20; }));
+        EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() <= before + 20; }));
     }
-    EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() == before; }));
+    EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() <= before; }));
     SendRecord(port, "<Carl+3>");
     EXPECT_EQ(folder.TextOfCard(3), QStringLiteral("Carl 3"));
-    EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() == before; }));
+    EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() <= before; }));
 }
 
 /// A station with somebody at it who is away, and a layout that asks for a picture at each record.
