@@ -20,6 +20,7 @@ protected:
         EXPECT_TRUE(Station.WaitUntilItListens(m_port));
         // The first card loads what every later one uses.
         ExpectTheNextRecordPrints();
+        EXPECT_TRUE(Station.WaitUntilHostsHaveLeft(m_port));
         m_descriptors = Station.OpenDescriptors();
         m_memory = Station.MemoryMiB();
     }

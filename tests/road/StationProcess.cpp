@@ -70,9 +70,9 @@ StationProcess::~StationProcess()
     m_process.waitForFinished(LimitMs);
 }
 
-QStringList StationProcess::ListeningPorts() const
+std::vector<StationProcess::TcpSocket> StationProcess::TcpSockets() const
 {
-    QStringList ports;
+    std::vector<TcpSocket> sockets;
     const QStringList inodes = SocketInodes(m_process.processId());
     for (const char* table : {"/proc/net/tcp", "/proc/net/tcp6"}) {
         QFile file(QString::fromLatin1(table));
@@ -82,15 +82,33 @@ QStringList StationProcess::ListeningPorts() const
         for (const QByteArray& line : lines) {
             // Number, local address and port, remote ones, state, ..., i-node in tenth place.
             const QList<QByteArray> words = line.simplified().split(' ');
-            if (words.size() < 10 || words[3].toInt(nullptr, 16) != ListenState)
-                continue;
-            const int port = words[1].split(':').last().toInt(nullptr, 16);
-            if (inodes.contains(QString::fromLatin1(words[9])))
-                ports.append(QString::number(port));
+            if (words.size() >= 10 && inodes.contains(QString::fromLatin1(words[9])))
+                sockets.push_back({words[1].split(':').last().toInt(nullptr, 16),
+                                   words[3].toInt(nullptr, 16) == ListenState});
         }
+    }
+    return sockets;
+}
+
+QStringList StationProcess::ListeningPorts() const
+{
+    QStringList ports;
+    for (const TcpSocket& socket : TcpSockets()) {
+        if (socket.Listens)
+            ports.append(QString::number(socket.Port));
     }
     ports.removeDuplicates();
     return ports;
+}
+
+bool StationProcess::WaitUntilHostsHaveLeft(int port)
+{
+    return EventsUntil([&] {
+        const std::vector<TcpSocket> sockets = TcpSockets();
+        return std::none_of(sockets.begin(), sockets.end(), [port](const TcpSocket& socket) {
+            return socket.Port == port && !socket.Listens;
+        });
+    });
 }
 
 int StationProcess::OpenDescriptors() const

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 #include <functional>
+#include <vector>
 
 namespace vantrel::test {
 
@@ -34,6 +35,9 @@ public:
     bool WaitUntilItListens(int port);
     /// The TCP ports the process listens on.
     QStringList ListeningPorts() const;
+    /// Waits until no host that the process has accepted is there any more. What the last one sent
+    /// is dropped with it, and so is what another sends before that.
+    bool WaitUntilHostsHaveLeft(int port);
     /// How many files, sockets and the like it holds open.
     int OpenDescriptors() const;
     /// Its resident memory.
@@ -49,6 +53,13 @@ public:
     bool WaitUntilItTells(const QString& text);
 
 private:
+    struct TcpSocket
+    {
+        int Port;
+        bool Listens;
+    };
+    std::vector<TcpSocket> TcpSockets() const;
+
     /// Where Qt keeps what belongs to the running user.
     QTemporaryDir m_runtime;
     QProcess m_process;
