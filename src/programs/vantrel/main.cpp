@@ -13,11 +13,26 @@
 #include <QDir>
 #include <QFileInfo>
 #include <cstdio>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace vantrel {
 namespace {
 
 constexpr QLatin1StringView NoDisplayPlatform{"offscreen"};
+
+/// What a host sends without end goes back to the machine with the buffer that held it. Left to
+/// itself the allocator learns from one large buffer to keep the next ones in its heap.
+void KeepLargeBuffersOutOfTheHeap()
+{
+#ifdef __GLIBC__
+    constexpr int largeBytes = 4 << 20;
+    constexpr int freeTopBytes = 8 << 20;
+    ::mallopt(M_MMAP_THRESHOLD, largeBytes);
+    ::mallopt(M_TRIM_THRESHOLD, freeTopBytes);
+#endif
+}
 
 /// A station on a machine without a display runs as well; it only has nothing to show.
 void ChoosePlatform()
@@ -88,6 +103,7 @@ int RunStation(const QString& commandLine)
 
 int main(int argc, char** argv)
 {
+    vantrel::KeepLargeBuffersOutOfTheHeap();
     vantrel::ChoosePlatform();
     // Qt sees the program's name only: the command line is the station's, taken whole.
     int nameOnly = 1;
