@@ -1,5 +1,6 @@
 #include "app/frmMain.h"
 #include "app/Background.h"
+#include "app/DesktopAccess.h"
 #include "app/DesktopTray.h"
 #include "app/MainRuntime.h"
 #include "app/RunTimeError.h"
@@ -40,6 +41,8 @@ frmMain::frmMain(Session& session, Display display)
 {
     setObjectName(QStringLiteral("frmMain"));
     m_workspace->setObjectName(QStringLiteral("Workspace"));
+    // Of itself it tells of the card only, and not of the navigator.
+    TellAs<QMdiArea, QAccessible::LayeredPane>();
     m_workspace->setAccessibleName(QStringLiteral("Workspace"));
     m_workspace->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_workspace->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

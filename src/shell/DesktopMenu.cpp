@@ -84,6 +84,7 @@ QMenu* MainMenu::MakeMenu(const MenuRow& row)
 {
     auto* menu = new QMenu(QLatin1StringView(row.Caption), &m_window);
     menu->setObjectName(QLatin1StringView(row.Name));
+    menu->setAccessibleName(menu->title().remove(QLatin1Char('&')));
     QMenu* parent = FindMenu(row.Parent);
     if (parent != nullptr)
         parent->addMenu(menu);

@@ -78,6 +78,31 @@ TEST_P(Access, EveryWindowHasACaption)
     EXPECT_TRUE(told->role() == QAccessible::Dialog || told->role() == QAccessible::Window);
 }
 
+void Collect(QAccessibleInterface& told, QList<const QObject*>& found)
+{
+    for (int index = 0; index < told.childCount(); ++index) {
+        QAccessibleInterface* child = told.child(index);
+        if (child == nullptr)
+            continue;
+        found.append(child->object());
+        Collect(*child, found);
+    }
+}
+
+TEST_P(Access, EveryControlIsFoundFromItsWindow)
+{
+    QWidget& window = OpenActive(GetParam(), Station);
+    OnEachFace(window, [&] {
+        QList<const QObject*> found;
+        Collect(*QAccessible::queryAccessibleInterface(&window), found);
+        for (const QWidget* widget : Shown<QWidget>(window)) {
+            if (IsControl(*widget)) {
+                EXPECT_TRUE(found.contains(widget)) << Told(*widget);
+            }
+        }
+    });
+}
+
 /// The role each kind of control is told under; the first row that fits counts.
 struct RoleRow
 {

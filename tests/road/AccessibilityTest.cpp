@@ -1,0 +1,212 @@
+#include "app/Settings.h"
+#include "platform/Profile.h"
+#include "road/AccessBus.h"
+#include "road/StationProcess.h"
+#include "support/Events.h"
+#include "support/Layouts.h"
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+namespace {
+
+/// Where a dialog is in the menus, and its caption.
+struct DialogRow
+{
+    const char* Menu;
+    const char* Submenu;
+    const char* Entry;
+    const char* Caption;
+    /// The button that leaves it; empty where its frame does.
+    const char* Leave;
+};
+
+constexpr DialogRow Dialogs[] = {
+    {"File", "New ...", "Layout Wizard ...", "Ostrand Card Design Wizard", "Cancel"},
+    {"File", "Open ...", "Open Layout", " Select a layout", "Cancel"},
+    {"File", "", "Printer Setup ...", "Printer Selection   (Layout Dependant)", "Close"},
+    {"File", "", "Take Picture ...", "Image Capture", "Close"},
+    {"File", "", "Generate Card Sequence", "Card Number Sequence Generator", "Cancel"},
+    {"Document", "", "Magnetic Encoding ...", "Magnetic Track Encoding", "Cancel"},
+    {"View", "", "Raw Input Data ...", " Viewing : ASCII Data", ""},
+    {"View", "", "Buffered Input Data ...", "Document Generator", "Close"},
+    {"Settings", "", "Data Settings ...", "Data Settings", "Cancel"},
+    {"Settings", "", "Communication Settings ...", "Communication Settings", "Cancel"},
+    {"Settings", "", "Define Macros ...", "Define Macros", "Close"},
+    {"Help", "", "About Ostrand Vantrel v6.0", "About Ostrand Vantrel", "Ok"},
+};
+
+/// Roles of what an operator can do something with.
+const QStringList ControlRoles = {
+    QStringLiteral("push button"), QStringLiteral("check box"), QStringLiteral("radio button"),
+    QStringLiteral("text"),        QStringLiteral("entry"),     QStringLiteral("combo box"),
+    QStringLiteral("list"),        QStringLiteral("tree"),      QStringLiteral("table"),
+    QStringLiteral("tree table"),  QStringLiteral("list item"), QStringLiteral("spin button"),
+    QStringLiteral("page tab"),    QStringLiteral("menu item"), QStringLiteral("table cell"),
+};
+
+/// The built station as a screen reader has it: told over the accessibility bus, worked by presses.
+class Accessibility : public ::testing::Test
+{
+protected:
+    Accessibility()
+    {
+        Folder.WithDatabase();
+        BeginLayout(Folder.Session, QStringLiteral("Badge"));
+        Folder.Session.CurrentParams.AutoSpool = false;
+        AddField(Folder.Session, 1);
+        SavePage(Folder.Session);
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session), SessionSection(Folder.Session),
+                                      QStringLiteral("LastLayout"), QStringLiteral("Badge")));
+        Station.emplace(Folder.Session.ProgramFolder,
+                        StationStart{.Environment = Bus.Environment()});
+        EXPECT_TRUE(EventsUntil([this] { return FindMain().has_value(); }))
+            << Station->ErrorLines().join(QLatin1Char('\n')).toStdString();
+    }
+
+    /// The showing window that fits.
+    template <typename Fits>
+    std::optional<Seen> Window(Fits fits) const
+    {
+        for (const Seen& program : Bus.Programs()) {
+            const QList<Seen> windows = program.Children();
+            for (const Seen& window : windows) {
+                if (fits(window) && window.IsShowing())
+                    return window;
+            }
+        }
+        return std::nullopt;
+    }
+    std::optional<Seen> FindMain() const
+    {
+        return Window([](const Seen& seen) { return seen.Role() == QStringLiteral("frame"); });
+    }
+    std::optional<Seen> FindDialog(const char* caption) const
+    {
+        return Window([&](const Seen& seen) {
+            return seen.Role() == QStringLiteral("dialog") &&
+                   seen.Name() == QLatin1StringView(caption);
+        });
+    }
+    Seen MenuBar() const
+    {
+        return FindMain()
+            .value()
+            .Find([](const Seen& seen) { return seen.Role() == QStringLiteral("menu bar"); })
+            .value();
+    }
+    /// A menu of the bar, or a menu in another, opened.
+    static Seen Menu(const Seen& parent, const char* caption)
+    {
+        return parent.Child(QLatin1StringView(caption)).Children().value(0, parent);
+    }
+    Seen Entry(const DialogRow& row) const
+    {
+        Seen menu = Menu(MenuBar(), row.Menu);
+        if (*row.Submenu != '\0')
+            menu = Menu(menu, row.Submenu);
+        return menu.Child(QLatin1StringView(row.Entry));
+    }
+    Seen Open(const DialogRow& row) const
+    {
+        Entry(row).Press();
+        EXPECT_TRUE(EventsUntil([&] { return FindDialog(row.Caption).has_value(); }))
+            << row.Caption;
+        return FindDialog(row.Caption).value();
+    }
+
+    AccessBus Bus;
+    TestSession Folder{{QStringLiteral("Vantrel PDF")}};
+    std::optional<StationProcess> Station;
+};
+
+/// What a screen reader says of a control before its state.
+QString SpokenName(const Seen& seen, const QString& role)
+{
+    const QString label = seen.LabelName();
+    if (!label.isEmpty())
+        return label;
+    // The name of a combo box is what is chosen in it.
+    return role == QStringLiteral("combo box") ? seen.Description() : seen.Name();
+}
+
+/// Fails the test for each nameless control below. @return how many controls there are
+int ExpectNames(const Seen& seen)
+{
+    int controls = 0;
+    const QList<Seen> children = seen.Children();
+    for (const Seen& child : children) {
+        const QString role = child.Role();
+        if (ControlRoles.contains(role)) {
+            ++controls;
+            EXPECT_FALSE(SpokenName(child, role).trimmed().isEmpty())
+                << "a " << role.toStdString() << " in " << seen.Role().toStdString() << " "
+                << seen.Name().toStdString();
+        }
+        // A combo box shows its list only while it is open.
+        if (role != QStringLiteral("combo box"))
+            controls += ExpectNames(child);
+    }
+    return controls;
+}
+
+TEST_F(Accessibility, TheMainWindowTellsOfItsMenusItsCardAndItsNavigator)
+{
+    const Seen main = FindMain().value();
+    EXPECT_EQ(main.Name(),
+              QStringLiteral(" Ostrand Vantrel v6.0   (Badge) printing to (Vantrel PDF)"));
+    QStringList menus;
+    for (const Seen& menu : MenuBar().Children())
+        menus.append(menu.Name());
+    EXPECT_EQ(menus.join(QLatin1Char(' ')),
+              QStringLiteral("File Edit Document View Settings Properties Help"));
+    const Seen workspace = main.Child(QStringLiteral("Workspace"));
+    for (const char* name : {"Card", "Previous Page", "Next Page", "New Page", "Delete Page",
+                             "Open Layout", "Save Page"}) {
+        const auto found = workspace.Find(
+            [&](const Seen& seen) { return seen.Name() == QLatin1StringView(name); });
+        EXPECT_TRUE(found.has_value()) << name;
+    }
+    EXPECT_GT(ExpectNames(main), 75);
+}
+
+TEST_F(Accessibility, NoControlOfADialogIsNameless)
+{
+    EXPECT_EQ(std::size(Dialogs), 12U);
+    for (const DialogRow& row : Dialogs) {
+        SCOPED_TRACE(row.Caption);
+        const Seen dialog = Open(row);
+        EXPECT_GT(ExpectNames(dialog), 0);
+        if (*row.Leave == '\0')
+            continue;
+        const auto leave = dialog.Find([&](const Seen& seen) {
+            return seen.Role() == QStringLiteral("push button") &&
+                   seen.Name() == QLatin1StringView(row.Leave);
+        });
+        ASSERT_TRUE(leave.has_value());
+        leave->Press();
+        EXPECT_TRUE(EventsUntil([&] { return !FindDialog(row.Caption).has_value(); }));
+    }
+    EXPECT_TRUE(Station->IsRunning());
+}
+
+TEST_F(Accessibility, AQuestionIsAnsweredByAPress)
+{
+    Menu(Menu(MenuBar(), "File"), "Delete ...").Child(QStringLiteral("Delete Layout")).Press();
+    std::optional<Seen> no;
+    EXPECT_TRUE(EventsUntil([&] {
+        const auto box =
+            Window([](const Seen& seen) { return seen.Role() == QStringLiteral("dialog"); });
+        if (box)
+            no = box->Find([](const Seen& seen) { return seen.Name() == QStringLiteral("No"); });
+        return no.has_value();
+    }));
+    ASSERT_TRUE(no.has_value());
+    no->Press();
+    EXPECT_TRUE(EventsUntil([&] {
+        return !Window([](const Seen& seen) { return seen.Role() == QStringLiteral("dialog"); });
+    }));
+    EXPECT_TRUE(FindMain()->Name().contains(QStringLiteral("(Badge)")));
+}
+
+} // namespace
+} // namespace vantrel::test
