@@ -2,10 +2,13 @@
 
 #include <QImage>
 #include <QWidget>
+#include <optional>
 
 namespace vantrel {
 
-/// Shows a picture at an offset, in pixels from its own corner, and tells what the mouse does.
+/// Shows a picture at an offset, in pixels from its own corner, and tells what the mouse does. The
+/// keyboard does the same: the arrow keys aim, with Shift by one pixel, and the blank bar or Enter
+/// is a press of the left button.
 class DesktopViewportImage : public QWidget
 {
     Q_OBJECT
@@ -25,10 +28,16 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Moves the aim within the control and tells it.
+    void AimBy(QPoint step);
+
     QImage m_picture;
     QPoint m_offset;
+    /// Where the keyboard or the mouse aims; nowhere until one of them does.
+    std::optional<QPoint> m_aim;
 };
 
 } // namespace vantrel

@@ -61,8 +61,10 @@ QLayout* frmAquireImage2::MakePicture()
     m_original->setAccessibleName(QStringLiteral("Picture"));
     m_horizontal->setAccessibleName(QStringLiteral("Horizontal position"));
     m_vertical->setAccessibleName(QStringLiteral("Vertical position"));
-    for (QScrollBar* bar : {m_horizontal, m_vertical})
+    for (QScrollBar* bar : {m_horizontal, m_vertical}) {
         bar->setMaximum(0);
+        bar->setFocusPolicy(Qt::StrongFocus);
+    }
     auto* grid = new QGridLayout;
     grid->setSpacing(0);
     grid->addWidget(m_original, 0, 0);

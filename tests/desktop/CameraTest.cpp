@@ -16,6 +16,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -121,6 +122,44 @@ TEST(CameraDialog, WhatIsTakenIsWhatStoodUnderThePointer)
     // 70 pixels left of the pointer, and 94 above: half of 187 rounds to the even.
     EXPECT_EQ(station.Session.CameraImage.Image().convertToFormat(QImage::Format_RGB32),
               shown.copy(240 - 70, 180 - 94, 140, 187));
+}
+
+TEST(CameraDialog, TheArrowKeysAimAndTheBlankBarTakes)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    const QImage shown = station.Original().grab().toImage().convertToFormat(QImage::Format_RGB32);
+    station.Original().setFocus();
+    // From the middle, at 239 and 179.
+    QTest::keyClick(&station.Original(), Qt::Key_Right);
+    QTest::keyClick(&station.Original(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(station.ViewportImage(), QSize(140, 187));
+    QTest::keyClick(&station.Original(), Qt::Key_Space);
+    EXPECT_EQ(station.Session.CameraImage.Image().convertToFormat(QImage::Format_RGB32),
+              shown.copy(247 - 70, 180 - 94, 140, 187));
+    EXPECT_TRUE(EventsUntil([&] { return station.Dialog.isNull(); }));
+}
+
+TEST(CameraDialog, EnterTakesTheMiddleWhereNothingHasAimed)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    QTest::keyClick(&station.Original(), Qt::Key_Return);
+    EXPECT_EQ(station.Session.CameraImage.Image().size(), QSize(140, 187));
+    EXPECT_TRUE(EventsUntil([&] { return station.Dialog.isNull(); }));
+}
+
+TEST(CameraDialog, TheArrowKeysScrollAZoomedPicture)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    auto& bar = station.On<QScrollBar>("VS");
+    bar.setFocus();
+    QTest::keyClick(&bar, Qt::Key_Down);
+    EXPECT_GT(bar.value(), 0);
 }
 
 TEST(CameraDialog, WithPreviewTheViewportStaysAndAPressTakesWhatItHolds)
