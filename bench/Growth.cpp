@@ -1,0 +1,38 @@
+// Cards a second over TCP, by how many layouts the store holds and how many objects the page has.
+
+#include "BenchStation.h"
+#include <benchmark/benchmark.h>
+
+namespace vantrel::bench {
+
+namespace {
+
+/// Objects of the measured card: ten texts, a number, a photo.
+constexpr int OwnObjects = 12;
+
+void PrintCards(benchmark::State& state, StationSize size)
+{
+    BenchStation station(size);
+    int card = 0;
+    for (auto _ : state)
+        station.PrintRecord(++card);
+    state.counters["cards_per_s"] =
+        benchmark::Counter(static_cast<double>(card), benchmark::Counter::kIsRate);
+}
+
+void ByLayouts(benchmark::State& state)
+{
+    PrintCards(state, {.Layouts = static_cast<int>(state.range(0))});
+}
+
+void ByObjects(benchmark::State& state)
+{
+    PrintCards(state, {.FurtherLabels = static_cast<int>(state.range(0)) - OwnObjects});
+}
+
+BENCHMARK(ByLayouts)->Arg(1)->Arg(100)->Arg(10000)->UseRealTime()->MinTime(3);
+BENCHMARK(ByObjects)->Arg(OwnObjects)->Arg(200)->UseRealTime()->MinTime(3);
+
+} // namespace
+
+} // namespace vantrel::bench

@@ -1,0 +1,36 @@
+#!/usr/bin/env python3
+"""Cards with ReportLab, as a quick script makes them: PICTURES-FOLDER CARDS-FOLDER SECONDS."""
+
+import os
+
+from card import FILES, FONT_FOLDER, PAGE, PICTURES, run, texts
+from reportlab import rl_config
+from reportlab.pdfbase import pdfmetrics
+from reportlab.pdfbase.ttfonts import TTFont
+from reportlab.pdfgen.canvas import Canvas
+
+
+rl_config.useA85 = 0  # a picture in plain bytes is quicker
+
+
+def make_card(pictures_folder):
+    for name, file in FILES.items():
+        pdfmetrics.registerFont(TTFont(name, os.path.join(FONT_FOLDER, file)))
+    # Named by its file a JPEG goes in as it is.
+    pictures = [(os.path.join(pictures_folder, name), *box) for name, *box in PICTURES]
+
+    def draw(path, card):
+        canvas = Canvas(path, pagesize=PAGE)
+        for picture, left, top, width, height in pictures:
+            canvas.drawImage(picture, left, PAGE[1] - top - height, width, height)
+        for text, (name, size, _), left, top in texts(card):
+            canvas.setFont(name, size)
+            canvas.drawString(left, PAGE[1] - top - 0.9 * size, text)
+        canvas.showPage()
+        canvas.save()
+
+    return draw
+
+
+if __name__ == "__main__":
+    run(make_card)
