@@ -10,6 +10,8 @@ TEST_PACKAGES=(clang-format cups-daemon cups-client libqt6sql6-sqlite sqlite3 pr
 
 # sqlite3 fills the macro that the run prints.
 VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
+PACKAGE_PACKAGES=(librsvg2-bin dpkg-dev file)
+PACKAGE_TEST_PACKAGES=(appstream desktop-file-utils man-db groff systemd)
 
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 

@@ -61,9 +61,14 @@ void ESet2::WriteSetting(const QString& section, const QString& key, const QStri
     WriteProfileValue(m_filename, section, key, oneLine);
 }
 
+QString SessionSection(std::uint8_t number)
+{
+    return QStringLiteral("Session %1").arg(number);
+}
+
 QString SessionSection(const Session& session)
 {
-    return QStringLiteral("Session %1").arg(session.SessionNumber);
+    return SessionSection(session.SessionNumber);
 }
 
 QString SettingsPath(const Session& session)

@@ -65,6 +65,7 @@ enum class SettingNumber : std::int32_t {
 };
 
 /// "Session " and the number.
+QString SessionSection(std::uint8_t number);
 QString SessionSection(const Session& session);
 /// Path of "Vantrel 6.ini" in the program folder.
 QString SettingsPath(const Session& session);

@@ -3,6 +3,7 @@
 #include "platform/Connection.h"
 #include "shell/DemoInstall.h"
 #include "shell/FreshInstall.h"
+#include "shell/SessionSwitch.h"
 #include <cstdio>
 
 namespace vantrel::admin {
@@ -21,6 +22,16 @@ void RunInit(const QStringList& arguments)
 void RunDemo(const QStringList& arguments)
 {
     MakeDemoFolder(arguments.at(0));
+}
+
+void RunSessionStart(const QStringList& arguments)
+{
+    SetSessionActive(arguments.at(0), arguments.at(1), true);
+}
+
+void RunSessionStop(const QStringList& arguments)
+{
+    SetSessionActive(arguments.at(0), arguments.at(1), false);
 }
 
 void RunMacroList(const QStringList& arguments)
@@ -61,6 +72,10 @@ constexpr Command Table[] = {
      "The same, with the layouts \"Member Card\" and \"Visitor\", their pictures, and settings for "
      "session 1.",
      RunDemo},
+    {"session start", "DIR SESSION", "Lets a session run; it is to be started behind it.",
+     RunSessionStart},
+    {"session stop", "DIR SESSION", "Tells a running session to end in order, and returns at once.",
+     RunSessionStop},
     {"macro list", "DIR", "Prints the names of all macros, one a line.", RunMacroList},
     {"macro add", "DIR NAME", "Adds a macro. Its layouts are chosen in the station.", RunMacroAdd},
     {"macro rename", "DIR NAME NEW-NAME", "Gives a macro another name.", RunMacroRename},

@@ -1,0 +1,115 @@
+#!/usr/bin/env bash
+# Makes the package, installs it into a throw-away root, looks at what it holds, prints a card with
+# the station it starts there, and removes it again.
+#   package_test.sh BUILD-FOLDER
+set -euo pipefail
+build=$1
+scratch=$(mktemp -d)
+station=
+end() {
+  [ -z "$station" ] || kill -9 "$station" 2>/dev/null || true
+  rm -rf "$scratch"
+}
+trap end EXIT
+
+fail() {
+  echo "FAILED: $*" >&2
+  exit 1
+}
+
+# Waits until a command succeeds. The limit only ends a test that has failed.
+await() {
+  for _ in $(seq 600); do
+    ! "$@" 2>/dev/null || return 0
+    sleep 0.1
+  done
+  fail "waited in vain for: $*"
+}
+
+echo "== make and install"
+cpack -G DEB --config "$build/CPackConfig.cmake" -B "$scratch/made" >"$scratch/cpack.log" 2>&1 ||
+  fail "cpack: $(cat "$scratch/cpack.log")"
+package=$(echo "$scratch"/made/*.deb)
+[ -f "$package" ] || fail "no package in $scratch/made"
+dpkg-deb --field "$package" Depends | grep -q 'libqt6widgets6' || fail "it does not depend on its libraries"
+root=$scratch/root
+mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
+touch "$root"/var/lib/dpkg/{status,available}
+in_root() { dpkg --root="$root" --force-not-root --force-depends --force-script-chrootless --log="$scratch/dpkg.log" "$@"; }
+in_root --install "$package" >"$scratch/install.log" 2>&1 || fail "dpkg: $(cat "$scratch/install.log")"
+
+echo "== what it holds"
+# Some machines leave documents out when they install.
+held=$scratch/held
+dpkg-deb --extract "$package" "$held"
+for file in bin/vantrel bin/vantrel-admin libexec/vantrel/vantrel \
+  share/applications/org.vantrel.Vantrel.desktop share/metainfo/org.vantrel.Vantrel.metainfo.xml \
+  share/icons/hicolor/{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256}/apps/org.vantrel.Vantrel.png \
+  share/icons/hicolor/scalable/apps/org.vantrel.Vantrel.svg share/man/man1/{vantrel,vantrel-admin}.1 \
+  share/doc/vantrel/{README.md,CHANGELOG.md,printers.md,images/station.png} lib/systemd/system/vantrel@.service \
+  lib/sysusers.d/vantrel.conf; do
+  [ -s "$held/usr/$file" ] || fail "/usr/$file is missing"
+done
+desktop-file-validate "$held"/usr/share/applications/*.desktop
+appstreamcli validate --no-net --pedantic "$held"/usr/share/metainfo/*.xml >"$scratch/appstream.log" ||
+  fail "$(cat "$scratch/appstream.log")"
+for page in "$held"/usr/share/man/man1/*.1; do
+  said=$(LC_ALL=C.UTF-8 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
+  [ -z "$said" ] || fail "$page: $said"
+done
+
+echo "== the unit"
+unit=$scratch/unit
+mkdir "$unit"
+sed "s|=/usr/bin/vantrel|=$root/usr/bin/vantrel|" "$root/usr/lib/systemd/system/vantrel@.service" >"$unit/vantrel@.service"
+said=$(SYSTEMD_LOG_LEVEL=warning systemd-analyze verify --man=no "$unit/vantrel@1.service" 2>&1 | grep 'vantrel@' || true)
+[ -z "$said" ] || fail "unit: $said"
+
+echo "== every command is in its manual page"
+"$root/usr/bin/vantrel-admin" --help | sed -n 's/^  vantrel-admin \([a-z][a-z ]*[a-z]\) .*/\1/p' >"$scratch/commands"
+[ "$(wc -l <"$scratch/commands")" -ge 8 ] || fail "the help names $(wc -l <"$scratch/commands") commands"
+while read -r command; do
+  grep -q "^\.BI \"$command " "$held/usr/share/man/man1/vantrel-admin.1" || fail "the manual does not tell of $command"
+done <"$scratch/commands"
+
+echo "== the first start"
+export HOME="$scratch/a home" XDG_RUNTIME_DIR=$scratch/runtime QT_QPA_PLATFORM=offscreen
+unset XDG_DATA_HOME VANTREL_HOME DISPLAY WAYLAND_DISPLAY
+mkdir -p "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
+"$root/usr/bin/vantrel" --help | grep -q "$HOME/.local/share/vantrel" || fail "the help does not name the folder"
+[ "$("$root/usr/bin/vantrel" --version)" = "$("$root/usr/bin/vantrel-admin" --version | sed s/-admin//)" ] || fail "version"
+folder=$HOME/.local/share/vantrel
+printed="$folder/Printed/Session 1"
+"$root/usr/bin/vantrel" 2>"$scratch/errors" &
+station=$!
+await test -s "$folder/Vantrel.dat"
+await test -s "$folder/SessionStatus.ini"
+"$root/usr/bin/vantrel-admin" session stop "$folder" 1
+wait "$station" || fail "the first session ended with $?: $(cat "$scratch/errors")"
+
+echo "== a card of its own"
+rm -r "$folder"
+"$root/usr/bin/vantrel-admin" demo "$folder"
+port=$(python3 -c 'import socket; s = socket.socket(); s.bind(("127.0.0.1", 0)); print(s.getsockname()[1])')
+sed -i "s/^Port=[0-9]*/Port=$port/" "$folder/Vantrel 6.ini"
+"$root/usr/bin/vantrel" 2>"$scratch/errors" &
+station=$!
+listens() { (exec 3<>"/dev/tcp/127.0.0.1/$port"); }
+await listens
+printf '<Ada Lovelace+40012345+Gold>' >"/dev/tcp/127.0.0.1/$port"
+await test -s "$printed/card-000002.pdf"
+"$root/usr/bin/vantrel-admin" session stop "$folder" 1
+wait "$station" || fail "the session ended with $?: $(cat "$scratch/errors")"
+"$root/usr/bin/vantrel-admin" session start "$folder" 1
+station=
+
+echo "== where no folder can be made"
+touch "$scratch/file"
+! said=$(XDG_DATA_HOME=$scratch/file "$root/usr/bin/vantrel" 2>&1) || fail "it started without a folder"
+[ "$(wc -l <<<"$said")" = 1 ] && [[ $said = vantrel:* ]] || fail "it said: $said"
+
+echo "== remove"
+in_root --purge vantrel >"$scratch/remove.log" 2>&1 || fail "dpkg: $(cat "$scratch/remove.log")"
+left=$(find "$root" -path "$root/var/lib/dpkg" -prune -o -type f -print)
+[ -z "$left" ] || fail "left behind: $left"
+echo "passed"
