@@ -8,8 +8,9 @@ const QString SeeHelp = QStringLiteral(" (see %1 --help)").arg(Program);
 
 QString UsageOf(const Command& command)
 {
-    return Program + QLatin1Char(' ') + QLatin1StringView(command.Name) + QLatin1Char(' ') +
-           QLatin1StringView(command.Arguments);
+    const QString usage = Program + QLatin1Char(' ') + QLatin1StringView(command.Name) +
+                          QLatin1Char(' ') + QLatin1StringView(command.Arguments);
+    return usage.trimmed();
 }
 
 QString HelpOf(const Command& command)
@@ -114,7 +115,8 @@ Request ReadCommandLine(const QStringList& line)
         request.Help = HelpOf(*command);
         return request;
     }
-    const auto wanted = QString::fromLatin1(command->Arguments).split(u' ').size();
+    const auto wanted =
+        QString::fromLatin1(command->Arguments).split(u' ', Qt::SkipEmptyParts).size();
     if (words.size() != wanted || words.contains(QString())) {
         request.Mistake = QStringLiteral("usage: ") + UsageOf(*command);
         return request;

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "app/SettingsGuide.h"
 #include "macro/MacroTable.h"
 #include "platform/Connection.h"
 #include "shell/DemoInstall.h"
@@ -63,6 +64,11 @@ void RunMacroRemove(const QStringList& arguments)
     RemoveMacro(store, arguments.at(1));
 }
 
+void PrintSettings(const QStringList& /*arguments*/)
+{
+    std::fputs(SettingsGuide().toUtf8().constData(), stdout);
+}
+
 constexpr Command Table[] = {
     {"init", "DIR",
      "Makes DIR a program folder: an empty layout database and a SessionStatus.ini for session 1. "
@@ -80,6 +86,7 @@ constexpr Command Table[] = {
     {"macro add", "DIR NAME", "Adds a macro. Its layouts are chosen in the station.", RunMacroAdd},
     {"macro rename", "DIR NAME NEW-NAME", "Gives a macro another name.", RunMacroRename},
     {"macro remove", "DIR NAME", "Removes a macro and its choice of layouts.", RunMacroRemove},
+    {"settings", "", "Prints every key of the settings files, as Markdown.", PrintSettings},
 };
 } // namespace
 

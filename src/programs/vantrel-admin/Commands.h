@@ -10,7 +10,7 @@ struct Command
 {
     /// Its words, such as "macro add".
     const char* Name;
-    /// Its arguments in capitals, as the help shows them. All are needed.
+    /// Its arguments in capitals, as the help shows them. All are needed; none where empty.
     const char* Arguments;
     const char* Purpose;
     /// Carries it out. Fails with `Failure`.

@@ -1,0 +1,156 @@
+#include "app/DesktopControls.h"
+#include "app/DesktopStyle.h"
+#include "app/MainRuntime.h"
+#include "capture/BufferedRecord.h"
+#include "capture/FieldApplication.h"
+#include "desktop/EveryWindow.h"
+#include "layout/LoadLayout.h"
+#include "shell/DemoInstall.h"
+#include "shell/FreshInstall.h"
+#include "shell/frmWizard.h"
+#include "support/Events.h"
+#include "support/Layouts.h"
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <cstdio>
+
+namespace vantrel::test {
+namespace {
+
+/// A window of the station and the name of its picture in the book.
+struct PictureRow
+{
+    const char* Window;
+    const char* Picture;
+};
+
+constexpr PictureRow Pictures[] = {
+    {"frmAquireImage2", "camera"},  {"frmCommSettings", "communication"},
+    {"frmEncoding", "composer"},    {"frmFilters", "filters"},
+    {"frmForms", "generator"},      {"frmGetLayout", "open-layout"},
+    {"frmMacro", "macros"},         {"frmPad", "padding"},
+    {"frmPreSuffix", "prefix"},     {"frmPrinters2", "printers"},
+    {"frmRawData", "raw-data"},     {"frmSendData", "sequence"},
+    {"frmSerialize", "serializer"}, {"frmSize", "size"},
+    {"frmStatus", "status"},        {"frmToolbar", "data-settings"},
+};
+
+void Keep(QWidget& window, const QString& path)
+{
+    QCoreApplication::processEvents();
+    if (!window.grab().save(path, "PNG"))
+        std::fprintf(stderr, "cannot be written: %s\n", path.toLocal8Bit().constData());
+}
+
+/// A station with what the pictures show on top of what windows need.
+class PicturedStation : public FullStation
+{
+public:
+    PicturedStation()
+    {
+        Session.Settings.Framing = {QStringLiteral("<"), QStringLiteral("+"), QStringLiteral(">")};
+        Session.Settings.Port = 10001;
+        Session.Settings.UseIP = true;
+        Session.LastRawData = QStringLiteral("<Ada Lovelace+40012345>");
+        for (const char* record : {"<Ada Lovelace+40012345>", "<Grace Hopper+40054321>"}) {
+            QString text = QLatin1StringView(record);
+            BufferRecord(Session, text);
+        }
+        Session.LastRawData = QStringLiteral("<Ada Lovelace+40012345>");
+    }
+};
+
+/// The main window with the card of the demo.
+void TakeMainWindow(const QDir& folder)
+{
+    const QTemporaryDir demo;
+    const QString demoFolder = demo.filePath(QStringLiteral("demo"));
+    MakeDemoFolder(demoFolder);
+    PicturedStation station;
+    station.Session.LayoutDb.Close();
+    station.Session.LayoutDb.Open(LayoutDatabasePath(demoFolder));
+    station.Session.CurrentParams.PageIndex = 1;
+    LoadLayout(station.Session, QStringLiteral("Member Card"));
+    SetRecord(station.Session,
+              {QStringLiteral("Ada Lovelace"), QStringLiteral("40012345"), QStringLiteral("Gold")});
+    ReapplyFieldValues(station.Session);
+    TickStatusBar(station.Session);
+    station.Window.show();
+    Keep(station.Window, folder.filePath(QStringLiteral("main.png")));
+}
+
+/// Answers the wizard's pages as the quick start does.
+void TakeWizard(const QDir& folder)
+{
+    constexpr int Pages = 6;
+    PicturedStation station;
+    QWidget& wizard = OpenDialog<frmWizard>(station.Session, &station.Window);
+    auto& next = DesktopStation::Named<QAbstractButton>(wizard, "cmdNext");
+    for (int page = 1; page <= Pages; ++page) {
+        if (page == 1)
+            DesktopStation::Named<QLineEdit>(wizard, "txtName").setText(QStringLiteral("Badge"));
+        if (page == 3)
+            DesktopStation::Named<QAbstractButton>(wizard, "imgL").click();
+        if (page == 4)
+            DesktopStation::Named<QListWidget>(wizard, "lstPrinters").setCurrentRow(0);
+        if (page == 5)
+            DesktopStation::Named<QCheckBox>(wizard, "chkEnableFields").setChecked(true);
+        EventsUntil([&] { return next.isEnabled(); });
+        Keep(wizard, folder.filePath(QStringLiteral("wizard-%1.png").arg(page)));
+        if (page < Pages)
+            next.click();
+    }
+}
+
+/// Takes every window that the book shows, each page of those that have several.
+void TakePictures(const QDir& folder)
+{
+    for (const PictureRow& picture : Pictures) {
+        for (const WindowRow& row : EveryWindow()) {
+            if (QLatin1StringView(row.Name) != QLatin1StringView(picture.Window))
+                continue;
+            PicturedStation station;
+            QWidget& window = row.Open(station);
+            QStringList faces;
+            OnEachFace(window, [&] {
+                const auto* tabs = window.findChild<QTabWidget*>();
+                if (tabs != nullptr && !tabs->isTabEnabled(tabs->currentIndex()))
+                    return;
+                faces.append(folder.filePath(QStringLiteral("%1-%2.png")
+                                                 .arg(QLatin1StringView(picture.Picture))
+                                                 .arg(faces.size() + 1)));
+                Keep(window, faces.last());
+            });
+            const QString alone =
+                folder.filePath(QLatin1StringView(picture.Picture) + QStringLiteral(".png"));
+            if (faces.size() == 1) {
+                QFile::remove(alone);
+                QFile::rename(faces.first(), alone);
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace vantrel::test
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    vantrel::DesktopStyle::Install();
+    if (argc != 2) {
+        std::fputs("usage: screenshots FOLDER\n", stderr);
+        return 2;
+    }
+    const QDir folder(QString::fromLocal8Bit(argv[1]));
+    vantrel::test::TakeMainWindow(folder);
+    vantrel::test::TakeWizard(folder);
+    vantrel::test::TakePictures(folder);
+    return 0;
+}

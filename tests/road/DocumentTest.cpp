@@ -1,0 +1,119 @@
+#include "app/SettingsGuide.h"
+#include "road/StationFolder.h"
+#include "road/StationProcess.h"
+#include "shell/FreshInstall.h"
+#include "support/Events.h"
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+namespace {
+
+constexpr int Patience = 60000;
+
+QString Document(const char* name)
+{
+    QFile file(QStringLiteral(VANTREL_DOCS "/") + QLatin1StringView(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+    return QString::fromUtf8(file.readAll());
+}
+
+/// What a page tells the reader to type: its blocks of shell commands, in their order.
+QStringList CommandsOf(const QString& page)
+{
+    static const QRegularExpression block(QStringLiteral("^```sh\\n(.*?)^```$"),
+                                          QRegularExpression::MultilineOption |
+                                              QRegularExpression::DotMatchesEverythingOption);
+    QStringList commands;
+    for (auto found = block.globalMatch(page); found.hasNext();)
+        commands.append(found.next().captured(1));
+    return commands;
+}
+
+/// Runs a program to its end and expects that it is content. @return what it wrote
+QString RunToEnd(const QString& program, const QStringList& arguments,
+                 const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished(Patience)) << program.toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+TEST(Sender, OfEachLanguageGetsItsCard)
+{
+    StationFolder folder;
+    const int port = folder.WithCapture();
+    StationProcess station(folder.Session.ProgramFolder);
+    ASSERT_TRUE(station.WaitUntilItListens(port));
+    const QString senders = QStringLiteral(VANTREL_DOCS "/senders/");
+    int card = 0;
+    const QStringList programs = {senders + QStringLiteral("send.sh"),
+                                  senders + QStringLiteral("send.py"),
+                                  QStringLiteral(VANTREL_C_SENDER)};
+    for (const QString& program : programs) {
+        ++card;
+        RunToEnd(program, {QStringLiteral("127.0.0.1"), QString::number(port),
+                           QStringLiteral("Ada Lovelace"), QString::number(card)});
+        EXPECT_EQ(folder.TextOfCard(card), QStringLiteral("Ada Lovelace %1").arg(card))
+            << program.toStdString();
+    }
+}
+
+TEST(SettingsPage, TellsTheKeysAsTheyAreRead)
+{
+    EXPECT_EQ(Document("settings.md"), SettingsGuide());
+}
+
+TEST(QuickStart, LeadsToACard)
+{
+    const QStringList commands = CommandsOf(Document("quick-start.md"));
+    ASSERT_EQ(commands.size(), 5);
+    // The clone is built already: this is what it would build.
+    EXPECT_EQ(commands.at(0), QStringLiteral("scripts/run.sh\n"
+                                             "export PATH=$PWD/build/release/bin:$PATH\n"));
+    EXPECT_EQ(commands.at(2), QStringLiteral("VANTREL_HOME=~/station vantrel\n"));
+
+    const QTemporaryDir home;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("HOME"), home.path());
+    environment.insert(QStringLiteral("PATH"),
+                       QFileInfo(QStringLiteral(VANTREL_ADMIN_PROGRAM)).path() + QLatin1Char(':') +
+                           environment.value(QStringLiteral("PATH")));
+    StationFolder designed;
+    const int port = designed.WithCapture();
+    const auto type = [&](QString lines) {
+        EXPECT_TRUE(!lines.contains(QStringLiteral("tcp")) ||
+                    lines.contains(QStringLiteral("/10001")));
+        lines.replace(QStringLiteral("/10001"), QStringLiteral("/%1").arg(port));
+        return RunToEnd(QStringLiteral("bash"), {QStringLiteral("-ec"), lines}, environment);
+    };
+
+    type(commands.at(1));
+    const QString station = home.filePath(QStringLiteral("station"));
+    const QString store = LayoutDatabasePath(station);
+    ASSERT_TRUE(QFileInfo::exists(store));
+    // What the reader makes with the mouse is taken from a station that has it.
+    designed.Session.LayoutDb.Close();
+    ASSERT_TRUE(QFile::remove(store));
+    ASSERT_TRUE(QFile::copy(LayoutDatabasePath(designed.Session.ProgramFolder), store));
+    ASSERT_TRUE(QFile::copy(designed.Session.PathInFolder(QStringLiteral("Vantrel 6.ini")),
+                            station + QStringLiteral("/Vantrel 6.ini")));
+    StationProcess process(station);
+    ASSERT_TRUE(process.WaitUntilItListens(port));
+
+    type(commands.at(3));
+    const QString card = station + QStringLiteral("/Printed/Session 1/card-000001.pdf");
+    ASSERT_TRUE(EventsUntil([&] { return QFileInfo::exists(card); }));
+    EXPECT_TRUE(type(commands.at(4)).contains(QStringLiteral("card-000001.pdf")));
+    EXPECT_EQ(TextOfPdf(card), QStringLiteral("Ada Lovelace 40012345"));
+}
+
+} // namespace
+} // namespace vantrel::test
