@@ -26,7 +26,7 @@ constexpr QSize CardIcon{96, 96};
 constexpr const char* Sizes[] = {"6",  "7",  "8",  "9",  "10", "11", "12", "14", "16",
                                  "18", "20", "22", "24", "26", "28", "36", "48", "72"};
 constexpr const char* FirstSizeEntry = "10";
-constexpr double InkShare = 0.55;
+constexpr double InkShare = 0.6;
 
 /// A card of that orientation, in the colours of the theme.
 QIcon CardPicture(int orientation, const QPalette& palette)

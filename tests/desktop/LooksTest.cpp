@@ -18,6 +18,7 @@
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 #include <map>
+#include <utility>
 
 namespace vantrel::test {
 namespace {
@@ -34,6 +35,8 @@ public:
         DesktopStyle::Install();
         if (dark)
             QApplication::setPalette(DarkPalette());
+        // Windows that are open follow with the next events.
+        QCoreApplication::processEvents();
     }
     ~Desktop() { QApplication::setPalette(m_before); }
     Desktop(const Desktop&) = delete;
@@ -250,11 +253,15 @@ TEST_F(LooksWhenColoursChange, PrintersHaveTheirIconsAnew)
 TEST_F(LooksWhenColoursChange, TheCardsOfTheWizardAreDrawnAnew)
 {
     auto& wizard = OpenDialog<frmWizard>(Station.Session, &Station.Window);
+    std::map<std::string, qint64> before;
+    for (const char* name : {"imgP", "imgL"})
+        before[name] = DesktopStation::Named<QToolButton>(wizard, name).icon().cacheKey();
     for (const bool dark : {true, false}) {
         const Desktop desktop(dark);
         const QColor ground = wizard.palette().color(QPalette::Button);
         for (const char* name : {"imgP", "imgL"}) {
             const QIcon icon = DesktopStation::Named<QToolButton>(wizard, name).icon();
+            EXPECT_NE(icon.cacheKey(), std::exchange(before[name], icon.cacheKey())) << name;
             EXPECT_GE(ContrastOf(icon, ground), LeastOfShapes) << name << (dark ? " dark" : "");
         }
     }
