@@ -5,6 +5,7 @@
 #include "shell/DemoArt.h"
 #include "shell/DemoLayouts.h"
 #include "shell/FreshInstall.h"
+#include "shell/GalleryArt.h"
 #include <QDir>
 
 namespace vantrel {
@@ -28,9 +29,11 @@ struct PictureRow
 };
 
 constexpr PictureRow Pictures[] = {
-    {DemoPicture::Front, DrawCardFront},
-    {DemoPicture::Back, DrawCardBack},
-    {DemoPicture::Portrait, DrawPortrait},
+    {DemoPicture::Front, DrawCardFront},     {DemoPicture::Back, DrawCardBack},
+    {DemoPicture::Portrait, DrawPortrait},   {DemoPicture::Badge, DrawBadge},
+    {DemoPicture::GiftFront, DrawGiftFront}, {DemoPicture::GiftBack, DrawGiftBack},
+    {DemoPicture::Library, DrawLibrary},     {DemoPicture::PassFront, DrawPassFront},
+    {DemoPicture::PassBack, DrawPassBack},   {DemoPicture::Transport, DrawTransport},
 };
 
 [[noreturn]] void FailAsUnwritable(const QString& path)

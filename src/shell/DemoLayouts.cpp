@@ -5,6 +5,7 @@
 #include "platform/Printer.h"
 #include "platform/Recordset.h"
 #include "shell/DemoTables.h"
+#include "shell/GalleryTables.h"
 #include <QDir>
 
 namespace vantrel {
@@ -64,7 +65,7 @@ public:
     void SetCheckDigit(Digit digit)
     {
         Set("C_UseMod10", digit == Digit::Mod10);
-        Set("C_UseCodaBar", false);
+        Set("C_UseCodaBar", digit == Digit::Codabar);
         Set("C_UseEBT", false);
     }
 
@@ -79,23 +80,23 @@ private:
     Recordset m_rows;
 };
 
-void WriteObjects(Connection& connection, const QString& imageFolder)
+void WriteObjects(Connection& connection, const Samples& samples, const QString& imageFolder)
 {
     ObjectWriter writer(connection);
-    for (const ImageRow& row : Images) {
+    for (const ImageRow& row : samples.Images) {
         writer.Begin(row.Layout, row.Page, Marker::ImageRow);
         writer.SetBox(row.Left, row.Top, row.Width, row.Height);
         writer.Set("C_ImagePath", PathOf(imageFolder, row.Picture));
         writer.End();
     }
-    for (const TextRow& row : Texts) {
+    for (const TextRow& row : samples.Texts) {
         writer.Begin(row.Layout, row.Page, Marker::LabelRow);
         writer.SetLook(row.At);
         writer.Set("C_Param_1", QString(Marker::StaticTextRow));
         writer.Set("C_Value", Text(row.Text));
         writer.End();
     }
-    for (const FieldRow& row : Fields) {
+    for (const FieldRow& row : samples.Fields) {
         writer.Begin(row.Layout, row.Page, Marker::LabelRow);
         writer.SetLook(row.At);
         writer.SetCheckDigit(row.CheckDigit);
@@ -106,7 +107,7 @@ void WriteObjects(Connection& connection, const QString& imageFolder)
         writer.Set("C_Suffix", QString());
         writer.End();
     }
-    for (const NumberRow& row : Numbers) {
+    for (const NumberRow& row : samples.Numbers) {
         writer.Begin(row.Layout, row.Page, Marker::LabelRow);
         writer.SetLook(row.At);
         writer.SetCheckDigit(Digit::None);
@@ -116,22 +117,21 @@ void WriteObjects(Connection& connection, const QString& imageFolder)
     }
 }
 
-void WritePages(Connection& connection, const QString& imageFolder)
+void WritePages(Connection& connection, const Samples& samples, const QString& imageFolder)
 {
     Recordset rows(connection);
     rows.Open(QStringLiteral("SELECT * FROM [LayoutParams]"), CursorLock::Optimistic);
     const auto set = [&rows](const char* column, const QVariant& value) {
         rows.SetValue(QString::fromLatin1(column), value);
     };
-    for (const PageRow& row : Pages) {
+    for (const PageRow& row : samples.Pages) {
         rows.AddNew();
         set("LayoutName", Text(row.Layout));
         set("PageIndex", row.Page);
         set("Encode", *row.Track1 != '\0');
         set("PrinterDevice", QStringLiteral("Vantrel PDF"));
-        set("PrinterOrientation", OrientationLandscape);
-        // Other types write the stripe as text on the page, which a PDF would show.
-        set("PrinterType", PrinterTypeCode::Plain);
+        set("PrinterOrientation", row.Orientation);
+        set("PrinterType", row.PrinterType);
         set("PrinterCopies", 1);
         set("Track1", Text(row.Track1));
         set("Track2", Text(row.Track2));
@@ -146,8 +146,10 @@ void WritePages(Connection& connection, const QString& imageFolder)
 
 void WriteDemoLayouts(Connection& connection, const QString& imageFolder)
 {
-    WriteObjects(connection, imageFolder);
-    WritePages(connection, imageFolder);
+    for (const Samples& samples : {MemberSamples, GallerySamples}) {
+        WriteObjects(connection, samples, imageFolder);
+        WritePages(connection, samples, imageFolder);
+    }
 }
 
 } // namespace vantrel

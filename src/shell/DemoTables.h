@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Color.h"
 #include "shell/DemoLayouts.h"
+#include "shell/DemoRows.h"
 
 /// The rows of the demonstration layouts. Lengths are twips on a landscape card of 4860 by 3060.
 namespace vantrel::demo {
@@ -15,31 +15,6 @@ inline constexpr ColorValue Brass = 0x3A82A6;
 inline constexpr ColorValue LightBrass = 0x7FC0DA;
 inline constexpr ColorValue Grey = 0x857A70;
 inline constexpr ColorValue White = ColorWhite;
-
-enum class Align { Left = 0, Right = 1, Centre = 2 };
-enum class Weight { Regular, Bold };
-enum class Digit { None, Mod10 };
-
-/// Where a text stands, in twips, and how it looks.
-struct Place
-{
-    int Left;
-    int Top;
-    int Width;
-    int Height;
-    double Points;
-    Weight Boldness;
-    ColorValue Color;
-    Align Alignment;
-};
-
-struct TextRow
-{
-    const char* Layout;
-    int Page;
-    const char* Text;
-    Place At;
-};
 
 inline constexpr TextRow Texts[] = {
     {MemberCard,
@@ -93,16 +68,6 @@ inline constexpr TextRow Texts[] = {
     {Visitor, 1, "VISITOR", {2760, 300, 1880, 480, 20, Weight::Bold, Navy, Align::Right}},
 };
 
-struct FieldRow
-{
-    const char* Layout;
-    int Page;
-    int Field;
-    const char* Prefix;
-    Digit CheckDigit;
-    Place At;
-};
-
 inline constexpr FieldRow Fields[] = {
     {MemberCard,
      1,
@@ -130,42 +95,12 @@ inline constexpr FieldRow Fields[] = {
      {3100, 2200, 1540, 220, 8.5, Weight::Bold, Navy, Align::Right}},
 };
 
-struct NumberRow
-{
-    const char* Layout;
-    int Page;
-    const char* Start;
-    Place At;
-};
-
 inline constexpr NumberRow Numbers[] = {
     {MemberCard, 1, "1000", {3840, 2505, 800, 220, 8.5, Weight::Regular, Navy, Align::Right}},
 };
 
-struct ImageRow
-{
-    const char* Layout;
-    int Page;
-    const char* Picture;
-    int Left;
-    int Top;
-    int Width;
-    int Height;
-};
-
 inline constexpr ImageRow Images[] = {
     {MemberCard, 1, DemoPicture::Portrait, 250, 1160, 1180, 1570},
-};
-
-struct PageRow
-{
-    const char* Layout;
-    int Page;
-    bool AutoSpool;
-    const char* BackImage;
-    const char* Track1;
-    const char* Track2;
-    const char* Track3;
 };
 
 /// The stripe goes with the front: each page is a job of its own.
@@ -175,5 +110,7 @@ inline constexpr PageRow Pages[] = {
     // Fields that a record makes live until the page is saved, and a print reloads it.
     {Visitor, 1, false, "", "", "", ""},
 };
+
+inline constexpr Samples MemberSamples{Images, Texts, Fields, Numbers, Pages};
 
 } // namespace vantrel::demo

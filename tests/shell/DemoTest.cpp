@@ -35,6 +35,25 @@ protected:
         ReapplyFieldValues(Session);
     }
 
+    /// Everything on the page is there and stands in its place.
+    void ExpectWholePage()
+    {
+        EXPECT_TRUE(Session.CurrentParams.BackImg1Picture.HasHandle());
+        for (const auto& object : Session.Document.Objects()) {
+            if (!object->IsContent())
+                continue;
+            EXPECT_LE(object->Left + object->Width, Session.Document.Width);
+            EXPECT_LE(object->Top + object->Height, Session.Document.Height);
+            if (!object->IsLabel()) {
+                EXPECT_TRUE(object->Picture.HasHandle());
+                continue;
+            }
+            SCOPED_TRACE(object->Caption().toStdString());
+            EXPECT_LE(PageCanvas::TextWidth(object->Caption(), object->Font()), object->Width);
+            EXPECT_LE(PageCanvas::TextHeight(object->Caption(), object->Font()), object->Height);
+        }
+    }
+
     QStringList Captions()
     {
         QStringList captions;
@@ -83,21 +102,65 @@ TEST_F(Demo, EveryTextStandsInItsBoxAndEveryPictureLoads)
 {
     for (const std::int16_t page : {std::int16_t{1}, std::int16_t{2}}) {
         Load(MemberCard, page);
-        EXPECT_TRUE(Session.CurrentParams.BackImg1Picture.HasHandle());
-        for (const auto& object : Session.Document.Objects()) {
-            if (!object->IsContent())
-                continue;
-            EXPECT_LE(object->Left + object->Width, Session.Document.Width);
-            EXPECT_LE(object->Top + object->Height, Session.Document.Height);
-            if (!object->IsLabel()) {
-                EXPECT_TRUE(object->Picture.HasHandle());
-                continue;
+        ExpectWholePage();
+    }
+}
+
+TEST_F(Demo, EveryCardOfTheGalleryHoldsItsSampleRecord)
+{
+    struct SampleRow
+    {
+        const char* Layout;
+        std::int16_t Pages;
+        float Width;
+        const char* Record;
+        const char* Shown;
+    };
+    constexpr float Long = 4860;
+    constexpr float Short = 3060;
+    constexpr SampleRow samples[] = {
+        {"Staff Badge", 1, Short, "Dr. Miriam Okafor|Paediatrics|20417", "No. 20417"},
+        {"Gift Card", 2, Long, "50.00|6034 9821 0045 7710", "EUR 50.00"},
+        {"Library Card", 1, Long, "Thomas Whitfield|2183400190", "21834001907"},
+        {"Visitor Pass", 2, Long,
+         "Elena Marsh|Brightwater Engineering|Jonas Keller, Room 214|21 November 2026",
+         "Brightwater Engineering"},
+        {"Transport Pass", 1, Long, "Sofia Lindqvist|1 - 4|31 December 2026",
+         "Valid to 31 December 2026"},
+    };
+    for (const SampleRow& sample : samples) {
+        SCOPED_TRACE(sample.Layout);
+        Session.FieldValues = {};
+        const QStringList values = QString::fromLatin1(sample.Record).split(QLatin1Char('|'));
+        for (const QString& value : values)
+            Session.FieldValues.Add(value);
+        for (std::int16_t page = 1; page <= sample.Pages; ++page) {
+            Load(QString::fromLatin1(sample.Layout), page);
+            EXPECT_EQ(Session.CurrentParams.PageCount, sample.Pages);
+            EXPECT_TRUE(Session.CurrentParams.AutoSpool);
+            EXPECT_EQ(Session.Document.Width, sample.Width);
+            ExpectWholePage();
+            if (page == 1) {
+                EXPECT_TRUE(Captions().contains(QString::fromLatin1(sample.Shown)));
             }
-            SCOPED_TRACE(object->Caption().toStdString());
-            EXPECT_LE(PageCanvas::TextWidth(object->Caption(), object->Font()), object->Width);
-            EXPECT_LE(PageCanvas::TextHeight(object->Caption(), object->Font()), object->Height);
         }
     }
+}
+
+TEST_F(Demo, TheGiftCardsStripeGoesWithItsBack)
+{
+    Load(QStringLiteral("Gift Card"), 1);
+    EXPECT_FALSE(Session.CurrentParams.Encode);
+    Load(QStringLiteral("Gift Card"), 2);
+    EXPECT_TRUE(Session.CurrentParams.Encode);
+    EXPECT_EQ(Session.CurrentParams.PrinterType, PrinterTypeCode::Fargo);
+}
+
+TEST_F(Demo, TheTransportPassCounts)
+{
+    Load(QStringLiteral("Transport Pass"), 1);
+    EXPECT_TRUE(Captions().contains(QStringLiteral("500000")) ||
+                Captions().contains(QStringLiteral("500001")));
 }
 
 TEST_F(Demo, TheVisitorCardHoldsOneTextAndWaitsForDynamicFields)
@@ -113,7 +176,7 @@ TEST_F(Demo, EveryPageHasItsParameters)
 {
     Recordset rows(Session.LayoutDb);
     rows.Open(QStringLiteral("SELECT * FROM [LayoutParams]"));
-    EXPECT_EQ(rows.RecordCount(), 3);
+    EXPECT_EQ(rows.RecordCount(), 10);
 }
 
 TEST(FreshInstall, AFolderIsMadeAndALaunchersFileIsKept)

@@ -75,7 +75,7 @@ constexpr Command Table[] = {
      "A database that exists is never overwritten.",
      RunInit},
     {"demo", "DIR",
-     "The same, with the layouts \"Member Card\" and \"Visitor\", their pictures, and settings for "
+     "The same, with sample layouts, their pictures, and settings for "
      "session 1.",
      RunDemo},
     {"session start", "DIR SESSION", "Lets a session run; it is to be started behind it.",
