@@ -80,8 +80,8 @@ inline constexpr FieldRow Fields[] = {
 
     {VisitorPass, 1, 1, "", Digit::None, {2180, 480, 2450, 440, 17, Weight::Bold, Ink, Align::Left}},
     {VisitorPass, 1, 2, "", Digit::None, {2180, 950, 2450, 280, 10.5, Weight::Regular, Grey, Align::Left}},
-    {VisitorPass, 1, 3, "", Digit::None, {2180, 1720, 2450, 280, 11, Weight::Bold, OrangeText, Align::Left}},
-    {VisitorPass, 1, 4, "", Digit::None, {2180, 2350, 2450, 280, 11, Weight::Bold, OrangeText, Align::Left}},
+    {VisitorPass, 1, 3, "", Digit::None, {2180, 1720, 2450, 280, 10.5, Weight::Bold, OrangeText, Align::Left}},
+    {VisitorPass, 1, 4, "", Digit::None, {2180, 2350, 2450, 280, 10.5, Weight::Bold, OrangeText, Align::Left}},
 
     {TransportPass, 1, 1, "", Digit::None, {300, 2290, 1880, 300, 12, Weight::Bold, Ink, Align::Left}},
     {TransportPass, 1, 2, "", Digit::None, {2230, 2290, 1050, 300, 12, Weight::Bold, IndigoText, Align::Left}},

@@ -160,9 +160,11 @@ TEST_F(AdminProgram, DemoMakesACardToPrint)
     EXPECT_EQ(rows.RecordCount(), 2);
     EXPECT_EQ(rows.Value(QStringLiteral("BackImg1")).toString(),
               QString(Folder + QStringLiteral("/Images/card-front.jpg")));
-    EXPECT_EQ(QDir(Folder + QStringLiteral("/Images")).entryList(QDir::Files),
-              QStringList({QStringLiteral("card-back.jpg"), QStringLiteral("card-front.jpg"),
-                           QStringLiteral("portrait.jpg")}));
+    QStringList pictures;
+    for (const char* name : {"badge", "card-back", "card-front", "gift-back", "gift-front",
+                             "library", "pass-back", "pass-front", "portrait", "transport"})
+        pictures.append(QString::fromLatin1(name) + QStringLiteral(".jpg"));
+    EXPECT_EQ(QDir(Folder + QStringLiteral("/Images")).entryList(QDir::Files), pictures);
 }
 
 TEST_F(AdminProgram, HelpIsOnStandardOutput)
