@@ -73,7 +73,7 @@ TEST(Asking, TheFontDialogTakesAndGivesSixValues)
 {
     DesktopOperator desk;
     const Font present{QStringLiteral("Liberation Sans"), 12, true, false, true, false};
-    const Font chosen{QStringLiteral("DejaVu Sans"), 8, false, true, false, true};
+    const Font chosen{QStringLiteral("Liberation Serif"), 8, false, true, false, true};
     WithNext<QFontDialog>([&](QFontDialog& box) {
         EXPECT_EQ(StoredFont(box.currentFont()), present);
         box.setCurrentFont(DialogFont(chosen));
