@@ -22,7 +22,7 @@ printed="$VANTREL_HOME/Printed/Session 1"
 samples=(
   'Member Card|member-card|2|<Ada Lovelace+40012345+Gold>'
   'Staff Badge|staff-badge|1|<Dr. Miriam Okafor+Paediatrics+20417>'
-  'Gift Card|gift-card|2|<50.00+6034 9821 0045 7710>'
+  'Gift Card|gift-card|2|<50.00+6034-9821-0045-7710>'
   'Library Card|library-card|1|<Thomas Whitfield+2183400190>'
   'Visitor Pass|visitor-pass|2|<Elena Marsh+Brightwater Engineering+Jonas Keller, Room 214+21 November 2026>'
   'Transport Pass|transport-pass|1|<Sofia Lindqvist+1 - 4+31 December 2026>'

@@ -158,11 +158,11 @@ QImage DrawLibrary()
     card.FillDown(0, Forest, card.Height(), ForestDeep);
     card.Rectangle(1240, 0, 36, card.Height());
     card.Fill(Gold);
-    DrawBook(card, 620, 1130, 380, Cream);
-    constexpr double shelves[] = {2480, 2960};
+    DrawBook(card, 620, 900, 380, Cream);
+    constexpr double shelves[] = {2280, 2760};
     for (const double bottom : shelves) { // Books on their shelves.
         double left = 160;
-        for (int book = 0; left < 1060; ++book) {
+        for (int book = 0; left < 990; ++book) {
             const double wide = 70 + (book * 37) % 60;
             const double high = 250 + (book * 53) % 130;
             card.Rectangle(left, bottom - high, wide, high);
