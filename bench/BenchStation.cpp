@@ -88,6 +88,7 @@ struct BenchStation::Private
 
     explicit Private(StationSize size)
     {
+        Folder.setAutoRemove(!qEnvironmentVariableIsSet("VANTREL_BENCH_KEEP"));
         CreateLayoutDatabase(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
         OpenLayoutDb(Session);
         MakeLayout(size.FurtherLabels);

@@ -17,7 +17,8 @@ struct StationSize
 };
 
 /// A station nobody stands at, with a one-page layout of ten texts, a photo, a background and an
-/// automatic number, that listens on a port of the loopback.
+/// automatic number, that listens on a port of the loopback. Its folder goes with it unless
+/// VANTREL_BENCH_KEEP is set.
 class BenchStation
 {
 public:

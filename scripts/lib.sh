@@ -1,7 +1,7 @@
 # What the scripts share. Sourced from the repository's root folder.
 
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-dev
-  qt6-multimedia-dev qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libgtest-dev
+  qt6-multimedia-dev qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libharfbuzz-dev libgtest-dev
   libgmock-dev libbenchmark-dev)
 RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)

@@ -1,62 +1,80 @@
 #!/usr/bin/env python3
 """The station against the quickest scripts for the same card, one file each, all in turns.
 
-    bench/peers/compare.py build/release/bin [--rounds N] [--seconds S]
+    bench/peers/compare.py build/release/bin [--rounds N] [--keep]
 
-The scripts only draw and write. The station receives each record over TCP, loads the layout and
-saves the risen number durably besides. Needs the Debian packages python3-reportlab, python3-cairo.
+Each has the machine for itself. The scripts only draw and write, and one saves a number durably,
+too. The station receives each record over TCP, loads the layout and saves the risen number. Needs the
+Debian packages python3-reportlab and python3-cairo.
 """
 
 import argparse
 import json
 import os
+import random
 import shutil
 import statistics
 import subprocess
 import sys
 import tempfile
 
+# As many as the station makes in its own loop.
+CARDS = 2000
 HERE = os.path.dirname(os.path.abspath(__file__))
 
 
-def output_of(*command):
-    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+def output_of(*command, **environment):
+    environment = os.environ | environment
+    return subprocess.run(command, check=True, capture_output=True, text=True, env=environment).stdout
 
 
-def script(name, pictures, seconds):
-    folder = tempfile.mkdtemp(prefix="cards-")
-    try:
-        return float(output_of("/usr/bin/python3", os.path.join(HERE, name), pictures, folder, str(seconds)))
-    finally:
-        shutil.rmtree(folder)
+def script(name, pictures, folder, *options):
+    return float(output_of("/usr/bin/python3", os.path.join(HERE, name), pictures, folder, str(CARDS), *options))
 
 
-def station(programs, seconds):
-    told = output_of(os.path.join(programs, "bench_road"), "--benchmark_format=json", f"--benchmark_min_time={seconds}")
-    result = json.loads(told)["benchmarks"][0]
-    return result["cards_per_s"], result["limit_per_s"]
+def bench(programs, name, folder, *options):
+    told = output_of(
+        os.path.join(programs, name), "--benchmark_format=json", *options, TMPDIR=folder, VANTREL_BENCH_KEEP="1"
+    )
+    return json.loads(told)["benchmarks"][0]
 
 
 def main():
     options = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     options.add_argument("programs", help="the folder of the release build's programs")
-    options.add_argument("--rounds", type=int, default=3)
-    options.add_argument("--seconds", type=float, default=3)
+    options.add_argument("--rounds", type=int, default=4)
+    options.add_argument(
+        "--keep",
+        action="store_true",
+        help="delete cards at the end only: a disk without a journal makes files slowly where many were deleted lately",
+    )
     given = options.parse_args()
-    figures = {"station": [], "bare cairo and Pango in C++": [], "pycairo": [], "ReportLab": []}
-    pictures = tempfile.mkdtemp(prefix="pictures-")
+    work = tempfile.mkdtemp(prefix="cards-")
+    pictures = os.path.join(work, "pictures")
+    contestants = {
+        "station": lambda folder: bench(
+            given.programs, "bench_growth", folder, "--benchmark_filter=ByLayouts/1/"
+        )["cards_per_s"],
+        "bare cairo and Pango in C++": lambda folder: bench(given.programs, "bench_road", folder)["limit_per_s"],
+        "pycairo": lambda folder: script("with_pycairo.py", pictures, folder),
+        "pycairo, number saved": lambda folder: script("with_pycairo.py", pictures, folder, "save"),
+        "ReportLab": lambda folder: script("with_reportlab.py", pictures, folder),
+    }
+    figures = {name: [] for name in contestants}
     try:
+        os.mkdir(pictures)
         output_of(os.path.join(given.programs, "bench_pictures"), pictures)
-        for _ in range(given.rounds):
-            cards, limit = station(given.programs, given.seconds)
-            figures["station"].append(cards)
-            figures["bare cairo and Pango in C++"].append(limit)
-            figures["pycairo"].append(script("with_pycairo.py", pictures, given.seconds))
-            figures["ReportLab"].append(script("with_reportlab.py", pictures, given.seconds))
+        for turn in range(given.rounds):
+            # What one leaves behind weighs on the next: no order comes twice.
+            for name in random.Random(turn).sample(list(contestants), len(contestants)):
+                folder = tempfile.mkdtemp(dir=work)
+                figures[name].append(contestants[name](folder))
+                if not given.keep:
+                    shutil.rmtree(folder)
     except (OSError, subprocess.CalledProcessError) as error:
         sys.exit(f"compare.py: {getattr(error, 'stderr', '') or error}")
     finally:
-        shutil.rmtree(pictures)
+        shutil.rmtree(work)
     own = statistics.median(figures["station"])
     for name, rates in figures.items():
         rate = statistics.median(rates)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Cards with pycairo, as a quick script makes them: PICTURES-FOLDER CARDS-FOLDER SECONDS."""
+"""Cards with pycairo, as a quick script makes them: PICTURES-FOLDER CARDS-FOLDER CARDS [save]."""
 
 import os
 

@@ -9,9 +9,31 @@
 
 namespace vantrel {
 
-/// What a page is drawn on: one renderer for paper and screen, so that what is seen is what prints.
-/// All lengths are twips from the page's top left corner. Text is measured and drawn unhinted at
-/// the page's own scale, whatever the scale of the picture it goes to.
+struct ShapedLine;
+
+/// A line of text in its place on a page, in points from the top left corner.
+struct PlacedLine
+{
+    std::shared_ptr<const ShapedLine> Line;
+    ColorValue Color = ColorBlack;
+    double X = 0;
+    double Baseline = 0;
+};
+
+/// A picture stretched into its box, in points from the top left corner.
+struct PlacedPicture
+{
+    Picture Content;
+    double X = 0;
+    double Y = 0;
+    double Width = 0;
+    double Height = 0;
+};
+
+/// What a page is drawn on: one set of rules and one way to shape text for paper and screen, so
+/// that what is seen is what prints. All lengths are twips from the page's top left corner. Text is
+/// measured and drawn unhinted at the page's own scale, whatever the scale of the picture it goes
+/// to.
 class PageCanvas
 {
 public:
@@ -26,7 +48,7 @@ public:
 
     PageCanvas(const PageCanvas&) = delete;
     PageCanvas& operator=(const PageCanvas&) = delete;
-    ~PageCanvas();
+    virtual ~PageCanvas() = default;
 
     /// Draws text with its first line's top at `y`. A carriage return, a line feed or both together
     /// begin a new line below; other control characters draw nothing and take no width.
@@ -35,7 +57,7 @@ public:
     void PaintPicture(const Picture& picture, double x, double y, double width, double height);
     /// Ends the page and hands out the last bytes. Fails with `PrinterError` if the sink did not
     /// take them all.
-    void Finish();
+    virtual void Finish() = 0;
 
     /// Width of the widest line of a text, and height of all of them.
     static double TextWidth(const QString& text, const Font& font);
@@ -44,10 +66,12 @@ public:
     /// with `SubscriptOutOfRange`.
     static QString FontFamily(int index);
 
-private:
-    struct Surface;
-    explicit PageCanvas(std::unique_ptr<Surface> surface);
-    std::unique_ptr<Surface> m_surface;
+protected:
+    PageCanvas() = default;
+
+    virtual void Set(const PlacedLine& placed) = 0;
+    /// @param placed  a picture that holds something, in a box with a size
+    virtual void Set(const PlacedPicture& placed) = 0;
 };
 
 } // namespace vantrel

@@ -74,7 +74,8 @@ std::shared_ptr<const PictureData> ReadPicture(const QString& path)
     reader.setDecideFormatFromContent(true);
     if (jpeg.IsCommon()) {
         const QImage stored = Decode(reader);
-        return std::make_shared<const PictureData>(stored, reader.transformation(), jpeg.Bytes);
+        return std::make_shared<const PictureData>(
+            stored, reader.transformation(), PlainJpeg{jpeg.Bytes, jpeg.Markers.Components == 1});
     }
     reader.setAutoTransform(true);
     return std::make_shared<const PictureData>(Decode(reader));

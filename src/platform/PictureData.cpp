@@ -96,13 +96,13 @@ cairo_matrix_t UprightMatrix(QSize stored, QImageIOHandler::Transformations toUp
 } // namespace
 
 PictureData::PictureData(const QImage& image)
-    : PictureData(image, QImageIOHandler::TransformationNone, QByteArray())
+    : PictureData(image, QImageIOHandler::TransformationNone, PlainJpeg())
 {}
 
 PictureData::PictureData(const QImage& image, QImageIOHandler::Transformations toUpright,
-                         const QByteArray& jpegBytes)
+                         PlainJpeg jpeg)
     : Stored(RendererPixels(image)), Pixels(Upright(Stored, toUpright)),
-      ToUpright(UprightMatrix(image.size(), toUpright))
+      ToUpright(UprightMatrix(image.size(), toUpright)), Jpeg(std::move(jpeg))
 {
     const QImage untold(1, 1, QImage::Format_RGB32);
     WidthHundredths = Hundredths(image.width(), image.dotsPerMeterX(), untold.dotsPerMeterX());
@@ -117,14 +117,22 @@ PictureData::PictureData(const QImage& image, QImageIOHandler::Transformations t
                                                       static_cast<int>(Stored.bytesPerLine())));
     if (cairo_surface_status(Surface.get()) != CAIRO_STATUS_SUCCESS)
         throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
-    if (!jpegBytes.isEmpty())
-        AttachJpeg(Surface.get(), jpegBytes);
+    if (!Jpeg.Bytes.isEmpty())
+        AttachJpeg(Surface.get(), Jpeg.Bytes);
 }
 
 qint64 PictureData::BytesHeld() const
 {
     const bool isShared = Pixels.constBits() == Stored.constBits();
-    return Stored.sizeInBytes() + (isShared ? 0 : Pixels.sizeInBytes());
+    const qint64 packed = Jpeg.Bytes.isEmpty() ? Stored.sizeInBytes() : Jpeg.Bytes.size();
+    return Stored.sizeInBytes() + (isShared ? 0 : Pixels.sizeInBytes()) + packed;
+}
+
+const PackedPixels& PictureData::Packed() const
+{
+    if (!m_packed)
+        m_packed = PackPixels(Stored);
+    return *m_packed;
 }
 
 } // namespace vantrel

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/PackedPixels.h"
 #include "platform/Picture.h"
 #include <QImageIOHandler>
 #include <cairo.h>
 #include <memory>
+#include <optional>
 
 namespace vantrel {
 
@@ -13,8 +15,16 @@ struct CairoSurfaceDeleter
 };
 using CairoSurface = std::unique_ptr<cairo_surface_t, CairoSurfaceDeleter>;
 
-/// What the renderer keeps of a picture: its pixels, decoded once, and the same pixels as a surface
-/// to draw from, so that nothing is converted from card to card.
+/// A JPEG file that a PDF may take as it is; empty where a picture was none.
+struct PlainJpeg
+{
+    QByteArray Bytes;
+    /// One colour component; three otherwise.
+    bool IsGrey = false;
+};
+
+/// What the renderers keep of a picture: its pixels, decoded once, the same pixels as a surface to
+/// draw from, and packed for PDFs, so that nothing is converted from card to card.
 struct PictureData
 {
     /// @param image  upright, in any format, not null. Fails with `InvalidPicture` where the
@@ -22,10 +32,12 @@ struct PictureData
     explicit PictureData(const QImage& image);
     /// A JPEG that a PDF may take as it is.
     /// @param image  as the file has it, to be turned upright by `toUpright`
-    PictureData(const QImage& image, QImageIOHandler::Transformations toUpright,
-                const QByteArray& jpegBytes);
+    PictureData(const QImage& image, QImageIOHandler::Transformations toUpright, PlainJpeg jpeg);
 
+    /// With what `Packed` may come to hold.
     qint64 BytesHeld() const;
+    /// The pixels of `Stored`, packed when they are first asked for.
+    const PackedPixels& Packed() const;
 
     /// As the file has them. Opaque pictures are RGB32, others ARGB32_Premultiplied.
     QImage Stored;
@@ -38,6 +50,10 @@ struct PictureData
     /// Where a pixel of `Stored` stands in `Pixels`: so the photo of a turned camera goes into a
     /// PDF as it is, too.
     cairo_matrix_t ToUpright;
+    PlainJpeg Jpeg;
+
+private:
+    mutable std::optional<PackedPixels> m_packed;
 };
 
 } // namespace vantrel

@@ -152,6 +152,7 @@ struct TextShaper::Caches
         PangoRectangle logical;
         pango_layout_get_extents(line->Layout.get(), nullptr, &logical);
         line->Width = PointsOf(logical.width);
+        line->Glyphs = GlyphsOf(pango_layout_get_line_readonly(line->Layout.get(), 0));
         return line;
     }
 };
@@ -197,6 +198,8 @@ const QStringList& TextShaper::Families()
 
 QStringList LinesOfText(const QString& text)
 {
+    if (std::none_of(text.begin(), text.end(), DrawsNothing))
+        return {text};
     QStringList lines;
     QString line;
     for (qsizetype i = 0; i < text.size(); ++i) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Font.h"
+#include "platform/GlyphLine.h"
 #include <QString>
 #include <memory>
 #include <pango/pangocairo.h>
@@ -16,6 +17,7 @@ struct PangoLayoutDeleter
 struct ShapedLine
 {
     std::unique_ptr<PangoLayout, PangoLayoutDeleter> Layout;
+    GlyphLine Glyphs;
     double Width = 0;
 };
 
