@@ -64,9 +64,6 @@ bool CursorShape::DependsOn(const QString& column) const
 
 int CursorShape::Find(const QString& name) const
 {
-    // Nearly always the name comes just as the table has it.
-    if (const auto found = m_columnOfName.constFind(name); found != m_columnOfName.cend())
-        return *found;
     const bool bracketed = name.startsWith(u'[') && name.endsWith(u']');
     const int place = PlaceOf(bracketed ? name.sliced(1, name.size() - 2) : name);
     if (place >= 0)
@@ -77,6 +74,9 @@ int CursorShape::Find(const QString& name) const
 
 int CursorShape::PlaceOf(const QString& name) const
 {
+    // Nearly always the name comes just as the table has it.
+    if (const auto found = m_columnOfName.constFind(name); found != m_columnOfName.cend())
+        return *found;
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
         if (SameName(m_columns[i].Name, name))
             return static_cast<int>(i);

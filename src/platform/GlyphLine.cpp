@@ -1,6 +1,5 @@
 #include "platform/GlyphLine.h"
 #include <algorithm>
-#include <hb-ot.h>
 #include <pango/pangocairo.h>
 #include <pango/pangofc-font.h>
 
@@ -32,21 +31,6 @@ GlyphLine& LineOf(PangoRenderer* renderer)
 double Points(int pangoUnits)
 {
     return static_cast<double>(pangoUnits) / PANGO_SCALE;
-}
-
-bool HasTable(hb_face_t* face, hb_tag_t tag)
-{
-    hb_blob_t* table = hb_face_reference_table(face, tag);
-    const bool has = hb_blob_get_length(table) > 0;
-    hb_blob_destroy(table);
-    return has;
-}
-
-bool HasPlainOutlines(hb_face_t* face)
-{
-    return HasTable(face, HB_TAG('g', 'l', 'y', 'f')) && hb_ot_var_has_data(face) == 0 &&
-           hb_ot_color_has_layers(face) == 0 && hb_ot_color_has_png(face) == 0 &&
-           hb_ot_color_has_svg(face) == 0;
 }
 
 /// The font system thickens a face where a family has no bold one.
@@ -81,50 +65,74 @@ GlyphRun BeginRun(PangoFont* font)
     return run;
 }
 
-/// @return the glyphs with visible shapes of `[from, to)`, placed behind those before them; nothing
-/// of them is kept where one is no glyph of the face
-std::vector<PlacedGlyph> PlaceGlyphs(GlyphLine& line, const PangoGlyphString& glyphs, int from,
-                                     int to, const std::vector<int>& starts, int baseline)
+/// The clusters of a run, in the order of the text.
+class ClusterWalk
 {
-    std::vector<PlacedGlyph> placed;
-    for (int i = from; i < to; ++i) {
-        const PangoGlyphInfo& glyph = glyphs.glyphs[i];
-        if (glyph.glyph == PANGO_GLYPH_EMPTY)
-            continue;
-        if (glyph.glyph > UINT16_MAX) // a character that no font has
-            line.IsPlain = false;
-        placed.push_back({static_cast<std::uint16_t>(glyph.glyph),
-                          Points(starts[static_cast<std::size_t>(i)] + glyph.geometry.x_offset),
-                          -Points(baseline + glyph.geometry.y_offset)});
+public:
+    ClusterWalk(GlyphLine& line, GlyphRun& run, const PangoGlyphString& glyphs, int x, int baseline)
+        : m_line(line), m_run(run), m_glyphs(glyphs), m_baseline(baseline)
+    {
+        const auto count = static_cast<std::size_t>(glyphs.num_glyphs);
+        m_starts.reserve(count);
+        run.Glyphs.reserve(count);
+        run.Clusters.reserve(count);
+        for (int i = 0; i < glyphs.num_glyphs; ++i) {
+            m_starts.push_back(x);
+            x += glyphs.glyphs[i].geometry.width;
+        }
     }
-    return placed;
-}
+
+    /// Adds the glyphs of `[from, to)` that have a shape, with what they stand for.
+    void Add(int from, int to, QByteArrayView utf8)
+    {
+        GlyphCluster cluster;
+        cluster.FirstGlyph = static_cast<qsizetype>(m_run.Glyphs.size());
+        for (int i = from; i < to; ++i)
+            AddGlyph(m_glyphs.glyphs[i], m_starts[static_cast<std::size_t>(i)]);
+        cluster.GlyphCount = static_cast<qsizetype>(m_run.Glyphs.size()) - cluster.FirstGlyph;
+        if (cluster.GlyphCount == 0)
+            return;
+        cluster.TextBegin = m_run.Text.size();
+        m_run.Text += QString::fromUtf8(utf8);
+        cluster.TextLength = m_run.Text.size() - cluster.TextBegin;
+        m_run.Clusters.push_back(cluster);
+    }
+
+private:
+    void AddGlyph(const PangoGlyphInfo& glyph, int start)
+    {
+        if (glyph.glyph == PANGO_GLYPH_EMPTY)
+            return;
+        if (glyph.glyph > UINT16_MAX) // a character that no font has
+            m_line.IsPlain = false;
+        m_run.Glyphs.push_back({static_cast<std::uint16_t>(glyph.glyph),
+                                Points(start + glyph.geometry.x_offset),
+                                -Points(m_baseline + glyph.geometry.y_offset)});
+    }
+
+    GlyphLine& m_line;
+    GlyphRun& m_run;
+    const PangoGlyphString& m_glyphs;
+    int m_baseline;
+    std::vector<int> m_starts;
+};
 
 void CollectGlyphs(PangoRenderer* renderer, const char* text, PangoGlyphItem* item, int x, int y)
 {
     GlyphLine& line = LineOf(renderer);
     PangoFont* font = item->item->analysis.font;
     GlyphRun run = BeginRun(font);
-    line.IsPlain =
-        line.IsPlain && run.Size > 0 && !IsThickened(font) && HasPlainOutlines(run.Face.get());
-    std::vector<int> starts;
-    for (int i = 0; i < item->glyphs->num_glyphs; ++i) {
-        starts.push_back(x);
-        x += item->glyphs->glyphs[i].geometry.width;
-    }
+    line.IsPlain = line.IsPlain && run.Size > 0 && !IsThickened(font);
+    ClusterWalk walk(line, run, *item->glyphs, x, y);
     PangoGlyphItemIter cluster;
     for (gboolean more = pango_glyph_item_iter_init_start(&cluster, item, text); more != 0;
          more = pango_glyph_item_iter_next_cluster(&cluster)) {
         const bool isLeftToRight = cluster.start_glyph < cluster.end_glyph;
         const int from = isLeftToRight ? cluster.start_glyph : cluster.end_glyph + 1;
         const int to = isLeftToRight ? cluster.end_glyph : cluster.start_glyph + 1;
-        auto placed = PlaceGlyphs(line, *item->glyphs, from, to, starts, y);
-        if (!placed.empty())
-            run.Clusters.push_back(
-                {std::move(placed), QString::fromUtf8(text + cluster.start_index,
-                                                      cluster.end_index - cluster.start_index)});
+        walk.Add(from, to, {text + cluster.start_index, cluster.end_index - cluster.start_index});
     }
-    if ((item->item->analysis.level & 1) != 0) // clusters come in the order of the text
+    if ((item->item->analysis.level & 1) != 0) // from right to left
         std::reverse(run.Clusters.begin(), run.Clusters.end());
     if (!run.Clusters.empty())
         line.Runs.push_back(std::move(run));

@@ -5,6 +5,7 @@
 #include <hb.h>
 #include <memory>
 #include <pango/pango.h>
+#include <span>
 #include <vector>
 
 namespace vantrel {
@@ -24,11 +25,13 @@ struct PlacedGlyph
     double Y = 0;
 };
 
-/// The glyphs that stand for one piece of the text: mostly one for one character.
+/// The glyphs that stand for one piece of a run's text together: mostly one for one character.
 struct GlyphCluster
 {
-    std::vector<PlacedGlyph> Glyphs;
-    QString Text;
+    qsizetype FirstGlyph = 0;
+    qsizetype GlyphCount = 0;
+    qsizetype TextBegin = 0;
+    qsizetype TextLength = 0;
 };
 
 /// A stretch of a line in one face at one size in points, from left to right.
@@ -36,7 +39,19 @@ struct GlyphRun
 {
     FaceHandle Face;
     double Size = 0;
+    std::vector<PlacedGlyph> Glyphs;
+    QString Text;
     std::vector<GlyphCluster> Clusters;
+
+    std::span<const PlacedGlyph> GlyphsOf(const GlyphCluster& cluster) const
+    {
+        return std::span(Glyphs).subspan(static_cast<std::size_t>(cluster.FirstGlyph),
+                                         static_cast<std::size_t>(cluster.GlyphCount));
+    }
+    QStringView TextOf(const GlyphCluster& cluster) const
+    {
+        return QStringView(Text).sliced(cluster.TextBegin, cluster.TextLength);
+    }
 };
 
 /// What underlines or strikes a line, in points as the glyphs; `Y` is its upper edge.
@@ -51,9 +66,8 @@ struct LineBar
 /// A shaped line as glyphs and bars.
 struct GlyphLine
 {
-    /// Whether these are all of the line, each a plain outline of a TrueType face. Coloured,
-    /// slanted or thickened faces, and the boxes that stand for characters no font has, need more
-    /// than that.
+    /// Whether these are all of the line. Faces that the font system slants or thickens, and the
+    /// boxes that stand for characters no font has, need more than that.
     bool IsPlain = true;
     std::vector<GlyphRun> Runs;
     std::vector<LineBar> Bars;

@@ -5,19 +5,26 @@
 #include "platform/PdfFile.h"
 #include "platform/PdfObjects.h"
 #include "platform/TextShaper.h"
-#include <map>
+#include <algorithm>
+#include <set>
 #include <utility>
 
 namespace vantrel {
 
 namespace {
 
+bool HasAll(const PdfFace& face, const GlyphRun& run)
+{
+    return std::all_of(run.Glyphs.begin(), run.Glyphs.end(),
+                       [&face](const PlacedGlyph& glyph) { return face.Has(glyph.Id); });
+}
+
 void Collect(const GlyphRun& run, GlyphTexts& texts)
 {
     for (const GlyphCluster& cluster : run.Clusters) {
-        const bool isOne = cluster.Glyphs.size() == 1;
-        for (const PlacedGlyph& glyph : cluster.Glyphs)
-            texts.try_emplace(glyph.Id, isOne ? cluster.Text : QString());
+        const bool isOne = cluster.GlyphCount == 1;
+        for (const PlacedGlyph& glyph : run.GlyphsOf(cluster))
+            texts.try_emplace(glyph.Id, isOne ? run.TextOf(cluster).toString() : QString());
     }
 }
 
@@ -30,22 +37,32 @@ PdfCanvas::PdfCanvas(double width, double height, Sink sink)
 /// @return nothing where a line of the page is more than a `PdfFace` can hold
 std::optional<PageFaces> PdfCanvas::ProvideFaces() const
 {
-    std::map<FaceHandle, GlyphTexts> wanted;
+    PageFaces faces;
+    std::set<FaceHandle> lacking;
+    std::vector<const GlyphRun*> runs;
     for (const auto& item : m_items) {
         const auto* placed = std::get_if<PlacedLine>(&item);
         if (placed == nullptr)
             continue;
         if (!placed->Line->Glyphs.IsPlain)
             return std::nullopt;
-        for (const GlyphRun& run : placed->Line->Glyphs.Runs)
-            Collect(run, wanted[run.Face]);
+        for (const GlyphRun& run : placed->Line->Glyphs.Runs) {
+            std::shared_ptr<PdfFace>& face = faces[run.Face];
+            if (!face)
+                face = PdfFaceOf(run.Face);
+            if (!HasAll(*face, run))
+                lacking.insert(run.Face);
+            runs.push_back(&run);
+        }
     }
-    PageFaces faces;
-    for (const auto& [handle, texts] : wanted) {
-        std::shared_ptr<PdfFace> face = PdfFaceOf(handle);
-        if (!face->Provide(texts))
+    for (const FaceHandle& handle : lacking) {
+        GlyphTexts texts;
+        for (const GlyphRun* run : runs) {
+            if (run->Face == handle)
+                Collect(*run, texts);
+        }
+        if (!faces.at(handle)->Provide(texts))
             return std::nullopt;
-        faces.emplace(handle, std::move(face));
     }
     return faces;
 }

@@ -28,21 +28,22 @@ std::size_t NumberIn(std::vector<T>& all, const T& wanted)
 class RunSpeller
 {
 public:
-    RunSpeller(QByteArray& out, const PdfFace& face, double size, double x, double baseline)
-        : m_out(out), m_face(face), m_size(size), m_x(x), m_baseline(baseline)
+    RunSpeller(QByteArray& out, const PdfFace& face, const GlyphRun& run, double x, double baseline)
+        : m_out(out), m_face(face), m_run(run), m_x(x), m_baseline(baseline)
     {}
 
     void Spell(const GlyphCluster& cluster)
     {
-        const bool isOneToOne =
-            cluster.Glyphs.size() == 1 && m_face.TextOf(cluster.Glyphs.front().Id) == cluster.Text;
+        const auto glyphs = m_run.GlyphsOf(cluster);
+        const QStringView text = m_run.TextOf(cluster);
+        const bool isOneToOne = glyphs.size() == 1 && m_face.TextOf(glyphs.front().Id) == text;
         if (!isOneToOne) {
             Close();
             m_out += "/Span<</ActualText<FEFF";
-            AppendHex(m_out, cluster.Text);
+            AppendHex(m_out, text);
             m_out += ">>>BDC ";
         }
-        for (const PlacedGlyph& glyph : cluster.Glyphs)
+        for (const PlacedGlyph& glyph : glyphs)
             Spell(glyph);
         if (!isOneToOne) {
             Close();
@@ -62,7 +63,7 @@ private:
     {
         if (!m_isOpen || glyph.Y != m_row)
             Open(glyph);
-        const double tooFar = (m_next - glyph.X) * 1000 / m_size;
+        const double tooFar = (m_next - glyph.X) * 1000 / m_run.Size;
         if (std::abs(tooFar) > LeastMove) {
             m_out += '>';
             AppendNumber(m_out, tooFar);
@@ -70,7 +71,7 @@ private:
             m_next = glyph.X;
         }
         AppendHex(m_out, glyph.Id);
-        m_next += m_face.AdvanceOf(glyph.Id) * m_size / 1000;
+        m_next += m_face.AdvanceOf(glyph.Id) * m_run.Size / 1000;
     }
 
     void Open(const PlacedGlyph& glyph)
@@ -86,7 +87,7 @@ private:
 
     QByteArray& m_out;
     const PdfFace& m_face;
-    double m_size;
+    const GlyphRun& m_run;
     double m_x;
     double m_baseline;
     bool m_isOpen = false;
@@ -118,7 +119,7 @@ void PdfContent::AddRun(const GlyphRun& run, double x, double baseline)
     m_operators += "BT/F" + QByteArray::number(NumberIn(m_faces, face)) + ' ';
     AppendNumbers(m_operators, run.Size);
     m_operators += "Tf ";
-    RunSpeller speller(m_operators, *face, run.Size, x, baseline);
+    RunSpeller speller(m_operators, *face, run, x, baseline);
     for (const GlyphCluster& cluster : run.Clusters)
         speller.Spell(cluster);
     speller.Close();

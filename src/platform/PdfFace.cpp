@@ -96,6 +96,21 @@ bool BelongsInPdf(hb_tag_t tag)
     }
 }
 
+bool HasTable(hb_face_t* face, hb_tag_t tag)
+{
+    hb_blob_t* table = hb_face_reference_table(face, tag);
+    const bool has = hb_blob_get_length(table) > 0;
+    hb_blob_destroy(table);
+    return has;
+}
+
+bool HasPlainOutlines(hb_face_t* face)
+{
+    return HasTable(face, HB_TAG('g', 'l', 'y', 'f')) && hb_ot_var_has_data(face) == 0 &&
+           hb_ot_color_has_layers(face) == 0 && hb_ot_color_has_png(face) == 0 &&
+           hb_ot_color_has_svg(face) == 0;
+}
+
 void DropOtherTables(hb_subset_input_t* input, hb_face_t* face)
 {
     hb_set_t* dropped = hb_subset_input_set(input, HB_SUBSET_SETS_DROP_TABLE_TAG);
@@ -117,7 +132,7 @@ void DropOtherTables(hb_subset_input_t* input, hb_face_t* face)
 
 PdfFace::PdfFace(FaceHandle face)
     : m_face(std::move(face)), m_font(hb_font_create(m_face.get())),
-      m_name(PostScriptName(m_face.get()))
+      m_name(PostScriptName(m_face.get())), m_isPlain(HasPlainOutlines(m_face.get()))
 {
     hb_font_set_scale(m_font.get(), 1000 * Fineness, 1000 * Fineness);
     m_sizes = MeasuresOf(m_face.get(), m_font.get());
@@ -125,6 +140,8 @@ PdfFace::PdfFace(FaceHandle face)
 
 bool PdfFace::Provide(const GlyphTexts& glyphs)
 {
+    if (!m_isPlain)
+        return false;
     const std::size_t before = m_glyphs.size();
     Add(glyphs);
     if (m_glyphs.size() == before)

@@ -42,7 +42,8 @@ public:
     const Measures& Sizes() const { return m_sizes; }
     bool Has(std::uint16_t glyph) const { return m_glyphs.contains(glyph); }
     /// Cuts and packs the face anew unless it has all these.
-    /// @return false where the font system cannot cut it
+    /// @return false where it is more than plain outlines, as coloured and variable faces and those
+    /// of PostScript are, or cannot be cut
     bool Provide(const GlyphTexts& glyphs);
     /// The text that a provided glyph stands for in all cards of this cut.
     const QString& TextOf(std::uint16_t glyph) const { return m_glyphs.at(glyph).Text; }
@@ -69,6 +70,7 @@ private:
     FaceHandle m_face;
     std::unique_ptr<hb_font_t, FontDeleter> m_font;
     QByteArray m_name;
+    bool m_isPlain;
     Measures m_sizes;
     std::map<std::uint16_t, Glyph> m_glyphs;
     PackedFace m_packed;

@@ -24,7 +24,7 @@ void AppendHex(QByteArray& out, std::uint16_t code)
         out.append(digits[(code >> (shift - 4)) & 0xFU]);
 }
 
-void AppendHex(QByteArray& out, const QString& text)
+void AppendHex(QByteArray& out, QStringView text)
 {
     for (const QChar unit : text)
         AppendHex(out, unit.unicode());

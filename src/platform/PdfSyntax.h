@@ -19,7 +19,7 @@ void AppendNumbers(QByteArray& out, Numbers... numbers)
 /// Four hexadecimal digits.
 void AppendHex(QByteArray& out, std::uint16_t code);
 /// Four for each unit of the text in UTF-16.
-void AppendHex(QByteArray& out, const QString& text);
+void AppendHex(QByteArray& out, QStringView text);
 /// A reference to an object by its number.
 QByteArray PdfReference(int object);
 /// As the filter `FlateDecode` unpacks it.
