@@ -1,12 +1,14 @@
 /* send HOST PORT VALUE...: sends one record to a station, in its default framing.
    The values are taken as bytes of code page 1252. Build it with: cc -o send send.c */
 #define _POSIX_C_SOURCE 200809L
+#include <errno.h>
 #include <netdb.h>
 #include <stdio.h>
 #include <string.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+/* Says what went wrong where it gives -1. */
 static int connect_to(const char* host, const char* port)
 {
     struct addrinfo wanted;
@@ -14,15 +16,22 @@ static int connect_to(const char* host, const char* port)
     int line = -1;
     memset(&wanted, 0, sizeof wanted);
     wanted.ai_socktype = SOCK_STREAM;
-    if (getaddrinfo(host, port, &wanted, &found) != 0)
+    const int unknown = getaddrinfo(host, port, &wanted, &found);
+    if (unknown != 0) {
+        fprintf(stderr, "send: %s port %s: %s\n", host, port, gai_strerror(unknown));
         return -1;
+    }
     for (struct addrinfo* at = found; at != NULL && line < 0; at = at->ai_next) {
         line = socket(at->ai_family, at->ai_socktype, at->ai_protocol);
         if (line >= 0 && connect(line, at->ai_addr, at->ai_addrlen) != 0) {
+            const int why = errno;
             close(line);
+            errno = why;
             line = -1;
         }
     }
+    if (line < 0)
+        perror("send");
     freeaddrinfo(found);
     return line;
 }
@@ -59,7 +68,9 @@ int main(int argc, char** argv)
         record[length++] = i + 1 < argc ? '+' : '>';
     }
     const int line = connect_to(argv[1], argv[2]);
-    if (line < 0 || send_all(line, record, length) != 0) {
+    if (line < 0)
+        return 1;
+    if (send_all(line, record, length) != 0) {
         perror("send");
         return 1;
     }

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTcpServer>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -46,23 +47,60 @@ QString RunToEnd(const QString& program, const QStringList& arguments,
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
+QStringList Senders()
+{
+    const QString folder = QStringLiteral(VANTREL_DOCS "/senders/");
+    return {folder + QStringLiteral("send.sh"), folder + QStringLiteral("send.py"),
+            QStringLiteral(VANTREL_C_SENDER)};
+}
+
 TEST(Sender, OfEachLanguageGetsItsCard)
 {
     StationFolder folder;
     const int port = folder.WithCapture();
     StationProcess station(folder.Session.ProgramFolder);
     ASSERT_TRUE(station.WaitUntilItListens(port));
-    const QString senders = QStringLiteral(VANTREL_DOCS "/senders/");
     int card = 0;
-    const QStringList programs = {senders + QStringLiteral("send.sh"),
-                                  senders + QStringLiteral("send.py"),
-                                  QStringLiteral(VANTREL_C_SENDER)};
-    for (const QString& program : programs) {
+    for (const QString& program : Senders()) {
         ++card;
         RunToEnd(program, {QStringLiteral("127.0.0.1"), QString::number(port),
                            QStringLiteral("Ada Lovelace"), QString::number(card)});
         EXPECT_EQ(folder.TextOfCard(card), QStringLiteral("Ada Lovelace %1").arg(card))
             << program.toStdString();
+    }
+}
+
+TEST(Sender, OfEachLanguageTellsWhatItCannotSend)
+{
+    struct Refusal
+    {
+        QStringList Values;
+        int ExitCode;
+        QByteArray Told;
+    };
+    const Refusal refusals[] = {{{}, 2, "usage: "},
+                                {{QStringLiteral("A"), QString()}, 1, "cannot be sent"},
+                                {{QStringLiteral("A<")}, 1, "cannot be sent"},
+                                {{QStringLiteral("A+B")}, 1, "cannot be sent"},
+                                {{QStringLiteral(">")}, 1, "cannot be sent"},
+                                // Nobody listens.
+                                {{QStringLiteral("A")}, 1, "refused"}};
+    QTcpServer gone;
+    ASSERT_TRUE(gone.listen(QHostAddress::LocalHost));
+    const QString port = QString::number(gone.serverPort());
+    gone.close();
+    auto english = QProcessEnvironment::systemEnvironment();
+    english.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    for (const QString& program : Senders()) {
+        for (const Refusal& refusal : refusals) {
+            QProcess process;
+            process.setProcessEnvironment(english);
+            process.start(program, QStringList{QStringLiteral("127.0.0.1"), port} + refusal.Values);
+            ASSERT_TRUE(process.waitForFinished(Patience)) << program.toStdString();
+            const QByteArray said = process.readAllStandardError();
+            EXPECT_EQ(process.exitCode(), refusal.ExitCode) << program.toStdString();
+            EXPECT_TRUE(said.contains(refusal.Told)) << program.toStdString() << said.constData();
+        }
     }
 }
 
