@@ -45,15 +45,19 @@ dpkg-deb --extract "$package" "$held"
 for file in bin/vantrel bin/vantrel-admin libexec/vantrel/vantrel \
   share/applications/org.vantrel.Vantrel.desktop share/metainfo/org.vantrel.Vantrel.metainfo.xml \
   share/icons/hicolor/{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256}/apps/org.vantrel.Vantrel.png \
-  share/icons/hicolor/scalable/apps/org.vantrel.Vantrel.svg share/man/man1/{vantrel,vantrel-admin}.1 \
+  share/icons/hicolor/scalable/apps/org.vantrel.Vantrel.svg share/man/man1/{vantrel,vantrel-admin}.1.gz \
   share/doc/vantrel/{README.md,CHANGELOG.md,printers.md,images/station.png} lib/systemd/system/vantrel@.service \
   lib/sysusers.d/vantrel.conf; do
   [ -s "$held/usr/$file" ] || fail "/usr/$file is missing"
 done
+grep -q '^# The book' "$held/usr/share/doc/vantrel/README.md" || fail "the book has no first page"
+for sender in send.sh send.py; do
+  [ -x "$held/usr/share/doc/vantrel/senders/$sender" ] || fail "$sender cannot be run"
+done
 desktop-file-validate "$held"/usr/share/applications/*.desktop
 appstreamcli validate --no-net --pedantic "$held"/usr/share/metainfo/*.xml >"$scratch/appstream.log" ||
   fail "$(cat "$scratch/appstream.log")"
-for page in "$held"/usr/share/man/man1/*.1; do
+for page in "$held"/usr/share/man/man1/*.1.gz; do
   said=$(LC_ALL=C.UTF-8 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
   [ -z "$said" ] || fail "$page: $said"
 done
@@ -69,7 +73,7 @@ echo "== every command is in its manual page"
 "$root/usr/bin/vantrel-admin" --help | sed -n 's/^  vantrel-admin \([a-z][a-z ]*[a-z]\) .*/\1/p' >"$scratch/commands"
 [ "$(wc -l <"$scratch/commands")" -ge 8 ] || fail "the help names $(wc -l <"$scratch/commands") commands"
 while read -r command; do
-  grep -q "^\.BI \"$command " "$held/usr/share/man/man1/vantrel-admin.1" || fail "the manual does not tell of $command"
+  zgrep -q "^\.BI \"$command " "$held/usr/share/man/man1/vantrel-admin.1.gz" || fail "the manual does not tell of $command"
 done <"$scratch/commands"
 
 echo "== the first start"

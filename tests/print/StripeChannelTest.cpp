@@ -167,6 +167,26 @@ TEST_F(StripeOnQueue, TravelsInTheOptionOfItsTrackAndNotOnThePage)
     EXPECT_EQ(Tracks(job), QStringList(QStringLiteral("card-track-2=~2%3B1234%3D5678%3F")));
 }
 
+TEST_F(StripeOnQueue, IsTheEncodedLineOfEachKind)
+{
+    constexpr std::array rows = {
+        LineRow{1, 2, "~2%3B1234%3D5678%3F"},
+        LineRow{2, 2, "%24%7B21234%3D5678%7D%24"},
+        LineRow{11, 2, "~%401%2C2%2C9%2C1234%3D5678"},
+        LineRow{4, 2, "1234%3D5678"},
+        LineRow{5, 2, "1234%3D5678"},
+    };
+    SetChannel();
+    int walked = 0;
+    for (const LineRow& row : rows) {
+        Session().CurrentParams.PrinterType = row.PrinterType;
+        EXPECT_EQ(Tracks(Printed(++walked)),
+                  QStringList(QStringLiteral("card-track-2=") + QLatin1StringView(row.Stripe)))
+            << row.PrinterType;
+    }
+    EXPECT_EQ(walked, 5);
+}
+
 TEST_F(StripeOnQueue, KeepsEveryCharacterThroughItsEncoding)
 {
     SetChannel();
