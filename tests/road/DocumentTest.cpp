@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTcpServer>
+#include <csignal>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -107,6 +108,41 @@ TEST(Sender, OfEachLanguageTellsWhatItCannotSend)
 TEST(SettingsPage, TellsTheKeysAsTheyAreRead)
 {
     EXPECT_EQ(Document("settings.md"), SettingsGuide());
+}
+
+TEST(AdministratorsGuide, BringsTheDatabaseBackAsItWas)
+{
+    const QStringList commands = CommandsOf(Document("administrators-guide.md"));
+    ASSERT_EQ(commands.size(), 3);
+    StationFolder folder;
+    folder.AddAutoNumber(100);
+    const int port = folder.WithCapture();
+    folder.Session.LayoutDb.Close();
+    const QTemporaryDir home;
+    ASSERT_TRUE(
+        QFile::link(folder.Session.ProgramFolder, home.filePath(QStringLiteral("station"))));
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("HOME"), home.path());
+    const auto type = [&](const QString& lines) {
+        return RunToEnd(QStringLiteral("bash"), {QStringLiteral("-ec"), lines}, environment);
+    };
+    const auto cardOf = [&](int number) {
+        SendRecord(port, "<Ada+1>");
+        return folder.TextOfCard(number);
+    };
+    {
+        StationProcess station(folder.Session.ProgramFolder);
+        ASSERT_TRUE(station.WaitUntilItListens(port));
+        EXPECT_EQ(cardOf(1), QStringLiteral("Ada 1 101"));
+        EXPECT_EQ(type(commands.at(1)), QStringLiteral("ok\n"));
+        EXPECT_EQ(cardOf(2), QStringLiteral("Ada 1 102"));
+        station.SendSignal(SIGTERM);
+        EXPECT_EQ(station.ExitCode(), 0);
+    }
+    type(commands.at(2));
+    StationProcess station(folder.Session.ProgramFolder);
+    ASSERT_TRUE(station.WaitUntilItListens(port));
+    EXPECT_EQ(cardOf(3), QStringLiteral("Ada 1 102"));
 }
 
 TEST(QuickStart, LeadsToACard)
