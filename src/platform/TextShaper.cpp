@@ -91,16 +91,22 @@ void Decorate(PangoLayout* layout, const Font& font)
     pango_attr_list_unref(attributes);
 }
 
-bool DrawsNothing(QChar character)
+/// Codes that are no characters at all would be refused by the renderers, the whole page with them.
+bool DrawsNothing(char32_t code)
 {
-    switch (character.category()) {
+    switch (QChar::category(code)) {
     case QChar::Other_Control:
     case QChar::Separator_Line:
     case QChar::Separator_Paragraph:
         return true;
     default:
-        return false;
+        return QChar::isNonCharacter(code);
     }
+}
+
+bool IsSpecial(QChar unit)
+{
+    return unit.isSurrogate() || DrawsNothing(unit.unicode());
 }
 
 } // namespace
@@ -198,21 +204,21 @@ const QStringList& TextShaper::Families()
 
 QStringList LinesOfText(const QString& text)
 {
-    if (std::none_of(text.begin(), text.end(), DrawsNothing))
+    if (std::none_of(text.begin(), text.end(), IsSpecial))
         return {text};
     QStringList lines;
     QString line;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar character = text[i];
-        if (character == QLatin1Char('\r') || character == QLatin1Char('\n')) {
+    char32_t before = 0;
+    const QList<uint> codes = text.toUcs4();
+    for (const char32_t code : codes) {
+        const bool isSecondHalf = before == U'\r' && code == U'\n';
+        if ((code == U'\r' || code == U'\n') && !isSecondHalf) {
             lines.append(line);
             line.clear();
-            if (character == QLatin1Char('\r') && i + 1 < text.size() &&
-                text[i + 1] == QLatin1Char('\n'))
-                ++i;
-        } else if (!DrawsNothing(character)) {
-            line.append(character);
+        } else if (!DrawsNothing(code)) {
+            line.append(QChar::fromUcs4(code));
         }
+        before = code;
     }
     lines.append(line);
     return lines;

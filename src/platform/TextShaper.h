@@ -56,7 +56,7 @@ private:
 };
 
 /// Cuts a text where a carriage return, a line feed or both together stand and takes out all other
-/// control characters. There is always a first line.
+/// control characters and codes that are none. There is always a first line.
 QStringList LinesOfText(const QString& text);
 
 } // namespace vantrel

@@ -146,6 +146,21 @@ TEST_F(PageCanvasTest, OtherControlCharactersDrawNothingAndTakeNoWidth)
     EXPECT_EQ(WordsOfPdf(path).at(0).Text, QStringLiteral("AB"));
 }
 
+TEST_F(PageCanvasTest, CodesThatAreNoCharactersLeaveThePageWhole)
+{
+    const double width = PageCanvas::TextWidth(QStringLiteral("AB"), Arial);
+    for (const char32_t code : {U'\uFDD0', U'\uFFFE', U'\uFFFF', U'\U0001FFFF', U'\U0010FFFE'}) {
+        const QString text = QStringLiteral("A") + QString::fromUcs4(&code, 1) + u'B';
+        EXPECT_DOUBLE_EQ(PageCanvas::TextWidth(text, Arial), width) << int(code);
+        const QString path =
+            Pdf([&](PageCanvas& page) { page.DrawText(text, Arial, ColorBlack, 200, 200); });
+        EXPECT_EQ(WordsOfPdf(path).at(0).Text, QStringLiteral("AB"));
+    }
+    // Half a character is none; it shows as the sign for that.
+    const QString half = QStringLiteral("A") + QChar(0xD800) + QStringLiteral("B");
+    EXPECT_GT(PageCanvas::TextWidth(half, Arial), width);
+}
+
 TEST_F(PageCanvasTest, WidthGrowsExactlyWithTheSize)
 {
     Font large = Arial;

@@ -3,6 +3,7 @@
 #include "support/PdfReading.h"
 #include "support/Print.h"
 #include <cmath>
+#include <random>
 
 namespace vantrel::test {
 
@@ -197,6 +198,27 @@ TEST_F(PdfTextTest, LaterCardsDoNotNeedTheGlyphsOfEarlierOnes)
     }
     for (int card = 0; card < 20; ++card)
         EXPECT_EQ(TextOf(paths[card]), expected[card]) << card;
+}
+
+TEST_F(PdfTextTest, AnyTextMakesAPageThatCanBeRead)
+{
+    // A host may send any bytes; joined and halved characters and controls are among these.
+    std::mt19937 random(20261121);
+    std::uniform_int_distribution<int> code(1, 0xFFFF);
+    std::uniform_int_distribution<int> common(0x20, 0x700);
+    for (int card = 0; card < 24; ++card) {
+        const QString path = Pdf([&](PageCanvas& page) {
+            for (int line = 0; line < 20; ++line) {
+                QString text;
+                for (int i = 0; i < 12; ++i)
+                    text +=
+                        QChar(static_cast<char16_t>(card % 2 != 0 ? code(random) : common(random)));
+                page.DrawText(text, {Plain.Name, 8}, ColorBlack, 100, line * 200);
+            }
+            page.DrawText(QStringLiteral("end"), Plain, ColorBlack, 100, 4200);
+        });
+        EXPECT_NEAR(WordOfPdf(path, QStringLiteral("end")).YMin, 210, 1) << card;
+    }
 }
 
 TEST_F(PdfTextTest, AFontIsEmbeddedOnceForAllItsSizes)
