@@ -243,6 +243,63 @@ TEST_F(PageCanvasTest, WhatIsTransparentLetsThePageThrough)
     EXPECT_NEAR(qRed(ImageOfPdf(path).pixel(100, 100)), 127, 2);
 }
 
+TEST_F(PageCanvasTest, WhatIsHalfTransparentKeepsItsColour)
+{
+    const QString path = Pdf([](PageCanvas& page) {
+        page.PaintPicture(Picture::FromImage(Solid(0x80FF0000)), 0, 0, 1000, 1000);
+    });
+    const QRgb seen = ImageOfPdf(path).pixel(100, 100);
+    EXPECT_NEAR(qRed(seen), 255, 2);
+    EXPECT_NEAR(qGreen(seen), 127, 2);
+    EXPECT_NEAR(qBlue(seen), 127, 2);
+}
+
+TEST_F(PageCanvasTest, EveryPixelOfAPngIsInThePdfOnEachCard)
+{
+    QImage pixels(37, 23, QImage::Format_RGB888);
+    for (int y = 0; y < pixels.height(); ++y) {
+        for (int x = 0; x < pixels.width(); ++x)
+            pixels.setPixel(x, y, qRgb(x * 6, y * 11, (x * y) % 256));
+    }
+    const QString photo = m_folder.filePath(QStringLiteral("photo.png"));
+    ASSERT_TRUE(pixels.save(photo));
+    for (int card = 0; card < 2; ++card) {
+        const QString path =
+            Pdf([&](PageCanvas& page) { page.PaintPicture(LoadPicture(photo), 0, 0, 900, 900); });
+        OutputOf(QStringLiteral("pdfimages"),
+                 {QStringLiteral("-png"), path, m_folder.filePath(QStringLiteral("out"))});
+        const QImage back(m_folder.filePath(QStringLiteral("out-000.png")));
+        EXPECT_EQ(back.convertToFormat(QImage::Format_RGB888), pixels) << card;
+    }
+}
+
+TEST_F(PageCanvasTest, AGreyJpegStaysGrey)
+{
+    const QString photo = m_folder.filePath(QStringLiteral("photo.jpg"));
+    QImage grey(40, 40, QImage::Format_Grayscale8);
+    grey.fill(0x60);
+    ASSERT_TRUE(grey.save(photo, nullptr, 95));
+    const QString path =
+        Pdf([&](PageCanvas& page) { page.PaintPicture(LoadPicture(photo), 0, 0, 1000, 1000); });
+    const QString images = OutputOf(QStringLiteral("pdfimages"), {QStringLiteral("-list"), path});
+    EXPECT_TRUE(images.contains(QStringLiteral("gray"))) << images.toStdString();
+    EXPECT_TRUE(images.contains(QStringLiteral("jpeg"))) << images.toStdString();
+    EXPECT_NEAR(qGray(ImageOfPdf(path).pixel(100, 100)), 0x60, 2);
+}
+
+TEST_F(PageCanvasTest, APictureThatIsPaintedTwiceIsHeldOnce)
+{
+    const Picture picture = Picture::FromImage(Solid(0xFF204060, 300, 400));
+    const auto sizeOf = [&](int times) {
+        return QFile(Pdf([&](PageCanvas& page) {
+                   for (int i = 0; i < times; ++i)
+                       page.PaintPicture(picture, i * 1000, 0, 900, 900);
+               }))
+            .size();
+    };
+    EXPECT_LT(sizeOf(2) - sizeOf(1), 100);
+}
+
 TEST_F(PageCanvasTest, AJpegStandsInThePdfAsItIs)
 {
     const QString photo = m_folder.filePath(QStringLiteral("photo.jpg"));
