@@ -43,12 +43,12 @@ struct GlyphRun
     QString Text;
     std::vector<GlyphCluster> Clusters;
 
-    std::span<const PlacedGlyph> GlyphsOf(const GlyphCluster& cluster) const
+    std::span<const PlacedGlyph> GlyphsIn(const GlyphCluster& cluster) const
     {
         return std::span(Glyphs).subspan(static_cast<std::size_t>(cluster.FirstGlyph),
                                          static_cast<std::size_t>(cluster.GlyphCount));
     }
-    QStringView TextOf(const GlyphCluster& cluster) const
+    QStringView TextIn(const GlyphCluster& cluster) const
     {
         return QStringView(Text).sliced(cluster.TextBegin, cluster.TextLength);
     }

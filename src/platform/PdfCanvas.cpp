@@ -23,8 +23,8 @@ void Collect(const GlyphRun& run, GlyphTexts& texts)
 {
     for (const GlyphCluster& cluster : run.Clusters) {
         const bool isOne = cluster.GlyphCount == 1;
-        for (const PlacedGlyph& glyph : run.GlyphsOf(cluster))
-            texts.try_emplace(glyph.Id, isOne ? run.TextOf(cluster).toString() : QString());
+        for (const PlacedGlyph& glyph : run.GlyphsIn(cluster))
+            texts.try_emplace(glyph.Id, isOne ? run.TextIn(cluster).toString() : QString());
     }
 }
 

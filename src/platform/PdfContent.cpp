@@ -34,8 +34,8 @@ public:
 
     void Spell(const GlyphCluster& cluster)
     {
-        const auto glyphs = m_run.GlyphsOf(cluster);
-        const QStringView text = m_run.TextOf(cluster);
+        const auto glyphs = m_run.GlyphsIn(cluster);
+        const QStringView text = m_run.TextIn(cluster);
         const bool isOneToOne = glyphs.size() == 1 && m_face.TextOf(glyphs.front().Id) == text;
         if (!isOneToOne) {
             Close();

@@ -67,7 +67,7 @@ TEST(PdfFile, TheTableTellsWhereEachObjectBegins)
     EXPECT_EQ(late, 1);
     EXPECT_EQ(stream, 2);
     for (const int object : {late, stream}) {
-        const qsizetype entry = written.indexOf("xref\n0 3\n") + 9 + 20 * object;
+        const qsizetype entry = written.indexOf("xref\n0 3\n") + 9 + qsizetype{20} * object;
         const qsizetype begin = written.sliced(entry, 10).toLongLong();
         const QByteArray head = QByteArray::number(object) + " 0 obj\n";
         EXPECT_EQ(written.sliced(begin, head.size()), head);
