@@ -57,7 +57,7 @@ QString WritePng(const Session& session, const QImage& image, const QString& nam
         throw Failure(FailureNumber::PathNotFound, QStringLiteral("Path not found"));
     for (int number = 1;; ++number) {
         const QString copy = number == 1 ? QString() : QStringLiteral(" %1").arg(number);
-        const QString path = session.PathInFolder(name + copy + QStringLiteral(".png"));
+        QString path = session.PathInFolder(name + copy + QStringLiteral(".png"));
         switch (PlaceFile(file.fileName(), path)) {
         case PlaceResult::Placed:
             file.setAutoRemove(false);

@@ -136,12 +136,13 @@ void frmDocument::mousePressEvent(QMouseEvent* event)
     const MouseButton button = ButtonOf(event->button());
     const ShiftState shift = ShiftStateOf(event->modifiers());
     m_objectHasMouse = false;
-    if (m_session.Document.Drag.Mode != DragMode::None) {
-        // A drag keeps the mouse with the form, whatever is under the pointer.
-        PressForm(m_session);
-    } else if (const CardObject* grip = GripAt(event->position())) {
+    // A drag keeps the mouse with the form, whatever is under the pointer.
+    const bool isDragging = m_session.Document.Drag.Mode != DragMode::None;
+    const CardObject* grip = isDragging ? nullptr : GripAt(event->position());
+    CardObject* object = isDragging || grip != nullptr ? nullptr : ObjectAt(event->position());
+    if (grip != nullptr) {
         PressHandle(m_session, *this, grip->Index());
-    } else if (CardObject* object = ObjectAt(event->position())) {
+    } else if (object != nullptr) {
         PressObject(m_session, *this, *object, button, shift);
         m_objectHasMouse = button != MouseButton::Left || shift == ShiftState::Held;
     } else {
