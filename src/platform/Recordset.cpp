@@ -66,7 +66,7 @@ CursorResult Recordset::Private::ResultOf(const QString& statement) const
         rows->push_back(std::move(row));
     };
     database.Read(shape->Sql(), takeColumns, takeRow);
-    const CursorResult result{shape, rows};
+    CursorResult result{shape, rows};
     Store.Kept.Keep(statement, result);
     return result;
 }

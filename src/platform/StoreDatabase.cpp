@@ -16,10 +16,10 @@ void StoreDatabase::Closer::operator()(sqlite3* database) const
 }
 
 StoreDatabase::Running::Running(StoreDatabase& database, const QString& sql)
-    : m_database(database), m_statement(nullptr), m_exceptions(std::uncaught_exceptions())
+    : m_database(database), m_exceptions(std::uncaught_exceptions())
 {
     try {
-        m_statement = &database.Prepared(sql);
+        m_statement = database.Prepared(sql);
     } catch (...) {
         ++m_database.m_failures;
         throw;
@@ -53,14 +53,13 @@ QVariant StoreDatabase::Execute(const QString& sql)
     return statement.Step() ? statement.Value(0) : QVariant();
 }
 
-StoreStatement& StoreDatabase::Prepared(const QString& sql)
+std::shared_ptr<StoreStatement> StoreDatabase::Prepared(const QString& sql)
 {
-    if (StoreStatement* known = m_statements.object(sql))
+    if (const auto* known = m_statements.object(sql))
         return *known;
-    auto fresh = std::make_unique<StoreStatement>(m_database.get(), sql);
-    StoreStatement& statement = *fresh;
-    m_statements.insert(sql, fresh.release());
-    return statement;
+    auto fresh = std::make_shared<StoreStatement>(m_database.get(), sql);
+    m_statements.insert(sql, new std::shared_ptr<StoreStatement>(fresh));
+    return fresh;
 }
 
 int StoreDatabase::Change(const QString& sql, const QVariantList& values)

@@ -64,19 +64,19 @@ private:
         Running(const Running&) = delete;
         Running& operator=(const Running&) = delete;
         ~Running();
-        StoreStatement* operator->() { return m_statement; }
+        StoreStatement* operator->() { return m_statement.get(); }
         StoreStatement& operator*() { return *m_statement; }
 
     private:
         StoreDatabase& m_database;
-        StoreStatement* m_statement;
+        std::shared_ptr<StoreStatement> m_statement;
         int m_exceptions;
     };
 
-    StoreStatement& Prepared(const QString& sql);
+    std::shared_ptr<StoreStatement> Prepared(const QString& sql);
 
     std::unique_ptr<sqlite3, Closer> m_database;
-    QCache<QString, StoreStatement> m_statements;
+    QCache<QString, std::shared_ptr<StoreStatement>> m_statements;
     qlonglong m_failures = 0;
 };
 
