@@ -76,7 +76,7 @@ def main():
     options = parser.parse_args()
     for sessions in (1, options.sessions):
         cards = rate(options.bin_dir.resolve(), sessions, options.records)
-        print(f"{sessions} sessions: {cards:.0f} two-page cards a second together")
+        print(f"sessions: {sessions}, two-page cards a second together: {cards:.0f}")
 
 
 if __name__ == "__main__":
