@@ -1,10 +1,10 @@
 #include "layout/frmGetLayout.h"
+#include "app/DesktopChoices.h"
 #include "app/DesktopControls.h"
 #include "app/RunTimeError.h"
 #include "layout/Navigation.h"
 #include "platform/Skip.h"
 #include <QHBoxLayout>
-#include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -15,7 +15,8 @@ constexpr QSize FirstSize{320, 300};
 }
 
 frmGetLayout::frmGetLayout(Session& session, QWidget* parent)
-    : QDialog(parent), m_session(session), m_layouts(MakeControl<QListWidget>("lstLayouts", this))
+    : QDialog(parent), m_session(session),
+      m_layouts(MakeControl<DesktopChoices>("lstLayouts", this))
 {
     setObjectName(QStringLiteral("frmGetLayout"));
     setWindowTitle(QStringLiteral(" Select a layout"));

@@ -1,4 +1,5 @@
 #include "app/Contrast.h"
+#include "app/DesktopChoices.h"
 #include "app/DesktopControls.h"
 #include "app/DesktopUpDown.h"
 #include "app/Session.h"
@@ -189,10 +190,10 @@ void frmWizard::changeEvent(QEvent* event)
 QWidget* frmWizard::MakePrinterPage()
 {
     auto* page = new QWidget;
-    m_printers = MakeControl<QListWidget>("lstPrinters", page);
+    m_printers = MakeControl<DesktopChoices>("lstPrinters", page);
     m_printers->setAccessibleName(QStringLiteral("Printers"));
     m_printers->addItems(WizardPrinters(m_session));
-    m_kinds = MakeControl<QListWidget>("lvwTypes", page);
+    m_kinds = MakeControl<DesktopChoices>("lvwTypes", page);
     m_kinds->setAccessibleName(QStringLiteral("Printer types"));
     for (const WizardPrinterKind& kind : WizardPrinterKinds(m_session)) {
         auto* item = new QListWidgetItem(kind.Name, m_kinds);

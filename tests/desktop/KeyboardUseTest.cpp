@@ -2,6 +2,7 @@
 #include "support/Events.h"
 #include <QApplication>
 #include <QDialog>
+#include <QListWidget>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -60,6 +61,37 @@ TEST_F(KeyboardUse, ChoosesALayoutAndOpensIt)
     Press(Qt::Key_Return);
     EXPECT_TRUE(IsClosed());
     EXPECT_EQ(Station.Session.CurrentLayoutName, QStringLiteral("Badge"));
+}
+
+TEST_F(KeyboardUse, AnArrowKeyChoosesTheOnlyLayout)
+{
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End}) {
+        Station.Choose("cmdClose");
+        Open("frmGetLayout");
+        auto& layouts = DesktopStation::Named<QListWidget>(*Window, "lstLayouts");
+        while (layouts.count() > 1)
+            delete layouts.takeItem(1);
+        EXPECT_TRUE(layouts.selectedItems().isEmpty());
+        Press(key);
+        EXPECT_EQ(layouts.selectedItems().size(), 1) << key;
+        Press(Qt::Key_Return);
+        EXPECT_TRUE(IsClosed());
+        EXPECT_EQ(Station.Session.CurrentLayoutName, QStringLiteral("Badge")) << key;
+    }
+}
+
+TEST_F(KeyboardUse, ArrowKeysGoOnFromTheChosenLine)
+{
+    Open("frmGetLayout");
+    auto& layouts = DesktopStation::Named<QListWidget>(*Window, "lstLayouts");
+    layouts.addItems({QStringLiteral("x"), QStringLiteral("y")});
+    Press(Qt::Key_Down);
+    EXPECT_EQ(layouts.selectedItems().value(0), layouts.item(0));
+    Press(Qt::Key_Down);
+    EXPECT_EQ(layouts.selectedItems().value(0), layouts.item(1));
+    Press(Qt::Key_Up);
+    EXPECT_EQ(layouts.selectedItems().value(0), layouts.item(0));
+    Press(Qt::Key_Escape);
 }
 
 TEST_F(KeyboardUse, SetsDelimitersAndTicksAFilter)
