@@ -37,7 +37,7 @@ QCheckBox* frmCommSettings::MakeFeature(const char* name, const CommFeature& fea
 {
     auto* box = MakeControl<QCheckBox>(name, QStringLiteral("Use This Feature"), this);
     box->setChecked(m_session.Settings.*feature.Flag);
-    connect(box, &QCheckBox::clicked, this, [this, &feature](bool on) { Use(feature, on); });
+    connect(box, &QCheckBox::toggled, this, [this, &feature](bool on) { Use(feature, on); });
     return box;
 }
 
@@ -168,8 +168,10 @@ QGroupBox* frmCommSettings::MakeFlow()
         const CommFlow& flow = CommFlows[index];
         m_flows[index] = new QRadioButton(QLatin1StringView(flow.Caption), group);
         m_flows[index]->setObjectName(Element("rdoFlowControl", index));
-        connect(m_flows[index], &QRadioButton::clicked, this,
-                [this, &flow] { m_selectedFlowControl = flow.Value; });
+        connect(m_flows[index], &QRadioButton::toggled, this, [this, &flow](bool on) {
+            if (on)
+                m_selectedFlowControl = flow.Value;
+        });
         row->addWidget(m_flows[index]);
     }
     return group;

@@ -10,12 +10,13 @@
 #include "print/PrinterSelection.h"
 #include "shaping/frmSerialize.h"
 #include <QCheckBox>
-#include <QEvent>
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -155,9 +156,19 @@ void frmPrinters2::changeEvent(QEvent* event)
     }
 }
 
+void frmPrinters2::closeEvent(QCloseEvent* event)
+{
+    if (event->spontaneous())
+        event->ignore();
+    else
+        QDialog::closeEvent(event);
+}
+
 void frmPrinters2::ShowSavedValues()
 {
     const LayoutParamsRecord& params = m_session.CurrentParams;
+    // A refresh keeps what the operator chose, not this.
+    const QSignalBlocker notChosen(m_printers);
     for (int i = 0; i < m_printers->topLevelItemCount(); ++i) {
         if (QTreeWidgetItem* row = m_printers->topLevelItem(i);
             row->text(0) == params.PrinterDevice)

@@ -32,6 +32,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    /// A window manager can close windows without a close box, by a key for example: not this one.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     static constexpr double NameColumnTwips = 3160;
@@ -65,7 +67,7 @@ private:
     QCheckBox* m_forceResize = nullptr;
     QPushButton* m_configure = nullptr;
     QPushButton* m_save = nullptr;
-    /// The printer clicked last; a refresh keeps it selected.
+    /// The printer chosen last by mouse or key; a refresh keeps it selected.
     QString m_clicked;
     /// A build that begins while another lets events run replaces it.
     int m_builds = 0;

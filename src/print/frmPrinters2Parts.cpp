@@ -51,6 +51,11 @@ QWidget* frmPrinters2::MakePrinterPart()
         {QStringLiteral("Printer Name"), QStringLiteral("Status"), QStringLiteral("Jobs")});
     connect(m_printers, &QTreeWidget::itemClicked, this,
             [this](const QTreeWidgetItem* row) { m_clicked = row->text(0); });
+    // By the keyboard, or by a program that speaks for an operator.
+    connect(m_printers, &QTreeWidget::itemSelectionChanged, this, [this] {
+        for (const QTreeWidgetItem* row : m_printers->selectedItems())
+            m_clicked = row->text(0);
+    });
     m_printers->setColumnWidth(0, ScreenPixels(NameColumnTwips));
     return Captioned(m_printers);
 }

@@ -6,6 +6,7 @@
 #include "platform/Skip.h"
 #include "platform/TextShaper.h"
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -81,6 +82,14 @@ void frmWizard::MakeButtons()
     column->addWidget(m_pages, 1);
     column->addWidget(line);
     column->addLayout(row);
+}
+
+void frmWizard::closeEvent(QCloseEvent* event)
+{
+    if (event->spontaneous())
+        event->ignore();
+    else
+        QDialog::closeEvent(event);
 }
 
 void frmWizard::GoTo(int step)

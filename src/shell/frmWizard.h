@@ -28,6 +28,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    /// A window manager can close windows without a close box, by a key for example: not this one.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     /// The check boxes of a font's style.

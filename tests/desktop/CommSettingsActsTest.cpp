@@ -1,4 +1,6 @@
 #include "desktop/CommSettingsWindow.h"
+#include <QAccessible>
+#include <QAccessibleActionInterface>
 
 namespace vantrel::test {
 namespace {
@@ -170,6 +172,39 @@ TEST_F(CommSettingsWindow, RecordsArriveWhileItIsOpen)
     cable.Send("<A+B>");
     EXPECT_TRUE(EventsUntil([&] { return Session.FieldValues.Count() == 2; }));
     EXPECT_TRUE(Dialog->isVisible());
+}
+
+/// What a screen reader's "toggle" does to a control.
+void Toggle(QWidget& control)
+{
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&control);
+    ASSERT_TRUE(
+        told->actionInterface()->actionNames().contains(QAccessibleActionInterface::toggleAction()))
+        << control.objectName().toStdString();
+    told->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+}
+
+TEST_F(CommSettingsWindow, AFeatureToggledWithoutAPressIsUsedAtOnce)
+{
+    Open();
+    ASSERT_FALSE(Session.Settings.UseIP);
+    Toggle(Get<QCheckBox>("chkUseIP"));
+    EXPECT_TRUE(Session.Settings.UseIP);
+    EXPECT_GT(Session.Sock.LocalPort(), 0);
+    EXPECT_TRUE(Get<QLineEdit>("txtPort").isEnabled());
+    Toggle(Get<QCheckBox>("chkUseIP"));
+    EXPECT_FALSE(Session.Settings.UseIP);
+    EXPECT_EQ(Stored("UseIP"), QStringLiteral("False"));
+    EXPECT_FALSE(Get<QLineEdit>("txtPort").isEnabled());
+}
+
+TEST_F(CommSettingsWindow, AFlowControlToggledWithoutAPressIsSaved)
+{
+    Session.Settings.SFlowCtrl = 0;
+    Open();
+    Toggle(Get<QRadioButton>("rdoFlowControl(1)"));
+    Press("cmdSave");
+    EXPECT_EQ(Session.Settings.SFlowCtrl, 2);
 }
 
 } // namespace

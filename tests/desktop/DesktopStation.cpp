@@ -3,8 +3,11 @@
 #include "platform/Profile.h"
 #include "support/Layouts.h"
 #include <QApplication>
+#include <QCloseEvent>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <qtestspontaneevent.h>
 
 namespace vantrel::test {
 
@@ -70,6 +73,14 @@ void DesktopStation::Press(const char* name)
     EXPECT_TRUE(button.isEnabled()) << name;
     button.click();
     QCoreApplication::processEvents();
+}
+
+bool DesktopStation::CloseByWindowManager(QWidget& window)
+{
+    QCloseEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(window.windowHandle(), &event);
+    return event.isAccepted();
 }
 
 } // namespace vantrel::test

@@ -41,6 +41,8 @@ public:
     /// Chooses a menu entry and lets its command run.
     void Choose(const char* name);
     void Press(const char* name);
+    /// Asks a window to close as a window manager does. @return whether it went
+    static bool CloseByWindowManager(QWidget& window);
 
     frmMain Window;
 };

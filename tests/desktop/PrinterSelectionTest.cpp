@@ -1,90 +1,17 @@
 #include "app/DesktopUpDown.h"
 #include "app/ScreenUnits.h"
-#include "desktop/DesktopStation.h"
-#include "print/frmPrinters2.h"
-#include "support/Events.h"
-#include "support/Layouts.h"
+#include "desktop/PrinterWindow.h"
 #include "support/PrinterKinds.h"
 #include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 #include <QToolButton>
-#include <QTreeWidget>
-#include <gtest/gtest.h>
 
 // The printer selection, pressed as an operator presses it.
 
 namespace vantrel::test {
-namespace {
-
-const QString First = QStringLiteral("Card Printer");
-
-class PrinterWindowTest : public ::testing::Test
-{
-protected:
-    PrinterWindowTest() { Station.WithLayout(); }
-
-    void Open()
-    {
-        OpenPrinterSelection(Station.Session, &Station.Window);
-        Dialog = Station.Window.findChild<frmPrinters2*>();
-        ASSERT_NE(Dialog, nullptr);
-    }
-
-    template <typename Control>
-    Control& Get(const char* name)
-    {
-        return DesktopStation::Named<Control>(*Dialog, name);
-    }
-    QTreeWidget& PrinterList() { return Get<QTreeWidget>("lvwPrinters"); }
-    QTreeWidget& KindList() { return Get<QTreeWidget>("lvwTypes"); }
-    void Press(const char* name) { Get<QAbstractButton>(name).click(); }
-    LayoutParamsRecord& Params() { return Station.Session.CurrentParams; }
-
-    /// A click of the left mouse button on a row.
-    static void Click(QTreeWidget& list, int row)
-    {
-        const QPointF at = list.visualItemRect(list.topLevelItem(row)).center();
-        const QPointF onScreen = list.viewport()->mapToGlobal(at);
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, at, onScreen, Qt::LeftButton,
-                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                              Qt::NoModifier);
-            QCoreApplication::sendEvent(list.viewport(), &event);
-        }
-    }
-    static QStringList Column(const QTreeWidget& list, int column)
-    {
-        QStringList texts;
-        for (int i = 0; i < list.topLevelItemCount(); ++i)
-            texts.append(list.topLevelItem(i)->text(column));
-        return texts;
-    }
-    static QString Selected(const QTreeWidget& list)
-    {
-        const auto items = list.selectedItems();
-        return items.isEmpty() ? QString() : items.constFirst()->text(0);
-    }
-    /// Selects the kind of that code as a program would, without a click.
-    void SelectKind(const QString& name)
-    {
-        const auto found = KindList().findItems(name, Qt::MatchStartsWith);
-        ASSERT_EQ(found.size(), 1) << name.toStdString();
-        KindList().setCurrentItem(found.constFirst());
-    }
-    /// Its machine has these printers, the first one current and that of the open layout.
-    void WithPrinters(const QStringList& names) { Station.Printers.Install(names); }
-
-    DesktopStation Station;
-    QPointer<frmPrinters2> Dialog;
-};
-
-} // namespace
 
 TEST_F(PrinterWindowTest, StandsAtItsPlaceWithoutACloseBoxUnderItsTitle)
 {
@@ -242,33 +169,6 @@ TEST_F(PrinterWindowTest, AForcedResizeFitsTheDocument)
     EXPECT_EQ(Station.Session.Document.Width, 4860.0F);
 }
 
-TEST_F(PrinterWindowTest, ARefreshShowsTheMachineAsItIsNow)
-{
-    Open();
-    EXPECT_EQ(Column(PrinterList(), 1), QStringList(QStringLiteral("Active")));
-    Station.Printers.Spool[First] = {true, true, 3};
-    EXPECT_EQ(Column(PrinterList(), 1), QStringList(QStringLiteral("Active")));
-    Press("cmdRefresh");
-    EXPECT_EQ(Column(PrinterList(), 1), QStringList(QStringLiteral("Paused")));
-    EXPECT_EQ(Column(PrinterList(), 2), QStringList(QStringLiteral("3")));
-}
-
-TEST_F(PrinterWindowTest, ARefreshKeepsOnlyThePrinterThatWasClicked)
-{
-    WithPrinters({First, QStringLiteral("Other")});
-    Open();
-    ASSERT_EQ(Selected(PrinterList()), First);
-    Press("cmdRefresh");
-    EXPECT_EQ(Selected(PrinterList()), QString());
-    Click(PrinterList(), 1);
-    Press("cmdRefresh");
-    EXPECT_EQ(Selected(PrinterList()), QStringLiteral("Other"));
-    // Selected by the keyboard, not clicked.
-    PrinterList().setCurrentItem(PrinterList().topLevelItem(0));
-    Press("cmdRefresh");
-    EXPECT_EQ(Selected(PrinterList()), QStringLiteral("Other"));
-}
-
 TEST_F(PrinterWindowTest, SavingWithNothingSelectedEmptiesTheNameAndKeepsTheKind)
 {
     Open();
@@ -310,18 +210,6 @@ TEST_F(PrinterWindowTest, PreferencesDoesNothing)
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
-TEST_F(PrinterWindowTest, TheRefreshTimerStandsAndOnlyEverStopsItself)
-{
-    Open();
-    auto& timer = Get<QTimer>("tmrRefresh");
-    EXPECT_FALSE(timer.isActive());
-    EXPECT_EQ(timer.interval(), 500);
-    PrinterList().clear();
-    timer.start(0);
-    EXPECT_TRUE(EventsUntil([&] { return !timer.isActive(); }));
-    EXPECT_EQ(PrinterList().topLevelItemCount(), 0);
-}
-
 TEST_F(PrinterWindowTest, EventsRunAfterEveryRow)
 {
     WithPrinters({First, QStringLiteral("Other")});
@@ -342,16 +230,6 @@ TEST_F(PrinterWindowTest, MayGoAwayWhileItIsFilled)
         EXPECT_EQ(Station.Window.findChild<frmPrinters2*>(), nullptr) << row;
         EXPECT_FALSE(Station.Operator.Pointer.back());
     }
-}
-
-TEST_F(PrinterWindowTest, ARefreshInsideOfARefreshLeavesEachPrinterOnce)
-{
-    WithPrinters({First, QStringLiteral("Other"), QStringLiteral("Third")});
-    Open();
-    Station.Operator.WhileEventsRun.emplace_back([this] { Press("cmdRefresh"); });
-    Press("cmdRefresh");
-    EXPECT_EQ(Column(PrinterList(), 0),
-              (QStringList{First, QStringLiteral("Other"), QStringLiteral("Third")}));
 }
 
 TEST_F(PrinterWindowTest, CannotSaveBeforeItShowsTheLayoutsValues)

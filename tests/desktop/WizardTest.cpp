@@ -308,5 +308,23 @@ TEST(Wizard, ALayoutMadeByItSavedPrintsTheRecord)
     EXPECT_TRUE(wizard.Printers.Operations.contains(QStringLiteral("Print(\"1001\")")));
 }
 
+TEST(Wizard, AWindowManagerCannotCloseIt)
+{
+    WizardWindow station;
+    EXPECT_FALSE(DesktopStation::CloseByWindowManager(*station.Wizard));
+    QCoreApplication::processEvents();
+    ASSERT_FALSE(station.Wizard.isNull());
+    EXPECT_TRUE(station.Wizard->isVisible());
+    station.Click("cmdCancel");
+    EXPECT_TRUE(EventsUntil([&] { return station.Wizard.isNull(); }));
+}
+
+TEST(Wizard, TheStationEndsWhileItStandsOpen)
+{
+    WizardWindow station;
+    station.Window.Unload();
+    EXPECT_FALSE(station.Wizard->isVisible());
+}
+
 } // namespace
 } // namespace vantrel::test
