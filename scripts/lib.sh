@@ -1,11 +1,13 @@
 # What the scripts share. Sourced from the repository's root folder.
 
+# A name that ends in ? is of a package that not every release of Debian has: 12's libqt6svg6 holds
+# what 13 has in qt6-svg-plugins, and 13 lacks the formatter whose judgement counts.
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-dev
   qt6-multimedia-dev qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libharfbuzz-dev libgtest-dev
   libgmock-dev libbenchmark-dev)
-RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
+RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)
-TEST_PACKAGES=(clang-format cups-daemon cups-client libqt6sql6-sqlite sqlite3 procps python3 xvfb
+TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client libqt6sql6-sqlite sqlite3 procps python3 xvfb
   dbus-daemon at-spi2-core)
 
 # sqlite3 fills the macro that the run prints.
@@ -13,7 +15,7 @@ VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
 PACKAGE_PACKAGES=(librsvg2-bin dpkg-dev file)
 PACKAGE_TEST_PACKAGES=(appstream desktop-file-utils man-db groff systemd)
 
-FUZZ_PACKAGES=(clang libclang-rt-14-dev)
+FUZZ_PACKAGES=(clang libclang-rt-dev)
 
 # Qt's pre-compiled headers and moving folders are safe to cache.
 export CCACHE_SLOPPINESS=pch_defines,time_macros
@@ -25,17 +27,25 @@ die() {
   exit 1
 }
 
-# install_packages NAME...: installs the Debian packages that are missing, and nothing else.
+# install_packages NAME...: installs the Debian packages that are missing, and nothing else; of the
+# names that end in ? those that the system offers.
 install_packages() {
   local name missing=() root=()
+  [ "$(id -u)" = 0 ] || root=(sudo)
   for name in "$@"; do
-    dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null | grep -qx installed ||
-      missing+=("$name")
+    [[ $name == *'?' ]] || is_installed "$name" || missing+=("$name")
+  done
+  # Before that a bare machine does not know what it is offered.
+  [ ${#missing[@]} = 0 ] || "${root[@]}" apt-get update -qq
+  for name in "$@"; do
+    [[ $name == *'?' ]] || continue
+    name=${name%'?'}
+    is_installed "$name" || ! apt-cache show "$name" >/dev/null 2>&1 || missing+=("$name")
   done
   [ ${#missing[@]} -gt 0 ] || return 0
-  [ "$(id -u)" = 0 ] || root=(sudo)
   echo "Installing: ${missing[*]}"
-  "${root[@]}" apt-get update -qq
   "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
+
+is_installed() { dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null | grep -qx installed; }

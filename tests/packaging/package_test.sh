@@ -32,6 +32,8 @@ cpack -G DEB --config "$build/CPackConfig.cmake" -B "$scratch/made" >"$scratch/c
 package=$(echo "$scratch"/made/*.deb)
 [ -f "$package" ] || fail "no package in $scratch/made"
 dpkg-deb --field "$package" Depends | grep -q 'libqt6widgets6' || fail "it does not depend on its libraries"
+dpkg-deb --field "$package" Depends | grep -qF 'qt6-svg-plugins | libqt6svg6 (<< 6.7)' ||
+  fail "it does not depend on what draws its icons"
 root=$scratch/root
 mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
 touch "$root"/var/lib/dpkg/{status,available}

@@ -35,7 +35,7 @@ protected:
     static void Choose(const QByteArray& entry)
     {
         qputenv("QT_PLUGIN_PATH", VANTREL_PRESS_PLUGINS);
-        qputenv("QT_QPA_GENERIC_PLUGINS", "press:" + entry);
+        qputenv("QT_QPA_GENERIC_PLUGINS", QByteArray("press:" + entry));
     }
     QVariant StoredAutoSpool()
     {
