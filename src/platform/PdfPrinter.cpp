@@ -12,6 +12,9 @@ namespace {
 constexpr QLatin1StringView FileBeginning{"card-"};
 constexpr QLatin1StringView FileEnding{".pdf"};
 constexpr int FewestDigits = 6;
+/// A file with a higher number was not numbered by a station: counting on from it would run out of
+/// numbers.
+constexpr qint64 HighestThatCounts = 999'999'999'999;
 
 QString FileNameOf(qint64 number)
 {
@@ -19,7 +22,7 @@ QString FileNameOf(qint64 number)
            FileEnding;
 }
 
-/// @return the number in a card file's name, 0 for any other name
+/// @return the number in a card file's name, 0 for any other name or number
 qint64 NumberOf(const QString& fileName)
 {
     if (!fileName.startsWith(FileBeginning) || !fileName.endsWith(FileEnding))
@@ -27,7 +30,7 @@ qint64 NumberOf(const QString& fileName)
     const QString digits = fileName.sliced(
         FileBeginning.size(), fileName.size() - FileBeginning.size() - FileEnding.size());
     const qint64 number = digits.toLongLong();
-    return FileNameOf(number) == fileName ? number : 0;
+    return number <= HighestThatCounts && FileNameOf(number) == fileName ? number : 0;
 }
 
 qint64 HighestNumberIn(const QString& folder)

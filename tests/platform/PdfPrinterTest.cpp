@@ -102,6 +102,44 @@ TEST_F(PdfPrinterTest, NumbersGoOnBeyondSixDigits)
     EXPECT_TRUE(QFile::exists(CardPath(QStringLiteral("card-1000001.pdf"))));
 }
 
+TEST_F(PdfPrinterTest, NumbersThatNoStationCanCountToArePassedOver)
+{
+    const QStringList farAway = {
+        QStringLiteral("card-9223372036854775807.pdf"),
+        QStringLiteral("card-9223372036854775806.pdf"),
+        QStringLiteral("card-9223372036854775808.pdf"),
+        QStringLiteral("card-99999999999999999999999999999999.pdf"),
+        QStringLiteral("card-18446744073709551617.pdf"),
+        QStringLiteral("card-1000000000000.pdf"),
+        QStringLiteral("card--00007.pdf"),
+    };
+    for (const QString& name : farAway)
+        Put(name);
+    Put(QStringLiteral("card-000007.pdf"));
+    PdfPrinter printer(Folder());
+    PrintCard(printer, QStringLiteral("a"));
+    QStringList expected = farAway;
+    expected << QStringLiteral("card-000007.pdf") << QStringLiteral("card-000008.pdf");
+    expected.sort();
+    QStringList files = Files();
+    files.sort();
+    EXPECT_EQ(files, expected);
+}
+
+TEST_F(PdfPrinterTest, BehindTheHighestNumberThatCountsNoCardIsReplaced)
+{
+    Put(QStringLiteral("card-999999999999.pdf"));
+    for (const char* text : {"a", "b"}) {
+        PdfPrinter printer(Folder());
+        PrintCard(printer, QString::fromLatin1(text));
+    }
+    EXPECT_EQ(Files().size(), 3);
+    EXPECT_EQ(WordsOfPdf(CardPath(QStringLiteral("card-1000000000000.pdf"))).at(0).Text,
+              QStringLiteral("a"));
+    EXPECT_EQ(WordsOfPdf(CardPath(QStringLiteral("card-1000000000001.pdf"))).at(0).Text,
+              QStringLiteral("b"));
+}
+
 TEST_F(PdfPrinterTest, ANameThatIsTakenMeanwhileIsNotReplaced)
 {
     PdfPrinter printer(Folder());
