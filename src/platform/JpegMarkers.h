@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
 #include <optional>
 
@@ -19,5 +20,11 @@ struct JpegMarkers
 /// this walk is what tells a torn photo from a whole one.
 /// @return nothing where the file is no JPEG or ends before its end marker
 std::optional<JpegMarkers> ReadJpegMarkers(QByteArrayView file);
+
+/// The same picture without all that is no part of it: comments, what applications added, and
+/// whatever stands behind the end. What tells its colours stays: the bare JFIF and Adobe headers
+/// and a colour profile. The orientation goes as well; who shows the picture has to turn it.
+/// @param file  a file that `ReadJpegMarkers` takes for whole
+QByteArray BareJpeg(QByteArrayView file);
 
 } // namespace vantrel

@@ -75,7 +75,8 @@ std::shared_ptr<const PictureData> ReadPicture(const QString& path)
     if (jpeg.IsCommon()) {
         const QImage stored = Decode(reader);
         return std::make_shared<const PictureData>(
-            stored, reader.transformation(), PlainJpeg{jpeg.Bytes, jpeg.Markers.Components == 1});
+            stored, reader.transformation(),
+            PlainJpeg{BareJpeg(jpeg.Bytes), jpeg.Markers.Components == 1});
     }
     reader.setAutoTransform(true);
     return std::make_shared<const PictureData>(Decode(reader));

@@ -15,7 +15,8 @@ struct CairoSurfaceDeleter
 };
 using CairoSurface = std::unique_ptr<cairo_surface_t, CairoSurfaceDeleter>;
 
-/// A JPEG file that a PDF may take as it is; empty where a picture was none.
+/// A bare JPEG picture that a PDF may take as it is, without what else stood in its file; empty
+/// where a picture was none.
 struct PlainJpeg
 {
     QByteArray Bytes;
