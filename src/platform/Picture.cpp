@@ -1,9 +1,10 @@
 #include "platform/Picture.h"
-#include "platform/BmpLength.h"
 #include "platform/Failure.h"
 #include "platform/FileStamp.h"
 #include "platform/JpegMarkers.h"
 #include "platform/PictureData.h"
+#include "platform/PictureFormats.h"
+#include <QBuffer>
 #include <QCache>
 #include <QFile>
 #include <QImageReader>
@@ -17,35 +18,44 @@ constexpr int CacheKiB = 256 * 1024;
 /// Above this a file is no photo of a card but a mistake or an attack; decoded it takes 256 MiB.
 constexpr qint64 MaxPixels = 64LL * 1024 * 1024;
 constexpr qint64 MaxJpegBytes = MaxPixels;
+/// Four bytes for each of so many pixels, and a head.
+constexpr qint64 MaxFileBytes = MaxPixels * 4 + 1024 * 1024;
 
 [[noreturn]] void FailInvalid()
 {
     throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
 }
 
-/// A JPEG file and what its markers say.
-struct JpegFile
+/// A picture file as it was read, whole.
+struct PictureFile
 {
+    const PictureFormat* Format = nullptr;
     QByteArray Bytes;
-    JpegMarkers Markers;
-
-    bool IsCommon() const
-    {
-        return Markers.IsCommonCoding && Markers.BitsPerSample == 8 &&
-               (Markers.Components == 1 || Markers.Components == 3);
-    }
 };
 
-/// Fails with `InvalidPicture` for a file that was cut.
-JpegFile ReadJpeg(QFile& file)
+/// Its format is told by its content alone, for the name of a file says nothing. Fails with
+/// `InvalidPicture` for what is no picture and for a file that was cut.
+PictureFile ReadFile(const QString& path)
 {
-    if (file.size() > MaxJpegBytes || !file.seek(0))
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > MaxFileBytes)
         FailInvalid();
-    QByteArray bytes = file.readAll();
-    const std::optional<JpegMarkers> markers = ReadJpegMarkers(bytes);
-    if (!markers || !file.seek(0))
+    const PictureFormat* format = FindPictureFormat(file.peek(PictureHeadBytes));
+    if (format == nullptr)
         FailInvalid();
-    return {std::move(bytes), *markers};
+    const QByteArray bytes = file.readAll();
+    if (FindPictureFormat(bytes.left(PictureHeadBytes)) != format || !format->IsWhole(bytes))
+        FailInvalid();
+    return {format, bytes};
+}
+
+/// @return the JPEG file as a PDF may take it; empty where it must be decoded for that
+PlainJpeg PlainJpegOf(const QByteArray& file)
+{
+    const std::optional<JpegMarkers> markers = ReadJpegMarkers(file);
+    const bool isCommon = markers && markers->IsCommonCoding && markers->BitsPerSample == 8 &&
+                          (markers->Components == 1 || markers->Components == 3);
+    return isCommon ? PlainJpeg{BareJpeg(file), markers->Components == 1} : PlainJpeg();
 }
 
 /// Fails with `InvalidPicture`. A giant is refused before it is decoded.
@@ -62,21 +72,19 @@ QImage Decode(QImageReader& reader)
 
 std::shared_ptr<const PictureData> ReadPicture(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        FailInvalid();
-    const std::optional<qint64> bmpLength = LeastBmpLength(file.peek(BmpHeadBytes));
-    if (bmpLength && file.size() < *bmpLength)
-        FailInvalid();
-    const bool isJpeg = QImageReader::imageFormat(&file) == "jpeg";
-    const JpegFile jpeg = isJpeg ? ReadJpeg(file) : JpegFile{};
-    QImageReader reader(&file);
-    reader.setDecideFormatFromContent(true);
-    if (jpeg.IsCommon()) {
-        const QImage stored = Decode(reader);
-        return std::make_shared<const PictureData>(
-            stored, reader.transformation(),
-            PlainJpeg{BareJpeg(jpeg.Bytes), jpeg.Markers.Components == 1});
+    PictureFile file = ReadFile(path);
+    QBuffer buffer(&file.Bytes);
+    QImageReader reader(&buffer, file.Format->Name);
+    // No other reader gets to see it, such as one of drawings, which opens what they name.
+    reader.setAutoDetectImageFormat(false);
+    if (file.Format->Name == QByteArrayView("jpeg")) {
+        if (file.Bytes.size() > MaxJpegBytes)
+            FailInvalid();
+        if (PlainJpeg jpeg = PlainJpegOf(file.Bytes); !jpeg.Bytes.isEmpty()) {
+            const QImage stored = Decode(reader);
+            return std::make_shared<const PictureData>(stored, reader.transformation(),
+                                                       std::move(jpeg));
+        }
     }
     reader.setAutoTransform(true);
     return std::make_shared<const PictureData>(Decode(reader));
