@@ -41,7 +41,9 @@ constexpr PictureFormat Formats[] = {
      },
      IsWholePnm},
     {"xpm", [](QByteArrayView head) { return Begins(head, "/* XPM"); }, IsWholeCText},
-    {"xbm", [](QByteArrayView head) { return Begins(head, "#define "); }, IsWholeCText},
+    // A remark may stand before the first line that counts.
+    {"xbm", [](QByteArrayView head) { return Begins(head, "#define ") || Begins(head, "/*"); },
+     IsWholeCText},
 };
 
 } // namespace

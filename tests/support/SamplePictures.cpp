@@ -148,6 +148,7 @@ std::vector<SamplePicture> SamplePictures()
         {"PPM as text", "ppm", Numbers('3', 3, "27")},
         {"XPM", "xpm", Written("xpm")},
         {"XBM", "xbm", Written("xbm", bits)},
+        {"XBM with a remark", "xbm", "/* Hello */\n" + Written("xbm", bits)},
     };
 }
 
