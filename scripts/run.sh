@@ -14,6 +14,8 @@ cmake --preset release
 cmake --build --preset release --target vantrel vantrel-admin
 bin=$PWD/build/release/bin
 
+# Cards tell of people: what is written from here on is for this user and its group only.
+umask g-w,o-rwx
 export VANTREL_HOME=${VANTREL_HOME:-$PWD/demo}
 printed="$VANTREL_HOME/Printed/Session 1"
 settings="$VANTREL_HOME/Vantrel 6.ini"

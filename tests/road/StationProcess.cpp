@@ -58,7 +58,7 @@ StationProcess::StationProcess(const QString& programFolder, const StationStart&
     m_process.setProcessEnvironment(environment);
     if (start.BeforeProgram)
         m_process.setChildProcessModifier(start.BeforeProgram);
-    m_process.start(QStringLiteral(VANTREL_PROGRAM), start.Arguments);
+    m_process.start(start.Program, start.Arguments);
     EXPECT_TRUE(m_process.waitForStarted(LimitMs));
 }
 

@@ -19,6 +19,8 @@ struct StationStart
     QMap<QString, QString> Environment = {};
     /// Runs in the new process before the program begins, such as a limit on what it may take.
     std::function<void()> BeforeProgram = {};
+    /// Another program that becomes the station, such as the start script.
+    QString Program = QStringLiteral(VANTREL_PROGRAM);
 };
 
 /// The built station program on a program folder of the test's, without a display and without the

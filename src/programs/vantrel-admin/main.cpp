@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 #include "platform/Failure.h"
+#include "platform/FileModes.h"
 #include <QCoreApplication>
 #include <cstdio>
 
@@ -17,6 +18,7 @@ int EndWith(int code, const QString& message)
 
 int main(int argc, char** argv)
 {
+    vantrel::KeepNewFilesFromOthers();
     const QCoreApplication application(argc, argv);
     const vantrel::admin::Request request =
         vantrel::admin::ReadCommandLine(QCoreApplication::arguments().mid(1));

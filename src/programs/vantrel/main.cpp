@@ -7,6 +7,7 @@
 #include "app/UnattendedOperator.h"
 #include "app/frmMain.h"
 #include "imaging/frmAquireImage2.h"
+#include "platform/FileModes.h"
 #include "platform/StationPrinters.h"
 #include "programs/vantrel/StopSignals.h"
 #include <QApplication>
@@ -103,6 +104,7 @@ int RunStation(const QString& commandLine)
 
 int main(int argc, char** argv)
 {
+    vantrel::KeepNewFilesFromOthers();
     vantrel::KeepLargeBuffersOutOfTheHeap();
     vantrel::ChoosePlatform();
     // Qt sees the program's name only: the command line is the station's, taken whole.
