@@ -11,7 +11,7 @@ export LSAN_OPTIONS=suppressions=$PWD/tests/lsan.supp:print_suppressions=0
 install_packages "${BUILD_PACKAGES[@]}" "${FUZZ_PACKAGES[@]}"
 cmake --preset fuzz
 cmake --build --preset fuzz
-for target in framing hex_codes profile serializer track_formula version4; do
+for target in framing hex_codes pictures profile serializer track_formula version4; do
   # What is new grows a corpus of its own; the kept one changes by hand only.
   mkdir -p "build/fuzz/grown/$target"
   echo "fuzz_$target: $seconds seconds"
