@@ -24,9 +24,10 @@ void OnPrinter(Session& session, const char* step, Operation&& operation)
 /// The blank line opens the page; stripe text stands on the line below it.
 void OpenPage(Session& session)
 {
-    const QString title = QStringLiteral("%1 - Page %2")
-                              .arg(session.CurrentLayoutName)
-                              .arg(session.CurrentParams.PageIndex);
+    // Both at once: the name may hold the likes of "%1" itself.
+    const QString title =
+        QStringLiteral("%1 - Page %2")
+            .arg(session.CurrentLayoutName, QString::number(session.CurrentParams.PageIndex));
     OnPrinter(session, "job title", [&](Printer& printer) { printer.SetJobTitle(title); });
     OnPrinter(session, "font name", [](Printer& printer) { printer.SetFontName(OpeningFontName); });
     OnPrinter(session, "font size", [](Printer& printer) { printer.SetFontSize(OpeningFontSize); });

@@ -55,6 +55,13 @@ TEST_F(PrintPage, NamesTheJobByLayoutAndPage)
     EXPECT_TRUE(Printed().contains(QStringLiteral("JobTitle = \"Card - Page 1\"")));
 }
 
+TEST_F(PrintPage, TakesAPercentSignAndADigitInTheLayoutsNameAsTheyStand)
+{
+    BeginLayout(Session, QStringLiteral("%1 of %2 %L1 100%"));
+    AddText(Session, QStringLiteral("Hello"));
+    EXPECT_TRUE(Printed().contains(QStringLiteral("JobTitle = \"%1 of %2 %L1 100% - Page 1\"")));
+}
+
 TEST_F(PrintPage, SelectsTheFontAnewThenCopiesItsValuesInOneOrder)
 {
     CardObject& text = AddText(Session, QStringLiteral("Hello"));
