@@ -85,7 +85,10 @@ bool CupsPrinter::Know() const
         return false;
     m_known.Info.reset(cupsCopyDestInfo(CUPS_HTTP_DEFAULT, m_known.Destination.get()));
     m_known.Age.start();
-    return m_known.Info != nullptr;
+    if (!m_known.Info)
+        return false;
+    m_known.Sheet = SheetOfQueue(*m_known.Destination, *m_known.Info);
+    return true;
 }
 
 bool CupsPrinter::CarriesStripe(int trackNumber)
@@ -116,15 +119,13 @@ PagePrinter::PageSides CupsPrinter::Sides() const
 {
     // A queue that cannot be asked keeps its page: the job itself is what then fails, once and with
     // the reason.
-    cups_size_t size = {};
-    if (Know() &&
-        cupsGetDestMediaDefault(CUPS_HTTP_DEFAULT, m_known.Destination.get(), m_known.Info.get(), 0,
-                                &size) == 1 &&
-        size.width > 0 && size.length > 0) {
+    if (Know() && m_known.Sheet) {
+        const SheetSize size = m_known.Sheet->Size;
         // Queues turn a page to fit their media, however the driver names its sides.
         // A whole twip undoes what the hundredths of a millimetre rounded.
-        m_sides.Short = std::round(TwipsOfHundredths(std::min(size.width, size.length)));
-        m_sides.Long = std::round(TwipsOfHundredths(std::max(size.width, size.length)));
+        m_sides.Short = std::round(TwipsOfHundredths(std::min(size.Width, size.Length)));
+        m_sides.Long = std::round(TwipsOfHundredths(std::max(size.Width, size.Length)));
+        m_mediaOptions = m_known.Sheet->Options;
     }
     return m_sides;
 }
@@ -138,6 +139,8 @@ void CupsPrinter::Deliver(const QByteArray& pdf)
     // A card is drawn to its place; a queue that shrinks it into its margins would move it.
     JobOptions options;
     options.Add("print-scaling", "none");
+    for (const JobOption& media : m_mediaOptions)
+        options.Add(media.Name, media.Value);
     for (const JobOption& track : m_stripe)
         options.Add(track.Name, track.Value);
     int jobId = 0;

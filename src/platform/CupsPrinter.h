@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/CupsMedia.h"
 #include "platform/CupsQueues.h"
 #include "platform/PagePrinter.h"
 #include <QElapsedTimer>
@@ -7,7 +8,8 @@
 namespace vantrel {
 
 /// A queue of the machine's CUPS server. It gets each job as a PDF of the size and orientation of
-/// its card, with the job's title. The page is that of the queue's default media.
+/// its card, with the job's title. The page is that of the media which a user has set for the
+/// queue, else of the queue's default media.
 class CupsPrinter : public PagePrinter
 {
 public:
@@ -33,6 +35,7 @@ private:
     {
         CupsDestination Destination;
         CupsInfo Info;
+        std::optional<QueueSheet> Sheet;
         QElapsedTimer Age;
     };
 
@@ -40,15 +43,12 @@ private:
     void SendDocument(const QByteArray& pdf, int jobId);
 
     QString m_queue;
-    struct JobOption
-    {
-        QByteArray Name;
-        QByteArray Value;
-    };
     /// The stripe of the job that is open.
     std::vector<JobOption> m_stripe;
     mutable Knowledge m_known;
     mutable PageSides m_sides;
+    /// What the page of these sides needs to come out on its media.
+    mutable std::vector<JobOption> m_mediaOptions;
 };
 
 } // namespace vantrel

@@ -76,9 +76,14 @@ int PagesOfPdf(const QString& path)
 
 QImage ImageOfPdf(const QString& path, int pixelsPerPoint)
 {
+    return DotsOfPdf(path, 72 * pixelsPerPoint);
+}
+
+QImage DotsOfPdf(const QString& path, int dotsPerInch)
+{
     const QByteArray png =
         BytesOf(QStringLiteral("pdftoppm"),
-                {QStringLiteral("-png"), QStringLiteral("-r"), QString::number(72 * pixelsPerPoint),
+                {QStringLiteral("-png"), QStringLiteral("-r"), QString::number(dotsPerInch),
                  QStringLiteral("-singlefile"), path});
     QImage image = QImage::fromData(png, "PNG");
     EXPECT_FALSE(image.isNull());

@@ -30,5 +30,7 @@ QString PageSizeOfPdf(const QString& path);
 int PagesOfPdf(const QString& path);
 /// The page as pixels on white, one pixel to the point times `pixelsPerPoint`.
 QImage ImageOfPdf(const QString& path, int pixelsPerPoint = 4);
+/// The page as the dots of a printer, so many to the inch.
+QImage DotsOfPdf(const QString& path, int dotsPerInch);
 
 } // namespace vantrel::test

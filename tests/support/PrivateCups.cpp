@@ -13,6 +13,8 @@ namespace {
 
 constexpr int PatienceMilliseconds = 20000;
 constexpr unsigned long PollMilliseconds = 10;
+const QString Lpadmin = QStringLiteral("/usr/sbin/lpadmin");
+const QString CopyingDevice = QStringLiteral("testcopy:/copies");
 
 constexpr auto ServerConfiguration = R"(Listen %1/cups.sock
 Browsing Off
@@ -57,35 +59,33 @@ cat ${6:+"$6"} > "$out.part"
 mv "$out.part" "$out.pdf"
 )sh";
 
-constexpr auto CardPpd = R"ppd(*PPD-Adobe: "4.3"
-*FormatVersion: "4.3"
-*FileVersion: "1.0"
-*LanguageVersion: English
-*LanguageEncoding: ISOLatin1
-*PCFileName: "CARD.PPD"
-*Manufacturer: "Test"
-*Product: "(Card)"
-*ModelName: "Test Card"
-*ShortNickName: "Test Card"
-*NickName: "Test Card"
-*PSVersion: "(3010.000) 0"
-*LanguageLevel: "3"
-*ColorDevice: True
-*cupsVersion: 2.4
-*cupsFilter2: "application/pdf application/pdf 0 -"
-*OpenUI *PageSize/Media Size: PickOne
-*DefaultPageSize: Card
-*PageSize Card/Card: ""
-*CloseUI: *PageSize
-*OpenUI *PageRegion/Media Size: PickOne
-*DefaultPageRegion: Card
-*PageRegion Card/Card: ""
-*CloseUI: *PageRegion
-*DefaultImageableArea: Card
-*ImageableArea Card/Card: "0 0 153 243"
-*DefaultPaperDimension: Card
-*PaperDimension Card/Card: "153 243"
-)ppd";
+/// Where libcups finds what users set for their queues. It looks once for the place and keeps it,
+/// so there is one for the process: never that of the person who runs the tests.
+class OptionsOfUsers
+{
+public:
+    OptionsOfUsers() { qputenv("CUPS_SERVERROOT", m_folder.path().toUtf8()); }
+    QString Path(const QString& name = QStringLiteral("lpoptions")) const
+    {
+        return m_folder.filePath(name);
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+const OptionsOfUsers UserOptions;
+
+bool HasDriver(const QString& queue)
+{
+    cups_dest_t* found = cupsGetNamedDest(CUPS_HTTP_DEFAULT, queue.toUtf8().constData(), nullptr);
+    if (found == nullptr)
+        return false;
+    const QByteArray model(
+        cupsGetOption("printer-make-and-model", found->num_options, found->options));
+    cupsFreeDests(1, found);
+    return model.contains("Everywhere");
+}
 
 QString TextOf(const QString& path)
 {
@@ -105,7 +105,7 @@ PrivateCups::PrivateCups() : m_serverBefore(qgetenv("CUPS_SERVER"))
                                                QFile::ExeOther);
     WriteConfiguration();
     WriteBackend();
-    WriteFile(QStringLiteral("card.ppd"), QString::fromLatin1(CardPpd));
+    QFile::remove(UserOptions.Path());
     qputenv("CUPS_SERVER", SocketPath().toUtf8());
     cupsSetServer(SocketPath().toUtf8().constData());
 
@@ -165,6 +165,7 @@ void PrivateCups::WriteConfiguration() const
     const QDir folder(m_folder.path());
     for (const char* name : {"spool", "cache", "state", "tmp", "printed", "bin/backend", "ppd"})
         EXPECT_TRUE(folder.mkpath(QLatin1StringView(name)));
+    QFile::setPermissions(m_folder.filePath(QStringLiteral("tmp")), QFile::Permissions(0x7777));
     WriteFile(QStringLiteral("cupsd.conf"),
               QString::fromLatin1(ServerConfiguration).arg(m_folder.path()));
     WriteFile(QStringLiteral("cups-files.conf"),
@@ -177,14 +178,19 @@ void PrivateCups::WriteBackend() const
     for (const char* name : {"cgi-bin", "daemon", "driver", "filter", "monitor", "notifier"})
         QFile::link(installed + QLatin1StringView(name),
                     m_folder.filePath(QStringLiteral("bin/") + QLatin1StringView(name)));
+    // The server asks a printer by it; without it there is no queue without a driver.
+    QFile::link(installed + QStringLiteral("backend/ipp"),
+                m_folder.filePath(QStringLiteral("bin/backend/ipp")));
     // With this mode the server runs it as its own user.
     WriteFile(QStringLiteral("bin/backend/testcopy"),
               QString::fromLatin1(Backend).arg(m_folder.path()), true);
 }
 
-void PrivateCups::Run(const QString& tool, const QStringList& arguments) const
+void PrivateCups::Run(const QString& tool, const QStringList& arguments,
+                      const QProcessEnvironment& environment) const
 {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(tool, arguments);
     EXPECT_TRUE(process.waitForFinished(PatienceMilliseconds)) << tool.toStdString();
@@ -193,16 +199,59 @@ void PrivateCups::Run(const QString& tool, const QStringList& arguments) const
 
 void PrivateCups::AddQueue(const QString& name, Device device)
 {
-    Run(QStringLiteral("/usr/sbin/lpadmin"),
-        {QStringLiteral("-p"), name, QStringLiteral("-E"), QStringLiteral("-v"),
-         device == Device::Fails ? QStringLiteral("testcopy:/fails")
-                                 : QStringLiteral("testcopy:/copies"),
-         QStringLiteral("-P"), m_folder.filePath(QStringLiteral("card.ppd"))});
+    AddQueue(name, CardDriver{}, device);
+}
+
+void PrivateCups::AddQueue(const QString& name, const CardDriver& driver, Device device)
+{
+    const QString ppd = QStringLiteral("ppd-of-") + name;
+    WriteFile(ppd, QString::fromLatin1(PpdOf(driver)));
+    Run(Lpadmin, {QStringLiteral("-p"), name, QStringLiteral("-E"), QStringLiteral("-v"),
+                  device == Device::Fails ? QStringLiteral("testcopy:/fails") : CopyingDevice,
+                  QStringLiteral("-P"), m_folder.filePath(ppd)});
+}
+
+// The server asks the printer and writes a driver of its own while it answers others.
+void PrivateCups::AddDriverlessQueue(const QString& name, const QString& printerUri)
+{
+    const QString asking = name + QStringLiteral("-asking");
+    Run(Lpadmin, {QStringLiteral("-p"), asking, QStringLiteral("-E"), QStringLiteral("-v"),
+                  printerUri, QStringLiteral("-m"), QStringLiteral("everywhere")});
+    const QString driver = m_folder.filePath(QStringLiteral("ppd/%1.ppd").arg(asking));
+    QElapsedTimer waited;
+    waited.start();
+    while ((!QFile::exists(driver) || !HasDriver(asking)) &&
+           !waited.hasExpired(PatienceMilliseconds))
+        QThread::msleep(PollMilliseconds);
+    Run(Lpadmin, {QStringLiteral("-p"), name, QStringLiteral("-E"), QStringLiteral("-v"),
+                  CopyingDevice, QStringLiteral("-P"), driver});
+    Delete(asking);
+}
+
+void PrivateCups::Configure(const QString& name, const QString& option)
+{
+    Run(Lpadmin, {QStringLiteral("-p"), name, QStringLiteral("-o"), option});
+}
+
+void PrivateCups::SetUserOptions(const QString& name, const QStringList& options)
+{
+    QStringList arguments{QStringLiteral("-p"), name};
+    for (const QString& option : options)
+        arguments << QStringLiteral("-o") << option;
+    QProcessEnvironment home = QProcessEnvironment::systemEnvironment();
+    home.insert(QStringLiteral("HOME"), UserOptions.Path(QString()));
+    Run(QStringLiteral("lpoptions"), arguments, home);
+    // A user's own file of it stands in the home folder, which libcups has looked up long ago.
+    const QString own = UserOptions.Path(QStringLiteral(".cups/lpoptions"));
+    if (QFile::exists(own)) {
+        QFile::remove(UserOptions.Path());
+        EXPECT_TRUE(QFile::rename(own, UserOptions.Path()));
+    }
 }
 
 void PrivateCups::MakeDefault(const QString& name)
 {
-    Run(QStringLiteral("/usr/sbin/lpadmin"), {QStringLiteral("-d"), name});
+    Run(Lpadmin, {QStringLiteral("-d"), name});
 }
 
 void PrivateCups::Reject(const QString& name)
@@ -227,7 +276,7 @@ void PrivateCups::Pause(const QString& name)
 
 void PrivateCups::Delete(const QString& name)
 {
-    Run(QStringLiteral("/usr/sbin/lpadmin"), {QStringLiteral("-x"), name});
+    Run(Lpadmin, {QStringLiteral("-x"), name});
 }
 
 void PrivateCups::Kill()

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "support/CardDriver.h"
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -22,6 +24,15 @@ public:
 
     /// A queue for cards of 54 by 86 millimetres (153 x 243 points) that takes PDF as it is.
     void AddQueue(const QString& name, Device device = Device::Copies);
+    /// A queue with this driver. What takes dots needs the packages cups-filters and ghostscript.
+    void AddQueue(const QString& name, const CardDriver& driver, Device device = Device::Copies);
+    /// A queue as the server makes one of what an IPP printer tells. Jobs do not go to that
+    /// printer: they are copied as with any queue.
+    void AddDriverlessQueue(const QString& name, const QString& printerUri);
+    /// Sets an option of the queue as its administrator, "name=value".
+    void Configure(const QString& name, const QString& option);
+    /// Sets options of the queue as a user of it does by `lpoptions`, each "name=value".
+    void SetUserOptions(const QString& name, const QStringList& options);
     void MakeDefault(const QString& name);
     void Reject(const QString& name);
     void Accept(const QString& name);
@@ -37,6 +48,7 @@ public:
 
     struct PrintedJob
     {
+        /// What the driver gets: PDF, or dots where it takes those.
         QString PdfPath;
         QString Queue;
         QString Title;
@@ -51,7 +63,9 @@ private:
     void WriteFile(const QString& name, const QString& text, bool executable = false) const;
     void WriteConfiguration() const;
     void WriteBackend() const;
-    void Run(const QString& tool, const QStringList& arguments) const;
+    void
+    Run(const QString& tool, const QStringList& arguments,
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) const;
 
     QTemporaryDir m_folder;
     QByteArray m_serverBefore;

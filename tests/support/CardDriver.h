@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QByteArray>
+#include <vector>
+
+namespace vantrel::test {
+
+/// A size of media as a driver lists it, in points.
+struct DriverSize
+{
+    QByteArray Name;
+    int Width = 0;
+    int Length = 0;
+};
+
+/// What a card printer's driver knows. As it is made it has one card of 54 by 86 millimetres and
+/// takes PDF as it is.
+struct CardDriver
+{
+    std::vector<DriverSize> Sizes = {{"Card", 153, 243}};
+    /// The name of one of the sizes.
+    QByteArray Default = "Card";
+    /// What the printer leaves white on each side, in points.
+    int Margin = 0;
+    /// Whether it takes dots, 300 to the inch, instead of PDF.
+    bool TakesDots = false;
+    /// Whether it takes sizes of a user's own, from 72 to 500 points a side.
+    bool TakesAnySize = false;
+};
+
+/// The driver's description as a print server installs it.
+QByteArray PpdOf(const CardDriver& driver);
+
+} // namespace vantrel::test

@@ -1,0 +1,89 @@
+#include "support/IppPrinter.h"
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcessEnvironment>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QThread>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+
+namespace {
+
+constexpr int PatienceMilliseconds = 20000;
+constexpr unsigned long PollMilliseconds = 10;
+
+int FreePort()
+{
+    QTcpServer server;
+    EXPECT_TRUE(server.listen(QHostAddress::LocalHost));
+    return server.serverPort();
+}
+
+void End(QProcess& process)
+{
+    process.terminate();
+    if (!process.waitForFinished(PatienceMilliseconds))
+        process.kill();
+}
+
+} // namespace
+
+IppPrinter::IppPrinter(const CardDriver& driver)
+{
+    EXPECT_TRUE(m_folder.isValid());
+    const QString ppd = m_folder.filePath(QStringLiteral("card.ppd"));
+    QFile file(ppd);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(PpdOf(driver));
+    file.close();
+    StartBus();
+    m_port = FreePort();
+    m_printer.start(QStringLiteral("/usr/sbin/ippeveprinter"),
+                    {QStringLiteral("--no-web-forms"), QStringLiteral("-r"), QStringLiteral("off"),
+                     QStringLiteral("-d"), m_folder.path(), QStringLiteral("-c"),
+                     QStringLiteral("/bin/true"), QStringLiteral("-P"), ppd, QStringLiteral("-p"),
+                     QString::number(m_port), QStringLiteral("Cards")});
+    EXPECT_TRUE(m_printer.waitForStarted()) << "the package cups-ipp-utils is needed";
+    QElapsedTimer waited;
+    waited.start();
+    while (!Answers() && !waited.hasExpired(PatienceMilliseconds))
+        QThread::msleep(PollMilliseconds);
+    EXPECT_TRUE(Answers()) << m_printer.readAllStandardError().constData();
+}
+
+IppPrinter::~IppPrinter()
+{
+    End(m_printer);
+    End(m_bus);
+}
+
+// It does not run without a bus of the system, which a machine for tests may lack.
+void IppPrinter::StartBus()
+{
+    const QString address = QStringLiteral("unix:path=") + m_folder.filePath(QStringLiteral("bus"));
+    m_bus.start(QStringLiteral("dbus-daemon"),
+                {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                 QStringLiteral("--print-address"), QStringLiteral("--address=") + address});
+    while (!m_bus.canReadLine() && m_bus.waitForReadyRead(PatienceMilliseconds))
+        ;
+    EXPECT_TRUE(m_bus.canReadLine()) << "the package dbus-daemon is needed";
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), address);
+    m_printer.setProcessEnvironment(environment);
+}
+
+bool IppPrinter::Answers() const
+{
+    QTcpSocket socket;
+    socket.connectToHost(QStringLiteral("localhost"), static_cast<quint16>(m_port));
+    return socket.waitForConnected(PatienceMilliseconds);
+}
+
+QString IppPrinter::Uri() const
+{
+    return QStringLiteral("ipp://localhost:%1/ipp/print").arg(m_port);
+}
+
+} // namespace vantrel::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "support/CardDriver.h"
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace vantrel::test {
+
+/// A printer that a print server uses without a driver: a child process that tells over IPP what it
+/// can. It is on this machine only and not announced to the network.
+class IppPrinter
+{
+public:
+    /// It knows the sizes and margins of this driver.
+    explicit IppPrinter(const CardDriver& driver);
+    IppPrinter(const IppPrinter&) = delete;
+    IppPrinter& operator=(const IppPrinter&) = delete;
+    ~IppPrinter();
+
+    QString Uri() const;
+
+private:
+    void StartBus();
+    bool Answers() const;
+
+    QTemporaryDir m_folder;
+    QProcess m_bus;
+    QProcess m_printer;
+    int m_port = 0;
+};
+
+} // namespace vantrel::test
