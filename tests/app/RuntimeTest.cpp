@@ -98,6 +98,17 @@ TEST(StatusBar, APageBeyondTheCountIsANewPage)
               QStringLiteral("Layout (Card) Page 2 of 2"));
 }
 
+TEST(StatusBar, ALayoutsNameStandsInItsPanelAsItIs)
+{
+    TestSession station;
+    station.Session.CurrentLayoutName = QStringLiteral("%1 of %2");
+    station.Session.CurrentParams.PageIndex = 2;
+    station.Session.CurrentParams.PageCount = 3;
+    TickStatusBar(station.Session);
+    EXPECT_EQ(station.Session.Face.StatusPanel(2).Text,
+              QStringLiteral("Layout (%1 of %2) Page 2 of 3"));
+}
+
 TEST(Unload, KeepsGeometryLastLayoutAndFlags)
 {
     TestSession station;
