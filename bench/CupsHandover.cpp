@@ -40,7 +40,7 @@ QByteArray CardWithPhoto()
     for (const TextOnCard& text : Texts(1)) {
         printer.SetFontName(text.Style.Name);
         printer.SetFontSize(text.Style.Size);
-        printer.SetCurrentX(static_cast<float>(text.X));
+        printer.SetCurrentX(text.X);
         printer.SetCurrentY(static_cast<float>(text.Y));
         printer.Print(text.Text);
     }

@@ -50,7 +50,7 @@ public:
             printer.SetFontName(text.Style.Name);
             printer.SetFontSize(text.Style.Size);
             printer.SetFontBold(text.Style.Bold);
-            printer.SetCurrentX(static_cast<float>(text.X));
+            printer.SetCurrentX(text.X);
             printer.SetCurrentY(static_cast<float>(text.Y));
             printer.Print(text.Text);
         }

@@ -25,8 +25,7 @@ void PaintLabel(PageCanvas& canvas, const CardObject& label)
     const Font& font = label.Font();
     const double textWidth =
         label.Alignment == 0 ? 0.0 : PageCanvas::TextWidth(label.Caption(), font);
-    canvas.DrawText(label.Caption(), font, label.ForeColor,
-                    static_cast<double>(TextLeft(label, textWidth)),
+    canvas.DrawText(label.Caption(), font, label.ForeColor, TextLeft(label, textWidth),
                     static_cast<double>(label.Top));
 }
 

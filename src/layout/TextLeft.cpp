@@ -1,18 +1,32 @@
 #include "layout/TextLeft.h"
 #include "layout/CardObject.h"
+#include <cmath>
 
 namespace vantrel {
 
-float TextLeft(const CardObject& label, double textWidth)
+namespace {
+
+/// In twips; up to here single precision is finer than any printer.
+constexpr double ExactInSingle = 1'000'000.0;
+
+double AsCardsCount(double left)
 {
+    return std::abs(left) <= ExactInSingle ? static_cast<double>(static_cast<float>(left)) : left;
+}
+
+} // namespace
+
+double TextLeft(const CardObject& label, double textWidth)
+{
+    const auto left = static_cast<double>(label.Left);
     const double room = static_cast<double>(label.Width) - textWidth;
     switch (label.Alignment) {
     case 0:
-        return label.Left;
+        return left;
     case 1:
-        return static_cast<float>(static_cast<double>(label.Left) + room);
+        return AsCardsCount(left + room);
     default:
-        return static_cast<float>(static_cast<double>(label.Left) + room / 2.0);
+        return AsCardsCount(left + room / 2.0);
     }
 }
 

@@ -18,7 +18,7 @@ cairo_status_t WriteToSink(void* closure, const unsigned char* bytes, unsigned i
 
 std::unique_ptr<CairoCanvas> CairoCanvas::OnPdf(double width, double height, Sink sink)
 {
-    std::unique_ptr<CairoCanvas> canvas(new CairoCanvas);
+    std::unique_ptr<CairoCanvas> canvas(new CairoCanvas(width));
     canvas->m_sink = std::move(sink);
     canvas->m_surface.reset(
         cairo_pdf_surface_create_for_stream(WriteToSink, &canvas->m_sink, width, height));
@@ -28,7 +28,7 @@ std::unique_ptr<CairoCanvas> CairoCanvas::OnPdf(double width, double height, Sin
 
 std::unique_ptr<CairoCanvas> CairoCanvas::OnImage(QImage& image, double pixelsPerPoint)
 {
-    std::unique_ptr<CairoCanvas> canvas(new CairoCanvas);
+    std::unique_ptr<CairoCanvas> canvas(new CairoCanvas(image.width() / pixelsPerPoint));
     const cairo_format_t format =
         image.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
     canvas->m_surface.reset(

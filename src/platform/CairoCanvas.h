@@ -25,9 +25,11 @@ private:
         void operator()(cairo_t* context) const { cairo_destroy(context); }
     };
 
-    CairoCanvas() = default;
+    explicit CairoCanvas(double width) : m_width(width) {}
+    double Width() const override { return m_width; }
     bool IsPdf() const { return m_sink != nullptr; }
 
+    double m_width;
     Sink m_sink;
     /// A page refers to its pictures until it is finished.
     std::vector<Picture> m_painted;

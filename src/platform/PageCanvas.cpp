@@ -1,10 +1,10 @@
 #include "platform/PageCanvas.h"
 #include "platform/CairoCanvas.h"
 #include "platform/Failure.h"
+#include "platform/LongLine.h"
 #include "platform/PdfCanvas.h"
 #include "platform/TextShaper.h"
 #include "platform/Twips.h"
-#include <QStringList>
 #include <algorithm>
 #include <cmath>
 
@@ -12,12 +12,24 @@ namespace vantrel {
 
 namespace {
 
-/// In twips; nothing that lies farther out can reach a card, and renderers cannot count so far.
+/// In twips; a card ends long before, and renderers cannot count so far.
 constexpr double FarthestOut = 1'000'000.0;
 
 bool IsNear(double length)
 {
     return std::abs(length) <= FarthestOut; // false for what is no number, too
+}
+
+/// So many lines of a text are shaped to be measured; a card holds far fewer.
+constexpr int LinesShaped = 1000;
+
+double WidthOfLine(const QString& line, const Font& font, int number)
+{
+    if (line.isEmpty())
+        return 0;
+    if (number > LinesShaped || LongLine::IsLong(line, font))
+        return LongLine(line, font).Width();
+    return TextShaper::Get().Line(line, font)->Width;
 }
 
 } // namespace
@@ -36,17 +48,29 @@ std::unique_ptr<PageCanvas> PageCanvas::OnImage(QImage& image, double pixelsPerT
 void PageCanvas::DrawText(const QString& text, const Font& font, ColorValue color, double x,
                           double y)
 {
-    if (!IsNear(x) || !IsNear(y))
+    // A long text may begin far to the left and yet reach the card.
+    if (!(x <= FarthestOut) || !IsNear(y))
         return;
-    TextShaper& shaper = TextShaper::Get();
-    const FontHeights heights = shaper.Heights(font);
+    const FontHeights heights = TextShaper::Get().Heights(font);
     double baseline = PointsOfTwips(y) + heights.Ascent;
-    const QStringList lines = LinesOfText(text);
-    for (const QString& line : lines) {
-        if (!line.isEmpty())
-            Set(PlacedLine{shaper.Line(line, font), color, PointsOfTwips(x), baseline});
+    TakeLinesOfText(text, [&](const QString& line) {
+        DrawLine(line, font, color, PointsOfTwips(x), baseline);
         baseline += heights.Line();
+        return IsNear(TwipsOfPoints(baseline));
+    });
+}
+
+void PageCanvas::DrawLine(const QString& line, const Font& font, ColorValue color, double x,
+                          double baseline)
+{
+    if (line.isEmpty())
+        return;
+    if (IsNear(TwipsOfPoints(x)) && !LongLine::IsLong(line, font)) {
+        Set(PlacedLine{TextShaper::Get().Line(line, font), color, x, baseline});
+        return;
     }
+    for (LinePiece& piece : LongLine(line, font).PiecesWithin(-x, Width() - x))
+        Set(PlacedLine{std::move(piece.Shaped), color, x + piece.X, baseline});
 }
 
 void PageCanvas::PaintPicture(const Picture& picture, double x, double y, double width,
@@ -63,17 +87,21 @@ void PageCanvas::PaintPicture(const Picture& picture, double x, double y, double
 double PageCanvas::TextWidth(const QString& text, const Font& font)
 {
     double widest = 0;
-    const QStringList lines = LinesOfText(text);
-    for (const QString& line : lines) {
-        if (!line.isEmpty())
-            widest = std::max(widest, TextShaper::Get().Line(line, font)->Width);
-    }
+    int number = 0;
+    TakeLinesOfText(text, [&](const QString& line) {
+        widest = std::max(widest, WidthOfLine(line, font, ++number));
+        return true;
+    });
     return TwipsOfPoints(widest);
 }
 
 double PageCanvas::TextHeight(const QString& text, const Font& font)
 {
-    const auto lines = static_cast<double>(LinesOfText(text).size());
+    double lines = 0;
+    TakeLinesOfText(text, [&lines](const QString&) {
+        ++lines;
+        return true;
+    });
     return TwipsOfPoints(lines * TextShaper::Get().Heights(font).Line());
 }
 

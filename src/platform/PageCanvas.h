@@ -51,7 +51,8 @@ public:
     virtual ~PageCanvas() = default;
 
     /// Draws text with its first line's top at `y`. A carriage return, a line feed or both together
-    /// begin a new line below; other control characters draw nothing and take no width.
+    /// begin a new line below; other control characters draw nothing and take no width. Of a line
+    /// that is longer than any card only what reaches the card is drawn, from wherever it begins.
     void DrawText(const QString& text, const Font& font, ColorValue color, double x, double y);
     /// Draws a picture stretched into the rectangle. Fails with `InvalidPicture` for an empty one.
     void PaintPicture(const Picture& picture, double x, double y, double width, double height);
@@ -69,9 +70,15 @@ public:
 protected:
     PageCanvas() = default;
 
+    /// Of what is seen, in points.
+    virtual double Width() const = 0;
     virtual void Set(const PlacedLine& placed) = 0;
     /// @param placed  a picture that holds something, in a box with a size
     virtual void Set(const PlacedPicture& placed) = 0;
+
+private:
+    void DrawLine(const QString& line, const Font& font, ColorValue color, double x,
+                  double baseline);
 };
 
 } // namespace vantrel

@@ -26,7 +26,7 @@ public:
     void SetFontUnderline(bool on) override { m_font.Underline = on; }
     void SetFontStrikethrough(bool on) override { m_font.Strikethrough = on; }
     void SetForeColor(ColorValue color) override { m_color = color; }
-    void SetCurrentX(float x) override { m_currentX = static_cast<double>(x); }
+    void SetCurrentX(double x) override { m_currentX = x; }
     void SetCurrentY(float y) override { m_currentY = static_cast<double>(y); }
     double TextWidth(const QString& text) override { return PageCanvas::TextWidth(text, m_font); }
 

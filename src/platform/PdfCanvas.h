@@ -20,6 +20,7 @@ public:
     void Finish() override;
 
 private:
+    double Width() const override { return m_width; }
     void Set(const PlacedLine& placed) override { m_items.emplace_back(placed); }
     void Set(const PlacedPicture& placed) override { m_items.emplace_back(placed); }
     std::optional<PageFaces> ProvideFaces() const;

@@ -40,7 +40,7 @@ public:
     virtual void SetFontUnderline(bool on) = 0;
     virtual void SetFontStrikethrough(bool on) = 0;
     virtual void SetForeColor(ColorValue color) = 0;
-    virtual void SetCurrentX(float x) = 0;
+    virtual void SetCurrentX(double x) = 0;
     virtual void SetCurrentY(float y) = 0;
     virtual double TextWidth(const QString& text) = 0;
 

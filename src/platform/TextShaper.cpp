@@ -1,4 +1,5 @@
 #include "platform/TextShaper.h"
+#include "platform/PairWidths.h"
 #include <QCache>
 #include <QStringList>
 #include <algorithm>
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int FontsKept = 256;
 constexpr int LinesKept = 512;
+constexpr int PairFontsKept = 8;
 /// A longer line is no label that comes again; it is not kept.
 constexpr qsizetype LongestKept = 256;
 constexpr double SmallestSize = 0.1;
@@ -115,22 +117,35 @@ struct TextShaper::Caches
 {
     ObjectOf<PangoFontMap> Map{pango_cairo_font_map_new()};
     ObjectOf<PangoContext> Context;
+    /// For stretches of a line, whose direction is that of the whole line.
+    ObjectOf<PangoContext> LeftToRight;
+    ObjectOf<PangoContext> RightToLeft;
     QCache<Font, std::shared_ptr<const ResolvedFont>> Fonts{FontsKept};
     QCache<LineKey, std::shared_ptr<const ShapedLine>> Lines{LinesKept};
+    QCache<Font, PairWidths> Pairs{PairFontsKept};
     QStringList Families;
 
     Caches()
     {
         // At 72 dots to the inch a font's size in points is its size in units of the page.
         pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(Map.get()), 72.0);
-        Context.reset(pango_font_map_create_context(Map.get()));
+        for (ObjectOf<PangoContext>* context : {&Context, &LeftToRight, &RightToLeft})
+            *context = MakeContext();
+        pango_context_set_base_dir(LeftToRight.get(), PANGO_DIRECTION_LTR);
+        pango_context_set_base_dir(RightToLeft.get(), PANGO_DIRECTION_RTL);
+    }
+
+    ObjectOf<PangoContext> MakeContext() const
+    {
+        ObjectOf<PangoContext> context(pango_font_map_create_context(Map.get()));
         cairo_font_options_t* options = cairo_font_options_create();
         cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
         cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
         cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
-        pango_cairo_context_set_font_options(Context.get(), options);
+        pango_cairo_context_set_font_options(context.get(), options);
         cairo_font_options_destroy(options);
-        pango_context_set_round_glyph_positions(Context.get(), FALSE);
+        pango_context_set_round_glyph_positions(context.get(), FALSE);
+        return context;
     }
 
     std::shared_ptr<const ResolvedFont> Resolved(const Font& font)
@@ -147,10 +162,12 @@ struct TextShaper::Caches
         return made;
     }
 
-    std::shared_ptr<const ShapedLine> Shape(const QString& text, const Font& font)
+    std::shared_ptr<const ShapedLine> Shape(PangoContext* context, QStringView text,
+                                            const Font& font)
     {
         auto line = std::make_shared<ShapedLine>();
-        line->Layout.reset(pango_layout_new(Context.get()));
+        line->Layout.reset(pango_layout_new(context));
+        pango_layout_set_auto_dir(line->Layout.get(), context == Context.get() ? TRUE : FALSE);
         pango_layout_set_font_description(line->Layout.get(), Resolved(font)->Described.get());
         Decorate(line->Layout.get(), font);
         const QByteArray utf8 = text.toUtf8();
@@ -183,10 +200,27 @@ std::shared_ptr<const ShapedLine> TextShaper::Line(const QString& text, const Fo
     const LineKey key{font, text};
     if (const auto* kept = m_caches->Lines.object(key))
         return *kept;
-    auto line = m_caches->Shape(text, font);
+    auto line = m_caches->Shape(m_caches->Context.get(), text, font);
     if (text.size() <= LongestKept)
         m_caches->Lines.insert(key, new std::shared_ptr<const ShapedLine>(line));
     return line;
+}
+
+std::shared_ptr<const ShapedLine> TextShaper::Stretch(QStringView text, const Font& font,
+                                                      bool isRightToLeft)
+{
+    const auto& context = isRightToLeft ? m_caches->RightToLeft : m_caches->LeftToRight;
+    return m_caches->Shape(context.get(), text, font);
+}
+
+PairWidths& TextShaper::Pairs(const Font& font)
+{
+    PairWidths* pairs = m_caches->Pairs.object(font);
+    if (pairs == nullptr) {
+        pairs = new PairWidths(font);
+        m_caches->Pairs.insert(font, pairs);
+    }
+    return *pairs;
 }
 
 const QStringList& TextShaper::Families()
@@ -202,26 +236,34 @@ const QStringList& TextShaper::Families()
     return m_caches->Families;
 }
 
-QStringList LinesOfText(const QString& text)
+void TakeLinesOfText(const QString& text, const std::function<bool(const QString& line)>& take)
 {
-    if (std::none_of(text.begin(), text.end(), IsSpecial))
-        return {text};
-    QStringList lines;
+    if (std::none_of(text.begin(), text.end(), IsSpecial)) {
+        take(text);
+        return;
+    }
     QString line;
     char32_t before = 0;
-    const QList<uint> codes = text.toUcs4();
-    for (const char32_t code : codes) {
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        char32_t code = text[at].unicode();
+        if (text[at].isSurrogate()) {
+            const bool isPair =
+                text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+            code = isPair ? QChar::surrogateToUcs4(text[at], text[at + 1])
+                          : char32_t{QChar::ReplacementCharacter};
+            at += isPair ? 1 : 0;
+        }
         const bool isSecondHalf = before == U'\r' && code == U'\n';
         if ((code == U'\r' || code == U'\n') && !isSecondHalf) {
-            lines.append(line);
+            if (!take(line))
+                return;
             line.clear();
         } else if (!DrawsNothing(code)) {
             line.append(QChar::fromUcs4(code));
         }
         before = code;
     }
-    lines.append(line);
-    return lines;
+    take(line);
 }
 
 } // namespace vantrel

@@ -3,10 +3,13 @@
 #include "platform/Font.h"
 #include "platform/GlyphLine.h"
 #include <QString>
+#include <functional>
 #include <memory>
 #include <pango/pangocairo.h>
 
 namespace vantrel {
+
+class PairWidths;
 
 struct PangoLayoutDeleter
 {
@@ -47,6 +50,12 @@ public:
     FontHeights Heights(const Font& font);
     /// @param text  without control characters. The line is valid as long as it is held.
     std::shared_ptr<const ShapedLine> Line(const QString& text, const Font& font);
+    /// A stretch of a line in one direction, shaped by itself and not kept.
+    std::shared_ptr<const ShapedLine> Stretch(QStringView text, const Font& font,
+                                              bool isRightToLeft);
+    /// The widths in points by which characters of this font follow each other, as far as they were
+    /// asked for. Valid until another font is asked for.
+    PairWidths& Pairs(const Font& font);
     /// Installed families, in the order of the font system.
     const QStringList& Families();
 
@@ -57,6 +66,7 @@ private:
 
 /// Cuts a text where a carriage return, a line feed or both together stand and takes out all other
 /// control characters and codes that are none. There is always a first line.
-QStringList LinesOfText(const QString& text);
+/// @param take  is given each line in its turn; returns false where it wants no more
+void TakeLinesOfText(const QString& text, const std::function<bool(const QString& line)>& take);
 
 } // namespace vantrel

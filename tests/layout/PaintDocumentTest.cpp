@@ -103,7 +103,7 @@ TEST(PaintDocument, PutsATextWhereItsAlignmentSays)
         CardObject& text = AddText(test.Session, QStringLiteral("HIHI"), {400, 600, 300, 2000});
         text.Alignment = alignment;
         const double width = PageCanvas::TextWidth(text.Caption(), text.Font());
-        const double left = static_cast<double>(TextLeft(text, width));
+        const double left = TextLeft(text, width);
         const QImage image = Painted(test.Session);
         EXPECT_NEAR(FirstColumnWithInk(image), left * PixelsPerTwip, 3.0) << alignment;
     }

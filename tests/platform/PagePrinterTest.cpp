@@ -156,10 +156,10 @@ TEST_F(PagePrinterTest, ANewPageBeginsAtTheTopLeft)
 TEST_F(PagePrinterTest, ATextAlignedByItsWidthEndsAtItsObjectsEdge)
 {
     const QString text = QStringLiteral("right");
-    Printer.SetCurrentX(static_cast<float>(200 + (2000 - Printer.TextWidth(text))));
+    Printer.SetCurrentX(200 + (2000 - Printer.TextWidth(text)));
     Printer.SetCurrentY(100);
     Printer.Print(text);
-    Printer.SetCurrentX(static_cast<float>(200 + (2000 - Printer.TextWidth(text)) / 2));
+    Printer.SetCurrentX(200 + (2000 - Printer.TextWidth(text)) / 2);
     Printer.SetCurrentY(1000);
     Printer.Print(QStringLiteral("right"));
     Printer.EndDoc();

@@ -76,9 +76,9 @@ void RecordingPrinter::SetForeColor(ColorValue color)
     Note(QStringLiteral("ForeColor = %1").arg(color));
 }
 
-void RecordingPrinter::SetCurrentX(float x)
+void RecordingPrinter::SetCurrentX(double x)
 {
-    Note(QStringLiteral("CurrentX = ") + NumberText(static_cast<double>(x)));
+    Note(QStringLiteral("CurrentX = ") + NumberText(x));
 }
 
 void RecordingPrinter::SetCurrentY(float y)

@@ -35,7 +35,7 @@ public:
     void SetFontUnderline(bool on) override;
     void SetFontStrikethrough(bool on) override;
     void SetForeColor(ColorValue color) override;
-    void SetCurrentX(float x) override;
+    void SetCurrentX(double x) override;
     void SetCurrentY(float y) override;
     double TextWidth(const QString& text) override;
     void Print(const QString& text) override;

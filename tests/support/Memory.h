@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace vantrel::test {
+
+inline constexpr qint64 MiB = qint64{1} << 20;
+
+/// The sanitizer keeps for a while what was given back.
+#ifdef __SANITIZE_ADDRESS__
+inline constexpr qint64 SanitizerRoom = 512 * MiB;
+#else
+inline constexpr qint64 SanitizerRoom = 0;
+#endif
+
+/// What this process has asked for and not given back, in bytes.
+qint64 UsedMemory();
+
+/// How far the resident memory of this process rises above what it was at the beginning.
+class PeakMemory
+{
+public:
+    PeakMemory();
+    /// In bytes, without what a sanitizer may keep.
+    qint64 Grown() const;
+
+private:
+    qint64 m_before;
+};
+
+} // namespace vantrel::test
