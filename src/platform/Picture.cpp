@@ -19,7 +19,7 @@ constexpr int CacheKiB = 256 * 1024;
 constexpr qint64 MaxPixels = 64LL * 1024 * 1024;
 constexpr qint64 MaxJpegBytes = MaxPixels;
 /// Four bytes for each of so many pixels, and a head.
-constexpr qint64 MaxFileBytes = MaxPixels * 4 + 1024 * 1024;
+constexpr qint64 MaxFileBytes = MaxPixels * 4 + 1024LL * 1024;
 
 [[noreturn]] void FailInvalid()
 {

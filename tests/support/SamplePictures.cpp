@@ -102,7 +102,7 @@ QByteArray MaskedBmp()
     file += Little(40, 4) + Little(SampleWidth, 4) + Little(SampleHeight, 4) + Little(1, 2) +
             Little(32, 2) + Little(3, 4) + Little(0, 20);
     file += Little(0xFF0000, 4) + Little(0xFF00, 4) + Little(0xFF, 4);
-    return file + QByteArray(SampleWidth * SampleHeight * 4, '\x55');
+    return file + QByteArray(qsizetype{SampleWidth} * SampleHeight * 4, '\x55');
 }
 
 /// A portable file of numbers as text.
