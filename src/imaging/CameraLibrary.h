@@ -14,6 +14,8 @@ public:
     /// Asks for one picture and returns at once. `mode` is always 8; the third number is neither
     /// set nor read by the caller. A camera that cannot answer stays silent.
     virtual void Expose(int& flashMode, int& mode, int& third) = 0;
+    /// What an operator is to know where no such camera is there; empty where one is.
+    virtual QString Absence() const { return {}; }
 
 Q_SIGNALS:
     void PictureAvailable(const vantrel::Picture& picture);

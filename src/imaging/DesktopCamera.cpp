@@ -1,4 +1,5 @@
 #include "imaging/DesktopCamera.h"
+#include "app/DesktopControls.h"
 #include "app/Session.h"
 #include "app/Settings.h"
 #include <QCamera>
@@ -6,6 +7,7 @@
 #include <QImageCapture>
 #include <QMediaCaptureSession>
 #include <QMediaDevices>
+#include <utility>
 
 namespace vantrel {
 
@@ -51,11 +53,24 @@ private:
     bool m_asked = false;
 };
 
-/// Where there is no camera.
+/// Where there is no camera, or not the one of that name.
 class NoCamera : public Cam
 {
 public:
+    explicit NoCamera(QString name) : m_name(std::move(name)) {}
     void Expose(int& /*flashMode*/, int& /*mode*/, int& /*third*/) override {}
+    QString Absence() const override
+    {
+        const QString camera =
+            m_name.isEmpty() ? QStringLiteral("There is no camera.")
+                             : QStringLiteral("There is no camera \"%1\".").arg(ShownLine(m_name));
+        return camera + QStringLiteral(" To take the pictures from a folder, write Camera=folder: "
+                                       "and its path into the section [Station] of "
+                                       "\"Vantrel 6.ini\".");
+    }
+
+private:
+    QString m_name;
 };
 
 } // namespace
@@ -65,12 +80,12 @@ std::unique_ptr<Cam> MakeCamera(const Session& session)
     const QString wanted = StationOption(session, QStringLiteral("Camera"));
     if (wanted.startsWith(FolderWord))
         return std::make_unique<FolderCamera>(wanted.mid(FolderWord.size()));
-    const bool any = wanted.isEmpty() || wanted == DefaultDevice;
+    const bool any = wanted.isEmpty() || wanted.compare(DefaultDevice, Qt::CaseInsensitive) == 0;
     for (const QCameraDevice& device : QMediaDevices::videoInputs()) {
         if (any ? device.isDefault() : device.description() == wanted)
             return std::make_unique<DeviceCamera>(device);
     }
-    return std::make_unique<NoCamera>();
+    return std::make_unique<NoCamera>(any ? QString() : wanted);
 }
 
 } // namespace vantrel

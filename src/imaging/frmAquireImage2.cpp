@@ -70,7 +70,14 @@ QLayout* frmAquireImage2::MakePicture()
     grid->addWidget(m_original, 0, 0);
     grid->addWidget(m_vertical, 0, 1);
     grid->addWidget(m_horizontal, 1, 0);
-    grid->setRowStretch(2, 1);
+    auto* absence = MakeControl<QLabel>("lblNoCamera", this);
+    absence->setTextFormat(Qt::PlainText);
+    absence->setText(m_camera->Absence());
+    absence->setWordWrap(true);
+    absence->setFixedWidth(PictureSize.width());
+    absence->setVisible(!absence->text().isEmpty());
+    grid->addWidget(absence, 2, 0);
+    grid->setRowStretch(3, 1);
     return grid;
 }
 

@@ -11,6 +11,7 @@
 #include "support/Layouts.h"
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
@@ -214,6 +215,34 @@ TEST(CameraDialog, ACameraThatNeverAnswersDoesNoHarm)
     station.Mouse(QEvent::MouseButtonPress, {240, 180}, Qt::LeftButton);
     EXPECT_TRUE(EventsUntil([&] { return station.Dialog.isNull(); }));
     CaptureSettings()->remove(QString());
+}
+
+TEST(CameraDialog, SaysThatThereIsNoCameraAndHowToNameAFolder)
+{
+    CameraStation station;
+    const auto lineFor = [&](const QString& camera) {
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(station.Session), QStringLiteral("Station"),
+                                      QStringLiteral("Camera"), camera));
+        station.Open();
+        const auto& line = station.On<QLabel>("lblNoCamera");
+        EXPECT_EQ(line.textFormat(), Qt::PlainText);
+        const QString shown = line.isVisible() ? line.text() : QString();
+        station.Click("cmdClose");
+        EXPECT_TRUE(EventsUntil([&] { return station.Dialog.isNull(); }));
+        return shown;
+    };
+    const QString named = lineFor(QStringLiteral("<b>No such device</b>"));
+    EXPECT_TRUE(named.startsWith(QStringLiteral("There is no camera \"<b>No such device</b>\".")))
+        << named.toStdString();
+    for (const char* part : {"Camera=folder:", "[Station]", "Vantrel 6.ini"})
+        EXPECT_TRUE(named.contains(QLatin1StringView(part))) << part;
+    const QString any = lineFor(QStringLiteral("default"));
+    // A machine that runs this may have one.
+    EXPECT_TRUE(any.isEmpty() || any.startsWith(QStringLiteral("There is no camera.")))
+        << any.toStdString();
+    EXPECT_EQ(
+        lineFor(QStringLiteral("folder:") + station.Session.PathInFolder(QStringLiteral("faces"))),
+        QString());
 }
 
 TEST(CameraDialog, APressBeforeAnyPictureTakesWhatTheScreenShows)
