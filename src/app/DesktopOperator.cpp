@@ -1,6 +1,7 @@
 #include "app/DesktopOperator.h"
 #include "app/DesktopColor.h"
 #include "app/DesktopFont.h"
+#include "app/DesktopOwner.h"
 #include "app/frmMessage.h"
 #include <QApplication>
 #include <QColorDialog>
@@ -33,13 +34,21 @@ QMessageBox::Icon SignOf(BoxIcon icon)
     return QMessageBox::NoIcon;
 }
 
+/// Shows a box that belongs to the window it comes from, and waits. The main window owns it all the
+/// same: another window may go while the box stands.
+int Ask(QDialog& box)
+{
+    BelongTo(box, WindowInUse());
+    return box.exec();
+}
+
 } // namespace
 
 bool DesktopOperator::ShowAppMessage(const QString& text, const QString& title,
                                      AppMessageButtons buttons)
 {
     frmMessage box(text, title, buttons, m_mainWindow);
-    return box.exec() == QDialog::Accepted;
+    return Ask(box) == QDialog::Accepted;
 }
 
 void DesktopOperator::MessageBox(const QString& text, const QString& title, BoxIcon icon)
@@ -48,7 +57,7 @@ void DesktopOperator::MessageBox(const QString& text, const QString& title, BoxI
     SetPlainText(box, title, text);
     box.setIcon(SignOf(icon));
     box.setStandardButtons(QMessageBox::Ok);
-    box.exec();
+    Ask(box);
 }
 
 bool DesktopOperator::AskYesNo(const QString& text, const QString& title)
@@ -57,7 +66,7 @@ bool DesktopOperator::AskYesNo(const QString& text, const QString& title)
     SetPlainText(box, title, text);
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    return Ask(box) == QMessageBox::Yes;
 }
 
 BoxAnswer DesktopOperator::AskYesNoCancel(const QString& text, const QString& title)
@@ -66,7 +75,7 @@ BoxAnswer DesktopOperator::AskYesNoCancel(const QString& text, const QString& ti
     SetPlainText(box, title, text);
     box.setIcon(QMessageBox::Question);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-    switch (box.exec()) {
+    switch (Ask(box)) {
     case QMessageBox::Yes:
         return BoxAnswer::Yes;
     case QMessageBox::No:
@@ -83,7 +92,7 @@ QString DesktopOperator::InputBox(const QString& prompt, const QString& title,
     box.setWindowTitle(title);
     box.setLabelText(prompt);
     box.setTextValue(present);
-    return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+    return Ask(box) == QDialog::Accepted ? box.textValue() : QString();
 }
 
 std::optional<Font> DesktopOperator::AskFont(const Font& present)
@@ -91,7 +100,7 @@ std::optional<Font> DesktopOperator::AskFont(const Font& present)
     QFontDialog box(DialogFont(present), m_mainWindow);
     box.setOption(QFontDialog::DontUseNativeDialog);
     const Font shown = StoredFont(box.currentFont());
-    if (box.exec() != QDialog::Accepted)
+    if (Ask(box) != QDialog::Accepted)
         return std::nullopt;
     Font chosen = StoredFont(box.selectedFont());
     // The dialog knows whole sizes and installed fonts only; what it was left at stays as it was.
@@ -106,7 +115,7 @@ std::optional<ColorValue> DesktopOperator::AskColor(ColorValue present)
 {
     QColorDialog box(ColorOf(present), m_mainWindow);
     box.setOption(QColorDialog::DontUseNativeDialog);
-    if (box.exec() != QDialog::Accepted)
+    if (Ask(box) != QDialog::Accepted)
         return std::nullopt;
     return ColorValueOf(box.selectedColor());
 }

@@ -11,7 +11,7 @@ namespace vantrel {
 class DesktopOperator : public Operator
 {
 public:
-    /// Boxes stand over this window from now on; until there is one they stand free.
+    /// Boxes are owned by this window from now on; until there is one they stand free.
     void SetMainWindow(QWidget* window) { m_mainWindow = window; }
 
     bool ShowAppMessage(const QString& text, const QString& title,

@@ -1,6 +1,8 @@
 #include "app/frmMain.h"
 #include "app/Background.h"
 #include "app/DesktopAccess.h"
+#include "app/DesktopFrameAccess.h"
+#include "app/DesktopToolTip.h"
 #include "app/DesktopTray.h"
 #include "app/MainRuntime.h"
 #include "app/RunTimeError.h"
@@ -39,6 +41,7 @@ frmMain::frmMain(Session& session, Display display)
       m_workspace(new QMdiArea(this)), m_menu(new MainMenu(session, *this)),
       m_document(new frmDocument(session)), m_nav(new frmNav(session, m_workspace))
 {
+    TellAs<frmMain, QAccessible::Window, FrameAccess>();
     setObjectName(QStringLiteral("frmMain"));
     m_workspace->setObjectName(QStringLiteral("Workspace"));
     // Of itself it tells of the card only, and not of the navigator.
@@ -214,7 +217,7 @@ void frmMain::ShowPanel(int number)
 {
     const Panel& panel = m_session.Face.StatusPanel(number);
     m_panels[number - 1]->setText(panel.Text);
-    m_panels[number - 1]->setToolTip(panel.ToolTip);
+    SetPlainToolTip(*m_panels[number - 1], panel.ToolTip);
 }
 
 void frmMain::ShowOrHide(bool visible)

@@ -1,16 +1,15 @@
 #include "capture/frmToolbar.h"
 #include "app/DesktopControls.h"
+#include "app/DesktopToolTip.h"
 #include "app/Session.h"
 #include "capture/DataSettings.h"
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QHelpEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QToolTip>
 
 namespace vantrel {
 
@@ -35,7 +34,7 @@ frmToolbar::frmToolbar(Session& session, QWidget* parent)
     ShowDelimiters(PresentDataSettings(m_session));
     // Codes are decoded from the first change on.
     for (QLineEdit* box : {m_start, m_delimiter, m_end})
-        box->setToolTip(WrittenToolTip(box->text()));
+        SetPlainToolTip(*box, WrittenToolTip(box->text()));
     LoadFilterList();
     LayOut();
     PlaceBySizeOf(*this, parent, AboveMiddle);
@@ -45,9 +44,8 @@ QLineEdit* frmToolbar::MakeDelimiterBox(const char* name, const QString& what)
 {
     auto* box = MakeControl<QLineEdit>(name, this);
     box->setAccessibleName(what);
-    box->installEventFilter(this);
     connect(box, &QLineEdit::textChanged, box,
-            [box](const QString& text) { box->setToolTip(DecodedToolTip(text)); });
+            [box](const QString& text) { SetPlainToolTip(*box, DecodedToolTip(text)); });
     return box;
 }
 
@@ -117,17 +115,6 @@ void frmToolbar::Save()
     SaveDataSettings(
         m_session, {{m_start->text(), m_delimiter->text(), m_end->text()}, m_buffer->isChecked()});
     close();
-}
-
-bool frmToolbar::eventFilter(QObject* watched, QEvent* event)
-{
-    auto* box = qobject_cast<QLineEdit*>(watched);
-    if (box == nullptr || event->type() != QEvent::ToolTip)
-        return QDialog::eventFilter(watched, event);
-    // A delimiter such as "<b>" is no markup.
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                       Qt::convertFromPlainText(box->toolTip()), box);
-    return true;
 }
 
 } // namespace vantrel

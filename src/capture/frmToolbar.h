@@ -21,9 +21,6 @@ class frmToolbar : public QDialog
 public:
     frmToolbar(Session& session, QWidget* parent);
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     QLineEdit* MakeDelimiterBox(const char* name, const QString& what);
     void LayOut();

@@ -1,6 +1,8 @@
 #include "layout/frmDocument.h"
+#include "app/DesktopAccess.h"
 #include "app/ScreenUnits.h"
 #include "app/Session.h"
+#include "layout/DesktopCardAccess.h"
 #include "layout/DocumentForm.h"
 #include "layout/ObjectMenu.h"
 #include "platform/PageCanvas.h"
@@ -36,9 +38,11 @@ void PaintSurround(QPainter& painter, const QRect& card)
 frmDocument::frmDocument(Session& session, QWidget* parent)
     : QMdiSubWindow(parent, Qt::SubWindow | Qt::FramelessWindowHint), m_session(session)
 {
+    TellAs<frmDocument, QAccessible::Window, CardAccess>();
     setObjectName(QStringLiteral("frmDocument"));
     // It has no title bar; this is its name for who cannot see it.
     setWindowTitle(QStringLiteral("Card"));
+    setAccessibleName(windowTitle());
     // The shadow lies on the workspace.
     setAutoFillBackground(false);
     setMouseTracking(true);
@@ -51,6 +55,8 @@ frmDocument::frmDocument(Session& session, QWidget* parent)
     connect(&document, &CardDocument::Hidden, this, &frmDocument::MirrorSoon);
     connect(&document, &CardDocument::Changed, this, &frmDocument::MirrorSoon);
 }
+
+frmDocument::~frmDocument() = default;
 
 void frmDocument::MirrorSoon()
 {
@@ -69,8 +75,9 @@ void frmDocument::Mirror()
     if (document.Drag.Mode == DragMode::None) {
         // The document a drag was on may have gone, and another may have come since.
         m_band.reset();
-        m_confined = false;
+        ReleaseMouse();
     }
+    TellChanges();
     if (!document.IsLoaded() || !document.IsShown()) {
         hide();
         return;
@@ -81,6 +88,15 @@ void frmDocument::Mirror()
         setGeometry(surrounded);
     show();
     update();
+}
+
+void frmDocument::TellChanges()
+{
+    // Nobody listens at most stations.
+    if (!QAccessible::isActive())
+        return;
+    if (auto* told = dynamic_cast<CardAccess*>(QAccessible::queryAccessibleInterface(this)))
+        told->Follow();
 }
 
 void frmDocument::DrawCard()

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "layout/CardObject.h"
 #include "layout/DesignSurface.h"
 #include <QImage>
 #include <QMdiSubWindow>
+#include <memory>
 #include <optional>
 
 namespace vantrel {
 
-class CardObject;
+class CardDocument;
 class Session;
 
 /// The card on the workspace, and the designer's surface. It paints the document through the
@@ -19,6 +21,7 @@ class frmDocument : public QMdiSubWindow, private DesignScreen
 
 public:
     explicit frmDocument(Session& session, QWidget* parent = nullptr);
+    ~frmDocument() override;
 
     /// Takes over place, size and visibility of the document.
     void Mirror();
@@ -26,6 +29,15 @@ public:
     const QImage& CardPicture();
     /// Where the card lies in the window, in its pixels. A shadow stands around it.
     QRect CardRect() const;
+
+    const CardDocument& Document() const;
+    /// An object that shows on the card; null where there is none, and for what is no object, such
+    /// as a grip.
+    const CardObject* ShownObject(Family family, int index) const;
+    /// What of the page is under a point of the window, the topmost first; none is the empty page.
+    CardObject* ObjectAt(const QPointF& position) const;
+    /// Where an object stands on the screen, in its pixels.
+    QRect ScreenBoxOf(const CardObject& object) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -48,11 +60,10 @@ private:
     void CloseSizeDialog() override;
 
     void MirrorSoon();
+    void TellChanges();
     void DrawCard();
     void PaintDesign(QPainter& painter) const;
     void TakeCursor(const QMouseEvent& event);
-    /// What of the page is under a point of the window, the topmost first; none is the empty page.
-    CardObject* ObjectAt(const QPointF& position) const;
     CardObject* GripAt(const QPointF& position) const;
     QRect BoxOf(const CardObject& object) const;
 
@@ -62,6 +73,8 @@ private:
     bool m_mirrorAsked = false;
     Point m_cursor;
     bool m_confined = false;
+    /// Looks out for a drag's release while the mouse is with the form.
+    std::unique_ptr<QObject> m_releaseWatch;
     /// The press went to an object that keeps its release.
     bool m_objectHasMouse = false;
     std::optional<CRect> m_band;

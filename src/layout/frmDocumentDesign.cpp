@@ -2,6 +2,7 @@
 #include "app/Session.h"
 #include "layout/frmDocument.h"
 #include "layout/frmSize.h"
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -55,6 +56,33 @@ void PaintOutline(QPainter& painter, const CardObject& object, const QRect& box)
     painter.drawRect(box.adjusted(0, 0, -1, -1));
 }
 
+/// Ends a drag whose left button is released over something else of this program, such as a menu
+/// that has come up meanwhile and has the mouse now: the form is still to have that release.
+class ReleaseWatch : public QObject
+{
+public:
+    ReleaseWatch(QWidget& form, Session& session, DesignScreen& screen)
+        : m_form(form), m_session(session), m_screen(screen)
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseButtonRelease && watched->isWidgetType() &&
+            watched != &m_form && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            // This ends with the drag.
+            ReleaseButton(m_session, m_screen, MouseButton::Left);
+        }
+        return false;
+    }
+
+private:
+    QWidget& m_form;
+    Session& m_session;
+    DesignScreen& m_screen;
+};
+
 } // namespace
 
 FormOnScreen frmDocument::Form() const
@@ -78,11 +106,14 @@ void frmDocument::CaptureMouse()
     // A pressed button keeps the mouse with its window. No display confines a pointer for sure, so
     // its position is taken no further than the form.
     m_confined = true;
+    m_releaseWatch =
+        std::make_unique<ReleaseWatch>(*this, m_session, static_cast<DesignScreen&>(*this));
 }
 
 void frmDocument::ReleaseMouse()
 {
     m_confined = false;
+    m_releaseWatch.reset();
 }
 
 void frmDocument::CloseSizeDialog()
@@ -109,14 +140,33 @@ CardObject* frmDocument::GripAt(const QPointF& position) const
     return nullptr;
 }
 
+const CardDocument& frmDocument::Document() const
+{
+    return m_session.Document;
+}
+
+const CardObject* frmDocument::ShownObject(Family family, int index) const
+{
+    const CardObject* const object = m_session.Document.Find(family, index);
+    const bool shows = object != nullptr && index > 0 && object->Visible &&
+                       (object->IsLabel() || object->IsImage());
+    return shows ? object : nullptr;
+}
+
 CardObject* frmDocument::ObjectAt(const QPointF& position) const
 {
     const auto& objects = m_session.Document.Objects();
     const auto found = std::find_if(objects.rbegin(), objects.rend(), [&](const auto& object) {
-        return object->Index() > 0 && (object->IsLabel() || object->IsImage()) && object->Visible &&
+        return ShownObject(object->Family(), object->Index()) != nullptr &&
                BoxOf(*object).contains(position.toPoint());
     });
     return found == objects.rend() ? nullptr : found->get();
+}
+
+QRect frmDocument::ScreenBoxOf(const CardObject& object) const
+{
+    const QRect box = BoxOf(object);
+    return {mapToGlobal(box.topLeft()), box.size()};
 }
 
 void frmDocument::TakeCursor(const QMouseEvent& event)

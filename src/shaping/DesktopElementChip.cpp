@@ -1,6 +1,7 @@
 #include "shaping/DesktopElementChip.h"
 #include "app/DesktopAccess.h"
 #include "app/DesktopColor.h"
+#include "app/DesktopToolTip.h"
 #include <QPainter>
 #include <QPixmap>
 #include <algorithm>
@@ -79,7 +80,7 @@ void DesktopElementChip::Show(const ElementLook& look, const QString& toolTip)
 {
     m_look = look;
     setText(look.Caption);
-    setToolTip(toolTip.toHtmlEscaped());
+    SetPlainToolTip(*this, toolTip);
     setAccessibleName(look.Name);
     updateGeometry();
     update();

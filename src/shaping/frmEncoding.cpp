@@ -1,5 +1,6 @@
 #include "shaping/frmEncoding.h"
 #include "app/DesktopControls.h"
+#include "app/DesktopOwner.h"
 #include "app/RunTimeError.h"
 #include "app/Session.h"
 #include "platform/Skip.h"
@@ -164,6 +165,7 @@ void frmEncoding::OpenPad(int track, int index)
     const PadResult present = ReadPad(m_composer.Find(track, index)->LinkItem);
     Skip("ask for padding", [&] {
         frmPad pad(m_session, parentWidget());
+        BelongTo(pad, this);
         pad.Show_Data(present.PadChars, present.PadLen, present.PadDirection);
     });
     if (self.isNull())

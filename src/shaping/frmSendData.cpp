@@ -95,7 +95,7 @@ QLayout* frmSendData::MakeSpacing()
     arrows->SetValue(FirstDigits);
     connect(arrows, &DesktopUpDown::ValueChanged, m_digitCount,
             [this](int digits) { m_digitCount->setText(QString::number(digits)); });
-    connect(m_digitCount, &QLineEdit::textEdited, arrows, [arrows](const QString& text) {
+    connect(m_digitCount, &QLineEdit::textChanged, arrows, [arrows](const QString& text) {
         // What was typed stays as it is; the arrows only count on from it.
         const QSignalBlocker keepText(arrows);
         Skip("count digits", [&] { arrows->SetValue(ToInteger(text)); });

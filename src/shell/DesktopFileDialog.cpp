@@ -1,4 +1,5 @@
 #include "shell/DesktopFileDialog.h"
+#include "app/DesktopOwner.h"
 #include <QFileDialog>
 
 namespace vantrel {
@@ -27,6 +28,7 @@ void DesktopFileDialog::ShowOpen()
                              pattern + QLatin1Char(')'));
     if (!FileName.isEmpty())
         dialog.selectFile(FileName);
+    BelongTo(dialog, WindowInUse());
     if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
         FileName = dialog.selectedFiles().constFirst();
 }

@@ -84,7 +84,9 @@ QMenu* MainMenu::MakeMenu(const MenuRow& row)
 {
     auto* menu = new QMenu(QLatin1StringView(row.Caption), &m_window);
     menu->setObjectName(QLatin1StringView(row.Name));
-    menu->setAccessibleName(menu->title().remove(QLatin1Char('&')));
+    // The only menu without a caption is that of the workspace.
+    menu->setAccessibleName(menu->title().isEmpty() ? QStringLiteral("Workspace")
+                                                    : menu->title().remove(QLatin1Char('&')));
     QMenu* parent = FindMenu(row.Parent);
     if (parent != nullptr)
         parent->addMenu(menu);

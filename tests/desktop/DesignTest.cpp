@@ -3,8 +3,10 @@
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QAction>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QMenu>
+#include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -158,6 +160,35 @@ TEST(Designer, AnotherButtonPressedInADragGoesToTheForm)
         ExpectBox(designer.Object(Family::lbl_TEXT), 400, 300, 1500, 300);
         ExpectBox(designer.Object(Family::lbl_DATA), 400, 900, 1500, 300);
     }
+}
+
+TEST(Designer, ADragEndsWithItsReleaseOverAMenuThatCameUpMeanwhile)
+{
+    Designer designer;
+    QWindow* const frame = designer.Window.windowHandle();
+    const auto at = [&](QPoint point) { return designer.Form->mapTo(&designer.Window, point); };
+    // Where the band is left, away from the grips.
+    const auto seen = [&] {
+        const QRect around(designer.At(900, 2200), designer.At(3000, 3200));
+        return designer.Form->grab(around).toImage();
+    };
+    const QImage before = seen();
+    const QPoint object = at(designer.At(600, 375));
+    const QPoint away = at(designer.At(1500, 2500));
+    QTest::mousePress(frame, Qt::LeftButton, {}, object);
+    QTest::mouseMove(frame, away);
+    QTest::mousePress(frame, Qt::RightButton, {}, away);
+    QTest::mouseRelease(frame, Qt::RightButton, {}, away);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->objectName(), QStringLiteral("mnuData"));
+    ASSERT_NE(designer.Session.Document.Drag.Mode, DragMode::None);
+    ASSERT_NE(seen(), before);
+    QTest::mouseRelease(frame, Qt::LeftButton, {}, away);
+    EXPECT_EQ(designer.Session.Document.Drag.Mode, DragMode::None);
+    Designer::TakePopUp();
+    EXPECT_EQ(seen(), before);
+    ExpectBox(designer.Object(Family::lbl_TEXT), 400, 300, 1500, 300);
 }
 
 TEST(Designer, ADragWhoseReleaseWasLostEndsWithTheNextClick)

@@ -1,12 +1,18 @@
+#include "app/DesktopControls.h"
 #include "app/DesktopOperator.h"
 #include "app/frmMessage.h"
 #include "desktop/DesktopStation.h"
+#include "shaping/frmEncoding.h"
+#include "support/Events.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QWindow>
+#include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace vantrel::test {
 namespace {
@@ -96,6 +102,71 @@ TEST(MessageBox, StandsInTheMiddleOfTheMainWindow)
     constexpr int FrameAllowance = 10;
     const QPoint off = box.geometry().center() - station.Window.frameGeometry().center();
     EXPECT_LE(off.manhattanLength(), FrameAllowance);
+}
+
+/// What every box is asked for by; none changes anything where it is refused.
+const std::pair<const char*, std::function<void(DesktopOperator&)>> Boxes[] = {
+    {"app message",
+     [](DesktopOperator& desk) {
+         desk.ShowAppMessage(QStringLiteral("A"), {}, AppMessageButtons::YesNo);
+     }},
+    {"box",
+     [](DesktopOperator& desk) {
+         desk.MessageBox(QStringLiteral("A"), QStringLiteral("B"), BoxIcon::None);
+     }},
+    {"question",
+     [](DesktopOperator& desk) { desk.AskYesNo(QStringLiteral("A"), QStringLiteral("B")); }},
+    {"question with cancel",
+     [](DesktopOperator& desk) { desk.AskYesNoCancel(QStringLiteral("A"), QStringLiteral("B")); }},
+    {"input", [](DesktopOperator& desk) { desk.InputBox(QStringLiteral("A"), {}, {}); }},
+    {"font", [](DesktopOperator& desk) { desk.AskFont({}); }},
+    {"color", [](DesktopOperator& desk) { desk.AskColor(0); }},
+};
+
+TEST(MessageBox, BelongsToTheWindowItComesFrom)
+{
+    DesktopStation station;
+    station.WithLayout();
+    station.Load();
+    DesktopOperator desk;
+    desk.SetMainWindow(&station.Window);
+    const auto ownerOfNext = [&](const auto& ask) {
+        const QWindow* owner = nullptr;
+        WithNextBox([&](QWidget& box) {
+            owner = box.windowHandle()->transientParent();
+            // Whoever owns it lives as long as any box.
+            EXPECT_EQ(box.parentWidget(), &station.Window);
+            static_cast<QDialog&>(box).done(QDialog::Rejected);
+        });
+        ask(desk);
+        return owner;
+    };
+    station.Window.activateWindow();
+    for (const auto& [name, ask] : Boxes)
+        EXPECT_EQ(ownerOfNext(ask), station.Window.windowHandle()) << name;
+    auto& composer = OpenDialog<frmEncoding>(station.Session, &station.Window);
+    for (const auto& [name, ask] : Boxes) {
+        composer.activateWindow();
+        ASSERT_TRUE(EventsUntil([&] { return composer.isActiveWindow(); }));
+        EXPECT_EQ(ownerOfNext(ask), composer.windowHandle()) << name;
+    }
+}
+
+TEST(MessageBox, OutlivesTheWindowItComesFrom)
+{
+    DesktopStation station;
+    station.WithLayout();
+    station.Load();
+    DesktopOperator desk;
+    desk.SetMainWindow(&station.Window);
+    auto& composer = OpenDialog<frmEncoding>(station.Session, &station.Window);
+    ASSERT_TRUE(EventsUntil([&] { return composer.isActiveWindow(); }));
+    WithNextBox([&](QWidget& box) {
+        delete &composer;
+        EXPECT_TRUE(box.isVisible());
+        Button(box, "cmdOk").click();
+    });
+    EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("A"), {}, AppMessageButtons::YesNo));
 }
 
 TEST(MessageBox, PlainBoxesShowTheirTextAsItStands)

@@ -6,6 +6,7 @@
 #include "shaping/frmSendData.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
@@ -176,6 +177,17 @@ TEST(SequenceWindow, TheArrowsCountOnFromTheDigitsThatWereTyped)
     EXPECT_EQ(digits.text(), QStringLiteral("x"));
     arrows.DownButton().click();
     EXPECT_EQ(digits.text(), QStringLiteral("12"));
+}
+
+TEST(SequenceWindow, TheArrowsCountOnFromDigitsThatAScreenReaderSet)
+{
+    SequenceWindow window;
+    auto& digits = window.On<QLineEdit>("txtDigitCount");
+    QAccessible::queryAccessibleInterface(&digits)->setText(QAccessible::Value,
+                                                            QStringLiteral("12"));
+    EXPECT_EQ(digits.text(), QStringLiteral("12"));
+    window.On<DesktopUpDown>("ccrpUpDown1").UpButton().click();
+    EXPECT_EQ(digits.text(), QStringLiteral("13"));
 }
 
 class FormsWindow : public StationWithDialog<frmForms>

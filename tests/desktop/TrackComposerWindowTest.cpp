@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -262,6 +263,15 @@ TEST_F(TrackComposerWindow, ThePaddingDialogShowsTheElementsPartsAndItsCancelLos
     });
     Hand->DoubleClick("T1Element(1)");
     EXPECT_EQ(Dialog->Ostrand_Encode(1), QStringLiteral("FD^0^0^4"));
+}
+
+TEST_F(TrackComposerWindow, ThePaddingDialogBelongsToTheComposer)
+{
+    OpenWith(QStringLiteral("FD0^8^0^2"));
+    WhilePadding([this](frmPad& pad) {
+        EXPECT_EQ(pad.windowHandle()->transientParent(), Dialog->windowHandle());
+    });
+    Hand->DoubleClick("T1Element(1)");
 }
 
 TEST_F(TrackComposerWindow, ThePaddingDialogMayOutliveTheComposer)

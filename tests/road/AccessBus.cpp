@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
+#include <utility>
 
 namespace vantrel::test {
 
@@ -20,6 +21,7 @@ namespace {
 constexpr int LimitMs = 20000;
 const QString Registry = QStringLiteral("org.a11y.atspi.Registry");
 const QString Root = QStringLiteral("/org/a11y/atspi/accessible/root");
+constexpr int ActiveBit = 1;
 constexpr int ShowingBit = 25;
 constexpr qint64 FirstDisplay = 1000;
 constexpr qint64 Displays = 50000;
@@ -98,12 +100,22 @@ QString Seen::Role() const
     return Call("GetRoleName").toString();
 }
 
-bool Seen::IsShowing() const
+bool Seen::Is(int state) const
 {
     const QVariant answer = Call("GetState");
     if (!answer.canConvert<QDBusArgument>())
         return false;
-    return ((qdbus_cast<QList<std::uint32_t>>(answer).value(0) >> ShowingBit) & 1U) != 0;
+    return ((qdbus_cast<QList<std::uint32_t>>(answer).value(0) >> state) & 1U) != 0;
+}
+
+bool Seen::IsShowing() const
+{
+    return Is(ShowingBit);
+}
+
+bool Seen::IsActive() const
+{
+    return Is(ActiveBit);
 }
 
 QList<Seen> Seen::Children() const
@@ -135,6 +147,15 @@ QString Seen::LabelName() const
         each.endArray();
     });
     return name;
+}
+
+QRect Seen::Place() const
+{
+    constexpr std::uint32_t onScreen = 0;
+    const QVariant answer = Call("GetExtents", "Component", {onScreen});
+    if (!answer.canConvert<QDBusArgument>())
+        return {};
+    return qdbus_cast<QRect>(answer);
 }
 
 void Seen::Press() const
@@ -189,8 +210,10 @@ AccessBus::AccessBus()
 AccessBus::~AccessBus()
 {
     QDBusConnection::disconnectFromBus(m_folder.path());
-    for (QProcess* process : {&m_launcher, &m_sessionBus, &m_screen})
-        End(*process);
+    for (QProcess* process : {&m_windowManager, &m_launcher, &m_sessionBus, &m_screen}) {
+        if (process->state() != QProcess::NotRunning)
+            End(*process);
+    }
     EXPECT_TRUE(EventsUntil([] { return ::waitpid(-1, nullptr, WNOHANG) == -1; }))
         << "a process of the bus is left behind";
 }
@@ -265,6 +288,41 @@ void AccessBus::StartAccessBus()
 QList<Seen> AccessBus::Programs() const
 {
     return Seen(QDBusConnection(m_folder.path()), Registry, Root).Children();
+}
+
+void AccessBus::Generate(const char* method, const QVariantList& arguments) const
+{
+    auto call = QDBusMessage::createMethodCall(
+        Registry, QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller"),
+        QStringLiteral("org.a11y.atspi.DeviceEventController"), QLatin1StringView(method));
+    call.setArguments(arguments);
+    const QDBusMessage answer = QDBusConnection(m_folder.path()).call(call, QDBus::Block, LimitMs);
+    EXPECT_EQ(answer.type(), QDBusMessage::ReplyMessage) << answer.errorMessage().toStdString();
+}
+
+void AccessBus::RightClick(QPoint point) const
+{
+    Generate("GenerateMouseEvent", {point.x(), point.y(), QStringLiteral("b3c")});
+}
+
+void AccessBus::PressAltF4() const
+{
+    constexpr int alt = 64;
+    constexpr int f4 = 70;
+    constexpr std::uint32_t press = 0;
+    constexpr std::uint32_t release = 1;
+    for (const auto& [key, what] :
+         {std::pair(alt, press), {f4, press}, {f4, release}, {alt, release}})
+        Generate("GenerateKeyboardEvent", {key, QString(), what});
+}
+
+void AccessBus::StartWindowManager()
+{
+    const QString ready = m_folder.filePath(QStringLiteral("managed"));
+    Start(m_windowManager, QStringLiteral("openbox"),
+          {QStringLiteral("--sm-disable"), QStringLiteral("--startup"),
+           QStringLiteral("touch ") + ready});
+    EXPECT_TRUE(EventsUntil([&] { return QFile::exists(ready); }));
 }
 
 } // namespace vantrel::test

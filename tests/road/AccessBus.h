@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QMap>
 #include <QProcess>
+#include <QRect>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <functional>
@@ -23,9 +24,13 @@ public:
     /// Its role in the words of the accessibility bus, such as "push button".
     QString Role() const;
     bool IsShowing() const;
+    /// Whether it is the window that has the keyboard.
+    bool IsActive() const;
     QList<Seen> Children() const;
     /// The name of the label that stands for it; empty where there is none.
     QString LabelName() const;
+    /// Where it stands on the screen, in pixels.
+    QRect Place() const;
     /// Does what a press of it does. Fails the test where it cannot be pressed.
     void Press() const;
 
@@ -35,6 +40,7 @@ public:
     Seen Child(const QString& name) const;
 
 private:
+    bool Is(int state) const;
     QVariant Call(const char* method, const char* interface = "Accessible",
                   const QVariantList& arguments = {}) const;
     QString Text(const char* property) const;
@@ -58,12 +64,20 @@ public:
     const QMap<QString, QString>& Environment() const { return m_environment; }
     /// The programs that tell of themselves.
     QList<Seen> Programs() const;
+    /// Presses the right button of the mouse there and lets it go.
+    void RightClick(QPoint point) const;
+    /// Holds Alt and presses F4.
+    void PressAltF4() const;
+    /// Has a window manager on the screen from now on.
+    void StartWindowManager();
 
 private:
     void StartScreen();
     void StartSessionBus();
     /// Over the session's bus programs find the one of the screen readers.
     void StartAccessBus();
+    /// Calls the one that makes the events of a mouse and a keyboard.
+    void Generate(const char* method, const QVariantList& arguments) const;
     void Start(QProcess& process, const QString& program, const QStringList& arguments);
 
     QTemporaryDir m_folder;
@@ -71,6 +85,7 @@ private:
     QProcess m_screen;
     QProcess m_sessionBus;
     QProcess m_launcher;
+    QProcess m_windowManager;
 };
 
 } // namespace vantrel::test

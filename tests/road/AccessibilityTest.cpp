@@ -54,6 +54,8 @@ protected:
         BeginLayout(Folder.Session, QStringLiteral("Badge"));
         Folder.Session.CurrentParams.AutoSpool = false;
         AddField(Folder.Session, 1);
+        AddText(Folder.Session, QStringLiteral("Visitor"), {1500, 300, 300, 1500});
+        AddNumber(Folder.Session, 7, {2400, 300, 300, 1500});
         SavePage(Folder.Session);
         EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session), SessionSection(Folder.Session),
                                       QStringLiteral("LastLayout"), QStringLiteral("Badge")));
@@ -206,6 +208,61 @@ TEST_F(Accessibility, AQuestionIsAnsweredByAPress)
         return !Window([](const Seen& seen) { return seen.Role() == QStringLiteral("dialog"); });
     }));
     EXPECT_TRUE(FindMain()->Name().contains(QStringLiteral("(Badge)")));
+}
+
+TEST_F(Accessibility, EachObjectOfTheCardStandsBelowTheCard)
+{
+    const Seen workspace = FindMain()->Child(QStringLiteral("Workspace"));
+    const Seen card =
+        workspace.Find([](const Seen& seen) { return seen.Name() == QStringLiteral("Card"); })
+            .value();
+    QStringList told;
+    const QList<Seen> objects = card.Children();
+    for (const Seen& object : objects) {
+        told += object.Role() + QLatin1Char('|') + object.Name();
+        EXPECT_TRUE(object.IsShowing()) << object.Name().toStdString();
+        EXPECT_TRUE(card.Place().contains(object.Place())) << object.Name().toStdString();
+    }
+    EXPECT_EQ(told, (QStringList{QStringLiteral("label|Data Field 1"),
+                                 QStringLiteral("label|Visitor"), QStringLiteral("label|7")}));
+    ASSERT_EQ(objects.size(), 3);
+    // 900 twips are 60 pixels here.
+    EXPECT_EQ(objects.at(2).Place().topLeft() - objects.at(1).Place().topLeft(), QPoint(0, 60));
+    EXPECT_EQ(objects.at(1).Place().size(), QSize(100, 20));
+}
+
+TEST_F(Accessibility, ThePopUpMenusAreFoundWhileTheyAreOpen)
+{
+    const auto openMenu = [this] {
+        return FindMain()->Find([](const Seen& seen) {
+            return seen.Role() == QStringLiteral("popup menu") && seen.IsShowing();
+        });
+    };
+    const Seen workspace = FindMain()->Child(QStringLiteral("Workspace"));
+    const auto entriesAfterClick = [&](QPoint point) {
+        EXPECT_FALSE(openMenu().has_value());
+        Bus.RightClick(point);
+        std::optional<Seen> menu;
+        EXPECT_TRUE(EventsUntil([&] {
+            menu = openMenu();
+            return menu.has_value();
+        }));
+        QStringList entries;
+        const QList<Seen> children = menu.value().Children();
+        for (const Seen& entry : children)
+            entries += entry.Name();
+        EXPECT_FALSE(menu->Name().isEmpty());
+        return entries;
+    };
+    EXPECT_TRUE(entriesAfterClick(workspace.Place().bottomRight() - QPoint(30, 30))
+                    .contains(QStringLiteral("Set Background...")));
+    // A click beside an open menu closes it.
+    Bus.RightClick(QPoint(1, 1));
+    EXPECT_TRUE(EventsUntil([&] { return !openMenu().has_value(); }));
+    const Seen number =
+        workspace.Find([](const Seen& seen) { return seen.Name() == QStringLiteral("7"); }).value();
+    EXPECT_TRUE(
+        entriesAfterClick(number.Place().center()).contains(QStringLiteral("Adjust Font...")));
 }
 
 } // namespace
