@@ -66,6 +66,8 @@ TEST_F(KeyboardUse, ChoosesALayoutAndOpensIt)
 TEST_F(KeyboardUse, AnArrowKeyChoosesTheOnlyLayout)
 {
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End}) {
+        // The menus follow a layout that was opened with their next tick.
+        EXPECT_TRUE(EventsUntil([&] { return Station.Get<QAction>("cmdClose").isEnabled(); }));
         Station.Choose("cmdClose");
         Open("frmGetLayout");
         auto& layouts = DesktopStation::Named<QListWidget>(*Window, "lstLayouts");
