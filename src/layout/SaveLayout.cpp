@@ -33,8 +33,12 @@ int ReplaceRows(Session& session)
     Recordset rows(session.LayoutDb);
     SaveStep("open page",
              [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });
-    // What was written before a failure stands, and none of the rows that were there before.
-    auto deleteRest = qScopeGuard([&] { Skip("delete old rows", [&] { DeleteRest(rows); }); });
+    // What was written before a failure stands, and none of the rows that were there before. But
+    // where the store has taken the transaction back, each deletion would be lasting at once.
+    auto deleteRest = qScopeGuard([&] {
+        if (session.LayoutDb.InTransaction())
+            Skip("delete old rows", [&] { DeleteRest(rows); });
+    });
     int counter = 0;
     for (const auto& object : session.Document.Objects()) {
         if (!object->IsContent())

@@ -97,4 +97,9 @@ int Connection::TransactionDepth() const
     return m_d->Depth;
 }
 
+bool Connection::InTransaction() const
+{
+    return IsOpen() && m_d->Database->InTransaction();
+}
+
 } // namespace vantrel

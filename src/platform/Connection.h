@@ -29,6 +29,9 @@ public:
     /// How many transactions were begun and not committed. Where the disk is full or fails, the
     /// store may have rolled them back by itself; the next `BeginTrans` then counts from 1 again.
     int TransactionDepth() const;
+    /// Whether the store holds a transaction open at this moment. What is written while it holds
+    /// none is committed at once.
+    bool InTransaction() const;
 
 private:
     friend class Recordset;

@@ -78,10 +78,15 @@ qlonglong StoreDatabase::LastKey() const
 
 bool StoreDatabase::Begin()
 {
-    if (sqlite3_get_autocommit(m_database.get()) == 0)
+    if (InTransaction())
         return false;
     Change(QStringLiteral("BEGIN IMMEDIATE"));
     return true;
+}
+
+bool StoreDatabase::InTransaction() const
+{
+    return sqlite3_get_autocommit(m_database.get()) == 0;
 }
 
 StoreDatabase::State StoreDatabase::Now()

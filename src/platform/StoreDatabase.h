@@ -46,6 +46,8 @@ public:
     /// another session keeps the lock.
     /// @return false, with nothing changed, where a transaction is open already
     bool Begin();
+    /// Whether a transaction is open. The store ends one by itself where a disk is full or fails.
+    bool InTransaction() const;
     /// Whether others may have changed the store: asked anew with every call.
     State Now();
     /// Name of the column that is the key of a table's rows, empty for a table that is not there.

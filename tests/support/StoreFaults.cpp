@@ -4,6 +4,7 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QtEndian>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <set>
 #include <sqlite3.h>
@@ -55,12 +56,14 @@ const int notesStores = [] {
     return sqlite3_auto_extension(reinterpret_cast<void (*)()>(&NoteStore));
 }();
 
+/// @return the first value it gives, 0 where it gives none
 int RunOnStore(sqlite3* store, const QString& sql)
 {
     sqlite3_stmt* statement = nullptr;
     EXPECT_EQ(sqlite3_prepare_v2(store, sql.toUtf8().constData(), -1, &statement, nullptr),
               SQLITE_OK);
-    EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW);
+    const int step = sqlite3_step(statement);
+    EXPECT_TRUE(step == SQLITE_ROW || step == SQLITE_DONE);
     const int value = sqlite3_column_int(statement, 0);
     sqlite3_finalize(statement);
     return value;
@@ -103,6 +106,31 @@ void GiveRoomBack()
 {
     for (sqlite3* store : OpenStores())
         RunOnStore(store, QStringLiteral("PRAGMA max_page_count = %1").arg(AllTheRoom));
+}
+
+void LimitCache(int pages)
+{
+    for (sqlite3* store : OpenStores())
+        RunOnStore(store, QStringLiteral("PRAGMA cache_size = %1").arg(pages));
+}
+
+void EmptyLog(const QString& path)
+{
+    StoreDatabase database(path, StoreDatabase::OpenMode::Existing);
+    EXPECT_EQ(database.Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt(), 0);
+}
+
+FilesMayNotGrow::FilesMayNotGrow(qint64 bytes)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    EXPECT_EQ(::getrlimit(RLIMIT_FSIZE, &m_before), 0);
+    const rlimit limit{static_cast<rlim_t>(bytes), m_before.rlim_max};
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+}
+
+FilesMayNotGrow::~FilesMayNotGrow()
+{
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &m_before), 0);
 }
 
 bool IsLocked(const QString& path)
