@@ -17,8 +17,7 @@ void LoadObjects(Session& session)
 {
     Recordset rows(session.LayoutDb);
     const bool opened = Skip("open objects", [&] {
-        rows.Open(ObjectsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex),
-                  CursorLock::Optimistic);
+        rows.Open(ObjectsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex));
     });
     if (!opened)
         return;
@@ -37,7 +36,7 @@ bool DoesLayoutExist(Session& session, const QString& layoutName)
     bool exists = false;
     Skip("look for layout", [&] {
         Recordset rows(session.LayoutDb);
-        rows.Open(ObjectsOfLayout(layoutName), CursorLock::Optimistic);
+        rows.Open(ObjectsOfLayout(layoutName));
         exists = !rows.IsEof() && !rows.IsBof();
         if (!exists)
             session.CurrentLayoutName.clear();

@@ -63,6 +63,14 @@ int StorePage(Session& session)
     return counter;
 }
 
+/// For this session the transaction stays open, and the next save begins inside it. For the others
+/// the page is as it was, and they wait for nothing, however long the box stands open.
+void SetAside(Session& session)
+{
+    const PageKey key = PageOnForm(session);
+    Skip("set aside", [&] { session.LayoutDb.SetAside(ObjectsOfPage(key.LayoutName, key.Page)); });
+}
+
 /// A page saved empty is gone: the one before it is shown.
 void LeaveEmptyPage(Session& session)
 {
@@ -91,7 +99,7 @@ bool SaveLayout(Session& session, SaveMessages messages)
     try {
         counter = StorePage(session);
     } catch (const Failure& failure) {
-        // The transaction stays open, and the next save begins inside it.
+        SetAside(session);
         session.Operator.MessageBox(failure.Text(), QString::number(failure.Number()),
                                     BoxIcon::Critical);
         return false;

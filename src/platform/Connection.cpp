@@ -2,6 +2,7 @@
 #include "platform/ConnectionPrivate.h"
 #include "platform/Failure.h"
 #include "platform/Schema.h"
+#include "platform/Skip.h"
 #include <QFileInfo>
 
 namespace vantrel {
@@ -39,6 +40,46 @@ std::shared_ptr<CursorShape> Connection::Private::ShapeOf(const QString& stateme
     return shape;
 }
 
+CursorResult Connection::Private::ResultOf(const QString& statement)
+{
+    StoreDatabase& database = Opened();
+    if (const auto kept = Kept.Find(statement, database.Now()))
+        return *kept;
+    const std::shared_ptr<CursorShape> shape = ShapeOf(statement);
+    auto rows = std::make_shared<CursorRows>();
+    // A failure on the way fails it all. A page read in part is no page: the next save would make
+    // the loss of its other rows lasting.
+    const auto takeColumns = [&](const StoreStatement& stored) {
+        if (!shape->HasColumns())
+            shape->TakeColumns(stored);
+    };
+    const auto takeRow = [&](const StoreStatement& stored) {
+        CursorRow row;
+        if (shape->HasKey())
+            row.Key = stored.Value(0).toLongLong();
+        row.Values.reserve(std::ssize(shape->Columns()));
+        for (const CursorShape::Column& column : shape->Columns())
+            row.Values.append(stored.Value(column.Place));
+        rows->push_back(std::move(row));
+    };
+    database.Read(shape->Sql(), takeColumns, takeRow);
+    CursorResult result{shape, rows};
+    Kept.Keep(statement, result);
+    return result;
+}
+
+void Connection::Private::BeforeCursor(const QString& statement, CursorLock lock)
+{
+    if (Pending.IsEmpty())
+        return;
+    const SelectStatement& select = ShapeOf(statement)->Select();
+    const bool othersAreSeen = lock == CursorLock::ReadOnly
+                                   ? Pending.BeforeReading(Opened(), select, statement)
+                                   : Pending.BeforeChanging(Opened(), select, statement);
+    if (othersAreSeen)
+        Kept.ForgetAll();
+}
+
 Connection::Connection() : m_d(std::make_unique<Private>()) {}
 
 Connection::~Connection() = default;
@@ -58,7 +99,9 @@ void Connection::Close()
 {
     m_d->Shapes.clear();
     m_d->Kept.ForgetAll();
+    m_d->Pending.Forget();
     m_d->Depth = 0;
+    m_d->DepthAside = 0;
     m_d->Database.reset();
 }
 
@@ -74,7 +117,7 @@ void Connection::BeginTrans()
     // The lock is taken at once, for a transaction that reads first and asks for it later would
     // fail without waiting where another session has written in between.
     if (database.Begin()) {
-        m_d->Depth = 1;
+        m_d->Depth = m_d->DepthAside + 1;
         return;
     }
     database.Change(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
@@ -87,9 +130,33 @@ void Connection::CommitTrans()
     if (m_d->Depth == 0)
         throw Failure(FailureNumber::InvalidCall, QStringLiteral("No transaction is open."));
     const int depth = m_d->Depth - 1;
-    database.Change(depth == 0 ? QStringLiteral("COMMIT")
-                               : QStringLiteral("RELEASE ") + SavepointName(depth));
+    if (depth < m_d->DepthAside) {
+        m_d->Depth = m_d->DepthAside = depth;
+        return;
+    }
+    const bool isOutermost = depth == m_d->DepthAside;
+    database.Change(isOutermost ? QStringLiteral("COMMIT")
+                                : QStringLiteral("RELEASE ") + SavepointName(depth));
     m_d->Depth = depth;
+    // The transaction is committed, whatever becomes of this.
+    if (isOutermost)
+        Skip("tidy what is pending", [&] { m_d->Pending.AfterCommit(database); });
+}
+
+void Connection::SetAside(const QString& statement)
+{
+    StoreDatabase& database = m_d->Opened();
+    if (!database.InTransaction()) {
+        m_d->Depth = m_d->DepthAside;
+        return;
+    }
+    std::optional<CursorResult> seen;
+    Skip("read what was written", [&] { seen = m_d->ResultOf(statement); });
+    database.Change(QStringLiteral("ROLLBACK"));
+    m_d->DepthAside = m_d->Depth;
+    if (seen)
+        Skip("keep what was written", [&] { m_d->Pending.Keep(database, *seen, statement); });
+    m_d->Kept.ForgetAll();
 }
 
 int Connection::TransactionDepth() const

@@ -8,6 +8,8 @@ namespace vantrel {
 
 namespace {
 constexpr QStringView HiddenKey = u"RowKey";
+/// The key of any table under the store's own name; a view has it among its columns.
+constexpr QStringView StoresKey = u"rowid";
 
 bool SameName(QStringView left, QStringView right)
 {
@@ -39,7 +41,7 @@ void CursorShape::TakeColumns(const StoreStatement& rows)
 {
     for (int place = HasKey() ? 1 : 0; place < rows.ColumnCount(); ++place) {
         const QString name = rows.ColumnName(place);
-        if (SameName(name, HiddenKey))
+        if (SameName(name, HiddenKey) || SameName(name, StoresKey))
             continue;
         const int column = static_cast<int>(m_columns.size());
         if (HasKey() && SameName(name, m_keyName))

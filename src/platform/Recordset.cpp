@@ -43,34 +43,6 @@ void Recordset::Private::DropChanges()
     Changes.clear();
 }
 
-CursorResult Recordset::Private::ResultOf(const QString& statement) const
-{
-    StoreDatabase& database = Store.Opened();
-    if (const auto kept = Store.Kept.Find(statement, database.Now()))
-        return *kept;
-    const std::shared_ptr<CursorShape> shape = Store.ShapeOf(statement);
-    auto rows = std::make_shared<CursorRows>();
-    // A failure on the way fails it all. A page read in part is no page: the next save would make
-    // the loss of its other rows lasting.
-    const auto takeColumns = [&](const StoreStatement& stored) {
-        if (!shape->HasColumns())
-            shape->TakeColumns(stored);
-    };
-    const auto takeRow = [&](const StoreStatement& stored) {
-        CursorRow row;
-        if (shape->HasKey())
-            row.Key = stored.Value(0).toLongLong();
-        row.Values.reserve(std::ssize(shape->Columns()));
-        for (const CursorShape::Column& column : shape->Columns())
-            row.Values.append(stored.Value(column.Place));
-        rows->push_back(std::move(row));
-    };
-    database.Read(shape->Sql(), takeColumns, takeRow);
-    CursorResult result{shape, rows};
-    Store.Kept.Keep(statement, result);
-    return result;
-}
-
 Recordset::Recordset(Connection& connection) : m_d(std::make_unique<Private>(connection)) {}
 
 Recordset::~Recordset() = default;
@@ -79,7 +51,8 @@ void Recordset::Open(const QString& statement, CursorLock lock)
 {
     if (IsOpen())
         Close();
-    const CursorResult result = m_d->ResultOf(statement);
+    m_d->Store.BeforeCursor(statement, lock);
+    const CursorResult result = m_d->Store.ResultOf(statement);
     m_d->Shape = result.Shape;
     m_d->Rows = result.Rows;
     m_d->Count = static_cast<int>(result.Rows->size());

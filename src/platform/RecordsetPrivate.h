@@ -31,9 +31,11 @@ struct Recordset::Private
     CursorRows& OwnRows();
     const CursorShape& Changeable() const;
     void DropChanges();
-    /// What the statement gives now: read, or as it was read last where nobody has changed it.
-    CursorResult ResultOf(const QString& statement) const;
-    QString TableSql() const { return QLatin1Char('[') + Shape->Select().Table + QLatin1Char(']'); }
+    /// The table in the file, whatever else this session sees under its name.
+    QString TableSql() const
+    {
+        return QStringLiteral("main.[") + Shape->Select().Table + QLatin1Char(']');
+    }
     QString ColumnSql(int column) const;
     /// @param source  what gives the values, made from as many placeholders
     /// @return whether a row was added

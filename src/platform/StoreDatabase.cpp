@@ -45,6 +45,8 @@ StoreDatabase::StoreDatabase(const QString& path, OpenMode mode) : m_statements(
     sqlite3_busy_timeout(database, LockPatienceMs);
     Execute(QStringLiteral("PRAGMA journal_mode = WAL"));
     Execute(QStringLiteral("PRAGMA synchronous = FULL"));
+    // What must not reach the file must not need its disk either.
+    Execute(QStringLiteral("PRAGMA temp_store = MEMORY"));
 }
 
 QVariant StoreDatabase::Execute(const QString& sql)
@@ -103,7 +105,8 @@ QString StoreDatabase::KeyColumn(const QString& table)
 {
     constexpr int nameColumn = 1;
     constexpr int keyColumn = 5;
-    Running columns(*this, QStringLiteral("PRAGMA table_info([") + table + QStringLiteral("])"));
+    Running columns(*this,
+                    QStringLiteral("PRAGMA main.table_info([") + table + QStringLiteral("])"));
     while (columns->Step()) {
         if (columns->Value(keyColumn).toInt() == 1)
             return columns->Value(nameColumn).toString();
