@@ -37,8 +37,10 @@ TEST(FailedSaveOfAStation, HoldsUpNoCardAndNoNumberOfAnother)
     ASSERT_TRUE(first.WaitUntilItListens(firstPort));
     ASSERT_TRUE(second.WaitUntilItListens(secondPort));
 
-    Execute(folder.Session, QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON Controls "
-                                           "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+    Execute(
+        folder.Session,
+        QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON Controls "
+                       "WHEN NEW.C_Param_1 = 'AUTO' BEGIN SELECT RAISE(ABORT, 'refused'); END"));
     SendRecord(firstPort, "<Anna+7>");
     EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("Anna 7 1001 end"));
     ASSERT_TRUE(first.WaitUntilItTells(QStringLiteral("refused")));
