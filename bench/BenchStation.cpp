@@ -14,6 +14,7 @@
 #include "shaping/AutoNumber.h"
 #include "shaping/CardSequence.h"
 #include <QCoreApplication>
+#include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 
@@ -68,6 +69,14 @@ QByteArray RecordOf(int card)
     return QByteArray("<") + values.join(QLatin1Char('+')).toLatin1() + '>';
 }
 
+/// A port that was free a moment ago.
+int FreePort()
+{
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    return server.serverPort();
+}
+
 } // namespace
 
 std::vector<TextOnCard> TextsAndNumber(int card)
@@ -104,7 +113,7 @@ struct BenchStation::Private
     {
         Session.Settings.Framing = {QStringLiteral("<"), QStringLiteral("+"), QStringLiteral(">")};
         Session.Settings.UseIP = true;
-        Session.Settings.Port = 0;
+        Session.Settings.Port = FreePort();
         ConnectSockets(Session);
         SwitchPorts(Session, SwitchMode::Network);
         QObject::connect(&Session.Face, &StationFace::PanelChanged, &Session.Face,

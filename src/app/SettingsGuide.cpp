@@ -26,7 +26,7 @@ constexpr auto Meanings = [] {
         {DataStart, "text that begins a record"},
         {DataSeperator, "characters that separate values, each on its own"},
         {DataEnd, "text that ends a record"},
-        {Port, "TCP port to listen on"},
+        {Port, "TCP port to listen on, 1 to 65535; with any other number none is opened"},
         {CaptureEnabled, "whether a start opens the ports"},
         {Visible, "whether the window is shown; read from `SessionStatus.ini`"},
         {hwnd, "reserved; neither read nor written"},

@@ -98,6 +98,8 @@ void SaveCommBoxes(Session& session, const CommBoxes& boxes)
 {
     StationSettings& settings = session.Settings;
     SaveSetting(session, SettingNumber::Port, boxes.Port);
+    // A text that is no number opens no port, as at the next start.
+    settings.Port = 0;
     Skip("port number", [&] { settings.Port = ToLong(boxes.Port); });
     settings.SPort = static_cast<std::uint8_t>(boxes.SelectedSerialPort);
     settings.SSettings = GetCommSettings(boxes);

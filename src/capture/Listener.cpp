@@ -65,7 +65,7 @@ bool SetPort(Session& session, int port)
     if (session.Sock.State(0) == SockState::Closed)
         return false;
     session.Sock.Close(0);
-    Skip("local port", [&] { session.Sock.SetLocalPort(port); });
+    session.Sock.SetLocalPort(port);
     if (session.Settings.CaptureEnabled) {
         if (session.OwnsTrayIcon)
             session.Face.SetTray(TrayImage::Waiting, TrayTip::Waiting);

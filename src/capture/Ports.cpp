@@ -29,7 +29,7 @@ void SwitchNetwork(Session& session)
     if (!session.Settings.UseIP)
         return;
     sock.SetAccess(HostAccess(StationOption(session, QStringLiteral("AllowFrom"))));
-    Skip("local port", [&] { sock.SetLocalPort(session.Settings.Port); });
+    sock.SetLocalPort(session.Settings.Port);
     // An address that cannot be read must not open the station to every network.
     Skip("listen", [&] {
         sock.SetLocalAddress(StationOption(session, QStringLiteral("BindAddress")));

@@ -19,6 +19,9 @@ namespace {
 /// the one above is done, and hosts that send while a question stands open know no end: they wait.
 constexpr int DeepestNest = 256;
 
+constexpr int LowestPort = 1;
+constexpr int HighestPort = 65535;
+
 /// Who is at the other end of a bare connection; null where it is gone.
 QHostAddress PeerOf(qintptr descriptor)
 {
@@ -162,8 +165,6 @@ SockState SockArray::State(int index) const
 
 void SockArray::SetLocalPort(int port)
 {
-    if (port < 0 || port > 65535)
-        throw NotPossible(QStringLiteral("No such port"));
     m_d->Port = port;
 }
 
@@ -190,6 +191,9 @@ void SockArray::Listen()
 {
     if (m_d->Listener.IsListening())
         throw NotPossible(QStringLiteral("The socket listens already"));
+    // Asked for port 0, the system would choose one that no host knows.
+    if (m_d->Port < LowestPort || m_d->Port > HighestPort)
+        throw NotPossible(QStringLiteral("No such port"));
     if (!m_d->Listener.Listen(m_d->Address, m_d->Port))
         throw NotPossible(m_d->Listener.ErrorText());
 }

@@ -24,17 +24,17 @@ public:
 
     int HighestIndex() const;
     SockState State(int index) const;
-    /// The port of element 0. Fails with `InvalidCall` outside 0 to 65535; 0 lets the system
-    /// choose.
+    /// The port of element 0. It is kept as it stands: a number that is no port fails in `Listen`,
+    /// so that none is opened in its place.
     void SetLocalPort(int port);
-    /// The port element 0 listens on, or the one it was given.
+    /// The port element 0 listens on, or the number it was given.
     int LocalPort() const;
     /// The address element 0 listens on; empty for all of the machine. Fails with `InvalidCall` for
     /// a text that is no address.
     void SetLocalAddress(const QString& address);
     /// Which hosts may connect; others are closed at once and nothing is told of them.
     void SetAccess(const HostAccess& access);
-    /// Fails with `InvalidCall` where the port cannot be had.
+    /// Fails with `InvalidCall` where the port cannot be had, and outside 1 to 65535.
     void Listen();
     /// Makes element `index`, one above the highest.
     void Load(int index);

@@ -104,13 +104,14 @@ TEST_F(SettingsFiles, ALoadDoesNotInheritWhatIsCleared)
 
 TEST_F(SettingsFiles, ABadValueLeavesItsVariable)
 {
+    Station.Session.Settings.Port = 9100;
     PutSetting("Port", QStringLiteral("many"));
     PutSetting("MWidth", QStringLiteral("99999999999"));
     PutSetting("SPort", QStringLiteral("256"));
     PutSetting("UseIP", QStringLiteral("perhaps"));
     PutSetting("Filter_Lf", QStringLiteral("True"));
     LoadSettings(Station.Session);
-    EXPECT_EQ(Station.Session.Settings.Port, 0);
+    EXPECT_EQ(Station.Session.Settings.Port, 9100);
     EXPECT_EQ(Station.Session.Settings.MWidth, 0);
     EXPECT_EQ(Station.Session.Settings.SPort, 0);
     EXPECT_FALSE(Station.Session.Settings.UseIP);

@@ -124,12 +124,28 @@ TEST(Start, CaptureEnabledOpensThePortAndShowsTheWaitingIcon)
 {
     TestSession station;
     WriteKey(station.Session, "CaptureEnabled", QStringLiteral("True"));
-    WriteKey(station.Session, "Port", QStringLiteral("0"));
+    const int port = station.Session.Settings.Port;
+    WriteKey(station.Session, "Port", QString::number(port));
     Start(station.Session);
     EXPECT_EQ(station.Session.Sock.State(0), SockState::Listening);
-    EXPECT_GT(station.Session.Sock.LocalPort(), 0);
+    EXPECT_EQ(station.Session.Sock.LocalPort(), port);
     EXPECT_EQ(station.Session.Face.TrayPicture(), TrayImage::Waiting);
     EXPECT_EQ(station.Session.Face.TrayTip(), QStringLiteral("Vantrel v5 (Waiting...)"));
+}
+
+TEST(Start, AStoredNumberThatIsNoPortOpensNone)
+{
+    for (const char* text : {"70000", "65536", "-1", "0", "", "next", "99999999999"}) {
+        TestSession station;
+        // As in a process that has just begun.
+        station.Session.Settings.Port = 0;
+        WriteKey(station.Session, "CaptureEnabled", QStringLiteral("True"));
+        WriteKey(station.Session, "Port", QString::fromLatin1(text));
+        Start(station.Session);
+        EXPECT_EQ(station.Session.Sock.State(0), SockState::Closed) << text;
+        EXPECT_TRUE(station.Operator.AppMessages.isEmpty()) << text;
+        EXPECT_TRUE(station.Operator.Boxes.isEmpty()) << text;
+    }
 }
 
 TEST(Start, ASecondProcessWithTheSameNumberSeesTheSameSettingsAndGetsNoSocket)

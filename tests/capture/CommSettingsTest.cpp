@@ -121,10 +121,10 @@ TEST_F(CommSettings, SaveStoresTheBoxesAndReopensAllPorts)
     ASSERT_TRUE(EventsUntil([&] { return Session.Sock.HighestIndex() == 1; }));
     CommBoxes boxes = ReadCommBoxes(Session);
     ShowSettingsText(boxes, QStringLiteral("19200,n,8,2"));
-    boxes.Port = QStringLiteral("0");
+    boxes.Port = QStringLiteral("00%1").arg(Session.Settings.Port);
     boxes.SelectedFlowControl = 1;
     SaveCommBoxes(Session, boxes);
-    EXPECT_EQ(Stored("Port"), QStringLiteral("0"));
+    EXPECT_EQ(Stored("Port"), boxes.Port);
     EXPECT_EQ(Stored("SPort"), QStringLiteral("3"));
     EXPECT_EQ(Stored("SSettings"), QStringLiteral("19200,n,8,2"));
     EXPECT_EQ(Stored("SFlowCtrl"), QStringLiteral("1"));
@@ -157,7 +157,7 @@ TEST_F(CommSettings, PortTextIsStoredAsItStands)
     {
         const char* Text;
         int Port;
-    } Rows[] = {{"70000", 70000}, {"99999999999", 70000}, {"", 70000}, {"007", 7}};
+    } Rows[] = {{"70000", 70000}, {"99999999999", 0}, {"007", 7}, {"", 0}};
     for (const auto& row : Rows) {
         CommBoxes boxes = ReadCommBoxes(Session);
         boxes.Port = QString::fromLatin1(row.Text);
@@ -165,6 +165,23 @@ TEST_F(CommSettings, PortTextIsStoredAsItStands)
         EXPECT_EQ(Stored("Port"), QString::fromLatin1(row.Text));
         EXPECT_EQ(Session.Settings.Port, row.Port);
         EXPECT_EQ(Session.Sock.State(0), SockState::Closed);
+    }
+}
+
+TEST_F(CommSettings, TextThatIsNoPortLeavesNoneOpen)
+{
+    Session.Settings.UseSerial = false;
+    Session.Settings.UseIP = true;
+    const int port = Session.Settings.Port;
+    for (const char* text : {"70000", "65536", "0", "", "99999999999"}) {
+        Session.Settings.Port = port;
+        SwitchPorts(Session, SwitchMode::All);
+        ASSERT_EQ(Session.Sock.LocalPort(), port);
+        CommBoxes boxes = ReadCommBoxes(Session);
+        boxes.Port = QString::fromLatin1(text);
+        SaveCommBoxes(Session, boxes);
+        EXPECT_EQ(Session.Sock.State(0), SockState::Closed) << text;
+        EXPECT_FALSE(Host(port).IsConnected()) << text;
     }
 }
 

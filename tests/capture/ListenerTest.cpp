@@ -13,7 +13,7 @@ using namespace vantrel::test;
 
 namespace {
 
-/// A station that listens on a port of the system's choice.
+/// A station that listens on a port of its own.
 class Listening : public ::testing::Test
 {
 protected:
@@ -21,7 +21,6 @@ protected:
     {
         Session.Settings.Framing = {QStringLiteral("<"), QStringLiteral("+"), QStringLiteral(">")};
         Session.Settings.UseIP = true;
-        Session.Settings.Port = 0;
         ConnectSockets(Session);
         SwitchPorts(Session, SwitchMode::Network);
         QObject::connect(&Session.Face, &StationFace::RecordBegun, &Session.Face,

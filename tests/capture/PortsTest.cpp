@@ -1,7 +1,10 @@
 #include "capture/Ports.h"
 #include "app/MainRuntime.h"
 #include "capture/Listener.h"
+#include "platform/Failure.h"
 #include "support/Events.h"
+#include "support/FailureOf.h"
+#include "support/HeldPort.h"
 #include "support/Host.h"
 #include "support/TestSession.h"
 #include <gtest/gtest.h>
@@ -10,14 +13,6 @@ using namespace vantrel;
 using namespace vantrel::test;
 
 namespace {
-
-/// A port that nobody listens on.
-int FreePort()
-{
-    SockArray other;
-    other.Listen();
-    return other.LocalPort();
-}
 
 class PortSwitch : public ::testing::Test
 {
@@ -113,8 +108,8 @@ TEST_F(PortSwitch, CaptureTakenOffAtRunTimeGoesOnListening)
 TEST_F(PortSwitch, PortInUseIsSilent)
 {
     SockArray other;
+    other.SetLocalPort(Session.Settings.Port);
     other.Listen();
-    Session.Settings.Port = other.LocalPort();
     SwitchPorts(Session, SwitchMode::All);
     EXPECT_EQ(Session.Sock.State(0), SockState::Closed);
     EXPECT_EQ(Session.Face.TrayPicture(), TrayImage::Waiting);
@@ -122,20 +117,41 @@ TEST_F(PortSwitch, PortInUseIsSilent)
     EXPECT_EQ(Station.Operator.CriticalBoxes, QStringList());
 }
 
-TEST_F(PortSwitch, BadPortNumberIsSilentAndTheOldPortIsOpened)
+TEST_F(PortSwitch, NumberThatIsNoPortOpensNoneAndIsSilent)
 {
     SwitchPorts(Session, SwitchMode::All);
-    Session.Settings.Port = 70000;
+    const int before = Session.Sock.LocalPort();
+    for (const int number : {70000, 65536, 65536 + before, 0, -1}) {
+        Session.Settings.Port = number;
+        SwitchPorts(Session, SwitchMode::All);
+        EXPECT_EQ(Session.Sock.State(0), SockState::Closed) << number;
+        EXPECT_FALSE(Host(before).IsConnected()) << number;
+        EXPECT_EQ(Session.Face.TrayPicture(), TrayImage::Waiting);
+        EXPECT_EQ(Station.Operator.AppMessages, QStringList());
+        EXPECT_EQ(Station.Operator.CriticalBoxes, QStringList());
+    }
+    Session.Settings.Port = before;
     SwitchPorts(Session, SwitchMode::All);
-    EXPECT_EQ(Session.Sock.State(0), SockState::Listening);
-    EXPECT_EQ(Station.Operator.CriticalBoxes, QStringList());
+    EXPECT_TRUE(Host(before).IsConnected());
+}
+
+TEST_F(PortSwitch, HighestPortIsOpenedLikeAnyOther)
+{
+    Session.Settings.Port = 65535;
+    SwitchPorts(Session, SwitchMode::All);
+    // Unless another program of this machine has it.
+    SockArray other;
+    other.SetLocalPort(65535);
+    EXPECT_EQ(FailureOf([&] { other.Listen(); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(Session.Sock.LocalPort(), 65535);
 }
 
 TEST_F(PortSwitch, ChangedPortIsTakenWithTheNextSwitch)
 {
     SwitchPorts(Session, SwitchMode::All);
     const int before = Session.Sock.LocalPort();
-    const int wanted = FreePort();
+    const HeldPort next;
+    const int wanted = next.Number();
     Session.Settings.Port = wanted;
     EXPECT_EQ(Session.Sock.LocalPort(), before);
     SwitchPorts(Session, SwitchMode::All);
@@ -154,7 +170,8 @@ TEST_F(PortSwitch, SetPortMovesTheListenerAndSetsTheIconItOwns)
     SwitchPorts(Session, SwitchMode::All);
     const int before = Session.Sock.LocalPort();
     Session.Face.SetTray(TrayImage::Disabled, QStringLiteral("before"));
-    const int wanted = FreePort();
+    const HeldPort next;
+    const int wanted = next.Number();
     EXPECT_TRUE(SetPort(Session, wanted));
     EXPECT_EQ(Session.Sock.State(0), SockState::Listening);
     EXPECT_EQ(Session.Sock.LocalPort(), wanted);
@@ -168,9 +185,18 @@ TEST_F(PortSwitch, SetPortLeavesAnIconItDoesNotOwn)
     SwitchPorts(Session, SwitchMode::All);
     Session.OwnsTrayIcon = false;
     Session.Face.SetTray(TrayImage::Disabled, QStringLiteral("before"));
-    EXPECT_TRUE(SetPort(Session, 0));
+    EXPECT_TRUE(SetPort(Session, Session.Settings.Port));
     EXPECT_EQ(Session.Sock.State(0), SockState::Listening);
     EXPECT_EQ(Session.Face.TrayTip(), QStringLiteral("before"));
+}
+
+TEST_F(PortSwitch, SetPortToNoPortClosesTheListener)
+{
+    for (const int number : {0, -1, 65536}) {
+        SwitchPorts(Session, SwitchMode::All);
+        EXPECT_TRUE(SetPort(Session, number));
+        EXPECT_EQ(Session.Sock.State(0), SockState::Closed) << number;
+    }
 }
 
 TEST_F(PortSwitch, SetPortWithoutCaptureLeavesTheListenerClosed)

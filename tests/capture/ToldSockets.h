@@ -2,6 +2,7 @@
 
 #include "capture/SockArray.h"
 #include "support/Events.h"
+#include "support/HeldPort.h"
 #include "support/Host.h"
 #include <QStringList>
 #include <functional>
@@ -32,6 +33,7 @@ protected:
             Told.append(QStringLiteral("%1 closed").arg(index));
             Sock.Close(index);
         });
+        Sock.SetLocalPort(Port.Number());
         Sock.Listen();
     }
 
@@ -49,6 +51,7 @@ protected:
         return EventsUntil([&] { return Told.contains(what); });
     }
 
+    HeldPort Port;
     SockArray Sock;
     QStringList Told;
     /// Runs once, inside the next arrival.

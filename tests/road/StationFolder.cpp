@@ -53,6 +53,11 @@ void StationFolder::SetStatus(const char* key, const QString& value) const
     Set(SessionStatusPath(Session), key, value);
 }
 
+void StationFolder::SetSetting(const char* key, const QString& value) const
+{
+    Set(SettingsPath(Session), key, value);
+}
+
 QString StationFolder::Setting(const char* key) const
 {
     return Get(SettingsPath(Session), key);

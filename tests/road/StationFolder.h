@@ -16,6 +16,7 @@ public:
     /// Makes a start open that layout and listen on a free port. @return the port
     int WithCapture(std::uint8_t sessionNumber = 1);
     void SetStatus(const char* key, const QString& value) const;
+    void SetSetting(const char* key, const QString& value) const;
     QString Setting(const char* key) const;
     /// The status the station writes: beside its folder, under the folder's name.
     QString WrittenVisible() const;

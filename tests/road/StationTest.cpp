@@ -96,6 +96,18 @@ TEST(Station, AFirstRunOpensNoPort)
     EXPECT_EQ(station.ExitCode(), 0);
 }
 
+TEST(Station, APortOutOfRangeOpensNoOther)
+{
+    for (const char* number : {"70000", "65536", "-1", "0"}) {
+        StationFolder folder;
+        folder.WithCapture();
+        folder.SetSetting("Port", QString::fromLatin1(number));
+        StationProcess station(folder.Session.ProgramFolder, {.TellsSkips = true});
+        EXPECT_TRUE(station.WaitUntilItTells(QStringLiteral("listen was passed over"))) << number;
+        EXPECT_EQ(station.ListeningPorts(), QStringList()) << number;
+    }
+}
+
 TEST(Station, ASecondProcessOfTheSameNumberRunsAndGetsNoSocket)
 {
     StationFolder folder;

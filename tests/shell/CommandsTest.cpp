@@ -122,7 +122,6 @@ TEST(Capture, TakenOffGoesOnListening)
 {
     TestSession station;
     station.Session.Settings.UseIP = true;
-    station.Session.Settings.Port = 0;
     ToggleCapture(station.Session);
     EXPECT_EQ(station.Session.Face.TrayPicture(), TrayImage::Waiting);
     ToggleCapture(station.Session);

@@ -1,8 +1,10 @@
 #include "support/TestSession.h"
 #include "platform/Schema.h"
+#include "support/HeldPort.h"
 #include <QDir>
 #include <QImage>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace vantrel::test {
 
@@ -97,13 +99,25 @@ QString MakeProgramFolder(const QTemporaryDir& folder)
     EXPECT_TRUE(QDir().mkpath(path));
     return path;
 }
+
+/// The port of each session's settings, for as long as the session lives.
+std::map<const TestSession*, HeldPort>& HeldPorts()
+{
+    static std::map<const TestSession*, HeldPort> ports;
+    return ports;
+}
 } // namespace
 
 TestSession::TestSession(const QStringList& printerNames)
     : Printers(printerNames), Session(MakeProgramFolder(Folder), Operator, Printers)
-{}
+{
+    Session.Settings.Port = HeldPorts()[this].Number();
+}
 
-TestSession::~TestSession() = default;
+TestSession::~TestSession()
+{
+    HeldPorts().erase(this);
+}
 
 void TestSession::WithDatabase()
 {

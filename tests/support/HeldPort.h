@@ -1,0 +1,22 @@
+#pragma once
+
+namespace vantrel::test {
+
+/// A port of this machine that no other program is given while this lives. A station can listen on
+/// it; until one does, nobody listens there.
+class HeldPort
+{
+public:
+    HeldPort();
+    ~HeldPort();
+    HeldPort(const HeldPort&) = delete;
+    HeldPort& operator=(const HeldPort&) = delete;
+
+    int Number() const { return m_number; }
+
+private:
+    int m_descriptor = -1;
+    int m_number = 0;
+};
+
+} // namespace vantrel::test
