@@ -16,8 +16,8 @@ const QString Application = QStringLiteral("Ostrand Vantrel 6.x");
 const QString LevelKey = QStringLiteral("ZLevel");
 const QString FlashModeKey = QStringLiteral("FlashMode");
 const QString PreviewKey = QStringLiteral("Preview");
-const QString ViewportWidthKey = QStringLiteral("ViewportH");
-const QString ViewportHeightKey = QStringLiteral("ViewportV");
+const QString HorizontalKey = QStringLiteral("ViewportH");
+const QString VerticalKey = QStringLiteral("ViewportV");
 
 constexpr float LowestLevel = 1.0F;
 constexpr float ZoomStep = 0.1F;
@@ -168,10 +168,10 @@ void ImageCapture::Accept(const QImage& cutOut)
     SetCamImages(m_session, m_session.CameraImage);
 }
 
-void ImageCapture::SaveZoom()
+void ImageCapture::SaveZoom(QPoint scrolled)
 {
-    m_settings->setValue(ViewportWidthKey, QString::number(m_viewportPixels.width()));
-    m_settings->setValue(ViewportHeightKey, QString::number(m_viewportPixels.height()));
+    m_settings->setValue(HorizontalKey, QString::number(scrolled.x()));
+    m_settings->setValue(VerticalKey, QString::number(scrolled.y()));
     m_settings->setValue(LevelKey, NumberText(static_cast<double>(m_level)));
 }
 

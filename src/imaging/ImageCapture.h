@@ -62,8 +62,9 @@ public:
 
     /// Keeps the cut-out as the camera image and gives it to the open layout's camera objects.
     void Accept(const QImage& cutOut);
-    /// Keeps viewport and level for the next opening.
-    void SaveZoom();
+    /// Keeps the level for the next opening, and beside it where the scroll bars stand, which
+    /// nothing reads back: a new opening has them at 0.
+    void SaveZoom(QPoint scrolled);
 
 private:
     Session& m_session;

@@ -117,8 +117,9 @@ QLayout* frmAquireImage2::MakeSide()
     column->addWidget(
         button("cmdTakePicture", QStringLiteral("Take Picture"), [this] { TakePicture(); }));
     column->addWidget(button("cmImport", QStringLiteral("Import"), [this] { Import(); }));
-    column->addWidget(
-        button("cmdSave", QStringLiteral("Save Zoom"), [this] { m_capture.SaveZoom(); }));
+    column->addWidget(button("cmdSave", QStringLiteral("Save Zoom"), [this] {
+        m_capture.SaveZoom({m_horizontal->value(), m_vertical->value()});
+    }));
     column->addWidget(button("cmdClose", QStringLiteral("Close"), [this] { close(); }));
     return column;
 }

@@ -193,6 +193,21 @@ TEST(CameraDialog, ANewOpeningHasTheSavedZoomAndItsScrollBarsAtZero)
     CaptureSettings()->remove(QString());
 }
 
+TEST(CameraDialog, SaveZoomStoresWhereTheScrollBarsStand)
+{
+    CameraStation station;
+    station.Open();
+    ASSERT_TRUE(station.WaitForPicture());
+    station.On<QScrollBar>("HS").setValue(30);
+    station.On<QScrollBar>("VS").setValue(40);
+    station.Click("cmdSave");
+    EXPECT_EQ(CaptureSettings()->value(QStringLiteral("ViewportH")).toString(),
+              QStringLiteral("30"));
+    EXPECT_EQ(CaptureSettings()->value(QStringLiteral("ViewportV")).toString(),
+              QStringLiteral("40"));
+    CaptureSettings()->remove(QString());
+}
+
 TEST(CameraDialog, TakePictureStartsAtTheWholeAgain)
 {
     CameraStation station;
