@@ -8,12 +8,15 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-
 RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)
 TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-utils ghostscript
-  libqt6sql6-sqlite sqlite3 procps python3 xvfb dbus-daemon at-spi2-core openbox)
+  libqt6sql6-sqlite sqlite3 procps python3 xvfb dbus-daemon at-spi2-core openbox
+  locales weston qt6-wayland)
 
 # sqlite3 fills the macro that the run prints.
 VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
 PACKAGE_PACKAGES=(librsvg2-bin dpkg-dev file)
 PACKAGE_TEST_PACKAGES=(appstream desktop-file-utils man-db groff systemd)
+# A machine with a systemd of its own, and what reads its cards.
+SERVICE_TEST_PACKAGES=(systemd-container debootstrap bsdutils poppler-utils)
 
 FUZZ_PACKAGES=(clang libclang-rt-dev)
 

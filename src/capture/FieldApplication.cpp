@@ -4,6 +4,7 @@
 #include "layout/DocumentForm.h"
 #include "layout/DrawObjects.h"
 #include "platform/Convert.h"
+#include "platform/NumberFormat.h"
 #include "platform/Skip.h"
 
 namespace vantrel {
@@ -22,16 +23,17 @@ void FillDataFields(Session& session)
     const int highest = session.Document.HighestIndex(Family::lbl_DATA);
     for (int index = 1; index <= highest; ++index) {
         if (CardObject* field = session.Document.Find(Family::lbl_DATA, index))
-            field->SetCaption(ShapeDataField(*field, session.FieldValues, carried));
+            field->SetCaption(
+                ShapeDataField(*field, session.FieldValues, MachineDecimalSeparator(), carried));
     }
 }
 
 // Whatever an earlier pass appended counts as part of the number.
-void AppendCheckDigit(CardObject& number)
+void AppendCheckDigit(CardObject& number, QChar decimalSeparator)
 {
     const QString caption = number.Caption();
     QString text = caption;
-    if (const auto digit = CheckDigitByWord(number.DataMember, text))
+    if (const auto digit = CheckDigitByWord(number.DataMember, text, decimalSeparator))
         number.SetCaption(caption + *digit);
 }
 
@@ -40,7 +42,8 @@ void CheckAutoNumbers(CardDocument& document)
     const int highest = document.HighestIndex(Family::lbl_AUTO);
     for (int index = 0; index <= highest; ++index) {
         if (CardObject* number = document.Find(Family::lbl_AUTO, index))
-            Skip("check digit of a number", [&] { AppendCheckDigit(*number); });
+            Skip("check digit of a number",
+                 [&] { AppendCheckDigit(*number, MachineDecimalSeparator()); });
     }
 }
 

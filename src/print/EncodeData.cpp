@@ -1,5 +1,6 @@
 #include "print/EncodeData.h"
 #include "app/Session.h"
+#include "platform/NumberFormat.h"
 #include "platform/Printer.h"
 #include "platform/Skip.h"
 #include "print/OpeningFont.h"
@@ -126,19 +127,21 @@ void PrintTokens(Session& session, const Track& track, const QString& trackText)
 {
     Printer& printer = session.Printers.Current();
     printer.SetFontName(track.Head());
-    EvaluateTrack(trackText, session.FieldValues, [&](TokenKind kind, const QString& text) {
-        if (const auto line = track.Text(kind, text))
-            printer.Print(*line);
-    });
+    EvaluateTrack(trackText, session.FieldValues, MachineDecimalSeparator(),
+                  [&](TokenKind kind, const QString& text) {
+                      if (const auto line = track.Text(kind, text))
+                          printer.Print(*line);
+                  });
     printer.SetFontName(OpeningFontName);
 }
 
-QString BodyOf(const Track& track, const QString& trackText, const FieldValues& values)
+QString BodyOf(const Session& session, const Track& track, const QString& trackText)
 {
     QString body;
-    EvaluateTrack(trackText, values, [&](TokenKind kind, const QString& text) {
-        body += track.Text(kind, text).value_or(QString());
-    });
+    EvaluateTrack(trackText, session.FieldValues, MachineDecimalSeparator(),
+                  [&](TokenKind kind, const QString& text) {
+                      body += track.Text(kind, text).value_or(QString());
+                  });
     return body;
 }
 
@@ -147,7 +150,7 @@ QString BodyOf(const Track& track, const QString& trackText, const FieldValues& 
 template <typename Send>
 void SendLine(Session& session, const Track& track, const QString& trackText, Send send)
 {
-    const QString body = BodyOf(track, trackText, session.FieldValues);
+    const QString body = BodyOf(session, track, trackText);
     if (!body.isEmpty())
         send(session.Printers.Current(), track.Line(body));
 }
@@ -168,7 +171,8 @@ void EncodeData(Session& session, const QString& trackText, int trackNumber)
     Q_ASSERT(trackNumber >= 1 && trackNumber <= 3);
     const StripeFamily* const family = FamilyOf(session.CurrentParams.PrinterType);
     if (family == nullptr) {
-        EvaluateTrack(trackText, session.FieldValues, [](TokenKind, const QString&) {});
+        EvaluateTrack(trackText, session.FieldValues, MachineDecimalSeparator(),
+                      [](TokenKind, const QString&) {});
         return;
     }
     const Track track{*family, static_cast<std::size_t>(trackNumber - 1)};
@@ -190,7 +194,7 @@ QString StripeBody(const Session& session, const QString& trackText, int trackNu
     const StripeFamily* const family = FamilyOf(session.CurrentParams.PrinterType);
     const Track track{family == nullptr ? Families[0] : *family,
                       static_cast<std::size_t>(trackNumber - 1)};
-    return BodyOf(track, trackText, session.FieldValues);
+    return BodyOf(session, track, trackText);
 }
 
 } // namespace vantrel

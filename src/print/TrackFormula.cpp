@@ -63,7 +63,8 @@ QString FormattedFieldText(const QString& ref, const FieldValues& values)
 }
 
 /// @param covered  the value the check digit is computed over
-QString TextOf(const TrackToken& token, QString covered, const FieldValues& values)
+QString TextOf(const TrackToken& token, QString covered, const FieldValues& values,
+               QChar decimalSeparator)
 {
     switch (token.TokenKind) {
     case TokenKind::Mod10:
@@ -71,7 +72,7 @@ QString TextOf(const TrackToken& token, QString covered, const FieldValues& valu
     case TokenKind::Codabar:
         return CodabarCheckDigit(covered);
     case TokenKind::Ebt:
-        return QString::number(EbtCheckDigit(covered));
+        return QString::number(EbtCheckDigit(covered, decimalSeparator));
     case TokenKind::FormattedField:
         return FormattedFieldText(token.TokenRef, values);
     default:
@@ -111,7 +112,8 @@ TrackToken ParseTrackToken(const QString& token, const FieldValues& values)
     return read;
 }
 
-void EvaluateTrack(const QString& trackText, const FieldValues& values, const TrackSink& sink)
+void EvaluateTrack(const QString& trackText, const FieldValues& values, QChar decimalSeparator,
+                   const TrackSink& sink)
 {
     if (trackText.isEmpty())
         return;
@@ -121,7 +123,7 @@ void EvaluateTrack(const QString& trackText, const FieldValues& values, const Tr
     const QStringList tokens = trackText.split(TokenDelimiter);
     for (const QString& text : tokens) {
         const TrackToken token = ParseTrackToken(text, values);
-        sink(token.TokenKind, TextOf(token, covered, values));
+        sink(token.TokenKind, TextOf(token, covered, values, decimalSeparator));
         if (!text.isEmpty())
             covered = token.TokenValue;
     }

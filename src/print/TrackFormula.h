@@ -54,6 +54,8 @@ using TrackSink = std::function<void(TokenKind kind, const QString& text)>;
 /// Evaluates the tokens of a formula in order and hands each on before the next one is read. Fails
 /// at the first token that fails: one `ParseTrackToken` fails for, a formatted field with fewer
 /// than four parts or without such a value, a check digit over a text its scheme cannot read.
-void EvaluateTrack(const QString& trackText, const FieldValues& values, const TrackSink& sink);
+/// @param decimalSeparator  that of the machine, by which the EBT digit goes
+void EvaluateTrack(const QString& trackText, const FieldValues& values, QChar decimalSeparator,
+                   const TrackSink& sink);
 
 } // namespace vantrel

@@ -23,6 +23,6 @@ QString CodabarCheckDigit(QString& text);
 /// @param decimalSeparator  that of the machine's number format; where it is not ".", the digit is
 /// the complement of the first digit of the quotient
 /// @return 1 to 10
-std::int16_t EbtCheckDigit(const QString& text, QChar decimalSeparator = QLatin1Char('.'));
+std::int16_t EbtCheckDigit(const QString& text, QChar decimalSeparator);
 
 } // namespace vantrel

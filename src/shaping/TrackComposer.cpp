@@ -2,6 +2,7 @@
 #include "app/Operator.h"
 #include "app/Session.h"
 #include "platform/Failure.h"
+#include "platform/NumberFormat.h"
 #include "print/EncodeData.h"
 #include "shaping/FieldDialogs.h"
 #include <QStringList>
@@ -18,7 +19,8 @@ std::optional<QString> UnreadableToken(const QString& formula, const FieldValues
 {
     qsizetype read = 0;
     try {
-        EvaluateTrack(formula, values, [&](TokenKind, const QString&) { ++read; });
+        EvaluateTrack(formula, values, MachineDecimalSeparator(),
+                      [&](TokenKind, const QString&) { ++read; });
     } catch (const Failure&) {
         return formula.split(QLatin1Char('~')).value(read);
     }

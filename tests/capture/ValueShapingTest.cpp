@@ -12,7 +12,10 @@ namespace {
 class Shaping : public ::testing::Test
 {
 protected:
-    QString Shape(const CardObject& field) { return ShapeDataField(field, Values, Carried); }
+    QString Shape(const CardObject& field)
+    {
+        return ShapeDataField(field, Values, Separator, Carried);
+    }
 
     static CardObject Field(int position, const QString& tag = {}, const QString& toolTipText = {},
                             const QString& dataMember = {})
@@ -26,6 +29,7 @@ protected:
     }
 
     FieldValues Values;
+    QChar Separator = QLatin1Char('.');
     CarriedValue Carried;
 };
 
@@ -79,6 +83,14 @@ TEST_F(Shaping, EachWordNamesItsScheme)
         const CardObject field = Field(1, {}, {}, QString::fromLatin1(row.Word));
         EXPECT_EQ(Shape(field), QString::fromLatin1(row.Shaped)) << row.Word;
     }
+}
+
+TEST_F(Shaping, EbtDigitGoesByTheMachinesDecimalSeparator)
+{
+    Values.Add(QStringLiteral("1234"));
+    Separator = QLatin1Char(',');
+    EXPECT_EQ(Shape(Field(1, {}, {}, QStringLiteral("EBT"))), QStringLiteral("12349"));
+    EXPECT_EQ(Shape(Field(1, {}, {}, QStringLiteral("MOD10"))), QStringLiteral("12342"));
 }
 
 TEST_F(Shaping, EbtDigitOfTenIsTwoCharacters)

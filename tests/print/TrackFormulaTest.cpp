@@ -10,6 +10,8 @@
 namespace vantrel::test {
 namespace {
 
+constexpr QChar Point = u'.';
+
 FieldValues Record(const QStringList& values)
 {
     FieldValues record;
@@ -19,10 +21,11 @@ FieldValues Record(const QStringList& values)
 }
 
 /// What each token gives, in order.
-QStringList Given(const QString& formula, const QStringList& values = {})
+QStringList Given(const QString& formula, const QStringList& values = {},
+                  QChar decimalSeparator = Point)
 {
     QStringList given;
-    EvaluateTrack(formula, Record(values),
+    EvaluateTrack(formula, Record(values), decimalSeparator,
                   [&](TokenKind, const QString& text) { given.append(text); });
     return given;
 }
@@ -155,7 +158,7 @@ TEST(EvaluateTrack, AnEmptyFormulaHasNoTokens)
 TEST(EvaluateTrack, AnEmptyTokenIsAnEmptyLiteral)
 {
     QList<TokenKind> kinds;
-    EvaluateTrack(QStringLiteral("~"), {}, [&](TokenKind kind, const QString& text) {
+    EvaluateTrack(QStringLiteral("~"), {}, Point, [&](TokenKind kind, const QString& text) {
         kinds.append(kind);
         EXPECT_EQ(text, QString());
     });
@@ -171,6 +174,14 @@ TEST(EvaluateTrack, ACheckDigitFollowsTheFieldItCovers)
               QStringList({QStringLiteral("7992739871"), QStringLiteral("3")}));
     EXPECT_EQ(Given(QStringLiteral("DAT1~EBT"), {QStringLiteral("91")}),
               QStringList({QStringLiteral("91"), QStringLiteral("10")}));
+}
+
+TEST(EvaluateTrack, AnEbtDigitGoesByTheMachinesDecimalSeparator)
+{
+    EXPECT_EQ(Given(QStringLiteral("DAT1~EBT"), {QStringLiteral("1234")}),
+              QStringList({QStringLiteral("1234"), QStringLiteral("6")}));
+    EXPECT_EQ(Given(QStringLiteral("DAT1~EBT"), {QStringLiteral("1234")}, u','),
+              QStringList({QStringLiteral("1234"), QStringLiteral("9")}));
 }
 
 TEST(EvaluateTrack, ACheckDigitCoversTheCleanedValue)
@@ -314,7 +325,7 @@ TEST(EvaluateTrack, WhatStandsBeforeAFailureHasBeenHandedOn)
 {
     QStringList given;
     const auto sink = [&](TokenKind, const QString& text) { given.append(text); };
-    EXPECT_EQ(FailureOf([&] { EvaluateTrack(QStringLiteral("A~B~DAT~C"), {}, sink); }),
+    EXPECT_EQ(FailureOf([&] { EvaluateTrack(QStringLiteral("A~B~DAT~C"), {}, Point, sink); }),
               FailureNumber::TypeMismatch);
     EXPECT_EQ(given, QStringList({QStringLiteral("A"), QStringLiteral("B")}));
 }
@@ -322,7 +333,7 @@ TEST(EvaluateTrack, WhatStandsBeforeAFailureHasBeenHandedOn)
 TEST(EvaluateTrack, EmptyFieldsGiveALoneSeparator)
 {
     QString separators;
-    EvaluateTrack(QStringLiteral("DAT1~SEP~DAT2"), Record({QString(), QString()}),
+    EvaluateTrack(QStringLiteral("DAT1~SEP~DAT2"), Record({QString(), QString()}), Point,
                   [&](TokenKind kind, const QString& text) {
                       separators += text;
                       if (kind == TokenKind::Separator)
