@@ -1,5 +1,6 @@
 #include "app/DesktopTray.h"
 #include "app/DesktopIcons.h"
+#include <QGuiApplication>
 #include <QWidget>
 
 namespace vantrel {
@@ -22,6 +23,13 @@ QString FileOf(TrayImage image)
         break;
     }
     return {};
+}
+
+/// Where no notification area is, Qt waits for one of X11, on Wayland in vain and with a warning.
+bool HasOrAwaitsArea()
+{
+    return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland")) ||
+           QSystemTrayIcon::isSystemTrayAvailable();
 }
 
 } // namespace
@@ -62,7 +70,7 @@ void DesktopTray::Mirror()
         m_icon->setIcon(m_images[static_cast<std::size_t>(m_shown) - 1]);
     }
     m_icon->setToolTip(m_face.TrayTip());
-    if (isNew)
+    if (isNew && HasOrAwaitsArea())
         m_icon->show();
 }
 

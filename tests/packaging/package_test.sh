@@ -34,6 +34,7 @@ package=$(echo "$scratch"/made/*.deb)
 dpkg-deb --field "$package" Depends | grep -q 'libqt6widgets6' || fail "it does not depend on its libraries"
 dpkg-deb --field "$package" Depends | grep -qF 'qt6-svg-plugins | libqt6svg6 (<< 6.7)' ||
   fail "it does not depend on what draws its icons"
+dpkg-deb --field "$package" Recommends | grep -q 'qt6-wayland' || fail "on a Wayland desktop it has no window"
 root=$scratch/root
 mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
 touch "$root"/var/lib/dpkg/{status,available}
