@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 #include "app/Background.h"
 #include "app/DesktopAccess.h"
+#include "app/DesktopDragGuard.h"
 #include "app/DesktopFrameAccess.h"
 #include "app/DesktopToolTip.h"
 #include "app/DesktopTray.h"
@@ -43,6 +44,7 @@ frmMain::frmMain(Session& session, Display display)
 {
     TellAs<frmMain, QAccessible::Window, FrameAccess>();
     setObjectName(QStringLiteral("frmMain"));
+    new DesktopDragGuard(this);
     m_workspace->setObjectName(QStringLiteral("Workspace"));
     // Of itself it tells of the card only, and not of the navigator.
     TellAs<QMdiArea, QAccessible::LayeredPane>();

@@ -1,0 +1,122 @@
+#include "app/DesktopControls.h"
+#include "desktop/ComposerHand.h"
+#include "shaping/frmEncoding.h"
+#include "shaping/frmSerialize.h"
+#include "support/Events.h"
+#include "support/Layouts.h"
+#include <QApplication>
+#include <QDrag>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+// Drags by the mouse itself, with the loop that runs while the button is held.
+
+namespace vantrel::test {
+namespace {
+
+/// A platform without a display whose drags run as on a screen.
+const bool Drags = qputenv("VANTREL_TEST_PLATFORM", "minimal");
+
+class ComposerDrag : public ::testing::Test
+{
+protected:
+    ComposerDrag()
+    {
+        Station.WithLayout();
+        SetRecord(Station.Session, {QStringLiteral("4000")});
+        Station.Load();
+        From = &OpenDialog<frmSerialize>(Station.Session, &Station.Window);
+        From->move(0, 0);
+        Onto = &OpenDialog<frmEncoding>(Station.Session, &Station.Window);
+        Onto->move(0, 300);
+        EXPECT_TRUE(EventsUntil([&] { return From->isVisible() && Onto->isVisible(); }));
+    }
+
+    QTreeWidget& Tree() { return DesktopStation::Named<QTreeWidget>(*From, "tvwData"); }
+    QDrag* Drag() { return From->findChild<QDrag*>(); }
+
+    static void MoveOver(const QWidget& window, QPoint at)
+    {
+        QTest::mouseMove(window.windowHandle(), at);
+    }
+    /// Takes the first node with the mouse and does this while it is dragged.
+    template <typename Use>
+    void WhileDragging(Use use)
+    {
+        const QPoint at = Tree().viewport()->mapTo(
+            From.data(), Tree().visualItemRect(Tree().topLevelItem(0)).center());
+        QTest::mousePress(From->windowHandle(), Qt::LeftButton, {}, at);
+        const int step = 2 * QApplication::startDragDistance();
+        QTest::mouseMove(From->windowHandle(), at + QPoint(step, 0));
+        bool used = false;
+        QTimer::singleShot(0, [&] {
+            used = true;
+            ASSERT_NE(Drag(), nullptr);
+            use();
+            QTest::mouseRelease(Station.Window.windowHandle(), Qt::LeftButton);
+        });
+        // This one begins the drag, and returns when it has ended.
+        QTest::mouseMove(From->windowHandle(), at + QPoint(2 * step, 0));
+        EXPECT_TRUE(used);
+    }
+    /// Carries the dragged node over the first track of the other composer.
+    void CarryOntoTrack()
+    {
+        auto& row = DesktopStation::Named<DesktopElementRow>(*Onto, "Track1");
+        for (int step = 0; step < 2; ++step)
+            MoveOver(*Onto, row.mapTo(Onto.data(), row.rect().center() + QPoint(step, 0)));
+        ASSERT_NE(Drag()->target(), nullptr);
+    }
+    static void Settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    DesktopStation Station;
+    QPointer<frmSerialize> From;
+    QPointer<frmEncoding> Onto;
+};
+
+TEST_F(ComposerDrag, ATrackWhoseComposerClosesIsLeftByTheDrag)
+{
+    WhileDragging([&] {
+        CarryOntoTrack();
+        Onto->close();
+        EXPECT_EQ(Drag()->target(), nullptr);
+        Settle();
+        MoveOver(*From, QPoint(40, 40));
+    });
+    EXPECT_TRUE(EventsUntil([&] { return Onto.isNull(); }));
+    EXPECT_FALSE(From.isNull());
+}
+
+TEST_F(ComposerDrag, AComposerThatClosesLivesUntilItsDragHasEnded)
+{
+    WhileDragging([&] {
+        From->close();
+        EXPECT_FALSE(From->isVisible());
+        Settle();
+        EXPECT_FALSE(From.isNull());
+        CarryOntoTrack();
+    });
+    EXPECT_TRUE(EventsUntil([&] { return From.isNull(); }));
+}
+
+TEST_F(ComposerDrag, AComposerOpenedAnewInItsOwnDragStays)
+{
+    WhileDragging([&] {
+        From->close();
+        EXPECT_EQ(&OpenDialog<frmSerialize>(Station.Session, &Station.Window), From.data());
+    });
+    Settle();
+    ASSERT_FALSE(From.isNull());
+    EXPECT_TRUE(From->isVisible());
+    From->close();
+    EXPECT_TRUE(EventsUntil([&] { return From.isNull(); }));
+}
+
+} // namespace
+} // namespace vantrel::test
