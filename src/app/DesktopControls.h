@@ -43,7 +43,14 @@ Dialog& OpenDialog(Session& session, QWidget* parent)
     return *dialog;
 }
 
-/// Places a dialog over the middle of its parent, `lift` twips higher.
+/// The width in pixels in which a window shows that title whole, by what desktops put beside it.
+int WidthForTitle(const QString& title);
+/// The title that a window gets: a blank one where there is none, since desktops show the name of
+/// the program's file in the title bar of a window without a title.
+QString ShownTitle(const QString& title);
+
+/// Places a dialog over the middle of its parent, `lift` twips higher, by what both are with their
+/// frames.
 void CentreOver(QWidget& dialog, const QWidget* parent, double lift = 0);
 /// Places a dialog where that middle is while the parent stands in the corner of the screen.
 void PlaceBySizeOf(QWidget& dialog, const QWidget* parent, double lift);

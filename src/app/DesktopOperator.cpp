@@ -1,5 +1,6 @@
 #include "app/DesktopOperator.h"
 #include "app/DesktopColor.h"
+#include "app/DesktopControls.h"
 #include "app/DesktopFont.h"
 #include "app/DesktopOwner.h"
 #include "app/frmMessage.h"
@@ -7,6 +8,7 @@
 #include <QColorDialog>
 #include <QFontDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 
 namespace vantrel {
@@ -17,7 +19,7 @@ namespace {
 void SetPlainText(QMessageBox& box, const QString& title, const QString& text)
 {
     box.setTextFormat(Qt::PlainText);
-    box.setWindowTitle(title);
+    box.setWindowTitle(ShownTitle(title));
     box.setText(text);
 }
 
@@ -89,9 +91,11 @@ QString DesktopOperator::InputBox(const QString& prompt, const QString& title,
                                   const QString& present)
 {
     QInputDialog box(m_mainWindow);
-    box.setWindowTitle(title);
+    box.setWindowTitle(ShownTitle(title));
     box.setLabelText(prompt);
     box.setTextValue(present);
+    // The box takes its size from what stands in it.
+    box.findChild<QLineEdit*>()->setMinimumWidth(WidthForTitle(title));
     return Ask(box) == QDialog::Accepted ? box.textValue() : QString();
 }
 

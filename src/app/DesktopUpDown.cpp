@@ -2,6 +2,7 @@
 #include "app/DesktopAccess.h"
 #include "app/DesktopControls.h"
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -85,6 +86,12 @@ void DesktopUpDown::SetValue(int value)
         return;
     m_value = within;
     Q_EMIT ValueChanged(within);
+}
+
+void DesktopUpDown::StandBeside(QLineEdit& field)
+{
+    field.setMinimumHeight(2 * ArrowSize.height());
+    setTabOrder(&field, this);
 }
 
 void DesktopUpDown::PressUp()

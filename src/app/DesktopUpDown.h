@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QLineEdit;
 class QToolButton;
 
 namespace vantrel {
@@ -21,6 +22,10 @@ public:
     int Value() const { return m_value; }
     /// Sets the value, pulled into the range, and tells it where that changes it.
     void SetValue(int value);
+
+    /// Makes the field that shows the number as tall as the arrows, and the Tab key go from it to
+    /// them. Both are of one window already.
+    void StandBeside(QLineEdit& field);
 
     QToolButton& UpButton() const { return *m_up; }
     QToolButton& DownButton() const { return *m_down; }

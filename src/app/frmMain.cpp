@@ -4,6 +4,7 @@
 #include "app/DesktopDragGuard.h"
 #include "app/DesktopFrameAccess.h"
 #include "app/DesktopToolTip.h"
+#include "app/DesktopPanel.h"
 #include "app/DesktopTray.h"
 #include "app/MainRuntime.h"
 #include "app/RunTimeError.h"
@@ -16,7 +17,6 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
-#include <QLabel>
 #include <QMdiArea>
 #include <QMouseEvent>
 #include <QStatusBar>
@@ -71,14 +71,8 @@ void frmMain::BuildStatusBar()
     // The panels have a frame of their own.
     bar->setStyleSheet(QStringLiteral("QStatusBar::item { border: none }"));
     for (int number = 1; number <= PanelCount; ++number) {
-        auto* panel = new QLabel(bar);
+        auto* panel = new DesktopPanel(bar);
         panel->setObjectName(QStringLiteral("SB%1").arg(number));
-        panel->setTextFormat(Qt::PlainText);
-        panel->setFrameStyle(static_cast<int>(QFrame::StyledPanel) |
-                             static_cast<int>(QFrame::Sunken));
-        panel->setContentsMargins(4, 1, 4, 1);
-        // A long text is cut off; it does not widen the window.
-        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         bar->addWidget(panel, 1);
         m_panels[number - 1] = panel;
         ShowPanel(number);

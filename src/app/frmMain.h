@@ -5,11 +5,11 @@
 #include <QMainWindow>
 #include <QTimer>
 
-class QLabel;
 class QMdiArea;
 
 namespace vantrel {
 
+class DesktopPanel;
 class MainMenu;
 class Session;
 class frmDocument;
@@ -69,7 +69,7 @@ private:
     MainMenu* m_menu;
     frmDocument* m_document;
     frmNav* m_nav;
-    QLabel* m_panels[3] = {};
+    DesktopPanel* m_panels[3] = {};
     QTimer* m_flashTimer = nullptr;
     Flash m_flash;
     bool m_loaded = false;

@@ -1,8 +1,8 @@
 #include "app/frmMessage.h"
 #include "app/DesktopControls.h"
+#include "app/DesktopWrappedText.h"
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -29,15 +29,9 @@ frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButt
     : QDialog(parent, DialogWithoutClose), m_hasNo(buttons == AppMessageButtons::YesNo)
 {
     setObjectName(QStringLiteral("frmMessage"));
-    if (!title.isEmpty())
-        setWindowTitle(title);
+    setWindowTitle(ShownTitle(title));
 
-    auto* out = MakeControl<QLabel>("lblOut", this);
-    out->setTextFormat(Qt::PlainText);
-    out->setText(text);
-    // As wide as the text asks for while it stands in its own lines.
-    out->setFixedWidth(std::min(out->sizeHint().width(), WidestText));
-    out->setWordWrap(true);
+    auto* out = MakeControl<DesktopWrappedText>("lblOut", text, WidestText, this);
 
     auto* ok = MakeButton("cmdOk", m_hasNo ? QStringLiteral("&Yes") : QStringLiteral("&Ok"), this);
     auto* no = MakeButton("cmdNo", QStringLiteral("&No"), this);
@@ -56,7 +50,11 @@ frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButt
     column->setSpacing(Margin);
     column->addWidget(out);
     column->addLayout(row);
+    column->addStrut(WidthForTitle(title) - 2 * Margin);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    // Before it shows: a window manager takes a later place for that of the window in its frame.
+    if (parent != nullptr && parent->isVisible())
+        CentreOver(*this, parent);
 }
 
 void frmMessage::reject()
@@ -68,14 +66,6 @@ void frmMessage::reject()
 void frmMessage::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-}
-
-void frmMessage::showEvent(QShowEvent* event)
-{
-    QDialog::showEvent(event);
-    if (event->spontaneous() || parentWidget() == nullptr || !parentWidget()->isVisible())
-        return;
-    CentreOver(*this, parentWidget());
 }
 
 } // namespace vantrel

@@ -53,7 +53,9 @@ QWidget* frmCommSettings::MakeNetworkPage()
     m_port = MakeControl<QLineEdit>("txtPort", m_networkBoxes);
     m_port->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), m_port));
-    m_portArrows = MakeControl<DesktopUpDown>("udPort", QStringLiteral("TCP/IP Port"));
+    m_portArrows =
+        MakeControl<DesktopUpDown>("udPort", QStringLiteral("TCP/IP Port"), m_networkBoxes);
+    m_portArrows->StandBeside(*m_port);
     m_portArrows->SetRange(0, std::numeric_limits<std::int32_t>::max());
     auto* forceClose = MakeControl<QCheckBox>(
         "chkForceClose", QStringLiteral("Force socket to close after printing"), m_networkBoxes);
@@ -71,6 +73,7 @@ QWidget* frmCommSettings::MakeNetworkPage()
     AddCombo(*form, "Emulate Device", *m_devices);
     auto* portLabel = new QLabel(QStringLiteral("TCP/IP Port"), m_networkBoxes);
     portLabel->setBuddy(m_port);
+    portLabel->setMinimumHeight(m_portArrows->sizeHint().height());
     form->addRow(portLabel, port);
     form->addRow(forceClose);
     form->addRow(m_multiConnect);

@@ -52,6 +52,7 @@ frmSize::frmSize(Session& session, QWidget* parent) : QDialog(parent), m_session
         caption->setBuddy(text);
         text->installEventFilter(this);
         auto* arrows = MakeControl<DesktopUpDown>(row.ArrowsName, name, this);
+        arrows->StandBeside(*text);
         connect(arrows, &DesktopUpDown::Up, this, [this, &row] { Step(row.Field, StepUp); });
         connect(arrows, &DesktopUpDown::Down, this, [this, &row] { Step(row.Field, StepDown); });
         grid->addWidget(caption, line, 0);

@@ -16,8 +16,10 @@ constexpr int IdColumn = 0;
 constexpr int NameColumn = 1;
 
 /// Room for a handful of macros and layouts; names that need more get it, up to the largest size.
-constexpr QSize FirstSize{420, 320};
+constexpr QSize FirstSize{480, 320};
 constexpr QSize LargestSize{900, 600};
+/// Characters of a layout's name that show at least.
+constexpr int NameCharacters = 24;
 
 } // namespace
 
@@ -73,6 +75,7 @@ void frmMacro::MakeControls()
     buttons->addWidget(close);
     auto* grid = new QGridLayout(this);
     grid->setRowStretch(1, 1);
+    m_layouts->setMinimumWidth(NameCharacters * fontMetrics().averageCharWidth());
     grid->addWidget(macrosLabel, 0, 0);
     grid->addWidget(layoutsLabel, 0, 1);
     grid->addWidget(m_macros, 1, 0);

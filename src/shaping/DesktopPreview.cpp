@@ -1,14 +1,52 @@
 #include "shaping/DesktopPreview.h"
+#include "app/Contrast.h"
 #include "shaping/ComposerElement.h"
+#include <QEvent>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 
 namespace vantrel {
 
+namespace {
+
+constexpr double RemarkShare = 0.7;
+
+/// Has no ground of its own, and writes its remark in a colour that is muted and still read on the
+/// window's; the one of the desktop is too faint for that.
+class PreviewLine : public QLineEdit
+{
+public:
+    explicit PreviewLine(QWidget* parent) : QLineEdit(parent) { TakeColors(); }
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        QLineEdit::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange)
+            TakeColors();
+    }
+
+private:
+    void TakeColors()
+    {
+        QPalette colors = palette();
+        const QColor remark = Between(colors.color(QPalette::WindowText),
+                                      colors.color(QPalette::Window), RemarkShare);
+        // Taking colours is a change of them, too.
+        if (colors.color(QPalette::PlaceholderText) == remark)
+            return;
+        colors.setColor(QPalette::Base, Qt::transparent);
+        colors.setColor(QPalette::PlaceholderText, remark);
+        setPalette(colors);
+    }
+};
+
+} // namespace
+
 QLineEdit* MakePreview(const QString& accessibleName, QWidget* parent)
 {
-    auto* line = new QLineEdit(parent);
+    auto* line = new PreviewLine(parent);
     line->setReadOnly(true);
     line->setFrame(false);
     line->setFocusPolicy(Qt::ClickFocus);
@@ -16,9 +54,6 @@ QLineEdit* MakePreview(const QString& accessibleName, QWidget* parent)
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPointSizeF(line->font().pointSizeF());
     line->setFont(font);
-    QPalette colors = line->palette();
-    colors.setColor(QPalette::Base, Qt::transparent);
-    line->setPalette(colors);
     return line;
 }
 

@@ -35,6 +35,7 @@ frmFilters::frmFilters(Session& session, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->addWidget(m_chars);
     column->addLayout(buttons);
+    setMinimumWidth(WidthForTitle(windowTitle()));
 }
 
 void frmFilters::Save()

@@ -51,6 +51,8 @@ QLayout* frmForms::MakeRecords()
     caption->setBuddy(m_objects);
     m_objects->setAccessibleName(caption->text());
     m_objects->setUniformItemSizes(true);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    m_objects->setIconSize({icon, icon});
     connect(m_objects, &QListWidget::itemSelectionChanged, this, [this] {
         for (const QListWidgetItem* line : m_objects->selectedItems())
             m_chosen = line->data(Qt::UserRole).toString();

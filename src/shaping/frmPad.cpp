@@ -8,6 +8,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -62,6 +63,7 @@ void frmPad::BuildControls()
     length->setSpacing(0);
     length->addWidget(m_length);
     length->addWidget(m_arrows);
+    m_arrows->StandBeside(*m_length);
     m_length->setAccessibleName(m_arrows->accessibleName());
     m_arrows->SetRange(0, LongestLength);
     connect(m_arrows, &DesktopUpDown::ValueChanged, this, &frmPad::ShowLength);
@@ -75,6 +77,7 @@ void frmPad::BuildControls()
         sides->addWidget(m_directions[side]);
     }
     m_directions[0]->setChecked(true);
+    setTabOrder(m_directions[std::size(m_directions) - 1], m_save);
 
     m_save->setDefault(true);
     auto* cancel = MakeControl<QPushButton>("cmdCancel", QStringLiteral("&Cancel"), this);
@@ -88,7 +91,10 @@ void frmPad::BuildControls()
     auto* entries = new QFormLayout;
     entries->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     entries->addRow(QStringLiteral("Data"), m_data);
-    entries->addRow(QStringLiteral("Final Length"), length);
+    auto* lengthLabel = new QLabel(QStringLiteral("Final Length"), this);
+    lengthLabel->setBuddy(m_length);
+    lengthLabel->setMinimumHeight(m_arrows->sizeHint().height());
+    entries->addRow(lengthLabel, length);
     auto* right = new QVBoxLayout;
     right->addLayout(entries);
     right->addWidget(group);

@@ -74,11 +74,14 @@ QLayout* frmSendData::MakeCheckDigit()
     auto* row = new QHBoxLayout;
     row->addWidget(m_checkDigit);
     row->addStretch();
+    QWidget* before = m_checkDigit;
     for (const Scheme& scheme : Schemes) {
         auto* option =
             MakeControl<QRadioButton>(scheme.Name, QLatin1StringView(scheme.Caption), this);
         m_schemes->addButton(option, static_cast<int>(scheme.Digit));
         row->addWidget(option);
+        setTabOrder(before, option);
+        before = option;
     }
     connect(m_checkDigit, &QCheckBox::toggled, this, &frmSendData::OnCheckDigit);
     return row;
@@ -93,6 +96,8 @@ QLayout* frmSendData::MakeSpacing()
     auto* arrows = MakeControl<DesktopUpDown>("ccrpUpDown1", counted, this);
     arrows->SetRange(1, MostDigits);
     arrows->SetValue(FirstDigits);
+    arrows->StandBeside(*m_digitCount);
+    setTabOrder(arrows, m_print);
     connect(arrows, &DesktopUpDown::ValueChanged, m_digitCount,
             [this](int digits) { m_digitCount->setText(QString::number(digits)); });
     connect(m_digitCount, &QLineEdit::textChanged, arrows, [arrows](const QString& text) {

@@ -50,6 +50,7 @@ frmAbout::frmAbout(Session& /*session*/, QWidget* parent) : QDialog(parent)
     column->addWidget(link);
     column->addSpacing(Margin / 2);
     column->addLayout(row);
+    column->addStrut(WidthForTitle(windowTitle()) - 2 * Margin);
     column->setSizeConstraint(QLayout::SetFixedSize);
     ok->setFocus();
 }

@@ -31,9 +31,7 @@ const QString FirstFont = QStringLiteral("Tahoma");
 
 frmWizard::frmWizard(Session& session, QWidget* parent)
     : QDialog(parent, DialogWithoutClose), m_session(session),
-      m_prompt(MakeControl<QLabel>("lblPrompt", this)), m_pages(new QStackedWidget(this)),
-      m_back(MakeControl<QPushButton>("cmdBack", QStringLiteral("<< &Back"), this)),
-      m_next(MakeControl<QPushButton>("cmdNext", this))
+      m_prompt(MakeControl<QLabel>("lblPrompt", this)), m_pages(new QStackedWidget(this))
 {
     setObjectName(QStringLiteral("frmWizard"));
     setWindowTitle(QStringLiteral("Ostrand Card Design Wizard"));
@@ -57,6 +55,8 @@ frmWizard::frmWizard(Session& session, QWidget* parent)
 
 void frmWizard::MakeButtons()
 {
+    m_back = MakeControl<QPushButton>("cmdBack", QStringLiteral("<< &Back"), this);
+    m_next = MakeControl<QPushButton>("cmdNext", this);
     auto* cancel = MakeControl<QPushButton>("cmdCancel", QStringLiteral("Cancel"), this);
     m_next->setDefault(true);
     for (QPushButton* other : {m_back, cancel})

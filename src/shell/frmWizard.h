@@ -74,8 +74,8 @@ private:
 
     QLabel* m_prompt;
     QStackedWidget* m_pages;
-    QPushButton* m_back;
-    QPushButton* m_next;
+    QPushButton* m_back = nullptr;
+    QPushButton* m_next = nullptr;
     QLineEdit* m_name;
     QComboBox* m_fonts;
     QComboBox* m_sizes;

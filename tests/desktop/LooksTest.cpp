@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -87,6 +88,8 @@ void ExpectTextsLegible(QWidget& window)
         expect(*label, label->text());
     for (const auto* button : Shown<QAbstractButton>(window))
         expect(*button, button->text());
+    for (const auto* line : Shown<QLineEdit>(window))
+        expect(*line, line->text().isEmpty() ? line->placeholderText() : QString());
     for (const auto* list : Shown<QAbstractItemView>(window)) {
         if (IsPartOfControl(*list) || list->model() == nullptr || list->model()->rowCount() == 0)
             continue;

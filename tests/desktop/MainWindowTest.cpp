@@ -5,8 +5,10 @@
 #include "platform/Profile.h"
 #include "support/Events.h"
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMdiArea>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -61,6 +63,66 @@ TEST(MainWindow, APressOnTheFirstPanelCopiesItsTextIntoItsToolTip)
                         Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&panel, &release);
     EXPECT_EQ(panel.toolTip(), QStringLiteral("Vantrel Disabled"));
+}
+
+/// A station whose second panel has a text that is longer than the panel.
+class LongPanel : public DesktopStation
+{
+public:
+    LongPanel()
+    {
+        Load();
+        Session.Face.SetPanelText(2, Text);
+        QCoreApplication::processEvents();
+    }
+
+    const QString Text = QStringLiteral("Layout (<b>") + QString(60, QLatin1Char('W')) +
+                         QStringLiteral(") Page 1 of 2");
+    QLabel& Panel() { return Get<QLabel>("SB2"); }
+    /// Lets the pointer rest on the panel. @return the tip that shows
+    QString TipOnPanel()
+    {
+        const QPoint at = Panel().rect().center();
+        QHelpEvent rest(QEvent::ToolTip, at, Panel().mapToGlobal(at));
+        QCoreApplication::sendEvent(&Panel(), &rest);
+        return QToolTip::text();
+    }
+};
+
+TEST(MainWindow, ALongTextOfAPanelEndsInAnEllipsis)
+{
+    LongPanel station;
+    QLabel& panel = station.Panel();
+    const QImage seen = panel.grab().toImage();
+    EXPECT_EQ(panel.text(), station.Text);
+    // It is the picture of a beginning that has room with an ellipsis behind it.
+    bool ends = false;
+    for (qsizetype length = 1; length < station.Text.size() && !ends; ++length) {
+        panel.setText(station.Text.left(length) + QChar(0x2026));
+        ends = panel.fontMetrics().horizontalAdvance(panel.text()) < panel.width() &&
+               panel.grab().toImage() == seen;
+    }
+    EXPECT_TRUE(ends);
+}
+
+TEST(MainWindow, ThePointerOnAPanelThatIsCutOffTellsItWhole)
+{
+    LongPanel station;
+    EXPECT_EQ(station.TipOnPanel(), Qt::convertFromPlainText(station.Text));
+    EXPECT_EQ(station.Panel().toolTip(), QString());
+    // A panel's own tool tip goes before.
+    station.Session.Face.SetPanelToolTip(2, QStringLiteral("told"));
+    EXPECT_EQ(station.TipOnPanel(), QStringLiteral("told"));
+    QToolTip::hideText();
+}
+
+TEST(MainWindow, ThePointerOnAPanelThatHasRoomTellsNothing)
+{
+    LongPanel station;
+    station.Session.Face.SetPanelText(2, QStringLiteral("Layout (None)"));
+    QToolTip::hideText();
+    ASSERT_TRUE(EventsUntil([] { return !QToolTip::isVisible(); }));
+    EXPECT_EQ(station.TipOnPanel(), QString());
 }
 
 TEST(MainWindow, ReopensTheLastLayoutAndShowsItsCard)

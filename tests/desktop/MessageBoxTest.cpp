@@ -167,6 +167,77 @@ TEST(MessageBox, OutlivesTheWindowItComesFrom)
         Button(box, "cmdOk").click();
     });
     EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("A"), {}, AppMessageButtons::YesNo));
+/// The label that has a message.
+QLabel& TextOf(QWidget& box)
+{
+    return DesktopStation::Named<QLabel>(box, "lblOut");
+}
+
+TEST(MessageBox, ALongNameWithoutBlanksGoesOnInTheNextLine)
+{
+    const QString name(400, QLatin1Char('W'));
+    frmMessage box(QStringLiteral("Delete the layout named (") + name + QStringLiteral(") ?"),
+                   QStringLiteral("Really Delete?"), AppMessageButtons::YesNo, nullptr);
+    box.show();
+    QLabel& out = TextOf(box);
+    const QFontMetrics metrics(out.font());
+    const int lines = metrics.horizontalAdvance(name) / out.width() + 1;
+    EXPECT_GE(out.height(), lines * metrics.height());
+    EXPECT_LE(out.geometry().right(), box.contentsRect().right());
+    EXPECT_TRUE(out.text().contains(name));
+    // Every character of the name is drawn: each line has as much ink as characters fit.
+    const QImage seen = out.grab().toImage();
+    const QRgb ground = seen.pixel(seen.width() - 1, seen.height() - 1);
+    const int side = metrics.horizontalAdvance(QLatin1Char('W'));
+    int drawn = 0;
+    for (int top = 0; top + metrics.height() <= seen.height(); top += metrics.height()) {
+        int columns = 0;
+        for (int x = 0; x < seen.width(); ++x) {
+            bool ink = false;
+            for (int y = top; y < top + metrics.height(); ++y)
+                ink = ink || seen.pixel(x, y) != ground;
+            columns += ink ? 1 : 0;
+        }
+        drawn += columns;
+    }
+    EXPECT_GE(drawn, name.size() * (side - 2));
+}
+
+TEST(MessageBox, ATextOfManyLinesLeavesItsButtonsOnTheScreen)
+{
+    const QString text = QString(5000, QLatin1Char('W')) + QString(1 << 20, QLatin1Char('\n'));
+    frmMessage box(text, QStringLiteral("Really Delete?"), AppMessageButtons::YesNo, nullptr);
+    box.show();
+    EXPECT_EQ(TextOf(box).text(), text);
+    EXPECT_LE(box.height(), 600);
+}
+
+TEST(MessageBox, WithoutATitleItsTitleBarIsBlank)
+{
+    DesktopOperator desk;
+    // A desktop shows the name of the program's file for a title without any character.
+    const auto expectBlank = [](QWidget& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral(" "));
+        static_cast<QDialog&>(box).reject();
+    };
+    WithNextBox(expectBlank);
+    desk.InputBox(QStringLiteral("Please enter the text you wish to display"), QString(), {});
+    WithNextBox(expectBlank);
+    desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::YesNo);
+    WithNextBox(expectBlank);
+    desk.MessageBox(QStringLiteral("A"), QString(), BoxIcon::Critical);
+}
+
+TEST(MessageBox, AnInputBoxHasRoomForItsTitle)
+{
+    DesktopOperator desk;
+    const QString words = QStringLiteral("Enter a new value");
+    WithNextBox([&](QWidget& box) {
+        EXPECT_EQ(box.windowTitle(), words);
+        EXPECT_GE(box.width(), WidthForTitle(words));
+        static_cast<QDialog&>(box).reject();
+    });
+    desk.InputBox(words, words, {});
 }
 
 TEST(MessageBox, PlainBoxesShowTheirTextAsItStands)
