@@ -54,6 +54,7 @@ frmSendData::frmSendData(Session& session, QWidget* parent)
     column->addLayout(MakeSpacing());
     column->addWidget(m_out);
     column->addLayout(MakeButtons());
+    column->addStrut(WidthForTitle(windowTitle()));
     column->setSizeConstraint(QLayout::SetFixedSize);
     OnCheckDigit(false);
     CentreOver(*this, parent);
