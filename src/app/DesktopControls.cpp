@@ -53,7 +53,7 @@ void PlaceBySizeOf(QWidget& dialog, const QWidget* parent, double lift)
     if (parent == nullptr)
         return;
     dialog.adjustSize();
-    const QSize room = parent->window()->frameSize() - FrameSizeOf(dialog, *parent);
+    const QSize room = parent->window()->frameSize() - dialog.size();
     dialog.move(room.width() / 2, room.height() / 2 - ScreenPixels(lift));
 }
 
