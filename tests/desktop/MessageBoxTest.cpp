@@ -167,6 +167,8 @@ TEST(MessageBox, OutlivesTheWindowItComesFrom)
         Button(box, "cmdOk").click();
     });
     EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("A"), {}, AppMessageButtons::YesNo));
+}
+
 /// The label that has a message.
 QLabel& TextOf(QWidget& box)
 {
