@@ -20,7 +20,7 @@ void SetPlainText(QMessageBox& box, const QString& title, const QString& text)
 {
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(ShownTitle(title));
-    box.setText(text);
+    box.setText(ShownLine(text));
 }
 
 QMessageBox::Icon SignOf(BoxIcon icon)

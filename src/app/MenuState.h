@@ -1,7 +1,7 @@
 #pragma once
 
+#include "capture/FieldValues.h"
 #include <QString>
-#include <QStringList>
 
 namespace vantrel {
 
@@ -51,10 +51,14 @@ enum class PopUp { mnuFile, mnuData, mnuProperties, mnuDataFields, mnuBack, mnuA
 /// The list of the last record's values as the menu shows it.
 struct FieldMenu
 {
-    /// Captions from element 1 on, such as "Data Field 1        =      A".
-    QStringList Captions;
+    /// One element for each; made to captions only where somebody looks.
+    FieldValues Values;
     /// Whether the entry "Send a data stream..." shows.
     bool SendEntryVisible = true;
+
+    int Count() const { return Values.Count(); }
+    /// The caption of an element from 1 on, such as "Data Field 1        =      A".
+    QString Caption(int number) const;
 };
 
 } // namespace vantrel

@@ -3,6 +3,14 @@
 
 namespace vantrel {
 
+QString FieldMenu::Caption(int number) const
+{
+    // The blanks differ so that numbers of two digits line up.
+    const QString equals =
+        number < 10 ? QStringLiteral("        =      ") : QStringLiteral("      =      ");
+    return QStringLiteral("Data Field ") + QString::number(number) + equals + Values.Item(number);
+}
+
 StationFace::StationFace()
 {
     m_entries.fill(true);

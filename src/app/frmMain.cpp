@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 #include "app/Background.h"
 #include "app/DesktopAccess.h"
+#include "app/DesktopControls.h"
 #include "app/DesktopDragGuard.h"
 #include "app/DesktopFrameAccess.h"
 #include "app/DesktopPanel.h"
@@ -83,7 +84,8 @@ void frmMain::BuildStatusBar()
 void frmMain::MirrorFace()
 {
     StationFace& face = m_session.Face;
-    connect(&face, &StationFace::CaptionChanged, this, &QWidget::setWindowTitle);
+    connect(&face, &StationFace::CaptionChanged, this,
+            [this](const QString& text) { setWindowTitle(ShownLine(text)); });
     connect(&face, &StationFace::PanelChanged, this, &frmMain::ShowPanel);
     connect(&face, &StationFace::VisibilityChanged, this, &frmMain::ShowOrHide);
     connect(&face, &StationFace::BackgroundChanged, this, &frmMain::TakeBackground);
@@ -212,8 +214,8 @@ void frmMain::TakeBackground()
 void frmMain::ShowPanel(int number)
 {
     const Panel& panel = m_session.Face.StatusPanel(number);
-    m_panels[number - 1]->setText(panel.Text);
-    SetPlainToolTip(*m_panels[number - 1], panel.ToolTip);
+    m_panels[number - 1]->setText(ShownLine(panel.Text));
+    SetPlainToolTip(*m_panels[number - 1], ShownLine(panel.ToolTip));
 }
 
 void frmMain::ShowOrHide(bool visible)

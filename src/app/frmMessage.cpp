@@ -31,7 +31,7 @@ frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButt
     setObjectName(QStringLiteral("frmMessage"));
     setWindowTitle(ShownTitle(title));
 
-    auto* out = MakeControl<DesktopWrappedText>("lblOut", text, WidestText, this);
+    auto* out = MakeControl<DesktopWrappedText>("lblOut", ShownLine(text), WidestText, this);
 
     auto* ok = MakeButton("cmdOk", m_hasNo ? QStringLiteral("&Yes") : QStringLiteral("&Ok"), this);
     auto* no = MakeButton("cmdNo", QStringLiteral("&No"), this);

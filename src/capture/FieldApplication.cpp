@@ -83,14 +83,6 @@ void MakeDynamicFields(Session& session)
     }
 }
 
-QString FieldMenuCaption(int index, const QString& value)
-{
-    // The blanks differ so that numbers of two digits line up.
-    const QString equals =
-        index < 10 ? QStringLiteral("        =      ") : QStringLiteral("      =      ");
-    return QStringLiteral("Data Field ") + QString::number(index) + equals + value;
-}
-
 } // namespace
 
 void ReapplyFieldValues(Session& session)
@@ -110,12 +102,10 @@ void ReapplyFieldValues(Session& session)
 void BuildFieldMenu(Session& session)
 {
     FieldMenu menu;
+    menu.Values = session.FieldValues;
     // With no values the entry for sending stays as it was; else it goes by the last one made.
-    menu.SendEntryVisible = session.Face.Fields().SendEntryVisible;
-    for (int index = 1; index <= session.FieldValues.Count(); ++index) {
-        menu.Captions.append(FieldMenuCaption(index, session.FieldValues.Item(index)));
-        menu.SendEntryVisible = index == 1;
-    }
+    menu.SendEntryVisible =
+        menu.Count() == 0 ? session.Face.Fields().SendEntryVisible : menu.Count() == 1;
     session.Face.SetFields(menu);
 }
 

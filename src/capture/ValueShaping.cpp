@@ -5,7 +5,6 @@
 #include "platform/Skip.h"
 #include "shaping/CheckDigits.h"
 #include "shaping/StripChars.h"
-#include <QStringList>
 
 namespace vantrel {
 
@@ -19,17 +18,20 @@ void TakePrefixAndSuffix(const QString& toolTipText, CarriedValue& carried)
 {
     if (toolTipText.isEmpty())
         return;
-    const QStringList parts = toolTipText.split(CarriageReturn);
-    carried.Prefix = parts[0];
-    if (parts.size() > 1)
-        carried.Suffix = parts[1];
+    const qsizetype end = toolTipText.indexOf(CarriageReturn);
+    carried.Prefix = toolTipText.left(end);
+    if (end < 0)
+        return;
+    const qsizetype endOfSuffix = toolTipText.indexOf(CarriageReturn, end + 1);
+    carried.Suffix = toolTipText.mid(end + 1, endOfSuffix < 0 ? -1 : endOfSuffix - end - 1);
 }
 
 // The text in front of the digit is the value as it was before the routine took its blanks.
 QString WithCheckDigit(const QString& word, QString& value, QChar decimalSeparator)
 {
     const QString before = value;
-    return before + CheckDigitByWord(word, value, decimalSeparator).value_or(QString());
+    const auto digit = CheckDigitByWord(word, value, decimalSeparator);
+    return digit ? before + *digit : before;
 }
 
 } // namespace
@@ -57,6 +59,9 @@ QString ShapeDataField(const CardObject& field, const FieldValues& values, QChar
          [&] { shaped = WithCheckDigit(field.DataMember, carried.Value, decimalSeparator); });
     if (carried.Value.isEmpty())
         return QStringLiteral("Data Field ") + field.DataField;
+    // A value of megabytes is shared by all fields that put nothing around it.
+    if (carried.Prefix.isEmpty() && carried.Suffix.isEmpty())
+        return shaped;
     return carried.Prefix + shaped + carried.Suffix;
 }
 

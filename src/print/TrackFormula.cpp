@@ -7,6 +7,7 @@
 #include "shaping/Padding.h"
 #include "shaping/StripChars.h"
 #include <QStringList>
+#include <QStringTokenizer>
 
 namespace vantrel {
 
@@ -52,7 +53,12 @@ QString Without(QString token, QStringView word)
 /// The four parts behind "FD", in their stored order; what follows them is passed over.
 QString FormattedFieldText(const QString& ref, const FieldValues& values)
 {
-    const QStringList parts = ref.split(PartDelimiter);
+    QStringList parts;
+    for (const QStringView part : QStringTokenizer(ref, PartDelimiter)) {
+        parts.append(part.toString());
+        if (parts.size() == 4)
+            break;
+    }
     if (parts.size() < 4)
         throw Failure(FailureNumber::SubscriptOutOfRange, QStringLiteral("Subscript out of range"));
     const QString& padChars = parts[0];
@@ -60,6 +66,28 @@ QString FormattedFieldText(const QString& ref, const FieldValues& values)
     const std::int32_t padDirection = ToWholeLong(parts[2]);
     const std::int16_t padField = ToWholeInteger(parts[3]);
     return PadValue(values.Item(padField), padLen, padChars, padDirection);
+}
+
+/// What a formula may read and give altogether, so that one of very many tokens over a very long
+/// value ends as one does that cannot be read.
+class Allowance
+{
+public:
+    void Take(qsizetype characters)
+    {
+        m_left -= characters;
+        if (m_left < 0)
+            throw Failure(FailureNumber::Overflow, QStringLiteral("Overflow"));
+    }
+
+private:
+    qsizetype m_left = LongestTrack;
+};
+
+/// @return how long the value is that a token reads; 0 where it reads none
+qsizetype LengthOfRead(const TrackToken& token, const FieldValues& values)
+{
+    return token.TokenKind == TokenKind::DataField ? values.Item(token.TokenField).size() : 0;
 }
 
 /// @param covered  the value the check digit is computed over
@@ -120,10 +148,14 @@ void EvaluateTrack(const QString& trackText, const FieldValues& values, QChar de
     // A check digit covers the value of the token before it as that was read: nothing behind
     // separators, formatted fields and other check digits. Behind an empty token, the one before.
     QString covered;
-    const QStringList tokens = trackText.split(TokenDelimiter);
-    for (const QString& text : tokens) {
+    Allowance allowance;
+    for (const QStringView part : QStringTokenizer(trackText, TokenDelimiter)) {
+        const QString text = part.toString();
         const TrackToken token = ParseTrackToken(text, values);
-        sink(token.TokenKind, TextOf(token, covered, values, decimalSeparator));
+        allowance.Take(LengthOfRead(token, values));
+        const QString given = TextOf(token, covered, values, decimalSeparator);
+        allowance.Take(given.size());
+        sink(token.TokenKind, given);
         if (!text.isEmpty())
             covered = token.TokenValue;
     }

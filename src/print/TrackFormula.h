@@ -51,9 +51,14 @@ TrackToken ParseTrackToken(const QString& token, const FieldValues& values);
 /// is empty.
 using TrackSink = std::function<void(TokenKind kind, const QString& text)>;
 
+/// What the tokens of a formula may read of the record and give, in characters altogether. A track
+/// holds about a hundred.
+inline constexpr qsizetype LongestTrack = qsizetype{1} << 24;
+
 /// Evaluates the tokens of a formula in order and hands each on before the next one is read. Fails
 /// at the first token that fails: one `ParseTrackToken` fails for, a formatted field with fewer
-/// than four parts or without such a value, a check digit over a text its scheme cannot read.
+/// than four parts or without such a value, a check digit over a text its scheme cannot read, and
+/// with `Overflow` beyond `LongestTrack`.
 /// @param decimalSeparator  that of the machine, by which the EBT digit goes
 void EvaluateTrack(const QString& trackText, const FieldValues& values, QChar decimalSeparator,
                    const TrackSink& sink);

@@ -1,4 +1,5 @@
 #include "shaping/Padding.h"
+#include "platform/Failure.h"
 
 namespace vantrel {
 
@@ -11,6 +12,8 @@ QString PadValue(const QString& value, std::int16_t length, const QString& padTe
     const qsizetype missing = length - value.size();
     if (missing <= 0)
         return {};
+    if ((direction == left || direction == right) && padText.size() > LongestPadding / missing)
+        throw Failure(FailureNumber::Overflow, QStringLiteral("Overflow"));
     if (direction == left)
         return padText.repeated(missing) + value;
     if (direction == right)

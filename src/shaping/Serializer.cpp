@@ -1,6 +1,7 @@
 #include "shaping/Serializer.h"
 #include "app/Session.h"
 #include "layout/StoreStatements.h"
+#include "platform/Failure.h"
 #include "platform/Recordset.h"
 #include "platform/Skip.h"
 #include "shaping/AutoNumber.h"
@@ -10,14 +11,20 @@ namespace vantrel {
 
 namespace {
 
+/// In characters: room for any value there is, and not for as many of it as a pattern may name.
+constexpr qsizetype LongestOutput = qsizetype{1} << 28;
+
 void AppendPattern(Session& session, QString& text)
 {
     Recordset rows(session.LayoutDb);
     rows.Open(StreamOfLayout(session.CurrentLayoutName));
     for (; !rows.IsEof(); rows.MoveNext()) {
         Skip("render element", [&] {
-            text += RenderStreamElement(ReadStreamElement(rows), session.CurrentParams.Filter,
-                                        session.FieldValues);
+            const QString rendered = RenderStreamElement(
+                ReadStreamElement(rows), session.CurrentParams.Filter, session.FieldValues);
+            if (rendered.size() > LongestOutput - text.size())
+                throw Failure(FailureNumber::Overflow, QStringLiteral("Overflow"));
+            text += rendered;
         });
     }
 }

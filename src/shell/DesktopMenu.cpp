@@ -1,4 +1,5 @@
 #include "shell/DesktopMenu.h"
+#include "app/DesktopControls.h"
 #include "app/MainRuntime.h"
 #include "app/RunTimeError.h"
 #include "app/Session.h"
@@ -34,10 +35,13 @@ const char* MenuName(PopUp menu)
     return "";
 }
 
+/// More than an operator looks through; a host may send millions of values.
+constexpr int MostFieldsShown = 1000;
+
 /// A caption that shows every "&" of a value instead of taking it for a mnemonic.
-QString PlainMenuText(QString text)
+QString PlainMenuText(const QString& text)
 {
-    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    return ShownLine(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 const MenuRow* RowOf(const char* name)
@@ -120,6 +124,7 @@ void MainMenu::MirrorFace()
     connect(&face, &StationFace::HideCaptionChanged, this,
             [this](const QString& text) { Find("cmdHide")->setText(text); });
     connect(&face, &StationFace::FieldsChanged, this, &MainMenu::MirrorFields);
+    connect(FindMenu("mnuDataFields"), &QMenu::aboutToShow, this, &MainMenu::FillFields);
     connect(&face, &StationFace::PopUpAsked, this, &MainMenu::OpenPopUp);
     MirrorFields();
 }
@@ -155,10 +160,17 @@ void MainMenu::MirrorEntry(ObjectEntry entry, bool visible)
 
 void MainMenu::MirrorFields()
 {
+    Find("sData")->setVisible(m_session.Face.Fields().SendEntryVisible);
+    // Every record changes the list, and hardly any is looked at.
+    if (FindMenu("mnuDataFields")->isVisible())
+        FillFields();
+}
+
+void MainMenu::FillFields()
+{
     const FieldMenu& fields = m_session.Face.Fields();
     QAction* send = Find("sData");
-    send->setVisible(fields.SendEntryVisible);
-    const auto count = static_cast<std::size_t>(fields.Captions.size());
+    const auto count = static_cast<std::size_t>(std::min(fields.Count(), MostFieldsShown));
     for (; m_fields.size() > count; m_fields.pop_back())
         delete m_fields.back();
     while (m_fields.size() < count) {
@@ -171,7 +183,7 @@ void MainMenu::MirrorFields()
         FindMenu("mnuDataFields")->insertAction(send, m_fields.back());
     }
     for (std::size_t index = 0; index < count; ++index)
-        m_fields[index]->setText(PlainMenuText(fields.Captions[static_cast<qsizetype>(index)]));
+        m_fields[index]->setText(PlainMenuText(fields.Caption(static_cast<int>(index) + 1)));
 }
 
 void MainMenu::MirrorProperties(bool enabled)

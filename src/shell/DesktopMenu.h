@@ -39,6 +39,7 @@ private:
     void MirrorTick(Tick tick, bool on);
     void MirrorEntry(ObjectEntry entry, bool visible);
     void MirrorFields();
+    void FillFields();
     void MirrorProperties(bool enabled);
     void OpenPopUp(PopUp menu);
     bool Holds(Enabled when) const;

@@ -1,5 +1,6 @@
 #include "capture/FieldApplication.h"
 #include "support/Layouts.h"
+#include "support/Memory.h"
 #include <gtest/gtest.h>
 
 using namespace vantrel;
@@ -13,11 +14,11 @@ TEST(FieldMenu, CaptionsLineUpForOneAndTwoDigits)
         values.append(QStringLiteral("v%1").arg(number));
     SetRecord(station.Session, values);
     BuildFieldMenu(station.Session);
-    const QStringList captions = station.Session.Face.Fields().Captions;
-    ASSERT_EQ(captions.size(), 10);
-    EXPECT_EQ(captions[0], QStringLiteral("Data Field 1        =      v1"));
-    EXPECT_EQ(captions[8], QStringLiteral("Data Field 9        =      v9"));
-    EXPECT_EQ(captions[9], QStringLiteral("Data Field 10      =      v10"));
+    const FieldMenu& menu = station.Session.Face.Fields();
+    ASSERT_EQ(menu.Count(), 10);
+    EXPECT_EQ(menu.Caption(1), QStringLiteral("Data Field 1        =      v1"));
+    EXPECT_EQ(menu.Caption(9), QStringLiteral("Data Field 9        =      v9"));
+    EXPECT_EQ(menu.Caption(10), QStringLiteral("Data Field 10      =      v10"));
 }
 
 TEST(FieldMenu, SendEntryGoesByTheLastElementMade)
@@ -44,7 +45,7 @@ TEST(FieldMenu, ListOfTheRecordBeforeIsReplaced)
     BuildFieldMenu(station.Session);
     SetRecord(station.Session, {});
     BuildFieldMenu(station.Session);
-    EXPECT_EQ(station.Session.Face.Fields().Captions, QStringList());
+    EXPECT_EQ(station.Session.Face.Fields().Count(), 0);
 }
 
 TEST(FieldMenu, EmptyValueIsListedToo)
@@ -52,6 +53,35 @@ TEST(FieldMenu, EmptyValueIsListedToo)
     TestSession station;
     SetRecord(station.Session, {QString()});
     BuildFieldMenu(station.Session);
-    EXPECT_EQ(station.Session.Face.Fields().Captions,
-              QStringList{QStringLiteral("Data Field 1        =      ")});
+    ASSERT_EQ(station.Session.Face.Fields().Count(), 1);
+    EXPECT_EQ(station.Session.Face.Fields().Caption(1),
+              QStringLiteral("Data Field 1        =      "));
+}
+
+TEST(FieldMenu, ShowsItsRecordUntilItIsBuiltAnew)
+{
+    TestSession station;
+    SetRecord(station.Session, {QStringLiteral("A")});
+    BuildFieldMenu(station.Session);
+    station.Session.FieldValues.Add(QStringLiteral("B"));
+    EXPECT_EQ(station.Session.Face.Fields().Count(), 1);
+    station.Session.FieldValues = {};
+    EXPECT_EQ(station.Session.Face.Fields().Caption(1),
+              QStringLiteral("Data Field 1        =      A"));
+}
+
+TEST(FieldMenu, OfAMillionValuesTakesNoMemoryOfItsOwn)
+{
+    TestSession station;
+    SetRecord(station.Session, {QStringLiteral("A")});
+    BuildFieldMenu(station.Session);
+    const qint64 before = UsedMemory();
+    for (int number = 0; number < 1'000'000; ++number)
+        station.Session.FieldValues.Add(QStringLiteral("A"));
+    BuildFieldMenu(station.Session);
+    EXPECT_EQ(station.Session.Face.Fields().Count(), 1'000'001);
+    EXPECT_LT(UsedMemory() - before, 32 * MiB);
+    station.Session.FieldValues = {};
+    BuildFieldMenu(station.Session);
+    EXPECT_LT(UsedMemory() - before, MiB);
 }

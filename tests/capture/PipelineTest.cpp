@@ -79,7 +79,7 @@ TEST_F(Pipeline, RecordWithNoLayoutOpenIsKeptAndPrintsNothing)
     Session.Settings.BufferData = true;
     Arrive("<A+B>");
     EXPECT_EQ(Values(), (QStringList{A, B}));
-    EXPECT_EQ(Session.Face.Fields().Captions.size(), 2);
+    EXPECT_EQ(Session.Face.Fields().Count(), 2);
     EXPECT_EQ(Session.RecordQueue.RecordCount, 1);
     EXPECT_EQ(Station.Printers.Operations, QStringList());
     EXPECT_EQ(Session.Face.StatusPanel(3).Text, QStringLiteral("Got Data (TCP/IP)"));
@@ -94,7 +94,7 @@ TEST_F(Pipeline, RecordThatCannotBeFramedPrintsAnEmptyCard)
     EXPECT_EQ(Values(), QStringList());
     EXPECT_EQ(Printed(), Prints({QStringLiteral("Data Field 1"), QStringLiteral("Data Field 2")}));
     EXPECT_EQ(Session.InputBuffer.Text(), QString());
-    EXPECT_EQ(Session.Face.Fields().Captions, QStringList());
+    EXPECT_EQ(Session.Face.Fields().Count(), 0);
 }
 
 TEST_F(Pipeline, RecordWithNothingInItPrintsAnEmptyCard)
@@ -148,7 +148,7 @@ TEST_F(Pipeline, RecordIsBegunWithNoValuesBeforeEventsRun)
         steps.append(QStringLiteral("begun with %1 values").arg(Session.FieldValues.Count()));
     });
     QObject::connect(&Session.Face, &StationFace::FieldsChanged, &Session.Face, [&] {
-        steps.append(QStringLiteral("menu of %1").arg(Session.Face.Fields().Captions.size()));
+        steps.append(QStringLiteral("menu of %1").arg(Session.Face.Fields().Count()));
     });
     Station.Operator.WhileEventsRun = {[&] { steps.append(QStringLiteral("events")); },
                                        [&] { steps.append(QStringLiteral("events again")); }};

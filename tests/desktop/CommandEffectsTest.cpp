@@ -172,6 +172,8 @@ TEST_F(CommandEffect, TheFieldListShowsTheRecordAndGivesAValueToTheField)
         record.append(QStringLiteral("A&%1").arg(number));
     SetRecord(Station.Session, record);
     BuildFieldMenu(Station.Session);
+    auto& list = Station.Get<QMenu>("mnuDataFields");
+    list.popup({});
     // An ampersand would be a mnemonic: it is shown by a second one.
     EXPECT_EQ(Station.Get<QAction>("cmdField(9)").text(),
               QStringLiteral("Data Field 9        =      A&&9"));
@@ -183,10 +185,25 @@ TEST_F(CommandEffect, TheFieldListShowsTheRecordAndGivesAValueToTheField)
     EXPECT_EQ(Find(Family::lbl_DATA).Caption(), QStringLiteral("A&10"));
     SetRecord(Station.Session, {QStringLiteral("B")});
     BuildFieldMenu(Station.Session);
+    ASSERT_TRUE(list.isVisible());
     EXPECT_EQ(Station.Window.findChild<QAction*>(QStringLiteral("cmdField(2)")), nullptr);
     EXPECT_TRUE(Station.Get<QAction>("sData").isVisible());
     Station.Choose("cmdField(1)");
     EXPECT_EQ(Find(Family::lbl_DATA).Caption(), QStringLiteral("B"));
+    list.close();
+}
+
+TEST_F(CommandEffect, AListOfManyLongValuesIsShownInPartWhenItOpens)
+{
+    auto& list = Station.Get<QMenu>("mnuDataFields");
+    const auto before = list.actions().size();
+    SetRecord(Station.Session, QStringList(100'000, QString(5000, QLatin1Char('A'))));
+    BuildFieldMenu(Station.Session);
+    EXPECT_EQ(list.actions().size(), before) << "nobody looks";
+    list.popup({});
+    EXPECT_EQ(list.actions().size(), before + 1000);
+    EXPECT_LT(Station.Get<QAction>("cmdField(1000)").text().size(), 2100);
+    list.close();
 }
 
 TEST_F(CommandEffect, TheFieldViewerOpensTheList)

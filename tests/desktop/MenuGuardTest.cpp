@@ -122,11 +122,14 @@ TEST_F(MenuGuard, AValueThatHasGoneWithItsRecordIsNotChosen)
 {
     SetRecord(Station.Session, {QStringLiteral("Anna"), QStringLiteral("Bo")});
     BuildFieldMenu(Station.Session);
+    QMenu& list = Menu("mnuDataFields");
+    list.popup({});
     // The next record has begun: it has no values yet, and the menu still shows those before.
     Station.Session.FieldValues = {};
     Station.Choose("cmdField(2)");
     EXPECT_EQ(Station.Session.Document.SelectedObject->DataField, QStringLiteral("1"));
     EXPECT_FALSE(HasEnded());
+    list.close();
 }
 
 } // namespace

@@ -29,7 +29,7 @@ TEST(DocumentForm, FirstUseRefreshesTheFieldMenu)
     TestSession test;
     SetRecord(test.Session, {QStringLiteral("A"), QStringLiteral("B")});
     EnsureDocument(test.Session);
-    EXPECT_EQ(test.Session.Face.Fields().Captions.size(), 2);
+    EXPECT_EQ(test.Session.Face.Fields().Count(), 2);
 }
 
 TEST(DocumentForm, LaterUseLeavesItAlone)

@@ -205,7 +205,7 @@ TEST_F(LoadLayoutTest, TheCaptionTellsLayoutAndPrinterAndTheFieldMenuIsRebuilt)
     LoadLayout(Session, Staff);
     EXPECT_EQ(Session.Face.Caption(),
               QStringLiteral(" Vantrel v6.0   (Staff) printing to (Card Printer)"));
-    EXPECT_EQ(Session.Face.Fields().Captions.size(), 1);
+    EXPECT_EQ(Session.Face.Fields().Count(), 1);
 }
 
 TEST_F(LoadLayoutTest, TheFormIsSizedToTheSavedPage)

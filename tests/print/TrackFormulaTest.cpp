@@ -342,6 +342,37 @@ TEST(EvaluateTrack, EmptyFieldsGiveALoneSeparator)
     EXPECT_EQ(separators, QStringLiteral("^"));
 }
 
+TEST(EvaluateTrack, AFormulaThatWouldFillTheMemoryFails)
+{
+    // Each token puts 32,000 times its pad text on the track.
+    const QString padText(1'000'000, QLatin1Char('x'));
+    EXPECT_EQ(FailureIn(QStringLiteral("FD") + padText + QStringLiteral("^32000^0^1"),
+                        {QStringLiteral("1")}),
+              FailureNumber::Overflow);
+    const QStringList padded(20'000, QStringLiteral("FD0^32000^0^1"));
+    qsizetype given = 0;
+    EXPECT_EQ(FailureOf([&] {
+                  EvaluateTrack(padded.join(QLatin1Char('~')), Record({QStringLiteral("1")}), Point,
+                                [&](TokenKind, const QString& text) { given += text.size(); });
+              }),
+              FailureNumber::Overflow);
+    EXPECT_LE(given, LongestTrack);
+}
+
+TEST(EvaluateTrack, AFormulaReadsALongValueOnlySoOften)
+{
+    // Nothing is left of the value on the track, so only what is read can end it.
+    const QString cleanedAway(1'000'000, QLatin1Char('?'));
+    const QStringList reads(100'000, QStringLiteral("DAT1"));
+    qsizetype tokens = 0;
+    EXPECT_EQ(FailureOf([&] {
+                  EvaluateTrack(reads.join(QLatin1Char('~')), Record({cleanedAway}), Point,
+                                [&](TokenKind, const QString&) { ++tokens; });
+              }),
+              FailureNumber::Overflow);
+    EXPECT_EQ(tokens, LongestTrack / cleanedAway.size());
+}
+
 TEST(EvaluateTrack, ALongFormulaIsEvaluatedToItsEnd)
 {
     // 10,000 tokens, 100,000 characters.

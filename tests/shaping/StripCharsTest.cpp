@@ -17,6 +17,21 @@ TEST(StripChars, WithoutCharactersNothingIsRemoved)
     EXPECT_EQ(StripChars(QStringLiteral("x"), QString()), QString());
 }
 
+TEST(StripChars, ATextThatLosesNothingForLackOfCharactersIsShared)
+{
+    const QString text(1'000'000, QLatin1Char('x'));
+    EXPECT_EQ(StripChars(QString(), text).constData(), text.constData());
+}
+
+TEST(StripChars, ManyCharactersAreRemovedAsFewAre)
+{
+    QString characters;
+    for (char16_t code = u'a'; code <= u'z'; ++code)
+        characters += QChar(code);
+    EXPECT_EQ(StripChars(characters, QStringLiteral("Card 12-ab\uFFFFc")),
+              QStringLiteral("C 12-\uFFFF"));
+}
+
 TEST(StripChars, BlanksAreCharactersToo)
 {
     EXPECT_EQ(StripChars(QStringLiteral(" "), QStringLiteral(" a b ")), QStringLiteral("ab"));
