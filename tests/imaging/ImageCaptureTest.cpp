@@ -258,9 +258,10 @@ TEST(ImageCapture, WithoutACameraObjectTheImageIsKeptForTheNextLayout)
     capture.Accept(cut);
     station.WithDatabase();
     BeginLayout(station.Session, QStringLiteral("Badge"));
-    const CardObject& camera =
-        Draw_CamView(station.Session, {.cTop = 0, .cLeft = 0, .cHeight = 10, .cWidth = 10}, 0,
-                     Picture(), true, QString());
+    const ObjectBox box{.cTop = 0, .cLeft = 0, .cHeight = 10, .cWidth = 10};
+    const Picture none;
+    const QString path;
+    const CardObject& camera = Draw_CamView(station.Session, box, 0, none, true, path);
     ReapplyFieldValues(station.Session);
     EXPECT_EQ(camera.Picture.Image().size(), QSize(4, 3));
 }

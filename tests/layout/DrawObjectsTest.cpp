@@ -54,7 +54,8 @@ void ExpectTextLooks(const CardObject& object)
 TEST(DrawObjects, DataFieldIgnoresCaptionVisibleBackStyleAndAlignment)
 {
     TestSession test;
-    const CardObject& object = Draw_DataField(test.Session, 12, Box, OddLooks());
+    const TextLooks looks = OddLooks();
+    const CardObject& object = Draw_DataField(test.Session, 12, Box, looks);
     ExpectTextLooks(object);
     EXPECT_EQ(object.Caption(), QStringLiteral("Data Field 12"));
     EXPECT_EQ(object.DataField, QStringLiteral("12"));
@@ -67,8 +68,9 @@ TEST(DrawObjects, DataFieldIgnoresCaptionVisibleBackStyleAndAlignment)
 TEST(DrawObjects, TwoDataFieldsMayShareOneFieldIndex)
 {
     TestSession test;
-    const CardObject& first = Draw_DataField(test.Session, 3, Box, TextLooks());
-    const CardObject& second = Draw_DataField(test.Session, 3, Box, TextLooks());
+    const TextLooks looks;
+    const CardObject& first = Draw_DataField(test.Session, 3, Box, looks);
+    const CardObject& second = Draw_DataField(test.Session, 3, Box, looks);
     EXPECT_EQ(first.DataField, second.DataField);
     EXPECT_EQ(second.Index(), 2);
 }
@@ -76,7 +78,8 @@ TEST(DrawObjects, TwoDataFieldsMayShareOneFieldIndex)
 TEST(DrawObjects, LabelTakesItsCaption)
 {
     TestSession test;
-    const CardObject& object = Draw_Label(test.Session, Box, OddLooks());
+    const TextLooks looks = OddLooks();
+    const CardObject& object = Draw_Label(test.Session, Box, looks);
     ExpectTextLooks(object);
     EXPECT_EQ(object.Caption(), QStringLiteral("Given"));
     EXPECT_EQ(object.LinkItem, QStringLiteral("LXV01"));
@@ -97,7 +100,8 @@ TEST(DrawObjects, LabelWithoutCaptionIsNumberedByTheHighestIndex)
 TEST(DrawObjects, AutoNumberShowsItsSeed)
 {
     TestSession test;
-    const CardObject& object = Draw_AutoNumber(test.Session, 41, Box, TextLooks());
+    const TextLooks looks;
+    const CardObject& object = Draw_AutoNumber(test.Session, 41, Box, looks);
     EXPECT_EQ(object.DataField, QStringLiteral("41"));
     EXPECT_EQ(object.Caption(), QStringLiteral("41"));
     EXPECT_EQ(object.LinkItem, QStringLiteral("AUTO"));
@@ -108,7 +112,8 @@ TEST(DrawObjects, AutoNumberShowsItsSeed)
 TEST(DrawObjects, AutoNumberTakesAGivenCaption)
 {
     TestSession test;
-    const CardObject& object = Draw_AutoNumber(test.Session, 1.5, Box, OddLooks());
+    const TextLooks looks = OddLooks();
+    const CardObject& object = Draw_AutoNumber(test.Session, 1.5, Box, looks);
     ExpectTextLooks(object);
     EXPECT_EQ(object.DataField, QStringLiteral("1.5"));
     EXPECT_EQ(object.Caption(), QStringLiteral("Given"));
@@ -119,7 +124,8 @@ TEST(DrawObjects, AutoNumberIsWidenedToItsCaptionAndAHundredTwips)
     TestSession test;
     TextLooks looks;
     looks.cFont.Size = 72;
-    const CardObject& object = Draw_AutoNumber(test.Session, 123456789, {0, 0, 300, 200}, looks);
+    const ObjectBox box{0, 0, 300, 200};
+    const CardObject& object = Draw_AutoNumber(test.Session, 123456789, box, looks);
     // Measured in the form's font, however large the object's own is.
     const double measured = PageCanvas::TextWidth(QStringLiteral("123456789"), Font());
     ASSERT_GT(measured, 200.0);
@@ -154,8 +160,8 @@ TEST(DrawObjects, ImageIsStretchedVisibleAndTaggedWithItsPath)
 {
     TestSession test;
     const Picture picture = LoadPicture(test.WritePng(QStringLiteral("a.png"), 4, 5));
-    const CardObject& object =
-        Draw_Image(test.Session, Box, 1, picture, false, QStringLiteral("some/path"));
+    const QString path = QStringLiteral("some/path");
+    const CardObject& object = Draw_Image(test.Session, Box, 1, picture, false, path);
     ExpectBox(object);
     EXPECT_EQ(object.Tag, QStringLiteral("some/path"));
     EXPECT_TRUE(object.Stretch);
@@ -166,8 +172,9 @@ TEST(DrawObjects, ImageIsStretchedVisibleAndTaggedWithItsPath)
 TEST(DrawObjects, CameraObjectIgnoresItsPathAndShowsThePlaceholder)
 {
     TestSession test;
-    const CardObject& object =
-        Draw_CamView(test.Session, Box, 1, Picture(), false, QStringLiteral("some/path"));
+    const Picture none;
+    const QString path = QStringLiteral("some/path");
+    const CardObject& object = Draw_CamView(test.Session, Box, 1, none, false, path);
     ExpectBox(object);
     EXPECT_EQ(object.Tag, QStringLiteral("CVIEW"));
     EXPECT_TRUE(object.Stretch);

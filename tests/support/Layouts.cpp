@@ -32,24 +32,24 @@ void BeginLayout(vantrel::Session& session, const QString& name, std::int32_t pr
     session.CurrentParams = params;
 }
 
-CardObject& AddText(vantrel::Session& session, const QString& caption, const TextAt& at)
+CardObject& AddText(vantrel::Session& session, const QString& caption, TextAt at)
 {
     TextLooks looks;
     looks.cCaption = caption;
     return Draw_Label(session, BoxOf(at), looks);
 }
 
-CardObject& AddField(vantrel::Session& session, std::int16_t field, const TextAt& at)
+CardObject& AddField(vantrel::Session& session, std::int16_t field, TextAt at)
 {
     return Draw_DataField(session, field, BoxOf(at), TextLooks());
 }
 
-CardObject& AddNumber(vantrel::Session& session, double seed, const TextAt& at)
+CardObject& AddNumber(vantrel::Session& session, double seed, TextAt at)
 {
     return Draw_AutoNumber(session, seed, BoxOf(at), TextLooks());
 }
 
-CardObject& AddImage(vantrel::Session& session, const QString& path, const TextAt& at)
+CardObject& AddImage(vantrel::Session& session, const QString& path, TextAt at)
 {
     return Draw_Image(session, BoxOf(at), 0, Picture(), true, path);
 }

@@ -20,10 +20,10 @@ struct TextAt
 void BeginLayout(vantrel::Session& session, const QString& name, std::int32_t printerType = 9);
 
 /// Adds an object to the page that is open. Boxes are top, left, height, width in twips.
-CardObject& AddText(vantrel::Session& session, const QString& caption, const TextAt& at = {});
-CardObject& AddField(vantrel::Session& session, std::int16_t field, const TextAt& at = {});
-CardObject& AddNumber(vantrel::Session& session, double seed, const TextAt& at = {});
-CardObject& AddImage(vantrel::Session& session, const QString& path, const TextAt& at = {});
+CardObject& AddText(vantrel::Session& session, const QString& caption, TextAt at = {});
+CardObject& AddField(vantrel::Session& session, std::int16_t field, TextAt at = {});
+CardObject& AddNumber(vantrel::Session& session, double seed, TextAt at = {});
+CardObject& AddImage(vantrel::Session& session, const QString& path, TextAt at = {});
 
 /// Saves the open page; the test fails where that fails.
 void SavePage(vantrel::Session& session);
