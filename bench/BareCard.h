@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Font.h"
+#include "base/Font.h"
 #include <QByteArray>
 #include <QImage>
 #include <QString>

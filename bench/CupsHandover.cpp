@@ -4,8 +4,8 @@
 // its queue is paused, so that jobs wait and their printing weighs on nothing.
 
 #include "CardParts.h"
-#include "platform/CupsPrinter.h"
-#include "platform/Failure.h"
+#include "base/Failure.h"
+#include "printers/CupsPrinter.h"
 #include "support/PrivateCups.h"
 #include <QElapsedTimer>
 #include <QTemporaryDir>

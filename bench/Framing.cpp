@@ -1,8 +1,8 @@
 // How fast bytes become values, and what it costs when one record comes in many pieces.
 
-#include "capture/Framing.h"
-#include "capture/InputBuffer.h"
-#include "platform/CodePage.h"
+#include "ports/Framing.h"
+#include "base/CodePage.h"
+#include "ports/InputBuffer.h"
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstring>

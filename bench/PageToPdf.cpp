@@ -4,7 +4,7 @@
 
 #include "BareCard.h"
 #include "CardParts.h"
-#include "platform/PdfPrinter.h"
+#include "printers/PdfPrinter.h"
 #include <QFile>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>

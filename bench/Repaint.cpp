@@ -2,14 +2,15 @@
 // kept, as while an object is dragged, and drawn anew after a change. The limit is the card alone,
 // drawn by the one renderer onto a picture of the same size.
 
-#include "app/ScreenUnits.h"
-#include "app/Session.h"
-#include "app/UnattendedOperator.h"
-#include "layout/DocumentForm.h"
-#include "layout/DrawObjects.h"
-#include "layout/frmDocument.h"
-#include "platform/PageCanvas.h"
-#include "platform/StationPrinters.h"
+#include "card/PaintDocument.h"
+#include "desktop/controls/ScreenUnits.h"
+#include "desktop/designer/frmDocument.h"
+#include "drawing/PageCanvas.h"
+#include "printers/StationPrinters.h"
+#include "station/layout/DocumentForm.h"
+#include "station/layout/DrawObjects.h"
+#include "station/session/Session.h"
+#include "station/session/UnattendedOperator.h"
 #include <QApplication>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -83,7 +84,7 @@ void TheCardAlone(benchmark::State& state)
     for (auto _ : state) {
         card.fill(Qt::white);
         const auto canvas = PageCanvas::OnImage(card, ScreenPixelsPerInch / TwipsPerInch);
-        PaintDocument(page.Session, *canvas);
+        PaintDocument(page.Session.Document, page.Session.CurrentParams, *canvas);
         canvas->Finish();
     }
 }

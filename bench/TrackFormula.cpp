@@ -1,7 +1,7 @@
 // What it costs to turn a stored formula into the text of a magnetic track.
 
-#include "print/TrackFormula.h"
-#include "capture/FieldValues.h"
+#include "card/TrackFormula.h"
+#include "card/FieldValues.h"
 #include <benchmark/benchmark.h>
 
 using namespace vantrel;

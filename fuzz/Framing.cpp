@@ -1,7 +1,7 @@
-#include "capture/Framing.h"
+#include "ports/Framing.h"
 #include "FuzzInput.h"
-#include "capture/InputBuffer.h"
-#include "platform/Failure.h"
+#include "base/Failure.h"
+#include "ports/InputBuffer.h"
 #include <algorithm>
 
 // Any delimiters, any bytes, in any pieces: a record is found when it would be found in one piece,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CodePage.h"
+#include "base/CodePage.h"
 #include <QByteArray>
 #include <cstdint>
 #include <cstdlib>

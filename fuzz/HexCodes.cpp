@@ -1,4 +1,4 @@
-#include "capture/HexCodes.h"
+#include "base/HexCodes.h"
 #include "FuzzInput.h"
 
 // Codes only ever shrink a text, and one without a bracket stays as it is.

@@ -1,6 +1,6 @@
 #include "FuzzInput.h"
-#include "platform/JpegMarkers.h"
-#include "platform/PictureFormats.h"
+#include "drawing/JpegMarkers.h"
+#include "drawing/PictureFormats.h"
 #include <algorithm>
 
 // A file of any bytes where a picture should be: whether it is whole is told without reading beyond

@@ -1,8 +1,8 @@
 #include "FuzzInput.h"
-#include "capture/FieldValues.h"
-#include "platform/Failure.h"
-#include "shaping/SerializerElement.h"
-#include "shaping/StreamElement.h"
+#include "base/Failure.h"
+#include "card/FieldValues.h"
+#include "station/compose/StreamElement.h"
+#include "station/print/SerializerElement.h"
 
 // Any stored element over any record renders or fails, and can be read into the composer's row.
 

@@ -1,8 +1,8 @@
-#include "print/TrackFormula.h"
+#include "card/TrackFormula.h"
 #include "FuzzInput.h"
-#include "capture/FieldValues.h"
-#include "platform/Failure.h"
-#include "shaping/TrackElements.h"
+#include "base/Failure.h"
+#include "card/FieldValues.h"
+#include "station/compose/TrackElements.h"
 
 // Any formula over any record ends in text or in a failure; what the composer writes of it, it
 // reads again as the same row.

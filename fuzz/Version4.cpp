@@ -1,9 +1,9 @@
 #include "FuzzInput.h"
-#include "app/Operator.h"
-#include "app/Session.h"
-#include "app/UnattendedOperator.h"
-#include "platform/StationPrinters.h"
-#include "shell/Version4Import.h"
+#include "printers/StationPrinters.h"
+#include "station/commands/Version4Import.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+#include "station/session/UnattendedOperator.h"
 #include <QFile>
 #include <QTemporaryDir>
 

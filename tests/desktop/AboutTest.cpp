@@ -1,5 +1,5 @@
 #include "desktop/DesktopStation.h"
-#include "shell/frmAbout.h"
+#include "desktop/dialogs/frmAbout.h"
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
-#include "app/DesktopUpDown.h"
 #include "desktop/EveryWindow.h"
-#include "shaping/DesktopElementRow.h"
-#include "shaping/DesktopElementTree.h"
+#include "desktop/composers/DesktopElementRow.h"
+#include "desktop/composers/DesktopElementTree.h"
+#include "desktop/controls/DesktopUpDown.h"
 #include <QAccessible>
 #include <QAccessibleActionInterface>
 #include <QCheckBox>

@@ -1,6 +1,6 @@
-#include "app/DesktopFont.h"
-#include "app/DesktopOperator.h"
 #include "desktop/DesktopStation.h"
+#include "desktop/controls/DesktopFont.h"
+#include "desktop/window/DesktopOperator.h"
 #include <QApplication>
 #include <QColorDialog>
 #include <QFontDialog>

@@ -1,12 +1,12 @@
-#include "app/DesktopControls.h"
-#include "app/DesktopOperator.h"
-#include "app/Settings.h"
+#include "base/Profile.h"
 #include "desktop/DesktopStation.h"
-#include "imaging/DesktopViewportImage.h"
-#include "imaging/frmAquireImage2.h"
-#include "layout/DrawObjects.h"
-#include "platform/Profile.h"
-#include "shell/DemoArt.h"
+#include "desktop/camera/DesktopViewportImage.h"
+#include "desktop/camera/frmAquireImage2.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/window/DesktopOperator.h"
+#include "samples/DemoArt.h"
+#include "station/layout/DrawObjects.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QApplication>
@@ -37,8 +37,8 @@ public:
         const QString folder = Session.PathInFolder(QStringLiteral("faces"));
         EXPECT_TRUE(QDir().mkpath(folder));
         EXPECT_TRUE(DrawPortrait().save(folder + QStringLiteral("/face.png")));
-        EXPECT_TRUE(WriteProfileValue(SettingsPath(Session), QStringLiteral("Station"),
-                                      QStringLiteral("Camera"),
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Session.ProgramFolder),
+                                      QStringLiteral("Station"), QStringLiteral("Camera"),
                                       QStringLiteral("folder:") + folder));
     }
     void Open()
@@ -221,8 +221,9 @@ TEST(CameraDialog, TakePictureStartsAtTheWholeAgain)
 TEST(CameraDialog, ACameraThatNeverAnswersDoesNoHarm)
 {
     CameraStation station;
-    ASSERT_TRUE(WriteProfileValue(SettingsPath(station.Session), QStringLiteral("Station"),
-                                  QStringLiteral("Camera"), QStringLiteral("No such device")));
+    ASSERT_TRUE(WriteProfileValue(SettingsPath(station.Session.ProgramFolder),
+                                  QStringLiteral("Station"), QStringLiteral("Camera"),
+                                  QStringLiteral("No such device")));
     station.Open();
     for (const char* button : {"cmdZPlus", "cmdZMinus", "cmdTakePicture", "cmdSave"})
         station.Click(button);
@@ -236,8 +237,8 @@ TEST(CameraDialog, SaysThatThereIsNoCameraAndHowToNameAFolder)
 {
     CameraStation station;
     const auto lineFor = [&](const QString& camera) {
-        EXPECT_TRUE(WriteProfileValue(SettingsPath(station.Session), QStringLiteral("Station"),
-                                      QStringLiteral("Camera"), camera));
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(station.Session.ProgramFolder),
+                                      QStringLiteral("Station"), QStringLiteral("Camera"), camera));
         station.Open();
         const auto& line = station.On<QLabel>("lblNoCamera");
         EXPECT_EQ(line.textFormat(), Qt::PlainText);

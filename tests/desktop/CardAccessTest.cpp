@@ -1,6 +1,6 @@
 #include "desktop/Designer.h"
-#include "layout/DesktopCardAccess.h"
-#include "layout/LoadLayout.h"
+#include "desktop/designer/DesktopCardAccess.h"
+#include "station/layout/LoadLayout.h"
 #include "support/Layouts.h"
 #include <QAccessible>
 #include <QCoreApplication>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/DesktopUpDown.h"
-#include "app/Settings.h"
-#include "capture/frmCommSettings.h"
+#include "base/Profile.h"
 #include "desktop/DesktopStation.h"
-#include "platform/Profile.h"
+#include "desktop/controls/DesktopUpDown.h"
+#include "desktop/dialogs/frmCommSettings.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/PtyPair.h"
 #include <QApplication>
@@ -31,8 +31,9 @@ protected:
     {
         Session.Settings.SPort = 3;
         Session.Settings.SSettings = QStringLiteral("9600,n,8,1");
-        EXPECT_TRUE(WriteProfileValue(SettingsPath(Session), QStringLiteral("Serial Ports"),
-                                      QStringLiteral("COM3"), Device()));
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Session.ProgramFolder),
+                                      QStringLiteral("Serial Ports"), QStringLiteral("COM3"),
+                                      Device()));
         Station.Load();
     }
 
@@ -108,7 +109,7 @@ protected:
     }
     QString Stored(const char* key) const
     {
-        return ReadProfileValue(SettingsPath(Session), SessionSection(Session),
+        return ReadProfileValue(SettingsPath(Session.ProgramFolder), SessionSection(Session),
                                 QLatin1StringView(key), QStringLiteral("(absent)"));
     }
 

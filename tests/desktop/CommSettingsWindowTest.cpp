@@ -1,5 +1,5 @@
 #include "desktop/CommSettingsWindow.h"
-#include "app/ScreenUnits.h"
+#include "desktop/controls/ScreenUnits.h"
 #include <QGroupBox>
 
 namespace vantrel::test {

@@ -1,7 +1,7 @@
-#include "capture/FieldApplication.h"
 #include "desktop/DesktopStation.h"
-#include "layout/DocumentForm.h"
-#include "layout/LoadLayout.h"
+#include "station/layout/DocumentForm.h"
+#include "station/layout/FieldApplication.h"
+#include "station/layout/LoadLayout.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QMenu>
@@ -171,7 +171,7 @@ TEST_F(CommandEffect, TheFieldListShowsTheRecordAndGivesAValueToTheField)
     for (int number = 1; number <= 10; ++number)
         record.append(QStringLiteral("A&%1").arg(number));
     SetRecord(Station.Session, record);
-    BuildFieldMenu(Station.Session);
+    BuildFieldMenu(Station.Session.Face, Station.Session.FieldValues);
     auto& list = Station.Get<QMenu>("mnuDataFields");
     list.popup({});
     // An ampersand would be a mnemonic: it is shown by a second one.
@@ -184,7 +184,7 @@ TEST_F(CommandEffect, TheFieldListShowsTheRecordAndGivesAValueToTheField)
     EXPECT_EQ(Find(Family::lbl_DATA).DataField, QStringLiteral("10"));
     EXPECT_EQ(Find(Family::lbl_DATA).Caption(), QStringLiteral("A&10"));
     SetRecord(Station.Session, {QStringLiteral("B")});
-    BuildFieldMenu(Station.Session);
+    BuildFieldMenu(Station.Session.Face, Station.Session.FieldValues);
     ASSERT_TRUE(list.isVisible());
     EXPECT_EQ(Station.Window.findChild<QAction*>(QStringLiteral("cmdField(2)")), nullptr);
     EXPECT_TRUE(Station.Get<QAction>("sData").isVisible());
@@ -198,7 +198,7 @@ TEST_F(CommandEffect, AListOfManyLongValuesIsShownInPartWhenItOpens)
     auto& list = Station.Get<QMenu>("mnuDataFields");
     const auto before = list.actions().size();
     SetRecord(Station.Session, QStringList(100'000, QString(5000, QLatin1Char('A'))));
-    BuildFieldMenu(Station.Session);
+    BuildFieldMenu(Station.Session.Face, Station.Session.FieldValues);
     EXPECT_EQ(list.actions().size(), before) << "nobody looks";
     list.popup({});
     EXPECT_EQ(list.actions().size(), before + 1000);

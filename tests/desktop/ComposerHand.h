@@ -1,8 +1,8 @@
 #pragma once
 
 #include "desktop/DesktopStation.h"
-#include "shaping/DesktopElementRow.h"
-#include "shaping/DesktopElementTree.h"
+#include "desktop/composers/DesktopElementRow.h"
+#include "desktop/composers/DesktopElementTree.h"
 #include <QWidget>
 
 namespace vantrel::test {

@@ -1,8 +1,8 @@
-#include "app/Settings.h"
-#include "capture/Pipeline.h"
-#include "capture/frmToolbar.h"
+#include "base/Profile.h"
 #include "desktop/DesktopStation.h"
-#include "platform/Profile.h"
+#include "desktop/dialogs/frmToolbar.h"
+#include "station/capture/Pipeline.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include <QApplication>
 #include <QCheckBox>
@@ -44,7 +44,7 @@ public:
     }
     QString Stored(const char* key) const
     {
-        return ReadProfileValue(SettingsPath(Session), SessionSection(Session),
+        return ReadProfileValue(SettingsPath(Session.ProgramFolder), SessionSection(Session),
                                 QLatin1StringView(key), QStringLiteral("(absent)"));
     }
 

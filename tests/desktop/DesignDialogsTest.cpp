@@ -1,8 +1,8 @@
-#include "app/DesktopUpDown.h"
 #include "desktop/Designer.h"
-#include "layout/LoadLayout.h"
-#include "layout/frmNav.h"
-#include "layout/frmSize.h"
+#include "desktop/controls/DesktopUpDown.h"
+#include "desktop/designer/frmSize.h"
+#include "desktop/window/frmNav.h"
+#include "station/layout/LoadLayout.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QApplication>

@@ -1,5 +1,5 @@
 #include "desktop/Designer.h"
-#include "layout/LoadLayout.h"
+#include "station/layout/LoadLayout.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QApplication>

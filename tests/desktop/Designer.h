@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/ScreenUnits.h"
+#include "card/CardObject.h"
 #include "desktop/DesktopStation.h"
-#include "layout/CardObject.h"
-#include "layout/frmDocument.h"
+#include "desktop/controls/ScreenUnits.h"
+#include "desktop/designer/frmDocument.h"
 #include <QEvent>
 
 namespace vantrel::test {

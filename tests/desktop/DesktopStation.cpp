@@ -1,6 +1,6 @@
 #include "desktop/DesktopStation.h"
-#include "app/Settings.h"
-#include "platform/Profile.h"
+#include "base/Profile.h"
+#include "station/session/Settings.h"
 #include "support/Layouts.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -47,7 +47,8 @@ void DesktopStation::WithLayout(const QString& name)
 
 void DesktopStation::WriteStatus(const QString& key, const QString& value) const
 {
-    ASSERT_TRUE(WriteProfileValue(SessionStatusPath(Session), SessionSection(Session), key, value));
+    ASSERT_TRUE(WriteProfileValue(SessionStatusPath(Session.ProgramFolder), SessionSection(Session),
+                                  key, value));
 }
 
 int DesktopStation::RunToEnd()

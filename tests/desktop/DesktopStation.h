@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/frmMain.h"
+#include "desktop/window/frmMain.h"
 #include "support/TestSession.h"
 #include <QAbstractButton>
 #include <QAction>

@@ -1,9 +1,10 @@
-#include "app/ScreenUnits.h"
+#include "card/PaintDocument.h"
 #include "desktop/DesktopStation.h"
-#include "layout/DocumentForm.h"
-#include "layout/LoadLayout.h"
-#include "layout/frmDocument.h"
-#include "platform/PageCanvas.h"
+#include "desktop/controls/ScreenUnits.h"
+#include "desktop/designer/frmDocument.h"
+#include "drawing/PageCanvas.h"
+#include "station/layout/DocumentForm.h"
+#include "station/layout/LoadLayout.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QAbstractButton>
@@ -20,7 +21,7 @@ QImage PaintedCard(const Session& session)
     QImage card(ScreenRect(0, 0, document.Width, document.Height).size(), QImage::Format_RGB32);
     card.fill(Qt::white);
     const auto canvas = PageCanvas::OnImage(card, ScreenPixelsPerInch / TwipsPerInch);
-    PaintDocument(session, *canvas);
+    PaintDocument(session.Document, session.CurrentParams, *canvas);
     canvas->Finish();
     return card;
 }

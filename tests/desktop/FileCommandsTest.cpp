@@ -1,9 +1,9 @@
-#include "app/DesktopColor.h"
-#include "app/Settings.h"
+#include "base/DesktopColor.h"
+#include "base/Profile.h"
 #include "desktop/DesktopStation.h"
-#include "layout/LoadLayout.h"
-#include "platform/Profile.h"
-#include "shell/DesktopFileDialog.h"
+#include "desktop/controls/DesktopFileDialog.h"
+#include "station/layout/LoadLayout.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QApplication>
@@ -62,7 +62,7 @@ public:
     }
     QString StoredBackground() const
     {
-        return ReadProfileValue(SettingsPath(Session), SessionSection(Session),
+        return ReadProfileValue(SettingsPath(Session.ProgramFolder), SessionSection(Session),
                                 QStringLiteral("Background"), QStringLiteral("(absent)"));
     }
     DesktopFileDialog& CommonDialog() { return DesktopFileDialog::Of(Window); }

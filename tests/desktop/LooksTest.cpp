@@ -1,10 +1,10 @@
-#include "app/Contrast.h"
-#include "app/DesktopControls.h"
-#include "app/DesktopStyle.h"
 #include "desktop/EveryWindow.h"
-#include "layout/frmNav.h"
-#include "print/frmPrinters2.h"
-#include "shell/frmWizard.h"
+#include "desktop/controls/Contrast.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopStyle.h"
+#include "desktop/dialogs/frmPrinters2.h"
+#include "desktop/dialogs/frmWizard.h"
+#include "desktop/window/frmNav.h"
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>

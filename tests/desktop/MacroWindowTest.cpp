@@ -1,7 +1,7 @@
 #include "desktop/DesktopStation.h"
-#include "layout/LoadLayout.h"
-#include "macro/MacroTable.h"
-#include "macro/frmMacro.h"
+#include "desktop/dialogs/frmMacro.h"
+#include "station/layout/LoadLayout.h"
+#include "station/macro/MacroTable.h"
 #include "support/Layouts.h"
 #include <QApplication>
 #include <QListWidget>
@@ -79,7 +79,7 @@ public:
                 marked += Layouts().item(row)->text();
         return marked;
     }
-    QString ChainOf(int id) { return LayoutsGivenTo(Session, id).join(QString()); }
+    QString ChainOf(int id) { return LayoutsGivenTo(Session.LayoutDb, id).join(QString()); }
 
     QPointer<frmMacro> Dialog;
 };

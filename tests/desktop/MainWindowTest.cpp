@@ -1,8 +1,8 @@
-#include "app/Settings.h"
+#include "base/Profile.h"
 #include "desktop/DesktopStation.h"
-#include "layout/frmDocument.h"
-#include "layout/frmNav.h"
-#include "platform/Profile.h"
+#include "desktop/designer/frmDocument.h"
+#include "desktop/window/frmNav.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include <QApplication>
 #include <QHelpEvent>
@@ -16,8 +16,8 @@ namespace {
 
 QString Stored(const Session& session, const char* key)
 {
-    return ReadProfileValue(SettingsPath(session), SessionSection(session), QLatin1StringView(key),
-                            QStringLiteral("(absent)"));
+    return ReadProfileValue(SettingsPath(session.ProgramFolder), SessionSection(session),
+                            QLatin1StringView(key), QStringLiteral("(absent)"));
 }
 
 TEST(MainWindow, HasNoCloseBoxAndNoCloseCommand)

@@ -1,7 +1,7 @@
-#include "capture/FieldApplication.h"
 #include "desktop/DesktopStation.h"
-#include "layout/LoadLayout.h"
-#include "shell/DesktopMenuRow.h"
+#include "desktop/menu/DesktopMenuRow.h"
+#include "station/layout/FieldApplication.h"
+#include "station/layout/LoadLayout.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QCoreApplication>
@@ -121,7 +121,7 @@ TEST_F(MenuGuard, AnOpenMenuOfAnObjectClosesWhenTheObjectGoes)
 TEST_F(MenuGuard, AValueThatHasGoneWithItsRecordIsNotChosen)
 {
     SetRecord(Station.Session, {QStringLiteral("Anna"), QStringLiteral("Bo")});
-    BuildFieldMenu(Station.Session);
+    BuildFieldMenu(Station.Session.Face, Station.Session.FieldValues);
     QMenu& list = Menu("mnuDataFields");
     list.popup({});
     // The next record has begun: it has no values yet, and the menu still shows those before.

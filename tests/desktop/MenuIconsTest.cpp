@@ -1,6 +1,6 @@
 #include "desktop/DesktopStation.h"
-#include "shell/DesktopMenuIcons.h"
-#include "shell/DesktopMenuRow.h"
+#include "desktop/menu/DesktopMenuIcons.h"
+#include "desktop/menu/DesktopMenuRow.h"
 #include <QMenu>
 #include <cmath>
 #include <gtest/gtest.h>

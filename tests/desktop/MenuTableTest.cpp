@@ -1,5 +1,5 @@
 #include "desktop/DesktopStation.h"
-#include "layout/DocumentForm.h"
+#include "station/layout/DocumentForm.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QDialog>

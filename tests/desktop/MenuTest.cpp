@@ -1,8 +1,8 @@
-#include "app/Settings.h"
+#include "base/Profile.h"
 #include "desktop/DesktopStation.h"
-#include "layout/frmDocument.h"
-#include "layout/frmGetLayout.h"
-#include "platform/Profile.h"
+#include "desktop/designer/frmDocument.h"
+#include "desktop/dialogs/frmGetLayout.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QApplication>
@@ -155,8 +155,9 @@ TEST(Menu, ExitAnsweredYesUnloadsTheStation)
     station.Get<QAction>("cmdExit").trigger();
     EXPECT_EQ(DesktopStation::RunToEnd(), 0);
     EXPECT_FALSE(station.Window.isVisible());
-    EXPECT_EQ(ReadProfileValue(SettingsPath(station.Session), SessionSection(station.Session),
-                               QStringLiteral("MWidth"), QString()),
+    EXPECT_EQ(ReadProfileValue(SettingsPath(station.Session.ProgramFolder),
+                               SessionSection(station.Session), QStringLiteral("MWidth"),
+                               QString()),
               QStringLiteral("10425"));
 }
 

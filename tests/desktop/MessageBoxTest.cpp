@@ -1,8 +1,8 @@
-#include "app/DesktopControls.h"
-#include "app/DesktopOperator.h"
-#include "app/frmMessage.h"
 #include "desktop/DesktopStation.h"
-#include "shaping/frmEncoding.h"
+#include "desktop/composers/frmEncoding.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/window/DesktopOperator.h"
+#include "desktop/window/frmMessage.h"
 #include "support/Events.h"
 #include <QApplication>
 #include <QKeyEvent>

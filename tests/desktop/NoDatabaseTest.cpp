@@ -1,5 +1,5 @@
 #include "desktop/EveryWindow.h"
-#include "layout/frmGetLayout.h"
+#include "desktop/dialogs/frmGetLayout.h"
 #include "support/FailureOf.h"
 #include <QListWidget>
 #include <QMenu>

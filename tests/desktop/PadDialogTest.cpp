@@ -1,6 +1,6 @@
-#include "app/DesktopUpDown.h"
 #include "desktop/DesktopStation.h"
-#include "shaping/frmPad.h"
+#include "desktop/composers/frmPad.h"
+#include "desktop/controls/DesktopUpDown.h"
 #include "support/Layouts.h"
 #include <QApplication>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
-#include "app/DesktopUpDown.h"
-#include "app/ScreenUnits.h"
 #include "desktop/PrinterWindow.h"
+#include "desktop/controls/DesktopUpDown.h"
+#include "desktop/controls/ScreenUnits.h"
 #include "support/PrinterKinds.h"
 #include <QApplication>
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/DesktopStation.h"
-#include "print/frmPrinters2.h"
+#include "desktop/dialogs/frmPrinters2.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QCoreApplication>

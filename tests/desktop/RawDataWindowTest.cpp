@@ -1,8 +1,8 @@
-#include "capture/DesktopRawText.h"
-#include "capture/Pipeline.h"
-#include "capture/RawDataView.h"
-#include "capture/frmRawData.h"
 #include "desktop/DesktopStation.h"
+#include "desktop/dialogs/DesktopRawText.h"
+#include "desktop/dialogs/frmRawData.h"
+#include "station/capture/Pipeline.h"
+#include "station/capture/RawDataView.h"
 #include <QApplication>
 #include <QClipboard>
 #include <gtest/gtest.h>

@@ -1,13 +1,13 @@
-#include "app/DesktopControls.h"
-#include "app/DesktopStyle.h"
-#include "app/MainRuntime.h"
-#include "capture/BufferedRecord.h"
-#include "capture/FieldApplication.h"
 #include "desktop/EveryWindow.h"
-#include "layout/LoadLayout.h"
-#include "shell/DemoInstall.h"
-#include "shell/FreshInstall.h"
-#include "shell/frmWizard.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopStyle.h"
+#include "desktop/dialogs/frmWizard.h"
+#include "samples/DemoInstall.h"
+#include "samples/FreshInstall.h"
+#include "station/layout/FieldApplication.h"
+#include "station/layout/LoadLayout.h"
+#include "station/session/BufferedRecord.h"
+#include "station/session/MainRuntime.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QApplication>
@@ -60,7 +60,7 @@ public:
         Session.LastRawData = QStringLiteral("<Ada Lovelace+40012345>");
         for (const char* record : {"<Ada Lovelace+40012345>", "<Grace Hopper+40054321>"}) {
             QString text = QLatin1StringView(record);
-            BufferRecord(Session, text);
+            BufferRecord(Session.RecordQueue, Session.Settings, text);
         }
         Session.LastRawData = QStringLiteral("<Ada Lovelace+40012345>");
     }

@@ -1,9 +1,9 @@
-#include "app/DesktopUpDown.h"
-#include "app/ScreenUnits.h"
 #include "desktop/DesktopStation.h"
-#include "layout/LoadLayout.h"
-#include "shaping/frmForms.h"
-#include "shaping/frmSendData.h"
+#include "desktop/controls/DesktopUpDown.h"
+#include "desktop/controls/ScreenUnits.h"
+#include "desktop/dialogs/frmForms.h"
+#include "desktop/dialogs/frmSendData.h"
+#include "station/layout/LoadLayout.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QAccessible>
@@ -199,7 +199,7 @@ public:
     void Keep(const char* record)
     {
         QString text = QLatin1StringView(record);
-        BufferRecord(Session, text);
+        BufferRecord(Session.RecordQueue, Session.Settings, text);
     }
     QStringList Lines()
     {

@@ -1,8 +1,8 @@
-#include "app/DesktopControls.h"
 #include "desktop/ComposerHand.h"
-#include "print/frmPrinters2.h"
-#include "shaping/Serializer.h"
-#include "shaping/frmSerialize.h"
+#include "desktop/composers/frmSerialize.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/dialogs/frmPrinters2.h"
+#include "station/print/Serializer.h"
 #include "support/Layouts.h"
 #include <QApplication>
 #include <QLineEdit>

@@ -1,5 +1,5 @@
 #include "desktop/DesktopStation.h"
-#include "shell/DesktopMenuRow.h"
+#include "desktop/menu/DesktopMenuRow.h"
 #include "support/Events.h"
 #include <QMenu>
 #include <QTest>

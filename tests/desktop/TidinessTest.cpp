@@ -1,8 +1,8 @@
-#include "app/DesktopStyle.h"
-#include "app/DesktopUpDown.h"
-#include "capture/BufferedRecord.h"
 #include "desktop/EveryWindow.h"
-#include "shaping/DesktopElementTree.h"
+#include "desktop/composers/DesktopElementTree.h"
+#include "desktop/controls/DesktopStyle.h"
+#include "desktop/controls/DesktopUpDown.h"
+#include "station/session/BufferedRecord.h"
 #include "support/Events.h"
 #include <QAbstractItemView>
 #include <QApplication>
@@ -32,7 +32,7 @@ protected:
         Station.Session.Settings.Framing = {QStringLiteral("<"), QStringLiteral("+"),
                                             QStringLiteral(">")};
         QString record = QStringLiteral("<Anna+1234>");
-        BufferRecord(Station.Session, record);
+        BufferRecord(Station.Session.RecordQueue, Station.Session.Settings, record);
     }
 
     QWidget& Open() { return OpenActive(GetParam(), Station); }

@@ -1,7 +1,7 @@
-#include "app/DesktopControls.h"
-#include "capture/frmToolbar.h"
 #include "desktop/DesktopStation.h"
-#include "shaping/frmEncoding.h"
+#include "desktop/composers/frmEncoding.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/dialogs/frmToolbar.h"
 #include <QAccessible>
 #include <QApplication>
 #include <QHelpEvent>

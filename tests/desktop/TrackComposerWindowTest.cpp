@@ -1,7 +1,7 @@
-#include "app/DesktopControls.h"
 #include "desktop/ComposerHand.h"
-#include "shaping/frmEncoding.h"
-#include "shaping/frmPad.h"
+#include "desktop/composers/frmEncoding.h"
+#include "desktop/composers/frmPad.h"
+#include "desktop/controls/DesktopControls.h"
 #include "support/Layouts.h"
 #include <QApplication>
 #include <QLineEdit>

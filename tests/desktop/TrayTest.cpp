@@ -1,9 +1,9 @@
-#include "app/DesktopTray.h"
-#include "app/MainRuntime.h"
-#include "app/frmStatus.h"
-#include "capture/Pipeline.h"
 #include "desktop/DesktopStation.h"
-#include "layout/frmDocument.h"
+#include "desktop/designer/frmDocument.h"
+#include "desktop/window/DesktopTray.h"
+#include "desktop/window/frmStatus.h"
+#include "station/capture/Pipeline.h"
+#include "station/session/MainRuntime.h"
 #include "support/Events.h"
 #include <QApplication>
 #include <QMdiArea>
@@ -101,7 +101,7 @@ TEST(Tray, ANumberedSessionHasNone)
     DesktopStation station;
     station.Session.OwnsTrayIcon = false;
     station.Load();
-    UpdateTrayState(station.Session);
+    UpdateTrayState(station.Session.Face, station.Session.Settings);
     EXPECT_EQ(station.Window.findChild<QSystemTrayIcon*>(), nullptr);
 }
 

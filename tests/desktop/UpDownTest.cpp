@@ -1,4 +1,4 @@
-#include "app/DesktopUpDown.h"
+#include "desktop/controls/DesktopUpDown.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QToolButton>

@@ -1,5 +1,5 @@
-#include "app/DesktopOperator.h"
 #include "desktop/EveryWindow.h"
+#include "desktop/window/DesktopOperator.h"
 #include <QApplication>
 #include <QDialog>
 #include <QPixmapCache>

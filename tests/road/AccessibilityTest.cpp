@@ -1,7 +1,7 @@
-#include "app/Settings.h"
-#include "platform/Profile.h"
+#include "base/Profile.h"
 #include "road/AccessBus.h"
 #include "road/StationProcess.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <gtest/gtest.h>
@@ -57,8 +57,9 @@ protected:
         AddText(Folder.Session, QStringLiteral("Visitor"), {1500, 300, 300, 1500});
         AddNumber(Folder.Session, 7, {2400, 300, 300, 1500});
         SavePage(Folder.Session);
-        EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session), SessionSection(Folder.Session),
-                                      QStringLiteral("LastLayout"), QStringLiteral("Badge")));
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session.ProgramFolder),
+                                      SessionSection(Folder.Session), QStringLiteral("LastLayout"),
+                                      QStringLiteral("Badge")));
         Station.emplace(Folder.Session.ProgramFolder,
                         StationStart{.Environment = Bus.Environment()});
         EXPECT_TRUE(EventsUntil([this] { return FindMain().has_value(); }))

@@ -1,5 +1,5 @@
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
 #include "support/Print.h"
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
-#include "app/SettingsGuide.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
-#include "shell/FreshInstall.h"
+#include "samples/FreshInstall.h"
+#include "station/session/SettingsGuide.h"
 #include "support/Events.h"
 #include <QDir>
 #include <QFile>

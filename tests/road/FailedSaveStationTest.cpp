@@ -1,6 +1,6 @@
-#include "layout/StoredRows.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
+#include "station/layout/StoredRows.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include "support/StoreFaults.h"

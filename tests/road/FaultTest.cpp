@@ -1,7 +1,7 @@
-#include "app/Settings.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
-#include "shell/FreshInstall.h"
+#include "samples/FreshInstall.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Host.h"
 #include <QElapsedTimer>
@@ -193,8 +193,8 @@ TEST(Fault, SettingsFilesOfAnyContentLetTheStationStart)
     for (const QByteArray& content : contents) {
         StationFolder folder;
         folder.WithCapture();
-        WriteFile(SettingsPath(folder.Session), content);
-        WriteFile(SessionStatusPath(folder.Session), content);
+        WriteFile(SettingsPath(folder.Session.ProgramFolder), content);
+        WriteFile(SessionStatusPath(folder.Session.ProgramFolder), content);
         StationProcess station(folder.Session.ProgramFolder);
         EXPECT_TRUE(folder.WaitUntilLoadedAndHidden()) << content.size();
         EXPECT_TRUE(station.IsRunning());

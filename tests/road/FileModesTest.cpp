@@ -1,4 +1,4 @@
-#include "platform/Profile.h"
+#include "base/Profile.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
 #include "support/Events.h"

@@ -1,6 +1,6 @@
-#include "layout/LoadLayout.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
+#include "station/layout/LoadLayout.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include "support/PrivateCups.h"

@@ -1,6 +1,6 @@
-#include "app/Settings.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include <QDir>
 #include <QFile>
@@ -38,7 +38,8 @@ protected:
     ReadOnly() : m_port(Folder.WithCapture())
     {
         Folder.SetStatus("Visible", QStringLiteral("False"));
-        m_files = {SettingsPath(Folder.Session), SessionStatusPath(Folder.Session)};
+        m_files = {SettingsPath(Folder.Session.ProgramFolder),
+                   SessionStatusPath(Folder.Session.ProgramFolder)};
         for (const QString& file : m_files) {
             m_contents.append(Content(file));
             EXPECT_TRUE(QFile::setPermissions(file, ReadFile));

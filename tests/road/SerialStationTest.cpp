@@ -1,6 +1,6 @@
-#include "app/Settings.h"
-#include "platform/Profile.h"
+#include "base/Profile.h"
 #include "road/StationProcess.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include "support/PtyPair.h"
@@ -47,8 +47,8 @@ public:
 private:
     void Set(const char* section, const char* key, const QString& value) const
     {
-        EXPECT_TRUE(WriteProfileValue(SettingsPath(Session), QLatin1StringView(section),
-                                      QLatin1StringView(key), value));
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Session.ProgramFolder),
+                                      QLatin1StringView(section), QLatin1StringView(key), value));
     }
 };
 

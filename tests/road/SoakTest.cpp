@@ -1,10 +1,10 @@
-#include "app/Settings.h"
-#include "layout/LoadLayout.h"
-#include "macro/MacroTable.h"
-#include "platform/Profile.h"
-#include "platform/Recordset.h"
+#include "base/Profile.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
+#include "station/layout/LoadLayout.h"
+#include "station/macro/MacroTable.h"
+#include "station/session/Settings.h"
+#include "store/Recordset.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <QFile>
@@ -57,9 +57,9 @@ public:
     {
         const int port = WithCapture();
         SetStatus("Visible", QStringLiteral("False"));
-        WriteProfileValue(SettingsPath(Session), SessionSection(Session),
+        WriteProfileValue(SettingsPath(Session.ProgramFolder), SessionSection(Session),
                           QStringLiteral("LastLayout"), QString());
-        WriteProfileValue(SettingsPath(Session), SessionSection(Session),
+        WriteProfileValue(SettingsPath(Session.ProgramFolder), SessionSection(Session),
                           QStringLiteral("ActiveMacro"), QStringLiteral("Chain"));
         return port;
     }

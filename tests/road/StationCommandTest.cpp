@@ -1,7 +1,7 @@
-#include "app/Settings.h"
-#include "layout/StoredRows.h"
-#include "platform/Profile.h"
+#include "base/Profile.h"
 #include "road/StationProcess.h"
+#include "station/layout/StoredRows.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <gtest/gtest.h>
@@ -21,8 +21,9 @@ protected:
         AddField(Folder.Session, 1);
         AddField(Folder.Session, 2);
         SavePage(Folder.Session);
-        EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session), SessionSection(Folder.Session),
-                                      QStringLiteral("LastLayout"), QStringLiteral("Badge")));
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session.ProgramFolder),
+                                      SessionSection(Folder.Session), QStringLiteral("LastLayout"),
+                                      QStringLiteral("Badge")));
         Plugins = qEnvironmentVariable("QT_PLUGIN_PATH");
     }
     ~StationCommand() override

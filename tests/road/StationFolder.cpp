@@ -1,10 +1,10 @@
 #include "road/StationFolder.h"
-#include "app/Settings.h"
-#include "layout/DrawObjects.h"
-#include "platform/Convert.h"
-#include "platform/Profile.h"
+#include "base/Convert.h"
+#include "base/Profile.h"
 #include "road/StationProcess.h"
-#include "shell/FreshInstall.h"
+#include "samples/FreshInstall.h"
+#include "station/layout/DrawObjects.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Host.h"
 #include "support/Layouts.h"
@@ -42,25 +42,25 @@ int StationFolder::WithCapture(std::uint8_t sessionNumber)
 {
     Session.SessionNumber = sessionNumber;
     const int port = FreePort();
-    Set(SettingsPath(Session), "LastLayout", QStringLiteral("Badge"));
-    Set(SettingsPath(Session), "CaptureEnabled", QStringLiteral("True"));
-    Set(SettingsPath(Session), "Port", QString::number(port));
+    Set(SettingsPath(Session.ProgramFolder), "LastLayout", QStringLiteral("Badge"));
+    Set(SettingsPath(Session.ProgramFolder), "CaptureEnabled", QStringLiteral("True"));
+    Set(SettingsPath(Session.ProgramFolder), "Port", QString::number(port));
     return port;
 }
 
 void StationFolder::SetStatus(const char* key, const QString& value) const
 {
-    Set(SessionStatusPath(Session), key, value);
+    Set(SessionStatusPath(Session.ProgramFolder), key, value);
 }
 
 void StationFolder::SetSetting(const char* key, const QString& value) const
 {
-    Set(SettingsPath(Session), key, value);
+    Set(SettingsPath(Session.ProgramFolder), key, value);
 }
 
 QString StationFolder::Setting(const char* key) const
 {
-    return Get(SettingsPath(Session), key);
+    return Get(SettingsPath(Session.ProgramFolder), key);
 }
 
 QString StationFolder::WrittenVisible() const

@@ -1,6 +1,6 @@
-#include "app/Settings.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include <QDir>
 #include <csignal>
@@ -27,7 +27,7 @@ TEST(Station, PrintsWithoutAStatusFile)
     const int port = folder.WithCapture();
     StationProcess station(folder.Session.ProgramFolder);
     ASSERT_TRUE(station.WaitUntilItListens(port));
-    EXPECT_FALSE(QFileInfo::exists(SessionStatusPath(folder.Session)));
+    EXPECT_FALSE(QFileInfo::exists(SessionStatusPath(folder.Session.ProgramFolder)));
     SendRecord(port, "<A+B>");
     EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("A B"));
     EXPECT_TRUE(station.IsRunning());

@@ -1,7 +1,7 @@
-#include "app/Settings.h"
-#include "platform/Profile.h"
+#include "base/Profile.h"
 #include "road/AccessBus.h"
 #include "road/StationProcess.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include <gtest/gtest.h>
@@ -24,8 +24,9 @@ protected:
         BeginLayout(Folder.Session, QStringLiteral("Badge"));
         AddText(Folder.Session, QStringLiteral("Visitor"));
         SavePage(Folder.Session);
-        EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session), SessionSection(Folder.Session),
-                                      QStringLiteral("LastLayout"), QStringLiteral("Badge")));
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session.ProgramFolder),
+                                      SessionSection(Folder.Session), QStringLiteral("LastLayout"),
+                                      QStringLiteral("Badge")));
         Bus.StartWindowManager();
         Station.emplace(Folder.Session.ProgramFolder,
                         StationStart{.Environment = Bus.Environment()});

@@ -1,10 +1,10 @@
 #include "support/Layouts.h"
-#include "layout/DocumentForm.h"
-#include "layout/DrawObjects.h"
-#include "layout/LoadLayout.h"
-#include "layout/SaveLayout.h"
-#include "platform/Convert.h"
-#include "platform/Recordset.h"
+#include "base/Convert.h"
+#include "station/layout/DocumentForm.h"
+#include "station/layout/DrawObjects.h"
+#include "station/layout/LoadLayout.h"
+#include "station/layout/SaveLayout.h"
+#include "store/Recordset.h"
 #include <gtest/gtest.h>
 
 namespace vantrel::test {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Session.h"
-#include "platform/Recordset.h"
+#include "station/session/Session.h"
+#include "store/Recordset.h"
 
 namespace vantrel::test {
 

@@ -1,6 +1,6 @@
 #include "support/RecordingPrinter.h"
-#include "platform/Convert.h"
-#include "platform/Failure.h"
+#include "base/Convert.h"
+#include "base/Failure.h"
 
 namespace vantrel::test {
 

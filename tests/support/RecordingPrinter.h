@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Printer.h"
+#include "printers/Printer.h"
 #include <QStringList>
 #include <map>
 #include <memory>

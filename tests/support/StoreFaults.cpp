@@ -1,5 +1,5 @@
 #include "support/StoreFaults.h"
-#include "platform/StoreDatabase.h"
+#include "store/StoreDatabase.h"
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>

@@ -1,5 +1,5 @@
 #include "support/TestSession.h"
-#include "platform/Schema.h"
+#include "store/Schema.h"
 #include "support/HeldPort.h"
 #include <QDir>
 #include <QImage>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Operator.h"
-#include "app/Session.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
 #include "support/Print.h"
 #include "support/RecordingPrinter.h"
 #include <QTemporaryDir>

@@ -1,10 +1,10 @@
 #include "Commands.h"
-#include "app/SettingsGuide.h"
-#include "macro/MacroTable.h"
-#include "platform/Connection.h"
-#include "shell/DemoInstall.h"
-#include "shell/FreshInstall.h"
-#include "shell/SessionSwitch.h"
+#include "samples/DemoInstall.h"
+#include "samples/FreshInstall.h"
+#include "station/commands/SessionSwitch.h"
+#include "station/macro/MacroTable.h"
+#include "station/session/SettingsGuide.h"
+#include "store/Connection.h"
 #include <cstdio>
 
 namespace vantrel::admin {

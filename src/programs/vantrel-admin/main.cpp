@@ -1,6 +1,6 @@
 #include "CommandLine.h"
-#include "platform/Failure.h"
-#include "platform/FileModes.h"
+#include "base/Failure.h"
+#include "base/FileModes.h"
 #include <QCoreApplication>
 #include <cstdio>
 

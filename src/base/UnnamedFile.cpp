@@ -1,0 +1,112 @@
+#include "base/UnnamedFile.h"
+#include "base/Failure.h"
+#include <QFile>
+#include <QUuid>
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+/// Measured: a card with a background written in one piece costs the file system a fifth more.
+constexpr qsizetype PieceBytes = 32768;
+/// Where a file without a name is found to be given one.
+constexpr char OwnDescriptors[] = "/proc/self/fd/";
+
+[[noreturn]] void FailWith(int error)
+{
+    throw Failure(FailureNumber::PrinterError,
+                  QStringLiteral("Printer error: ") +
+                      QString::fromStdString(std::generic_category().message(error)));
+}
+
+} // namespace
+
+UnnamedFile::UnnamedFile(const QString& folder, Kind preferred)
+{
+    if (preferred == Kind::Hidden || !OpenNameless(folder))
+        OpenHidden(folder);
+}
+
+UnnamedFile::~UnnamedFile()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+    if (!m_hidden.isEmpty())
+        ::unlink(QFile::encodeName(m_hidden).constData());
+}
+
+bool UnnamedFile::OpenNameless(const QString& folder)
+{
+    if (::access(OwnDescriptors, X_OK) != 0)
+        return false;
+    m_descriptor =
+        ::open(QFile::encodeName(folder).constData(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666);
+    return m_descriptor >= 0;
+}
+
+void UnnamedFile::OpenHidden(const QString& folder)
+{
+    const QString path = folder + QStringLiteral("/.card-") +
+                         QUuid::createUuid().toString(QUuid::WithoutBraces) +
+                         QStringLiteral(".part");
+    m_descriptor =
+        ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (m_descriptor < 0)
+        FailWith(errno);
+    m_hidden = path;
+}
+
+void UnnamedFile::Write(const QByteArray& bytes)
+{
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count =
+            ::write(m_descriptor, bytes.constData() + written,
+                    static_cast<std::size_t>(std::min(PieceBytes, bytes.size() - written)));
+        if (count < 0 && errno != EINTR)
+            FailWith(errno);
+        written += std::max<ssize_t>(count, 0);
+    }
+}
+
+/// Some disks tell only then that they are full; they are those without nameless files.
+void UnnamedFile::Close()
+{
+    if (m_descriptor >= 0 && ::close(std::exchange(m_descriptor, -1)) != 0)
+        FailWith(errno);
+}
+
+PlaceResult UnnamedFile::Place(const QString& path)
+{
+    if (!m_hidden.isEmpty()) {
+        Close();
+        return PlaceFile(m_hidden, path);
+    }
+    const QByteArray own = OwnDescriptors + QByteArray::number(m_descriptor);
+    if (::linkat(AT_FDCWD, own.constData(), AT_FDCWD, QFile::encodeName(path).constData(),
+                 AT_SYMLINK_FOLLOW) == 0)
+        return PlaceResult::Placed;
+    return errno == EEXIST ? PlaceResult::NameTaken : PlaceResult::Failed;
+}
+
+bool UnnamedFile::PutInPlace(const QString& path)
+{
+    switch (Place(path)) {
+    case PlaceResult::Placed:
+        m_hidden.clear();
+        return true;
+    case PlaceResult::NameTaken:
+        return false;
+    case PlaceResult::Failed:
+        break;
+    }
+    FailWith(errno);
+}
+
+} // namespace vantrel

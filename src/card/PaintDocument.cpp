@@ -1,0 +1,50 @@
+#include "card/PaintDocument.h"
+#include "base/Skip.h"
+#include "card/CardDocument.h"
+#include "card/LayoutParamsRecord.h"
+#include "card/TextLeft.h"
+#include "drawing/PageCanvas.h"
+
+namespace vantrel {
+
+namespace {
+
+void PaintBox(PageCanvas& canvas, const Picture& picture, float x, float y, float width,
+              float height)
+{
+    if (!picture.HasHandle())
+        return;
+    Skip("paint picture", [&] {
+        canvas.PaintPicture(picture, static_cast<double>(x), static_cast<double>(y),
+                            static_cast<double>(width), static_cast<double>(height));
+    });
+}
+
+/// A label puts only its text on the card: no border, no fill, no clipping to its box.
+void PaintLabel(PageCanvas& canvas, const CardObject& label)
+{
+    const Font& font = label.Font();
+    const double textWidth =
+        label.Alignment == 0 ? 0.0 : PageCanvas::TextWidth(label.Caption(), font);
+    canvas.DrawText(label.Caption(), font, label.ForeColor, TextLeft(label, textWidth),
+                    static_cast<double>(label.Top));
+}
+
+} // namespace
+
+void PaintDocument(const CardDocument& document, const LayoutParamsRecord& params,
+                   PageCanvas& canvas)
+{
+    PaintBox(canvas, params.BackImg1Picture, 0, 0, document.Width, document.Height);
+    for (const auto& object : document.Objects()) {
+        if (!object->IsContent())
+            continue;
+        if (object->IsLabel())
+            PaintLabel(canvas, *object);
+        else if (object->IsImage())
+            PaintBox(canvas, object->Picture, object->Left, object->Top, object->Width,
+                     object->Height);
+    }
+}
+
+} // namespace vantrel

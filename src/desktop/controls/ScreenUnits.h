@@ -1,0 +1,30 @@
+#pragma once
+
+#include "base/Twips.h"
+#include <QRect>
+#include <QSize>
+#include <cmath>
+
+namespace vantrel {
+
+/// @file Windows are placed in twips and drawn in pixels of 96 to the inch, whatever the screen's
+/// own density: Qt scales those. 15 twips are one of them.
+
+inline constexpr double ScreenPixelsPerInch = 96.0;
+
+inline int ScreenPixels(double twips)
+{
+    return static_cast<int>(std::lround(PixelsOfTwips(twips, ScreenPixelsPerInch)));
+}
+
+inline int ScreenTwips(int pixels)
+{
+    return static_cast<int>(std::lround(TwipsOfPixels(pixels, ScreenPixelsPerInch)));
+}
+
+inline QRect ScreenRect(double left, double top, double width, double height)
+{
+    return {ScreenPixels(left), ScreenPixels(top), ScreenPixels(width), ScreenPixels(height)};
+}
+
+} // namespace vantrel

@@ -1,0 +1,197 @@
+#include "desktop/designer/DesktopCardAccess.h"
+#include "card/CardDocument.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/designer/frmDocument.h"
+#include <QPointer>
+#include <QWindow>
+
+namespace vantrel {
+
+namespace {
+
+QString KindOf(Family family)
+{
+    switch (family) {
+    case Family::lbl_DATA:
+        return QStringLiteral("Data Field");
+    case Family::lbl_TEXT:
+        return QStringLiteral("Static Text");
+    case Family::lbl_AUTO:
+        return QStringLiteral("AutoNumber Field");
+    case Family::img_LXV:
+        return QStringLiteral("Image");
+    case Family::img_CAM:
+        return QStringLiteral("Camera Image");
+    case Family::picHandle:
+        break;
+    }
+    return {};
+}
+
+/// One object of the card. It is looked for anew each time: a record may have replaced it.
+class ObjectAccess : public QAccessibleInterface
+{
+public:
+    ObjectAccess(frmDocument& form, ObjectKey key)
+        : m_form(&form), m_family(key.first), m_index(key.second)
+    {}
+
+    ObjectKey Key() const { return {m_family, m_index}; }
+
+    bool isValid() const override { return !m_form.isNull(); }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override
+    {
+        return m_form.isNull() ? nullptr : m_form->window()->windowHandle();
+    }
+    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    QAccessibleInterface* parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(m_form);
+    }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const CardObject* const object = Find();
+        if (object == nullptr)
+            return {};
+        if (kind == QAccessible::Description)
+            return KindOf(m_family);
+        if (kind != QAccessible::Name)
+            return {};
+        const QString caption = object->IsLabel() ? object->Caption().trimmed() : QString();
+        return caption.isEmpty() ? KindOf(m_family) : ShownLine(caption);
+    }
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    QRect rect() const override
+    {
+        const CardObject* const object = Find();
+        return object == nullptr ? QRect() : m_form->ScreenBoxOf(*object);
+    }
+    QAccessible::Role role() const override
+    {
+        const bool isPicture = m_family == Family::img_LXV || m_family == Family::img_CAM;
+        return isPicture ? QAccessible::Graphic : QAccessible::StaticText;
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        const CardObject* const object = Find();
+        state.invalid = object == nullptr;
+        state.invisible = object == nullptr || !m_form->isVisible();
+        state.selectable = true;
+        state.selected = object != nullptr && m_form->Document().SelectedObject == object;
+        return state;
+    }
+
+private:
+    const CardObject* Find() const
+    {
+        return m_form.isNull() ? nullptr : m_form->ShownObject(m_family, m_index);
+    }
+
+    QPointer<frmDocument> m_form;
+    Family m_family;
+    int m_index;
+};
+
+} // namespace
+
+CardAccess::CardAccess(frmDocument* form, QAccessible::Role role)
+    : QAccessibleWidget(form, role), m_form(*form)
+{}
+
+CardAccess::~CardAccess()
+{
+    for (const auto& [object, told] : m_told)
+        QAccessible::deleteAccessibleInterface(told.Id);
+}
+
+void CardAccess::List() const
+{
+    m_listed.clear();
+    m_places.clear();
+    for (const auto& object : m_form.Document().Objects()) {
+        const ObjectKey key(object->Family(), object->Index());
+        if (m_form.ShownObject(key.first, key.second) == nullptr)
+            continue;
+        m_places[key] = static_cast<int>(m_listed.size());
+        m_listed.push_back(key);
+    }
+}
+
+QAccessibleInterface* CardAccess::Tell(const ObjectKey& key) const
+{
+    Told& told = m_told[key];
+    if (told.Id == 0)
+        told.Id = QAccessible::registerAccessibleInterface(new ObjectAccess(m_form, key));
+    return QAccessible::accessibleInterface(told.Id);
+}
+
+int CardAccess::childCount() const
+{
+    List();
+    return static_cast<int>(m_listed.size());
+}
+
+QAccessibleInterface* CardAccess::child(int index) const
+{
+    const auto holds = [&] {
+        return index >= 0 && static_cast<std::size_t>(index) < m_listed.size();
+    };
+    const auto at = [&] { return m_listed[static_cast<std::size_t>(index)]; };
+    // Whoever asks for all of them has counted them; counting for each would take too long.
+    if (!holds() || m_form.ShownObject(at().first, at().second) == nullptr)
+        List();
+    return holds() ? Tell(at()) : nullptr;
+}
+
+int CardAccess::indexOfChild(const QAccessibleInterface* child) const
+{
+    const auto* const object = dynamic_cast<const ObjectAccess*>(child);
+    if (object == nullptr)
+        return -1;
+    if (!m_places.contains(object->Key()))
+        List();
+    const auto found = m_places.find(object->Key());
+    return found == m_places.end() ? -1 : found->second;
+}
+
+QAccessibleInterface* CardAccess::childAt(int x, int y) const
+{
+    const CardObject* const object = m_form.ObjectAt(m_form.mapFromGlobal(QPointF(x, y)));
+    return object == nullptr ? nullptr : Tell({object->Family(), object->Index()});
+}
+
+void CardAccess::Follow()
+{
+    List();
+    for (const ObjectKey& key : m_listed) {
+        QAccessibleInterface* const object = Tell(key);
+        Told& told = m_told[key];
+        const QString name = object->text(QAccessible::Name);
+        if (told.Announced && name == told.Name)
+            continue;
+        QAccessibleEvent event(object, told.Announced ? QAccessible::NameChanged
+                                                      : QAccessible::ObjectCreated);
+        told.Name = name;
+        told.Announced = true;
+        QAccessible::updateAccessibility(&event);
+    }
+    for (auto told = m_told.begin(); told != m_told.end();) {
+        if (m_places.contains(told->first)) {
+            ++told;
+            continue;
+        }
+        QAccessibleEvent gone(QAccessible::accessibleInterface(told->second.Id),
+                              QAccessible::ObjectDestroyed);
+        QAccessible::updateAccessibility(&gone);
+        QAccessible::deleteAccessibleInterface(told->second.Id);
+        told = m_told.erase(told);
+    }
+}
+
+} // namespace vantrel

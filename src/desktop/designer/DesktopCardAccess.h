@@ -1,0 +1,54 @@
+#pragma once
+
+#include "card/CardObject.h"
+#include <QAccessibleWidget>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace vantrel {
+
+class frmDocument;
+
+/// An object of the card by its family and index.
+using ObjectKey = std::pair<Family, int>;
+
+/// The card as it is told to who cannot see it: below it stands each object that shows, under its
+/// caption or its kind, at its place on the screen. An object stays the same one while
+/// records come and the page is loaded anew.
+class CardAccess : public QAccessibleWidget
+{
+public:
+    CardAccess(frmDocument* form, QAccessible::Role role);
+    ~CardAccess() override;
+    CardAccess(const CardAccess&) = delete;
+    CardAccess& operator=(const CardAccess&) = delete;
+
+    int childCount() const override;
+    QAccessibleInterface* child(int index) const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+    QAccessibleInterface* childAt(int x, int y) const override;
+
+    /// Tells whoever listens what has come, what has gone and what reads otherwise since the last
+    /// time.
+    void Follow();
+
+private:
+    struct Told
+    {
+        QAccessible::Id Id = 0;
+        QString Name;
+        bool Announced = false;
+    };
+
+    void List() const;
+    QAccessibleInterface* Tell(const ObjectKey& key) const;
+
+    frmDocument& m_form;
+    /// The objects in their order, as they were when they were counted last.
+    mutable std::vector<ObjectKey> m_listed;
+    mutable std::map<ObjectKey, int> m_places;
+    mutable std::map<ObjectKey, Told> m_told;
+};
+
+} // namespace vantrel

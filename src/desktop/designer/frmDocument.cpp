@@ -1,0 +1,165 @@
+#include "desktop/designer/frmDocument.h"
+#include "base/Skip.h"
+#include "card/PaintDocument.h"
+#include "desktop/controls/DesktopAccess.h"
+#include "desktop/controls/ScreenUnits.h"
+#include "desktop/designer/DesktopCardAccess.h"
+#include "drawing/PageCanvas.h"
+#include "station/layout/DocumentForm.h"
+#include "station/layout/ObjectMenu.h"
+#include "station/session/Session.h"
+#include <QCloseEvent>
+#include <QPainter>
+#include <QTimer>
+
+namespace vantrel {
+
+namespace {
+/// A hairline and a soft shadow stand around the card, outside it, so that the card keeps its size.
+constexpr int Surround = 8;
+constexpr QColor HairlineColor(0, 0, 0, 90);
+constexpr QColor ShadowLayerColor(0, 0, 0, 11);
+constexpr int ShadowDrop = 2;
+constexpr int MenuInterval = 100;
+
+void PaintSurround(QPainter& painter, const QRect& card)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ShadowLayerColor);
+    for (int reach = 1; reach <= Surround - ShadowDrop; ++reach) {
+        const QRect layer = card.adjusted(-reach, -reach, reach, reach).translated(0, ShadowDrop);
+        painter.drawRoundedRect(layer, reach, reach);
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(card.adjusted(-1, -1, 1, 1), HairlineColor);
+}
+} // namespace
+
+frmDocument::frmDocument(Session& session, QWidget* parent)
+    : QMdiSubWindow(parent, Qt::SubWindow | Qt::FramelessWindowHint), m_session(session)
+{
+    TellAs<frmDocument, QAccessible::Window, CardAccess>();
+    setObjectName(QStringLiteral("frmDocument"));
+    // It has no title bar; this is its name for who cannot see it.
+    setWindowTitle(QStringLiteral("Card"));
+    setAccessibleName(windowTitle());
+    // The shadow lies on the workspace.
+    setAutoFillBackground(false);
+    setMouseTracking(true);
+    auto* menuTimer = new QTimer(this);
+    menuTimer->setObjectName(QStringLiteral("tmrMenu"));
+    connect(menuTimer, &QTimer::timeout, this,
+            [this] { TickObjectMenu(m_session.Face, m_session.Document); });
+    menuTimer->start(MenuInterval);
+    const CardDocument& document = m_session.Document;
+    connect(&document, &CardDocument::Shown, this, &frmDocument::MirrorSoon);
+    connect(&document, &CardDocument::Hidden, this, &frmDocument::MirrorSoon);
+    connect(&document, &CardDocument::Changed, this, &frmDocument::MirrorSoon);
+}
+
+frmDocument::~frmDocument() = default;
+
+void frmDocument::MirrorSoon()
+{
+    // A record changes every object of the page; the window follows once for all of them.
+    m_stale = true;
+    if (m_mirrorAsked)
+        return;
+    m_mirrorAsked = true;
+    QMetaObject::invokeMethod(this, &frmDocument::Mirror, Qt::QueuedConnection);
+}
+
+void frmDocument::Mirror()
+{
+    m_mirrorAsked = false;
+    const CardDocument& document = m_session.Document;
+    if (document.Drag.Mode == DragMode::None) {
+        // The document a drag was on may have gone, and another may have come since.
+        m_band.reset();
+        ReleaseMouse();
+    }
+    TellChanges();
+    if (!document.IsLoaded() || !document.IsShown()) {
+        hide();
+        return;
+    }
+    const QRect card = ScreenRect(document.Left, document.Top, document.Width, document.Height);
+    const QRect surrounded = card.adjusted(-Surround, -Surround, Surround, Surround);
+    if (geometry() != surrounded)
+        setGeometry(surrounded);
+    show();
+    update();
+}
+
+void frmDocument::TellChanges()
+{
+    // Nobody listens at most stations.
+    if (!QAccessible::isActive())
+        return;
+    if (auto* told = dynamic_cast<CardAccess*>(QAccessible::queryAccessibleInterface(this)))
+        told->Follow();
+}
+
+void frmDocument::DrawCard()
+{
+    const double scale = devicePixelRatioF();
+    const CardDocument& document = m_session.Document;
+    const QSize size = ScreenRect(0, 0, document.Width, document.Height).size() * scale;
+    if (m_card.size() != size)
+        m_card = QImage(size, QImage::Format_RGB32);
+    m_card.setDevicePixelRatio(1.0);
+    m_card.fill(Qt::white);
+    Skip("paint the document", [&] {
+        const auto canvas = PageCanvas::OnImage(m_card, scale * ScreenPixelsPerInch / TwipsPerInch);
+        PaintDocument(m_session.Document, m_session.CurrentParams, *canvas);
+        canvas->Finish();
+    });
+    m_card.setDevicePixelRatio(scale);
+}
+
+QRect frmDocument::CardRect() const
+{
+    return rect().adjusted(Surround, Surround, -Surround, -Surround);
+}
+
+const QImage& frmDocument::CardPicture()
+{
+    if (m_stale || !qFuzzyCompare(m_card.devicePixelRatio(), devicePixelRatioF())) {
+        m_stale = false;
+        DrawCard();
+    }
+    return m_card;
+}
+
+void frmDocument::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const QRect card = CardRect();
+    PaintSurround(painter, card);
+    painter.drawImage(card.topLeft(), CardPicture());
+    PaintDesign(painter);
+}
+
+void frmDocument::closeEvent(QCloseEvent* event)
+{
+    // The document goes when its layout is closed, not by a window command.
+    event->ignore();
+}
+
+bool frmDocument::focusNextPrevChild(bool next)
+{
+    const auto step = [next](const QWidget* from) {
+        return next ? from->nextInFocusChain() : from->previousInFocusChain();
+    };
+    for (QWidget* widget = step(this); widget != this; widget = step(widget)) {
+        if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr ||
+            !widget->isVisible() || !widget->isEnabled() || widget->window() != window())
+            continue;
+        widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return true;
+    }
+    return false;
+}
+
+} // namespace vantrel

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "card/CardObject.h"
+#include "station/layout/DesignSurface.h"
+#include <QImage>
+#include <QMdiSubWindow>
+#include <memory>
+#include <optional>
+
+namespace vantrel {
+
+class CardDocument;
+class Session;
+
+/// The card on the workspace, and the designer's surface. It paints the document through the
+/// renderer that paints the paper, and comes, goes and changes with the document's signals. While
+/// it is out of sight it costs nothing. The mouse goes to the routines of the design surface.
+class frmDocument : public QMdiSubWindow, private DesignScreen
+{
+    Q_OBJECT
+
+public:
+    explicit frmDocument(Session& session, QWidget* parent = nullptr);
+    ~frmDocument() override;
+
+    /// Takes over place, size and visibility of the document.
+    void Mirror();
+    /// The card as it prints, drawn anew if it has changed.
+    const QImage& CardPicture();
+    /// Where the card lies in the window, in its pixels. A shadow stands around it.
+    QRect CardRect() const;
+
+    const CardDocument& Document() const;
+    /// An object that shows on the card; null where there is none, and for what is no object, such
+    /// as a grip.
+    const CardObject* ShownObject(Family family, int index) const;
+    /// What of the page is under a point of the window, the topmost first; none is the empty page.
+    CardObject* ObjectAt(const QPointF& position) const;
+    /// Where an object stands on the screen, in its pixels.
+    QRect ScreenBoxOf(const CardObject& object) const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    /// A window in the workspace would keep the Tab key to itself; the card has nothing to go to.
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    Point Cursor() const override { return m_cursor; }
+    FormOnScreen Form() const override;
+    void InvertOutline(const CRect& rectangle) override;
+    void CaptureMouse() override;
+    void ReleaseMouse() override;
+    void UpdateForm() override { update(); }
+    void CloseSizeDialog() override;
+
+    void MirrorSoon();
+    void TellChanges();
+    void DrawCard();
+    void PaintDesign(QPainter& painter) const;
+    void TakeCursor(const QMouseEvent& event);
+    CardObject* GripAt(const QPointF& position) const;
+    QRect BoxOf(const CardObject& object) const;
+
+    Session& m_session;
+    QImage m_card;
+    bool m_stale = true;
+    bool m_mirrorAsked = false;
+    Point m_cursor;
+    bool m_confined = false;
+    /// Looks out for a drag's release while the mouse is with the form.
+    std::unique_ptr<QObject> m_releaseWatch;
+    /// The press went to an object that keeps its release.
+    bool m_objectHasMouse = false;
+    std::optional<CRect> m_band;
+};
+
+} // namespace vantrel

@@ -1,0 +1,262 @@
+#include "desktop/controls/ScreenUnits.h"
+#include "desktop/designer/frmDocument.h"
+#include "desktop/designer/frmSize.h"
+#include "station/session/Session.h"
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace vantrel {
+
+namespace {
+
+constexpr QColor BorderColor(0, 0, 0, 70);
+constexpr int BandWidth = 2;
+
+Qt::CursorShape ShapeOf(GripCursor cursor)
+{
+    switch (cursor) {
+    case GripCursor::NorthWest:
+        return Qt::SizeFDiagCursor;
+    case GripCursor::NorthSouth:
+        return Qt::SizeVerCursor;
+    case GripCursor::NorthEast:
+        return Qt::SizeBDiagCursor;
+    case GripCursor::EastWest:
+        return Qt::SizeHorCursor;
+    }
+    return Qt::ArrowCursor;
+}
+
+MouseButton ButtonOf(Qt::MouseButton button)
+{
+    if (button == Qt::LeftButton)
+        return MouseButton::Left;
+    return button == Qt::RightButton ? MouseButton::Right : MouseButton::Other;
+}
+
+/// Other keys that a platform reports with a press, such as that of the desktop, are none.
+ShiftState ShiftStateOf(Qt::KeyboardModifiers keys)
+{
+    const bool held = keys & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    return held ? ShiftState::Held : ShiftState::None;
+}
+
+/// The outline of a text, and of a picture that is still to come, show on the screen only.
+void PaintOutline(QPainter& painter, const CardObject& object, const QRect& box)
+{
+    const bool isText = object.IsLabel() && object.BorderStyle != 0;
+    const bool isEmptyPicture = object.IsImage() && !object.Picture.HasHandle();
+    if (!isText && !isEmptyPicture)
+        return;
+    painter.setPen(QPen(BorderColor, 1, isText ? Qt::SolidLine : Qt::DashLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(box.adjusted(0, 0, -1, -1));
+}
+
+/// Ends a drag whose left button is released over something else of this program, such as a menu
+/// that has come up meanwhile and has the mouse now: the form is still to have that release.
+class ReleaseWatch : public QObject
+{
+public:
+    ReleaseWatch(QWidget& form, Session& session, DesignScreen& screen)
+        : m_form(form), m_session(session), m_screen(screen)
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseButtonRelease && watched->isWidgetType() &&
+            watched != &m_form && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            // This ends with the drag.
+            ReleaseButton(m_session.Document, m_session.Face, m_screen, MouseButton::Left);
+        }
+        return false;
+    }
+
+private:
+    QWidget& m_form;
+    Session& m_session;
+    DesignScreen& m_screen;
+};
+
+} // namespace
+
+FormOnScreen frmDocument::Form() const
+{
+    const QPoint origin = mapToGlobal(CardRect().topLeft());
+    const double twipsPerPixel = TwipsPerInch / ScreenPixelsPerInch;
+    return {origin.x(), origin.y(), twipsPerPixel, twipsPerPixel};
+}
+
+void frmDocument::InvertOutline(const CRect& rectangle)
+{
+    if (m_band == rectangle)
+        m_band.reset();
+    else
+        m_band = rectangle;
+    update();
+}
+
+void frmDocument::CaptureMouse()
+{
+    // A pressed button keeps the mouse with its window. No display confines a pointer for sure, so
+    // its position is taken no further than the form.
+    m_confined = true;
+    m_releaseWatch =
+        std::make_unique<ReleaseWatch>(*this, m_session, static_cast<DesignScreen&>(*this));
+}
+
+void frmDocument::ReleaseMouse()
+{
+    m_confined = false;
+    m_releaseWatch.reset();
+}
+
+void frmDocument::CloseSizeDialog()
+{
+    if (auto* dialog = window()->findChild<frmSize*>())
+        dialog->close();
+}
+
+QRect frmDocument::BoxOf(const CardObject& object) const
+{
+    return ScreenRect(static_cast<double>(object.Left), static_cast<double>(object.Top),
+                      static_cast<double>(object.Width), static_cast<double>(object.Height))
+        .translated(CardRect().topLeft());
+}
+
+CardObject* frmDocument::GripAt(const QPointF& position) const
+{
+    const CardDocument& document = m_session.Document;
+    for (int grip = 0; grip <= document.HighestIndex(Family::picHandle); ++grip) {
+        CardObject* handle = document.Find(Family::picHandle, grip);
+        if (handle != nullptr && handle->Visible && BoxOf(*handle).contains(position.toPoint()))
+            return handle;
+    }
+    return nullptr;
+}
+
+const CardDocument& frmDocument::Document() const
+{
+    return m_session.Document;
+}
+
+const CardObject* frmDocument::ShownObject(Family family, int index) const
+{
+    const CardObject* const object = m_session.Document.Find(family, index);
+    const bool shows = object != nullptr && index > 0 && object->Visible &&
+                       (object->IsLabel() || object->IsImage());
+    return shows ? object : nullptr;
+}
+
+CardObject* frmDocument::ObjectAt(const QPointF& position) const
+{
+    const auto& objects = m_session.Document.Objects();
+    const auto found = std::find_if(objects.rbegin(), objects.rend(), [&](const auto& object) {
+        return ShownObject(object->Family(), object->Index()) != nullptr &&
+               BoxOf(*object).contains(position.toPoint());
+    });
+    return found == objects.rend() ? nullptr : found->get();
+}
+
+QRect frmDocument::ScreenBoxOf(const CardObject& object) const
+{
+    const QRect box = BoxOf(object);
+    return {mapToGlobal(box.topLeft()), box.size()};
+}
+
+void frmDocument::TakeCursor(const QMouseEvent& event)
+{
+    QPoint position = event.globalPosition().toPoint();
+    if (m_confined) {
+        const QRect inside(mapToGlobal(CardRect().topLeft()), CardRect().size());
+        position = {std::clamp(position.x(), inside.left(), inside.right()),
+                    std::clamp(position.y(), inside.top(), inside.bottom())};
+    }
+    m_cursor = {position.x(), position.y()};
+}
+
+void frmDocument::mousePressEvent(QMouseEvent* event)
+{
+    TakeCursor(*event);
+    const MouseButton button = ButtonOf(event->button());
+    const ShiftState shift = ShiftStateOf(event->modifiers());
+    m_objectHasMouse = false;
+    // A drag keeps the mouse with the form, whatever is under the pointer.
+    const bool isDragging = m_session.Document.Drag.Mode != DragMode::None;
+    const CardObject* grip = isDragging ? nullptr : GripAt(event->position());
+    CardObject* object = isDragging || grip != nullptr ? nullptr : ObjectAt(event->position());
+    if (grip != nullptr) {
+        PressHandle(m_session.Document, *this, grip->Index());
+    } else if (object != nullptr) {
+        PressObject(m_session.Document, m_session.Face, *this, *object, button, shift);
+        m_objectHasMouse = button != MouseButton::Left || shift == ShiftState::Held;
+    } else {
+        PressForm(m_session.Document);
+    }
+    event->accept();
+}
+
+void frmDocument::mouseMoveEvent(QMouseEvent* event)
+{
+    TakeCursor(*event);
+    if (event->buttons() == Qt::NoButton) {
+        const CardObject* grip = GripAt(event->position());
+        setCursor(grip != nullptr ? ShapeOf(CursorOfGrip(grip->Index())) : Qt::ArrowCursor);
+    }
+    MoveMouse(m_session.Document, *this);
+    event->accept();
+}
+
+void frmDocument::mouseReleaseEvent(QMouseEvent* event)
+{
+    TakeCursor(*event);
+    if (!m_objectHasMouse)
+        ReleaseButton(m_session.Document, m_session.Face, *this, ButtonOf(event->button()));
+    m_objectHasMouse = false;
+    event->accept();
+}
+
+void frmDocument::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    // The second press of two quick ones is a press like any other.
+    mousePressEvent(event);
+}
+
+void frmDocument::leaveEvent(QEvent* event)
+{
+    // The frame of a window in the workspace has pointer shapes of its own; the card has no frame.
+    unsetCursor();
+    event->accept();
+}
+
+void frmDocument::PaintDesign(QPainter& painter) const
+{
+    const CardDocument& document = m_session.Document;
+    painter.setClipRect(CardRect());
+    for (const auto& object : document.Objects()) {
+        if (object->Index() > 0 && object->Visible)
+            PaintOutline(painter, *object, BoxOf(*object));
+    }
+    painter.setPen(QPen(palette().color(QPalette::HighlightedText), 1));
+    painter.setBrush(palette().color(QPalette::Highlight));
+    for (int grip = 0; grip <= document.HighestIndex(Family::picHandle); ++grip) {
+        const CardObject* handle = document.Find(Family::picHandle, grip);
+        if (handle != nullptr && handle->Visible)
+            painter.drawRect(BoxOf(*handle).adjusted(0, 0, -1, -1));
+    }
+    if (!m_band)
+        return;
+    painter.setCompositionMode(QPainter::CompositionMode_Difference);
+    painter.setPen(QPen(Qt::white, BandWidth));
+    painter.setBrush(Qt::NoBrush);
+    const QPoint origin = mapToGlobal(QPoint(0, 0));
+    painter.drawRect(
+        QRect(m_band->Left, m_band->Top, m_band->Width(), m_band->Height()).translated(-origin));
+}
+
+} // namespace vantrel

@@ -1,0 +1,128 @@
+#include "desktop/dialogs/frmMacro.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/dialogs/DesktopLayoutList.h"
+#include "station/session/Session.h"
+#include <QEvent>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+
+namespace vantrel {
+
+namespace {
+
+constexpr int IdColumn = 0;
+constexpr int NameColumn = 1;
+
+/// Room for a handful of macros and layouts; names that need more get it, up to the largest size.
+constexpr QSize FirstSize{480, 320};
+constexpr QSize LargestSize{900, 600};
+/// Characters of a layout's name that show at least.
+constexpr int NameCharacters = 24;
+
+} // namespace
+
+frmMacro::frmMacro(Session& session, QWidget* parent)
+    : QDialog(parent), m_session(session),
+      m_layouts(MakeControl<DesktopLayoutList>("lstLayouts", session, this)),
+      m_macros(MakeControl<QTreeWidget>("lstMacros", this))
+{
+    setObjectName(QStringLiteral("frmMacro"));
+    setWindowTitle(QStringLiteral("Define Macros"));
+    MakeControls();
+    FillMacros();
+    ShowMarks();
+    resize(sizeHint().expandedTo(FirstSize).boundedTo(LargestSize));
+    // Only now: the size of a column that stretches says nothing of its names.
+    m_macros->header()->setStretchLastSection(true);
+}
+
+void frmMacro::MakeControls()
+{
+    m_macros->setAccessibleName(QStringLiteral("Macros"));
+    m_macros->setColumnCount(2);
+    m_macros->setHeaderHidden(true);
+    m_macros->setRootIsDecorated(false);
+    m_macros->setAllColumnsShowFocus(true);
+    m_macros->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_macros->header()->setStretchLastSection(false);
+    for (QAbstractItemView* list :
+         {static_cast<QAbstractItemView*>(m_macros), static_cast<QAbstractItemView*>(m_layouts)})
+        list->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    m_layouts->setAccessibleName(QStringLiteral("Layouts"));
+
+    auto* macrosLabel = new QLabel(QStringLiteral("&Macros"), this);
+    macrosLabel->setBuddy(m_macros);
+    auto* layoutsLabel = new QLabel(QStringLiteral("&Layouts"), this);
+    layoutsLabel->setBuddy(m_layouts);
+    auto* save = MakeControl<QPushButton>("cmdSave", QStringLiteral("&Save Active Macro"), this);
+    save->setDefault(true);
+    auto* close = MakeControl<QPushButton>("cmdClose", QStringLiteral("Close"), this);
+
+    connect(m_macros, &QTreeWidget::itemSelectionChanged, this, &frmMacro::ShowMarks);
+    // A click on the row that is selected reads its marks anew.
+    connect(m_macros, &QTreeWidget::itemClicked, this, &frmMacro::ShowMarks);
+    connect(save, &QPushButton::clicked, this, [this] {
+        SaveActiveMacro(m_session, SelectedMacro(), m_layouts->Marked());
+        QDialog::close();
+    });
+    connect(close, &QPushButton::clicked, this, &QDialog::close);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(save);
+    buttons->addWidget(close);
+    auto* grid = new QGridLayout(this);
+    grid->setRowStretch(1, 1);
+    m_layouts->setMinimumWidth(NameCharacters * fontMetrics().averageCharWidth());
+    grid->addWidget(macrosLabel, 0, 0);
+    grid->addWidget(layoutsLabel, 0, 1);
+    grid->addWidget(m_macros, 1, 0);
+    grid->addWidget(m_layouts, 1, 1);
+    grid->addLayout(buttons, 2, 0, 1, 2);
+    setTabOrder(m_macros, m_layouts);
+    setTabOrder(m_layouts, save);
+    setTabOrder(save, close);
+}
+
+void frmMacro::FillMacros()
+{
+    const QList<MacroRow> macros = MacroRows(m_session.LayoutDb);
+    for (const MacroRow& macro : macros)
+        new QTreeWidgetItem(m_macros, {QString::number(macro.Id), macro.Name});
+}
+
+bool frmMacro::event(QEvent* event)
+{
+    // Without a window manager a window shows and never becomes active.
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show)
+        SelectActive();
+    return QDialog::event(event);
+}
+
+void frmMacro::SelectActive()
+{
+    const QList<QTreeWidgetItem*> found = m_macros->findItems(
+        ActiveMacroText(m_session.Settings), Qt::MatchExactly | Qt::MatchCaseSensitive, NameColumn);
+    if (found.isEmpty())
+        m_macros->clearSelection();
+    else
+        m_macros->setCurrentItem(found.constFirst());
+}
+
+MacroRow frmMacro::SelectedMacro() const
+{
+    const QList<QTreeWidgetItem*> selected = m_macros->selectedItems();
+    if (selected.isEmpty())
+        return {};
+    return {selected.constFirst()->text(IdColumn).toInt(), selected.constFirst()->text(NameColumn)};
+}
+
+void frmMacro::ShowMarks()
+{
+    m_layouts->SetMarked(LayoutsGivenTo(m_session.LayoutDb, SelectedMacro().Id));
+}
+
+} // namespace vantrel

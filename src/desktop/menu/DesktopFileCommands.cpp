@@ -1,0 +1,93 @@
+#include "desktop/menu/DesktopFileCommands.h"
+#include "base/DesktopColor.h"
+#include "desktop/controls/DesktopFileDialog.h"
+#include "station/commands/Version4Import.h"
+#include "station/imaging/BackImage.h"
+#include "station/imaging/ChooseImage.h"
+#include "station/imaging/Workspace.h"
+#include "station/layout/PageKey.h"
+#include "station/session/Session.h"
+#include <QColorDialog>
+#include <QMainWindow>
+
+namespace vantrel {
+
+namespace {
+
+/// Asks for a file for the page that is open. A record may open another behind the dialog, or none,
+/// and the file is not meant for that.
+template <typename Ask, typename Take>
+void AskForPage(Session& session, Ask ask, Take take)
+{
+    const PageKey asked = PageOnForm(session);
+    const QString path = ask();
+    if (PageOnForm(session) == asked)
+        take(session, path);
+}
+
+/// Asks for a file, beginning with no name. @return its path, empty where the operator cancels
+QString AskForFile(DesktopFileDialog& dialog)
+{
+    dialog.FileName.clear();
+    dialog.ShowOpen();
+    return dialog.FileName;
+}
+
+QString AskForFileInProgramFolder(const Session& session, QMainWindow& window)
+{
+    auto& dialog = DesktopFileDialog::Of(window);
+    dialog.InitialFolder = session.ProgramFolder;
+    return AskForFile(dialog);
+}
+
+} // namespace
+
+void ImportVersion4Command(Session& session, QMainWindow& window)
+{
+    ImportVersion4Session(session, AskForFileInProgramFolder(session, window));
+}
+
+void BackImageCommand(Session& session, QMainWindow& window)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    AskForPage(
+        session, [&] { return AskForFile(DesktopFileDialog::Of(window)); }, SetBackImage);
+}
+
+void AcrobatBackImageCommand(Session& session, QMainWindow& window)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    const auto ask = [&] {
+        auto& dialog = DesktopFileDialog::Of(window);
+        // Nobody resets the filter, and the name is not cleared: a cancelled dialog converts, too.
+        dialog.Filter = QStringLiteral("*.pdf|*.PDF");
+        dialog.ShowOpen();
+        return dialog.FileName;
+    };
+    AskForPage(session, ask, ImportAcrobatFile);
+}
+
+void ChooseImageCommand(Session& session, QMainWindow& window)
+{
+    AskForPage(
+        session, [&] { return AskForFileInProgramFolder(session, window); },
+        [](Session& station, const QString& path) { ChooseImage(station.Document, path); });
+}
+
+void WorkspaceColorCommand(Session& session, QMainWindow& window)
+{
+    QColorDialog dialog(ColorOf(WorkspaceColor(session.Settings)), &window);
+    if (dialog.exec() == QDialog::Accepted)
+        SetWorkspaceColor(session, ColorValueOf(dialog.selectedColor()));
+}
+
+void WorkspacePictureCommand(Session& session, QMainWindow& window)
+{
+    auto& dialog = DesktopFileDialog::Of(window);
+    dialog.ShowOpen();
+    SetWorkspacePicture(session, dialog.FileName);
+}
+
+} // namespace vantrel

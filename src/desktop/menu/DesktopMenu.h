@@ -1,0 +1,61 @@
+#pragma once
+
+#include "station/session/MenuState.h"
+#include <QObject>
+#include <vector>
+
+class QAction;
+class QMainWindow;
+class QMenu;
+
+namespace vantrel {
+
+class Session;
+struct MenuRow;
+enum class Enabled;
+
+/// The menus of the main window, made from the table of `MenuRows`. Each entry is a `QAction` of
+/// the window under its own name, each menu a `QMenu`; named dashes are actions too. They mirror
+/// the station's face.
+class MainMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    MainMenu(Session& session, QMainWindow& window);
+
+    /// Fits what can be chosen to whether the windows show and whether a layout is open.
+    void UpdateEnabled();
+    /// The captions that the load of the main window sets.
+    void UpdateStartCaptions();
+
+private:
+    void Build();
+    /// By the captions as they stand.
+    void SetIcons();
+    QMenu* MakeMenu(const MenuRow& row);
+    QAction* MakeCommand(const MenuRow& row);
+    void MirrorFace();
+    void MirrorTick(Tick tick, bool on);
+    void MirrorEntry(ObjectEntry entry, bool visible);
+    void MirrorFields();
+    void FillFields();
+    void MirrorProperties(bool enabled);
+    void OpenPopUp(PopUp menu);
+    bool Holds(Enabled when) const;
+    /// Whether the row and the menus it stands in can be chosen at this moment.
+    bool CanRun(const MenuRow& row) const;
+    void Run(const MenuRow& row);
+    void ChooseField(int number);
+    QMenu* FindMenu(const char* name) const;
+    QAction* Find(const char* name) const;
+
+    Session& m_session;
+    QMainWindow& m_window;
+    /// One per row of the table; that of a menu is its own action.
+    std::vector<QAction*> m_actions;
+    /// Elements of the list of data fields from 1 on.
+    std::vector<QAction*> m_fields;
+};
+
+} // namespace vantrel

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "station/session/MenuState.h"
+#include <optional>
+#include <span>
+
+class QMainWindow;
+
+namespace vantrel {
+
+class Session;
+
+/// When an entry, or what stands in a menu, can be chosen.
+enum class Enabled { Always, WhileVisible, WithLayout, WhileVisibleWithLayout, WithSelection };
+
+enum class RowKind { Menu, Command, Dash };
+
+/// What a command does. A failure that leaves it ends the station.
+using MenuAction = void (*)(Session& session, QMainWindow& window);
+
+/// One row of the menu tree. Rows come in the order in which the tree shows them, each after the
+/// menu it stands in.
+struct MenuRow
+{
+    RowKind Kind;
+    /// Name of the menu it stands in; empty for the bar.
+    const char* Parent;
+    /// Also the name of its `QAction` or `QMenu`; empty for most dashes.
+    const char* Name;
+    const char* Caption = "";
+    const char* Shortcut = "";
+    /// None: the entry can be chosen and does nothing.
+    MenuAction Action = nullptr;
+    bool ShownAtStart = true;
+    bool EnabledAtStart = true;
+    Enabled When = Enabled::Always;
+    std::optional<Tick> Ticked = {};
+    /// Its place among the entries that follow the selected object, if it does.
+    std::optional<ObjectEntry> Follows = {};
+
+    constexpr MenuRow Hidden() const
+    {
+        MenuRow row = *this;
+        row.ShownAtStart = false;
+        return row;
+    }
+    constexpr MenuRow Disabled() const
+    {
+        MenuRow row = *this;
+        row.EnabledAtStart = false;
+        return row;
+    }
+    constexpr MenuRow On(Enabled when) const
+    {
+        MenuRow row = *this;
+        row.When = when;
+        return row;
+    }
+    constexpr MenuRow With(Tick tick) const
+    {
+        MenuRow row = *this;
+        row.Ticked = tick;
+        return row;
+    }
+    constexpr MenuRow With(ObjectEntry entry) const
+    {
+        MenuRow row = *this;
+        row.Follows = entry;
+        return row;
+    }
+};
+
+/// The whole menu tree of the station.
+std::span<const MenuRow> MenuRows();
+
+} // namespace vantrel

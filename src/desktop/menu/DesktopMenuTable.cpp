@@ -1,0 +1,239 @@
+#include "desktop/camera/frmAquireImage2.h"
+#include "desktop/composers/frmEncoding.h"
+#include "desktop/composers/frmPad.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/designer/frmSize.h"
+#include "desktop/dialogs/frmAbout.h"
+#include "desktop/dialogs/frmCommSettings.h"
+#include "desktop/dialogs/frmFilters.h"
+#include "desktop/dialogs/frmForms.h"
+#include "desktop/dialogs/frmGetLayout.h"
+#include "desktop/dialogs/frmMacro.h"
+#include "desktop/dialogs/frmPreSuffix.h"
+#include "desktop/dialogs/frmPrinters2.h"
+#include "desktop/dialogs/frmRawData.h"
+#include "desktop/dialogs/frmSendData.h"
+#include "desktop/dialogs/frmToolbar.h"
+#include "desktop/dialogs/frmWizard.h"
+#include "desktop/menu/DesktopFileCommands.h"
+#include "desktop/menu/DesktopMenuRow.h"
+#include "station/commands/Commands.h"
+#include "station/commands/InsertCommands.h"
+#include "station/commands/ObjectCommands.h"
+#include "station/imaging/BackImage.h"
+#include "station/imaging/Workspace.h"
+#include <QMainWindow>
+
+namespace vantrel {
+
+namespace {
+
+constexpr MenuRow Menu(const char* parent, const char* name, const char* caption)
+{
+    return {RowKind::Menu, parent, name, caption};
+}
+
+constexpr MenuRow Dash(const char* parent, const char* name = "")
+{
+    return {RowKind::Dash, parent, name};
+}
+
+constexpr MenuRow Command(const char* parent, const char* name, const char* caption,
+                          const char* shortcut = "", MenuAction action = nullptr)
+{
+    return {RowKind::Command, parent, name, caption, shortcut, action};
+}
+
+/// The action that shows a dialog over the main window.
+template <typename Dialog>
+void Opens(Session& session, QMainWindow& window)
+{
+    OpenDialog<Dialog>(session, &window);
+}
+
+void OpensPrinterSelection(Session& session, QMainWindow& window)
+{
+    OpenPrinterSelection(session, &window);
+}
+
+/// The action that is a routine on the station's data.
+template <auto Routine>
+void Runs(Session& session, QMainWindow& /*window*/)
+{
+    Routine(session);
+}
+
+constexpr auto WhileVisible = Enabled::WhileVisible;
+constexpr auto WithLayout = Enabled::WithLayout;
+constexpr auto WhileVisibleWithLayout = Enabled::WhileVisibleWithLayout;
+constexpr auto WithSelection = Enabled::WithSelection;
+
+// clang-format off
+constexpr MenuRow Rows[] = {
+    Menu("", "mnuFile", "&File"),
+    Menu("mnuFile", "mnuNew", "New ..."),
+    Command("mnuNew", "cmdNew", "Layout ...", "", Runs<NewCommand>).Hidden().On(WhileVisible),
+    Command("mnuNew", "cmdWizard", "Layout Wizard ...", "", Opens<frmWizard>).On(WhileVisible),
+    Command("mnuNew", "cmdNewPage", "Page ...", "", Runs<NewPageCommand>).On(WhileVisibleWithLayout),
+    Menu("mnuFile", "mnuOpen", "&Open ..."),
+    Command("mnuOpen", "cmdOpen", "&Open Layout", "", Opens<frmGetLayout>).On(WhileVisible),
+    Command("mnuOpen", "cmdImportSession", "Vantrel 4 Session.ini", "",
+            ImportVersion4Command).On(WhileVisibleWithLayout),
+    Command("mnuFile", "cmdSave", "&Save", "Ctrl+S", Runs<SaveCommand>).On(WhileVisibleWithLayout),
+    Command("mnuFile", "cmdSaveAs", "Save &As", "Ctrl+A").Disabled(),
+    Command("mnuFile", "cmdClose", "&Close Layout", "Ctrl+L", Runs<CloseCommand>).On(WithLayout),
+    Menu("mnuFile", "mnuDelete", "&Delete ..."),
+    Command("mnuDelete", "cmdDeleteLayout", "&Delete Layout", "Ctrl+D",
+            Runs<DeleteLayoutCommand>).On(WithLayout),
+    Command("mnuDelete", "cmdDeletePage", "Delete Page", "", Runs<DeletePageCommand>),
+    Dash("mnuFile"),
+    Command("mnuFile", "cmdPrint", "Print ...", "Ctrl+P", Runs<PrintCommand>).On(WithLayout),
+    Command("mnuFile", "cmdPrnSetup", "Printer Setup ...", "", OpensPrinterSelection)
+        .On(WhileVisibleWithLayout),
+    Dash("mnuFile"),
+    Command("mnuFile", "cmdTakePicture", "Take Picture ...", "", Opens<frmAquireImage2>),
+    Dash("mnuFile"),
+    Command("mnuFile", "cmdGenSerial", "Generate Card Sequence", "", Opens<frmSendData>),
+    Dash("mnuFile"),
+    Command("mnuFile", "cmdHide", "Hide Vantrel...", "Ctrl+H", Runs<ToggleVisible>),
+    Command("mnuFile", "cmdExit", "&Disable Vantrel", "Shift+Del", Runs<ExitCommand>),
+
+    Menu("", "mnuEdit", "&Edit"),
+    Command("mnuEdit", "cmdCut", "&Cut", "Ctrl+Y").Disabled(),
+    Command("mnuEdit", "cmdCopy", "C&opy", "Ctrl+C").Disabled(),
+    Command("mnuEdit", "cmdPaste", "&Paste", "Ctrl+V").Disabled(),
+    Dash("mnuEdit"),
+    Command("mnuEdit", "cmdDelete", "&Delete", "", Runs<DeleteSelectedObject>),
+
+    Menu("", "mnuData", "&Document").On(WithLayout),
+    Command("mnuData", "cmdInsertData", "Insert New Data Field", "F1", Runs<InsertDataField>),
+    Command("mnuData", "cmdNewText", "Insert New Static Text", "F2", Runs<InsertText>),
+    Command("mnuData", "cmdInsertImage", "Insert New Image Object", "F3", Runs<InsertImage>),
+    Command("mnuData", "cmdInsertCamImage", "Insert New Camera Image", "F4",
+            Runs<InsertCameraImage>),
+    Command("mnuData", "cmdAutoNumber", "Insert New AutoNumber Object", "",
+            Runs<InsertAutoNumber>).Hidden(),
+    Dash("mnuData"),
+    Command("mnuData", "cmdDeleteAll", "Delete all data fields", "", Runs<DeleteAllFields>),
+    Dash("mnuData"),
+    Command("mnuData", "cmdMag", "Magnetic Encoding ...", "F5", Opens<frmEncoding>),
+    Dash("mnuData"),
+    Menu("mnuData", "mnuBack2", "Background"),
+    Command("mnuBack2", "cmdBackImg", "Import Image File ...", "", BackImageCommand),
+    Command("mnuBack2", "cmdBaclPDF", "Import PDF File ...", "", AcrobatBackImageCommand),
+    Command("mnuBack2", "cmdClearBackground", "Clear Background ...", "",
+            Runs<ClearBackImages>),
+    Dash("mnuData"),
+    Command("mnuData", "chkAutoSpool", "Automatically Print Document", "", Runs<ToggleAutoSpool>)
+        .With(Tick::chkAutoSpool),
+
+    Menu("", "mnuView", "&View"),
+    Command("mnuView", "cmdRawData", "Raw Input Data ...", "", Opens<frmRawData>),
+    Dash("mnuView"),
+    Command("mnuView", "cmdFieldData", "Decoded Field Data ...", "", Runs<ShowFieldData>),
+    Dash("mnuView"),
+    Command("mnuView", "cmdViewBuffer", "Buffered Input Data ...", "", Opens<frmForms>),
+
+    Menu("", "mnuSettings", "&Settings"),
+    Command("mnuSettings", "cmdDelimiters", "Data Settings ...", "", Opens<frmToolbar>),
+    Command("mnuSettings", "cmdCommSettings", "&Communication Settings ...", "",
+            Opens<frmCommSettings>),
+    Dash("mnuSettings"),
+    Menu("mnuSettings", "mnuOptions", "Options ..."),
+    Command("mnuOptions", "cmdDynamicLayout", "Dynamically Load Layouts", "",
+            Runs<ToggleDynamicLayouts>).With(Tick::cmdDynamicLayout),
+    Command("mnuOptions", "chkAutoAdd", "Dynamically Load Fields", "",
+            Runs<ToggleDynamicFields>).With(Tick::chkAutoAdd),
+    Dash("mnuSettings"),
+    Command("mnuSettings", "cmdDirectSpool", "Spool Directly To Printer").Hidden(),
+    Dash("mnuSettings"),
+    Command("mnuSettings", "cmdCapEnable", "Enable Data Capture", "", Runs<ToggleCapture>)
+        .With(Tick::cmdCapEnable),
+    Dash("mnuSettings"),
+    Command("mnuSettings", "cmdMacro", "Define Macros ...", "", Opens<frmMacro>),
+
+    Menu("", "mnuProperties", "&Properties").On(WithSelection),
+    Command("mnuProperties", "cmdSetFont", "Adjust Font ...", "",
+            Runs<AdjustFont>).With(ObjectEntry::cmdSetFont),
+    Command("mnuProperties", "cmdAdjustText", "Adjust Text...", "",
+            Runs<AdjustText>).With(ObjectEntry::cmdAdjustText),
+    Command("mnuProperties", "cmdFilters", "Adjust Filters...", "", Opens<frmFilters>)
+        .With(ObjectEntry::cmdFilters),
+    Command("mnuProperties", "cmdDataPadding", "Adjust Data Padding", "", Opens<frmPad>).Hidden(),
+    Command("mnuProperties", "cmdPreSuffix", "Adjust Prefix / Suffix...", "", Opens<frmPreSuffix>)
+        .With(ObjectEntry::cmdPreSuffix),
+    Command("mnuProperties", "cmdAdjustTextColor", "Adjust Text Color...", "",
+            Runs<AdjustTextColor>)
+        .With(ObjectEntry::cmdAdjustTextColor),
+    Dash("mnuProperties", "fe4fy").With(ObjectEntry::fe4fy),
+    Menu("mnuProperties", "mnuCheckDigits", "Apply Check Digit...")
+        .With(ObjectEntry::mnuCheckDigits),
+    Command("mnuCheckDigits", "cmdMod10", "Apply Mod-10 Check Digit", "",
+            Runs<ToggleMod10>).With(Tick::cmdMod10),
+    Command("mnuCheckDigits", "cmdCodaBar", "Apply CodaBar Check Digit", "",
+            Runs<ToggleCodabar>).With(Tick::cmdCodaBar),
+    Command("mnuCheckDigits", "cmdEBTCheckDigit", "Apply EBT Check Digit", "",
+            Runs<ToggleEbt>).Hidden()
+        .With(Tick::cmdEBTCheckDigit),
+    Dash("mnuProperties", "ggd56456").With(ObjectEntry::ggd56456),
+    Menu("mnuProperties", "mnuDataFields", "Adjust Data Field ...")
+        .With(ObjectEntry::mnuDataFields),
+    Command("mnuDataFields", "cmdField(0)", "Field 0").Hidden(),
+    Command("mnuDataFields", "sData", "Send a data stream..."),
+    Menu("mnuProperties", "mnuImage", "Adjust Image...").With(ObjectEntry::mnuImage),
+    Command("mnuImage", "cmdChooseImage", "Choose Image...", "", ChooseImageCommand).With(ObjectEntry::cmdChooseImage),
+    Command("mnuImage", "cmdTakePicture2", "Take Picture ...", "", Opens<frmAquireImage2>),
+    Dash("mnuProperties").Hidden(),
+    Command("mnuProperties", "cmdIncrease", "Increase Size 10%", "Ctrl+F2", Runs<IncreaseSize>),
+    Command("mnuProperties", "cmdDecrease", "Decrease Size 10%", "Ctrl+F1", Runs<DecreaseSize>),
+    Dash("mnuProperties", "s250").With(ObjectEntry::s250),
+    Menu("mnuProperties", "mnuAlighment", "Alignment ...").With(ObjectEntry::mnuAlighment),
+    Command("mnuAlighment", "cmdALeft", "Left", "", Runs<AlignLeft>).With(Tick::cmdALeft),
+    Command("mnuAlighment", "cmdACenter", "Center", "", Runs<AlignCenter>).With(Tick::cmdACenter),
+    Command("mnuAlighment", "cmdARight", "Right", "", Runs<AlignRight>).With(Tick::cmdARight),
+    Menu("mnuProperties", "mnuColors", "Colors...").With(ObjectEntry::mnuColors),
+    Command("mnuColors", "cmdForeColor", "&ForeColor", "", Runs<AdjustTextColor>),
+    Command("mnuColors", "cmdBackColor", "&BackColor").Disabled(),
+    Dash("mnuProperties"),
+    Command("mnuProperties", "cmdSize", "Adjust Size...", "Ctrl+Z", Opens<frmSize>),
+    Command("mnuProperties", "cmdVisibleOnCard", "Visible On Card", "",
+            Runs<ToggleVisibleOnCard>).With(Tick::cmdVisibleOnCard),
+    Dash("mnuProperties"),
+    Command("mnuProperties", "cmdContextDelete", "&Delete Selected...", "",
+            Runs<DeleteSelectedObject>),
+
+    Menu("", "mnuHelp", "&Help"),
+    Command("mnuHelp", "cmdAbout", "About Vantrel v5.xx", "", Opens<frmAbout>),
+
+    Menu("", "mnuBack", "").Hidden(),
+    Menu("mnuBack", "mnuBackground", "Set Background..."),
+    Command("mnuBackground", "cmdColor", "To a Color...", "", WorkspaceColorCommand),
+    Command("mnuBackground", "cmdPicture", "To a Picture...", "", WorkspacePictureCommand),
+    Command("mnuBackground", "cmdBackDefault", "To the &Default...", "", Runs<ResetWorkspace>),
+
+    Menu("", "mnuAutoNumber", "AutoFieldMenu").Hidden().On(WithSelection),
+    Command("mnuAutoNumber", "cmdAutoFont", "Adjust Font..."),
+    Command("mnuAutoNumber", "cmdAutoPreSuff", "Adjust Prefix / Suffix..."),
+    Command("mnuAutoNumber", "cmdAutoFilters", "Adjust Filters...", "", Opens<frmFilters>),
+    Dash("mnuAutoNumber"),
+    Menu("mnuAutoNumber", "mnuAutoCheckDigit", "Apply Check Digit"),
+    Command("mnuAutoCheckDigit", "cmdAutoMod10", "Apply Mod-10 Check Digit", "", Runs<ToggleMod10>)
+        .With(Tick::cmdAutoMod10),
+    Command("mnuAutoCheckDigit", "cmdAutoCodaBar", "Apply CodaBar Check Digit", "",
+            Runs<ToggleCodabar>)
+        .With(Tick::cmdAutoCodaBar),
+    Command("mnuAutoCheckDigit", "cmdAutoEBT", "Apply EBT Check Digit", "",
+            Runs<ToggleEbt>).With(Tick::cmdAutoEBT),
+    Command("mnuAutoNumber", "cmdAutoNumberDelete", "&Delete Selected", "",
+            Runs<DeleteSelectedObject>),
+};
+// clang-format on
+
+} // namespace
+
+std::span<const MenuRow> MenuRows()
+{
+    return Rows;
+}
+
+} // namespace vantrel

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "base/FileStamp.h"
+#include "station/session/TrayIcon.h"
+#include <QMainWindow>
+#include <QTimer>
+
+class QMdiArea;
+
+namespace vantrel {
+
+class DesktopPanel;
+class MainMenu;
+class Session;
+class frmDocument;
+class frmNav;
+
+/// Whether there is a screen to show windows on. Without one nothing is ever shown or painted.
+enum class Display { Present, Absent };
+
+/// The main window: the frame around the workspace, its menus and its status bar. It mirrors the
+/// station's face and has the timers that steer the station. It cannot be closed: the station is
+/// left through its exit command, by the status file, or by a signal.
+class frmMain : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit frmMain(Session& session, Display display = Display::Present);
+    ~frmMain() override;
+
+    /// Brings the station up: places the window, reopens the last layout, opens the ports. Call it
+    /// from a running event loop.
+    void Load();
+    /// Keeps what the next start needs and ends the event loop with 0. Nothing is kept of a window
+    /// that never loaded.
+    void Unload();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildStatusBar();
+    void MirrorFace();
+    void StartTimers();
+    QTimer& MakeTimer(const char* name, int interval, void (frmMain::*tick)());
+    void StartFlash();
+
+    void OnFlashTick();
+    void OnVisibleTick();
+    void OnStatusTick();
+    void OnHideTick();
+    void OnImageTick();
+
+    /// Lays the background over the workspace at its present size.
+    void PaintBack();
+    /// Shows a background that a command has changed; the navigator follows its colour.
+    void TakeBackground();
+    void ShowPanel(int number);
+    void ShowOrHide(bool visible);
+    void UpdateCommands();
+
+    Session& m_session;
+    Display m_display;
+    QMdiArea* m_workspace;
+    MainMenu* m_menu;
+    frmDocument* m_document;
+    frmNav* m_nav;
+    DesktopPanel* m_panels[3] = {};
+    QTimer* m_flashTimer = nullptr;
+    Flash m_flash;
+    bool m_loaded = false;
+    bool m_unloaded = false;
+    bool m_repaintBackground = false;
+    /// State of the status file, and of the windows, at the last look into it.
+    FileStamp m_statusStamp;
+    bool m_statusSeen = false;
+    bool m_visibleAtLook = false;
+};
+
+} // namespace vantrel

@@ -1,0 +1,96 @@
+#include "drawing/CairoCanvas.h"
+#include "base/Failure.h"
+#include "drawing/TextShaper.h"
+#include <cairo-pdf.h>
+
+namespace vantrel {
+
+namespace {
+
+cairo_status_t WriteToSink(void* closure, const unsigned char* bytes, unsigned int count)
+{
+    const auto& sink = *static_cast<PageCanvas::Sink*>(closure);
+    return sink(reinterpret_cast<const char*>(bytes), count) ? CAIRO_STATUS_SUCCESS
+                                                             : CAIRO_STATUS_WRITE_ERROR;
+}
+
+} // namespace
+
+std::unique_ptr<CairoCanvas> CairoCanvas::OnPdf(double width, double height, Sink sink)
+{
+    std::unique_ptr<CairoCanvas> canvas(new CairoCanvas(width));
+    canvas->m_sink = std::move(sink);
+    canvas->m_surface.reset(
+        cairo_pdf_surface_create_for_stream(WriteToSink, &canvas->m_sink, width, height));
+    canvas->m_context.reset(cairo_create(canvas->m_surface.get()));
+    return canvas;
+}
+
+std::unique_ptr<CairoCanvas> CairoCanvas::OnImage(QImage& image, double pixelsPerPoint)
+{
+    std::unique_ptr<CairoCanvas> canvas(new CairoCanvas(image.width() / pixelsPerPoint));
+    const cairo_format_t format =
+        image.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
+    canvas->m_surface.reset(
+        cairo_image_surface_create_for_data(image.bits(), format, image.width(), image.height(),
+                                            static_cast<int>(image.bytesPerLine())));
+    canvas->m_context.reset(cairo_create(canvas->m_surface.get()));
+    cairo_scale(canvas->m_context.get(), pixelsPerPoint, pixelsPerPoint);
+    return canvas;
+}
+
+CairoCanvas::~CairoCanvas()
+{
+    // A page that was given up has nobody left who waits for its bytes.
+    if (IsPdf())
+        m_sink = [](const char*, std::size_t) { return false; };
+}
+
+void CairoCanvas::Set(const PlacedLine& placed)
+{
+    cairo_t* context = m_context.get();
+    const ColorParts parts = PartsOfColor(placed.Color);
+    cairo_set_source_rgb(context, parts.Red / 255.0, parts.Green / 255.0, parts.Blue / 255.0);
+    cairo_move_to(context, placed.X, placed.Baseline);
+    pango_cairo_show_layout_line(context,
+                                 pango_layout_get_line_readonly(placed.Line->Layout.get(), 0));
+}
+
+void CairoCanvas::Set(const PlacedPicture& placed)
+{
+    const PictureData& data = *placed.Content.Data();
+    cairo_t* context = m_context.get();
+    cairo_save(context);
+    cairo_translate(context, placed.X, placed.Y);
+    cairo_scale(context, placed.Width / data.Pixels.width(), placed.Height / data.Pixels.height());
+    cairo_transform(context, &data.ToUpright);
+    cairo_set_source_surface(context, data.Surface.get(), 0, 0);
+    if (IsPdf()) {
+        m_painted.push_back(placed.Content);
+        cairo_paint(context);
+    } else {
+        // Stretched pixels at the edge would else fade into what lies under the picture.
+        cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
+        cairo_rectangle(context, 0, 0, data.Stored.width(), data.Stored.height());
+        cairo_fill(context);
+    }
+    cairo_restore(context);
+}
+
+void CairoCanvas::Finish()
+{
+    cairo_show_page(m_context.get());
+    const cairo_status_t drawn = cairo_status(m_context.get());
+    if (IsPdf())
+        cairo_surface_finish(m_surface.get());
+    else
+        cairo_surface_flush(m_surface.get());
+    const cairo_status_t written = cairo_surface_status(m_surface.get());
+    const cairo_status_t failed = drawn != CAIRO_STATUS_SUCCESS ? drawn : written;
+    if (failed != CAIRO_STATUS_SUCCESS)
+        throw Failure(FailureNumber::PrinterError,
+                      QStringLiteral("Printer error: ") +
+                          QString::fromUtf8(cairo_status_to_string(failed)));
+}
+
+} // namespace vantrel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "drawing/PageCanvas.h"
+#include "drawing/PictureData.h"
+#include <vector>
+
+namespace vantrel {
+
+/// A page drawn by cairo: on the screen, and on PDFs with what a `PdfFace` cannot hold.
+class CairoCanvas : public PageCanvas
+{
+public:
+    static std::unique_ptr<CairoCanvas> OnImage(QImage& image, double pixelsPerPoint);
+    /// @param width,height  in points
+    static std::unique_ptr<CairoCanvas> OnPdf(double width, double height, Sink sink);
+    ~CairoCanvas() override;
+
+    void Set(const PlacedLine& placed) override;
+    void Set(const PlacedPicture& placed) override;
+    void Finish() override;
+
+private:
+    struct ContextDeleter
+    {
+        void operator()(cairo_t* context) const { cairo_destroy(context); }
+    };
+
+    explicit CairoCanvas(double width) : m_width(width) {}
+    double Width() const override { return m_width; }
+    bool IsPdf() const { return m_sink != nullptr; }
+
+    double m_width;
+    Sink m_sink;
+    /// A page refers to its pictures until it is finished.
+    std::vector<Picture> m_painted;
+    CairoSurface m_surface;
+    std::unique_ptr<cairo_t, ContextDeleter> m_context;
+};
+
+} // namespace vantrel

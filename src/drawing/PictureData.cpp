@@ -1,0 +1,138 @@
+#include "drawing/PictureData.h"
+#include "base/Failure.h"
+#include "base/Twips.h"
+#include <QTransform>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+/// Resolution of a picture that does not tell its own.
+constexpr double UntoldDotsPerInch = 96.0;
+constexpr double HundredthsPerMetre = 100000.0;
+
+bool IsOpaque(const QImage& premultiplied)
+{
+    for (int y = 0; y < premultiplied.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(premultiplied.constScanLine(y));
+        if (!std::all_of(line, line + premultiplied.width(),
+                         [](QRgb pixel) { return qAlpha(pixel) == 0xFF; }))
+            return false;
+    }
+    return true;
+}
+
+/// A transparency that hides nothing is dropped: it would cost a second picture in every PDF.
+QImage RendererPixels(const QImage& image)
+{
+    if (!image.hasAlphaChannel())
+        return image.convertToFormat(QImage::Format_RGB32);
+    QImage pixels = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return IsOpaque(pixels) ? pixels.convertToFormat(QImage::Format_RGB32) : pixels;
+}
+
+/// An image that was told nothing stands at the resolution of the screen, which says nothing about
+/// the picture and differs from station to station.
+int Hundredths(int pixels, int dotsPerMetre, int dotsPerMetreOfScreen)
+{
+    if (dotsPerMetre <= 0 || dotsPerMetre == dotsPerMetreOfScreen)
+        return static_cast<int>(std::lround(pixels * HundredthsPerInch / UntoldDotsPerInch));
+    return static_cast<int>(std::lround(pixels * HundredthsPerMetre / dotsPerMetre));
+}
+
+void AttachJpeg(cairo_surface_t* surface, const QByteArray& bytes)
+{
+    auto kept = std::make_unique<QByteArray>(bytes);
+    const auto* data = reinterpret_cast<const unsigned char*>(kept->constData());
+    const auto size = static_cast<unsigned long>(kept->size());
+    const auto release = [](void* held) { delete static_cast<QByteArray*>(held); };
+    if (cairo_surface_set_mime_data(surface, CAIRO_MIME_TYPE_JPEG, data, size, release,
+                                    kept.get()) == CAIRO_STATUS_SUCCESS)
+        static_cast<void>(kept.release());
+}
+
+bool IsMirrored(QImageIOHandler::Transformations toUpright)
+{
+    return toUpright.testFlag(QImageIOHandler::TransformationMirror);
+}
+
+bool IsFlipped(QImageIOHandler::Transformations toUpright)
+{
+    return toUpright.testFlag(QImageIOHandler::TransformationFlip);
+}
+
+bool IsTurned(QImageIOHandler::Transformations toUpright)
+{
+    return toUpright.testFlag(QImageIOHandler::TransformationRotate90);
+}
+
+/// First mirrored and flipped, then turned clockwise.
+QImage Upright(const QImage& stored, QImageIOHandler::Transformations toUpright)
+{
+    if (toUpright == QImageIOHandler::TransformationNone)
+        return stored;
+    const QImage mirrored = stored.mirrored(IsMirrored(toUpright), IsFlipped(toUpright));
+    return IsTurned(toUpright) ? mirrored.transformed(QTransform().rotate(90)) : mirrored;
+}
+
+/// The same steps as a matrix.
+cairo_matrix_t UprightMatrix(QSize stored, QImageIOHandler::Transformations toUpright)
+{
+    const double stepX = IsMirrored(toUpright) ? -1 : 1;
+    const double stepY = IsFlipped(toUpright) ? -1 : 1;
+    const double startX = IsMirrored(toUpright) ? stored.width() : 0;
+    const double startY = IsFlipped(toUpright) ? stored.height() : 0;
+    cairo_matrix_t matrix;
+    if (IsTurned(toUpright))
+        cairo_matrix_init(&matrix, 0, stepX, -stepY, 0, stored.height() - startY, startX);
+    else
+        cairo_matrix_init(&matrix, stepX, 0, 0, stepY, startX, startY);
+    return matrix;
+}
+
+} // namespace
+
+PictureData::PictureData(const QImage& image)
+    : PictureData(image, QImageIOHandler::TransformationNone, PlainJpeg())
+{}
+
+PictureData::PictureData(const QImage& image, QImageIOHandler::Transformations toUpright,
+                         PlainJpeg jpeg)
+    : Stored(RendererPixels(image)), Pixels(Upright(Stored, toUpright)),
+      ToUpright(UprightMatrix(image.size(), toUpright)), Jpeg(std::move(jpeg))
+{
+    const QImage untold(1, 1, QImage::Format_RGB32);
+    WidthHundredths = Hundredths(image.width(), image.dotsPerMeterX(), untold.dotsPerMeterX());
+    HeightHundredths = Hundredths(image.height(), image.dotsPerMeterY(), untold.dotsPerMeterY());
+    if (IsTurned(toUpright))
+        std::swap(WidthHundredths, HeightHundredths);
+    const cairo_format_t format =
+        Stored.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
+    // Drawing from a surface never writes to it, so the pixels may stay shared.
+    Surface.reset(cairo_image_surface_create_for_data(const_cast<uchar*>(Stored.constBits()),
+                                                      format, Stored.width(), Stored.height(),
+                                                      static_cast<int>(Stored.bytesPerLine())));
+    if (cairo_surface_status(Surface.get()) != CAIRO_STATUS_SUCCESS)
+        throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
+    if (!Jpeg.Bytes.isEmpty())
+        AttachJpeg(Surface.get(), Jpeg.Bytes);
+}
+
+qint64 PictureData::BytesHeld() const
+{
+    const bool isShared = Pixels.constBits() == Stored.constBits();
+    const qint64 packed = Jpeg.Bytes.isEmpty() ? Stored.sizeInBytes() : Jpeg.Bytes.size();
+    return Stored.sizeInBytes() + (isShared ? 0 : Pixels.sizeInBytes()) + packed;
+}
+
+const PackedPixels& PictureData::Packed() const
+{
+    if (!m_packed)
+        m_packed = PackPixels(Stored);
+    return *m_packed;
+}
+
+} // namespace vantrel

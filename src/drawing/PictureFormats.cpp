@@ -1,0 +1,64 @@
+#include "drawing/PictureFormats.h"
+#include "drawing/BmpLength.h"
+#include "drawing/JpegMarkers.h"
+#include "drawing/WholePicture.h"
+#include "drawing/WholeTextPicture.h"
+#include "drawing/WholeTiff.h"
+#include <algorithm>
+
+namespace vantrel {
+
+namespace {
+
+template <std::size_t length>
+bool Begins(QByteArrayView head, const char (&signature)[length])
+{
+    return head.startsWith(QByteArrayView(signature, length - 1));
+}
+
+constexpr PictureFormat Formats[] = {
+    {"png", [](QByteArrayView head) { return Begins(head, "\x89PNG\r\n\x1A\n"); }, IsWholePng},
+    {"jpeg", [](QByteArrayView head) { return Begins(head, "\xFF\xD8\xFF"); },
+     [](QByteArrayView file) { return ReadJpegMarkers(file).has_value(); }},
+    {"bmp", [](QByteArrayView head) { return Begins(head, "BM"); }, IsWholeBmp},
+    {"gif", [](QByteArrayView head) { return Begins(head, "GIF87a") || Begins(head, "GIF89a"); },
+     IsWholeGif},
+    {"tiff", [](QByteArrayView head) { return Begins(head, "II*\0") || Begins(head, "MM\0*"); },
+     IsWholeTiff},
+    {"webp",
+     [](QByteArrayView head) {
+         constexpr qsizetype kindAt = 8;
+         return Begins(head, "RIFF") && head.size() > kindAt && Begins(head.sliced(kindAt), "WEBP");
+     },
+     IsWholeWebP},
+    {"ico",
+     [](QByteArrayView head) { return Begins(head, "\0\0\1\0") || Begins(head, "\0\0\2\0"); },
+     IsWholeIcon},
+    // Qt has one reader for all six kinds.
+    {"ppm",
+     [](QByteArrayView head) {
+         return head.size() > 2 && head[0] == 'P' && head[1] >= '1' && head[1] <= '6';
+     },
+     IsWholePnm},
+    {"xpm", [](QByteArrayView head) { return Begins(head, "/* XPM"); }, IsWholeCText},
+    // A remark may stand before the first line that counts.
+    {"xbm", [](QByteArrayView head) { return Begins(head, "#define ") || Begins(head, "/*"); },
+     IsWholeCText},
+};
+
+} // namespace
+
+std::span<const PictureFormat> PictureFormats()
+{
+    return Formats;
+}
+
+const PictureFormat* FindPictureFormat(QByteArrayView head)
+{
+    const auto* found =
+        std::find_if(std::begin(Formats), std::end(Formats),
+                     [head](const PictureFormat& format) { return format.IsOne(head); });
+    return found == std::end(Formats) ? nullptr : found;
+}
+
+} // namespace vantrel

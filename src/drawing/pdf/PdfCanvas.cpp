@@ -1,0 +1,95 @@
+#include "drawing/pdf/PdfCanvas.h"
+#include "base/Failure.h"
+#include "drawing/CairoCanvas.h"
+#include "drawing/TextShaper.h"
+#include "drawing/pdf/PdfContent.h"
+#include "drawing/pdf/PdfFile.h"
+#include "drawing/pdf/PdfObjects.h"
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+bool HasAll(const PdfFace& face, const GlyphRun& run)
+{
+    return std::all_of(run.Glyphs.begin(), run.Glyphs.end(),
+                       [&face](const PlacedGlyph& glyph) { return face.Has(glyph.Id); });
+}
+
+void Collect(const GlyphRun& run, GlyphTexts& texts)
+{
+    for (const GlyphCluster& cluster : run.Clusters) {
+        const bool isOne = cluster.GlyphCount == 1;
+        for (const PlacedGlyph& glyph : run.GlyphsIn(cluster))
+            texts.try_emplace(glyph.Id, isOne ? run.TextIn(cluster).toString() : QString());
+    }
+}
+
+} // namespace
+
+PdfCanvas::PdfCanvas(double width, double height, Sink sink)
+    : m_width(width), m_height(height), m_sink(std::move(sink))
+{}
+
+/// @return nothing where a line of the page is more than a `PdfFace` can hold
+std::optional<PageFaces> PdfCanvas::ProvideFaces() const
+{
+    PageFaces faces;
+    std::set<FaceHandle> lacking;
+    std::vector<const GlyphRun*> runs;
+    for (const auto& item : m_items) {
+        const auto* placed = std::get_if<PlacedLine>(&item);
+        if (placed == nullptr)
+            continue;
+        if (!placed->Line->Glyphs.IsPlain)
+            return std::nullopt;
+        for (const GlyphRun& run : placed->Line->Glyphs.Runs) {
+            std::shared_ptr<PdfFace>& face = faces[run.Face];
+            if (!face)
+                face = PdfFaceOf(run.Face);
+            if (!HasAll(*face, run))
+                lacking.insert(run.Face);
+            runs.push_back(&run);
+        }
+    }
+    for (const FaceHandle& handle : lacking) {
+        GlyphTexts texts;
+        for (const GlyphRun* run : runs) {
+            if (run->Face == handle)
+                Collect(*run, texts);
+        }
+        if (!faces.at(handle)->Provide(texts))
+            return std::nullopt;
+    }
+    return faces;
+}
+
+void PdfCanvas::FinishByCairo()
+{
+    const auto cairo = CairoCanvas::OnPdf(m_width, m_height, std::move(m_sink));
+    for (const auto& item : m_items)
+        std::visit([&cairo](const auto& placed) { cairo->Set(placed); }, item);
+    cairo->Finish();
+}
+
+void PdfCanvas::Finish()
+{
+    const std::optional<PageFaces> provided = ProvideFaces();
+    if (!provided) {
+        FinishByCairo();
+        return;
+    }
+    PdfContent content(m_height, *provided);
+    for (const auto& item : m_items)
+        std::visit([&content](const auto& placed) { content.Add(placed); }, item);
+    PdfFile file(std::move(m_sink));
+    const int catalog = AddOnlyPage(file, content, m_width, m_height);
+    if (!file.End(catalog, AddInformation(file)))
+        throw Failure(FailureNumber::PrinterError,
+                      QStringLiteral("Printer error: the page was not taken"));
+}
+
+} // namespace vantrel

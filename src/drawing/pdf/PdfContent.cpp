@@ -1,0 +1,146 @@
+#include "drawing/pdf/PdfContent.h"
+#include "drawing/PictureData.h"
+#include "drawing/TextShaper.h"
+#include "drawing/pdf/PdfSyntax.h"
+#include <algorithm>
+#include <cmath>
+
+namespace vantrel {
+
+namespace {
+
+/// In thousandths of the font's size: a glyph is moved only where it would else stand farther off
+/// than this, which no printer can show.
+constexpr double LeastMove = 0.5;
+
+/// @return the place of `wanted` among `all`, counted from 1; it is added where it is not there
+template <typename T>
+std::size_t NumberIn(std::vector<T>& all, const T& wanted)
+{
+    const auto found = std::find(all.begin(), all.end(), wanted);
+    const auto number = static_cast<std::size_t>(found - all.begin()) + 1;
+    if (found == all.end())
+        all.push_back(wanted);
+    return number;
+}
+
+/// Spells one run: glyphs follow each other by their own widths, and what differs is told.
+class RunSpeller
+{
+public:
+    RunSpeller(QByteArray& out, const PdfFace& face, const GlyphRun& run, double x, double baseline)
+        : m_out(out), m_face(face), m_run(run), m_x(x), m_baseline(baseline)
+    {}
+
+    void Spell(const GlyphCluster& cluster)
+    {
+        const auto glyphs = m_run.GlyphsIn(cluster);
+        const QStringView text = m_run.TextIn(cluster);
+        const bool isOneToOne = glyphs.size() == 1 && m_face.TextOf(glyphs.front().Id) == text;
+        if (!isOneToOne) {
+            Close();
+            m_out += "/Span<</ActualText<FEFF";
+            AppendHex(m_out, text);
+            m_out += ">>>BDC ";
+        }
+        for (const PlacedGlyph& glyph : glyphs)
+            Spell(glyph);
+        if (!isOneToOne) {
+            Close();
+            m_out += "EMC ";
+        }
+    }
+
+    void Close()
+    {
+        if (m_isOpen)
+            m_out += ">]TJ ";
+        m_isOpen = false;
+    }
+
+private:
+    void Spell(const PlacedGlyph& glyph)
+    {
+        if (!m_isOpen || glyph.Y != m_row)
+            Open(glyph);
+        const double tooFar = (m_next - glyph.X) * 1000 / m_run.Size;
+        if (std::abs(tooFar) > LeastMove) {
+            m_out += '>';
+            AppendNumber(m_out, tooFar);
+            m_out += '<';
+            m_next = glyph.X;
+        }
+        AppendHex(m_out, glyph.Id);
+        m_next += m_face.AdvanceOf(glyph.Id) * m_run.Size / 1000;
+    }
+
+    void Open(const PlacedGlyph& glyph)
+    {
+        Close();
+        m_out += "1 0 0 1 ";
+        AppendNumbers(m_out, m_x + glyph.X, m_baseline + glyph.Y);
+        m_out += "Tm[<";
+        m_isOpen = true;
+        m_next = glyph.X;
+        m_row = glyph.Y;
+    }
+
+    QByteArray& m_out;
+    const PdfFace& m_face;
+    const GlyphRun& m_run;
+    double m_x;
+    double m_baseline;
+    bool m_isOpen = false;
+    /// Where the next glyph comes to stand by itself.
+    double m_next = 0;
+    double m_row = 0;
+};
+
+} // namespace
+
+void PdfContent::Add(const PlacedLine& placed)
+{
+    const ColorParts parts = PartsOfColor(placed.Color);
+    AppendNumbers(m_operators, parts.Red / 255.0, parts.Green / 255.0, parts.Blue / 255.0);
+    m_operators += "rg\n";
+    const double baseline = m_pageHeight - placed.Baseline;
+    for (const GlyphRun& run : placed.Line->Glyphs.Runs)
+        AddRun(run, placed.X, baseline);
+    for (const LineBar& bar : placed.Line->Glyphs.Bars) {
+        AppendNumbers(m_operators, placed.X + bar.X, baseline + bar.Y - bar.Height, bar.Width,
+                      bar.Height);
+        m_operators += "re f\n";
+    }
+}
+
+void PdfContent::AddRun(const GlyphRun& run, double x, double baseline)
+{
+    const std::shared_ptr<PdfFace>& face = m_provided.at(run.Face);
+    m_operators += "BT/F" + QByteArray::number(NumberIn(m_faces, face)) + ' ';
+    AppendNumbers(m_operators, run.Size);
+    m_operators += "Tf ";
+    RunSpeller speller(m_operators, *face, run, x, baseline);
+    for (const GlyphCluster& cluster : run.Clusters)
+        speller.Spell(cluster);
+    speller.Close();
+    m_operators += "ET\n";
+}
+
+void PdfContent::Add(const PlacedPicture& placed)
+{
+    const PictureData& data = *placed.Content.Data();
+    // A picture fills the unit square, upwards; its pixels count down from the top.
+    cairo_matrix_t matrix;
+    cairo_matrix_init(&matrix, data.Stored.width(), 0, 0, -data.Stored.height(), 0,
+                      data.Stored.height());
+    cairo_matrix_multiply(&matrix, &matrix, &data.ToUpright);
+    cairo_matrix_t onPage;
+    cairo_matrix_init(&onPage, placed.Width / data.Pixels.width(), 0, 0,
+                      -placed.Height / data.Pixels.height(), placed.X, m_pageHeight - placed.Y);
+    cairo_matrix_multiply(&matrix, &matrix, &onPage);
+    m_operators += "q ";
+    AppendNumbers(m_operators, matrix.xx, matrix.yx, matrix.xy, matrix.yy, matrix.x0, matrix.y0);
+    m_operators += "cm/I" + QByteArray::number(NumberIn(m_pictures, placed.Content)) + " Do Q\n";
+}
+
+} // namespace vantrel

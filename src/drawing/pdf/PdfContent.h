@@ -1,0 +1,37 @@
+#pragma once
+
+#include "drawing/PageCanvas.h"
+#include "drawing/pdf/PdfFace.h"
+#include <vector>
+
+namespace vantrel {
+
+/// The drawing operators of one page, and what they refer to.
+class PdfContent
+{
+public:
+    /// @param pageHeight  in points
+    /// @param provided  all faces of the lines to come; must outlive the content
+    PdfContent(double pageHeight, const PageFaces& provided)
+        : m_pageHeight(pageHeight), m_provided(provided)
+    {}
+
+    void Add(const PlacedLine& placed);
+    void Add(const PlacedPicture& placed);
+
+    const QByteArray& Operators() const { return m_operators; }
+    /// Called F1 and I1 and on, in this order.
+    const std::vector<std::shared_ptr<PdfFace>>& Faces() const { return m_faces; }
+    const std::vector<Picture>& Pictures() const { return m_pictures; }
+
+private:
+    void AddRun(const GlyphRun& run, double x, double baseline);
+
+    double m_pageHeight;
+    const PageFaces& m_provided;
+    QByteArray m_operators;
+    std::vector<std::shared_ptr<PdfFace>> m_faces;
+    std::vector<Picture> m_pictures;
+};
+
+} // namespace vantrel

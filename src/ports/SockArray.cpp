@@ -1,0 +1,265 @@
+#include "ports/SockArray.h"
+#include "base/CodePage.h"
+#include "base/Failure.h"
+#include "ports/SockLine.h"
+#include "ports/SockServer.h"
+#include <QHostAddress>
+#include <QNetworkInterface>
+#include <QPointer>
+#include <deque>
+#include <set>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace vantrel {
+
+namespace {
+
+/// How deep arrivals may nest in each other's handlers. Each level holds a part of the stack until
+/// the one above is done, and hosts that send while a question stands open know no end: they wait.
+constexpr int DeepestNest = 256;
+
+constexpr int LowestPort = 1;
+constexpr int HighestPort = 65535;
+
+/// Who is at the other end of a bare connection; null where it is gone.
+QHostAddress PeerOf(qintptr descriptor)
+{
+    sockaddr_storage peer{};
+    socklen_t length = sizeof peer;
+    auto* address = reinterpret_cast<sockaddr*>(&peer);
+    if (::getpeername(static_cast<int>(descriptor), address, &length) != 0)
+        return {};
+    return QHostAddress(address);
+}
+
+Failure NotPossible(const QString& text)
+{
+    return {FailureNumber::InvalidCall, text};
+}
+
+} // namespace
+
+struct SockArray::Private
+{
+    explicit Private(SockArray& array) : Array(array), Listener(&array) {}
+
+    Line*& At(int index)
+    {
+        if (index < 1 || index > static_cast<int>(Lines.size()))
+            throw Failure(FailureNumber::SubscriptOutOfRange, QStringLiteral("No such socket"));
+        return Lines[static_cast<std::size_t>(index - 1)];
+    }
+
+    Line& Connected(int index)
+    {
+        Line* line = At(index);
+        if (line == nullptr)
+            throw NotPossible(QStringLiteral("The socket is closed"));
+        return *line;
+    }
+
+    void Request(qintptr descriptor);
+    void Serve(Line& line);
+    void ServeWaiting();
+    void Drop(Line& line);
+
+    SockArray& Array;
+    SockServer Listener;
+    int Port = 0;
+    QHostAddress Address = QHostAddress::Any;
+    HostAccess Access;
+    std::set<qintptr> Requests;
+    /// Element 1 and up; none where the element is closed.
+    std::vector<Line*> Lines;
+    int Depth = 0;
+    /// What came while arrivals were nested too deep, in its order.
+    std::deque<QPointer<Line>> Waiting;
+};
+
+void SockArray::Private::Request(qintptr descriptor)
+{
+    if (!Access.Allows(PeerOf(descriptor))) {
+        ::close(static_cast<int>(descriptor));
+        return;
+    }
+    Requests.insert(descriptor);
+    Q_EMIT Array.ConnectionRequest(0, descriptor);
+    if (Requests.erase(descriptor) > 0)
+        ::close(static_cast<int>(descriptor));
+}
+
+// A line does not nest in itself: what comes while its own handler runs, its end included, is told
+// when the handler is done.
+void SockArray::Private::Serve(Line& line)
+{
+    if (line.InHandler)
+        return;
+    if (Depth == DeepestNest) {
+        Waiting.emplace_back(&line);
+        Listener.LetIn(false);
+        return;
+    }
+    ++Depth;
+    line.InHandler = true;
+    line.Taken = true;
+    while (!line.Dropped && line.Taken && line.bytesAvailable() > 0) {
+        line.Taken = false;
+        Q_EMIT Array.DataArrival(line.Index);
+    }
+    if (line.EndedByHost && !line.Dropped)
+        Q_EMIT Array.ConnectionClosed(line.Index);
+    line.InHandler = false;
+    --Depth;
+    if (line.Dropped)
+        line.deleteLater();
+    if (!Waiting.empty())
+        QMetaObject::invokeMethod(
+            &Array, [this] { ServeWaiting(); }, Qt::QueuedConnection);
+}
+
+// Those that waited longest come first; what they do can nest again, and make the rest wait on.
+void SockArray::Private::ServeWaiting()
+{
+    while (!Waiting.empty() && Depth < DeepestNest) {
+        const QPointer<Line> line = Waiting.front();
+        Waiting.pop_front();
+        if (line && !line->Dropped)
+            Serve(*line);
+    }
+    if (Depth < DeepestNest)
+        Listener.LetIn(true);
+}
+
+void SockArray::Private::Drop(Line& line)
+{
+    line.Dropped = true;
+    line.disconnect(&Array);
+    line.abort();
+    if (!line.InHandler)
+        line.deleteLater();
+}
+
+SockArray::SockArray(QObject* parent) : QObject(parent), m_d(std::make_unique<Private>(*this))
+{
+    m_d->Listener.OnRequest = [this](qintptr descriptor) { m_d->Request(descriptor); };
+}
+
+SockArray::~SockArray()
+{
+    for (int index = 0; index <= HighestIndex(); ++index)
+        Close(index);
+}
+
+int SockArray::HighestIndex() const
+{
+    return static_cast<int>(m_d->Lines.size());
+}
+
+SockState SockArray::State(int index) const
+{
+    if (index == 0)
+        return m_d->Listener.IsListening() ? SockState::Listening : SockState::Closed;
+    return m_d->At(index) != nullptr ? SockState::Connected : SockState::Closed;
+}
+
+void SockArray::SetLocalPort(int port)
+{
+    m_d->Port = port;
+}
+
+void SockArray::SetLocalAddress(const QString& address)
+{
+    const QHostAddress wanted =
+        address.isEmpty() ? QHostAddress(QHostAddress::Any) : QHostAddress(address);
+    if (wanted.isNull())
+        throw NotPossible(QStringLiteral("No such address"));
+    m_d->Address = wanted;
+}
+
+void SockArray::SetAccess(const HostAccess& access)
+{
+    m_d->Access = access;
+}
+
+int SockArray::LocalPort() const
+{
+    return m_d->Listener.IsListening() ? m_d->Listener.Port() : m_d->Port;
+}
+
+void SockArray::Listen()
+{
+    if (m_d->Listener.IsListening())
+        throw NotPossible(QStringLiteral("The socket listens already"));
+    // Asked for port 0, the system would choose one that no host knows.
+    if (m_d->Port < LowestPort || m_d->Port > HighestPort)
+        throw NotPossible(QStringLiteral("No such port"));
+    if (!m_d->Listener.Listen(m_d->Address, m_d->Port))
+        throw NotPossible(m_d->Listener.ErrorText());
+}
+
+void SockArray::Load(int index)
+{
+    if (index != HighestIndex() + 1)
+        throw NotPossible(QStringLiteral("The socket cannot be made"));
+    m_d->Lines.push_back(nullptr);
+}
+
+void SockArray::Accept(int index, qintptr requestId)
+{
+    Line*& element = m_d->At(index);
+    if (element != nullptr)
+        throw NotPossible(QStringLiteral("The socket is in use"));
+    if (!m_d->Requests.contains(requestId))
+        throw NotPossible(QStringLiteral("The connection is gone"));
+    auto line = std::make_unique<Line>(this, index);
+    if (!line->setSocketDescriptor(requestId))
+        throw NotPossible(line->errorString());
+    m_d->Requests.erase(requestId);
+
+    // A host that lost its power never closes; in months such sockets would pile up.
+    line->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+    line->Host = PlainAddress(line->peerAddress()).toString();
+    element = line.release();
+    connect(element, &QTcpSocket::readyRead, this, [this, &line = *element] { m_d->Serve(line); });
+    connect(element, &QTcpSocket::disconnected, this, [this, &line = *element] {
+        line.EndedByHost = true;
+        m_d->Serve(line);
+    });
+}
+
+QString SockArray::GetData(int index)
+{
+    Line& line = m_d->Connected(index);
+    line.Taken = true;
+    return FromCodePage(line.readAll());
+}
+
+void SockArray::Close(int index)
+{
+    if (index == 0) {
+        m_d->Listener.Close();
+        return;
+    }
+    if (Line* line = std::exchange(m_d->At(index), nullptr))
+        m_d->Drop(*line);
+}
+
+QString SockArray::RemoteHostIP(int index) const
+{
+    return m_d->Connected(index).Host;
+}
+
+QString SockArray::LocalIP() const
+{
+    if (m_d->Address != QHostAddress(QHostAddress::Any))
+        return m_d->Address.toString();
+    const QList<QHostAddress> addresses = QNetworkInterface::allAddresses();
+    for (const QHostAddress& address : addresses) {
+        if (address.protocol() == QAbstractSocket::IPv4Protocol && !address.isLoopback())
+            return address.toString();
+    }
+    return QHostAddress(QHostAddress::LocalHost).toString();
+}
+
+} // namespace vantrel

@@ -1,0 +1,114 @@
+#include "ports/SockServer.h"
+#include <QSocketNotifier>
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <sys/eventfd.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace vantrel {
+
+namespace {
+
+/// How many hosts may wait for the station while it prints.
+constexpr int WaitingHosts = 1024;
+/// How long the listener rests before it looks for a free descriptor again.
+constexpr std::chrono::milliseconds RestForDescriptors{250};
+/// What hosts leave to the station: it opens files for each card.
+constexpr rlim_t KeptDescriptors = 32;
+
+/// Whether a host can be taken in. Descriptors are given from the lowest up.
+bool HasRoomForHost()
+{
+    rlimit files{};
+    const int next = ::eventfd(0, EFD_CLOEXEC);
+    if (next < 0 || ::getrlimit(RLIMIT_NOFILE, &files) != 0)
+        return false;
+    ::close(next);
+    const rlim_t kept = std::min(KeptDescriptors, files.rlim_cur / 4);
+    return static_cast<rlim_t>(next) < files.rlim_cur - kept;
+}
+
+bool IsWant(int error)
+{
+    return error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM;
+}
+
+} // namespace
+
+SockServer::SockServer(QObject* parent) : QObject(parent)
+{
+    m_server.setListenBacklogSize(WaitingHosts);
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(RestForDescriptors);
+    connect(&m_rest, &QTimer::timeout, this, [this] { Follow(); });
+}
+
+SockServer::~SockServer()
+{
+    Close();
+}
+
+bool SockServer::Listen(const QHostAddress& address, int port)
+{
+    if (!m_server.listen(address, static_cast<quint16>(port)))
+        return false;
+    // Qt's own way of taking hosts in asks again at once, for ever, when descriptors run out.
+    m_server.pauseAccepting();
+    m_arrivals =
+        std::make_unique<QSocketNotifier>(m_server.socketDescriptor(), QSocketNotifier::Read);
+    connect(m_arrivals.get(), &QSocketNotifier::activated, this, [this] { TakeHosts(); });
+    Follow();
+    return true;
+}
+
+void SockServer::Close()
+{
+    if (m_arrivals) {
+        m_arrivals->setEnabled(false);
+        // It may be the one that is calling.
+        m_arrivals.release()->deleteLater();
+    }
+    m_server.close();
+}
+
+void SockServer::LetIn(bool on)
+{
+    m_letIn = on;
+    Follow();
+}
+
+void SockServer::Follow()
+{
+    if (m_arrivals)
+        m_arrivals->setEnabled(m_letIn && !m_rest.isActive());
+}
+
+void SockServer::Rest()
+{
+    m_rest.start();
+    Follow();
+}
+
+void SockServer::TakeHosts()
+{
+    while (IsListening() && m_letIn) {
+        if (!HasRoomForHost()) {
+            Rest();
+            return;
+        }
+        const int host = ::accept4(static_cast<int>(m_server.socketDescriptor()), nullptr, nullptr,
+                                   SOCK_CLOEXEC);
+        if (host >= 0) {
+            OnRequest(host);
+        } else if (errno != EINTR && errno != ECONNABORTED) {
+            if (IsWant(errno))
+                Rest();
+            return;
+        }
+    }
+}
+
+} // namespace vantrel

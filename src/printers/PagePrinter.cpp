@@ -1,0 +1,98 @@
+#include "printers/PagePrinter.h"
+#include "base/Failure.h"
+#include <QScopeGuard>
+
+namespace vantrel {
+
+namespace {
+constexpr double LargestFontSize = 2160.0;
+} // namespace
+
+void PagePrinter::SetOrientation(int orientation)
+{
+    if (orientation != OrientationPortrait && orientation != OrientationLandscape)
+        throw Failure(FailureNumber::PrinterError, QStringLiteral("Printer error: no orientation"));
+    m_orientation = orientation;
+}
+
+double PagePrinter::Width() const
+{
+    const PageSides sides = Sides();
+    return m_orientation == OrientationLandscape ? sides.Long : sides.Short;
+}
+
+double PagePrinter::Height() const
+{
+    const PageSides sides = Sides();
+    return m_orientation == OrientationLandscape ? sides.Short : sides.Long;
+}
+
+void PagePrinter::SetFontSize(double points)
+{
+    if (!(points > 0 && points <= LargestFontSize))
+        throw Failure(FailureNumber::PrinterError, QStringLiteral("Printer error: no font size"));
+    m_font.Size = points;
+}
+
+void PagePrinter::FollowSetup(const QString& settingsPath)
+{
+    m_setupFile = PrinterSetupFile(settingsPath, DeviceName());
+}
+
+const PrinterSetup& PagePrinter::Setup()
+{
+    // A page keeps what it began with.
+    if (!m_page)
+        m_setup = m_setupFile.Current();
+    return m_setup;
+}
+
+PageCanvas& PagePrinter::OpenPage()
+{
+    if (!m_page) {
+        Setup();
+        m_page = PageCanvas::OnPdf(Width(), Height(), [this](const char* bytes, std::size_t count) {
+            m_pdf.append(bytes, static_cast<qsizetype>(count));
+            return true;
+        });
+    }
+    return *m_page;
+}
+
+void PagePrinter::ClosePage()
+{
+    m_page.reset();
+    m_currentX = 0;
+    m_currentY = 0;
+}
+
+void PagePrinter::Print(const QString& text)
+{
+    PageCanvas& page = OpenPage();
+    page.DrawText(text, m_font, m_color, m_currentX + m_setup.OffsetX,
+                  m_currentY + m_setup.OffsetY);
+    m_currentX = 0;
+    m_currentY += PageCanvas::TextHeight(text, m_font);
+}
+
+void PagePrinter::PaintPicture(const Picture& picture, double x, double y, double width,
+                               double height)
+{
+    PageCanvas& page = OpenPage();
+    page.PaintPicture(picture, x + m_setup.OffsetX, y + m_setup.OffsetY, width, height);
+}
+
+void PagePrinter::EndDoc()
+{
+    if (!m_page)
+        return;
+    // The next page begins in the same memory, whatever becomes of this one.
+    const auto emptyBuffer = qScopeGuard([this] { m_pdf.resize(0); });
+    {
+        const auto closePage = qScopeGuard([this] { ClosePage(); });
+        m_page->Finish();
+    }
+    Deliver(m_pdf);
+}
+
+} // namespace vantrel

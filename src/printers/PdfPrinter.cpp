@@ -1,0 +1,63 @@
+#include "printers/PdfPrinter.h"
+#include "base/Failure.h"
+#include "base/UnnamedFile.h"
+#include <QDir>
+#include <QDirIterator>
+#include <algorithm>
+
+namespace vantrel {
+
+namespace {
+
+constexpr QLatin1StringView FileBeginning{"card-"};
+constexpr QLatin1StringView FileEnding{".pdf"};
+constexpr int FewestDigits = 6;
+/// A file with a higher number was not numbered by a station: counting on from it would run out of
+/// numbers.
+constexpr qint64 HighestThatCounts = 999'999'999'999;
+
+QString FileNameOf(qint64 number)
+{
+    return FileBeginning + QStringLiteral("%1").arg(number, FewestDigits, 10, QLatin1Char('0')) +
+           FileEnding;
+}
+
+/// @return the number in a card file's name, 0 for any other name or number
+qint64 NumberOf(const QString& fileName)
+{
+    if (!fileName.startsWith(FileBeginning) || !fileName.endsWith(FileEnding))
+        return 0;
+    const QString digits = fileName.sliced(
+        FileBeginning.size(), fileName.size() - FileBeginning.size() - FileEnding.size());
+    const qint64 number = digits.toLongLong();
+    return number <= HighestThatCounts && FileNameOf(number) == fileName ? number : 0;
+}
+
+qint64 HighestNumberIn(const QString& folder)
+{
+    qint64 highest = 0;
+    for (QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::System); files.hasNext();) {
+        files.next();
+        highest = std::max(highest, NumberOf(files.fileName()));
+    }
+    return highest;
+}
+
+} // namespace
+
+void PdfPrinter::Deliver(const QByteArray& pdf)
+{
+    if (!QDir().mkpath(m_folder))
+        throw Failure(FailureNumber::PrinterError,
+                      QStringLiteral("Printer error: no folder for cards"));
+    UnnamedFile file(m_folder);
+    file.Write(pdf);
+    if (m_lastNumber < 0)
+        m_lastNumber = HighestNumberIn(m_folder);
+    qint64 number = m_lastNumber + 1;
+    while (!file.PutInPlace(m_folder + QLatin1Char('/') + FileNameOf(number)))
+        ++number;
+    m_lastNumber = number;
+}
+
+} // namespace vantrel

@@ -1,0 +1,88 @@
+#include "station/capture/Pipeline.h"
+#include "base/Skip.h"
+#include "ports/Framing.h"
+#include "station/layout/DrawObjects.h"
+#include "station/layout/FieldApplication.h"
+#include "station/macro/RunMacro.h"
+#include "station/print/PrintCard.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+
+namespace vantrel {
+
+namespace {
+
+constexpr int LastArrivalPanel = 3;
+
+// The buffer keeps the text between the delimiters until the record is done; what arrives meanwhile
+// is appended to that.
+QStringList FrameInput(InputBuffer& input, const StationSettings& settings)
+{
+    QString text = input.Text();
+    QStringList values = ParseDataStream(text, settings.Framing, settings.Filters);
+    input.Set(text);
+    return values;
+}
+
+// The dialog is not waited for: the card of this record gets the picture that stood before.
+void AskForPicture(Operator& stationOperator)
+{
+    if (stationOperator.AskYesNo(QStringLiteral("     Take Picture Now?           "),
+                                 QStringLiteral("Take Picture")))
+        stationOperator.OpenCameraDialog();
+}
+
+void TellLastArrival(StationFace& face, const ArrivalSource& source)
+{
+    face.SetPanelText(LastArrivalPanel, source.Panel);
+    face.SetPanelToolTip(LastArrivalPanel,
+                         QStringLiteral("Data last received from (%1)").arg(source.From));
+}
+
+} // namespace
+
+void ProcessStream(Session& session, QString text)
+{
+    session.FieldValues = {};
+    session.Face.TellRecordBegun();
+    session.Operator.LetEventsRun();
+    session.InputBuffer.Set(text);
+    session.LastRawData = std::move(text);
+
+    QStringList values;
+    Skip("framing", [&] { values = FrameInput(session.InputBuffer, session.Settings); });
+    for (const QString& value : std::as_const(values))
+        session.FieldValues.Add(value);
+
+    Skip("field application", [&] { ReapplyFieldValues(session); });
+    Skip("field menu", [&] { BuildFieldMenu(session.Face, session.FieldValues); });
+    session.Operator.LetEventsRun();
+    if (DetectCamImages(session.Document))
+        Skip("picture question", [&] { AskForPicture(session.Operator); });
+    if (session.CurrentParams.LayoutOpen && session.CurrentParams.AutoSpool)
+        Skip("card", [&] { PrintCard(session); });
+    session.InputBuffer.Clear();
+}
+
+void TakeArrival(Session& session, const QString& characters, const ArrivalSource& source)
+{
+    // While the copy shares the buffer's text, appending would copy all that came before.
+    session.LastRawData.clear();
+    session.InputBuffer.Append(characters);
+    session.LastRawData = session.InputBuffer.Text();
+
+    const Delimiters& framing = session.Settings.Framing;
+    if (!session.InputBuffer.IsComplete(framing.DataStart, framing.DataEnd))
+        return;
+    ProcessStream(session, session.InputBuffer.Text());
+    if (session.Settings.BufferData)
+        Skip("record queue",
+             [&] { BufferRecord(session.RecordQueue, session.Settings, session.LastRawData); });
+    if (!session.Settings.ActiveMacro.isEmpty()) {
+        const QString macro = session.Settings.ActiveMacro;
+        Skip("macro", [&] { RunMacro(session, macro); });
+    }
+    TellLastArrival(session.Face, source);
+}
+
+} // namespace vantrel

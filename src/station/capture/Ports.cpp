@@ -1,0 +1,49 @@
+#include "station/capture/Ports.h"
+#include "base/Skip.h"
+#include "station/session/Session.h"
+#include "station/session/Settings.h"
+#include "station/session/TrayIcon.h"
+
+namespace vantrel {
+
+namespace {
+
+void SwitchSerial(Comm& comm, const StationSettings& settings)
+{
+    Skip("close serial port", [&] { comm.SetPortOpen(false); });
+    Skip("serial port number", [&] { comm.SetCommPort(settings.SPort); });
+    Skip("serial settings", [&] { comm.SetSettings(settings.SSettings); });
+    Skip("flow control", [&] { comm.SetHandshaking(settings.SFlowCtrl); });
+    if (settings.UseSerial)
+        Skip("open serial port", [&] { comm.SetPortOpen(true); });
+}
+
+// Whether capture is enabled is not asked here: that decides whether a start opens ports at all.
+void SwitchNetwork(Session& session)
+{
+    SockArray& sock = session.Sock;
+    for (int index = 0; index <= sock.HighestIndex(); ++index)
+        sock.Close(index);
+    if (!session.Settings.UseIP)
+        return;
+    sock.SetAccess(HostAccess(StationOption(session.ProgramFolder, QStringLiteral("AllowFrom"))));
+    sock.SetLocalPort(session.Settings.Port);
+    // An address that cannot be read must not open the station to every network.
+    Skip("listen", [&] {
+        sock.SetLocalAddress(StationOption(session.ProgramFolder, QStringLiteral("BindAddress")));
+        sock.Listen();
+    });
+}
+
+} // namespace
+
+void SwitchPorts(Session& session, SwitchMode mode)
+{
+    if (mode == SwitchMode::All || mode == SwitchMode::Serial)
+        SwitchSerial(session.Comm, session.Settings);
+    if (mode == SwitchMode::All || mode == SwitchMode::Network)
+        SwitchNetwork(session);
+    UpdateTrayState(session.Face, session.Settings);
+}
+
+} // namespace vantrel

@@ -1,0 +1,156 @@
+#include "station/commands/Commands.h"
+#include "base/Convert.h"
+#include "base/Skip.h"
+#include "ports/Launcher.h"
+#include "station/capture/Ports.h"
+#include "station/layout/DeleteLayout.h"
+#include "station/layout/FieldApplication.h"
+#include "station/layout/LayoutParams.h"
+#include "station/layout/LoadLayout.h"
+#include "station/layout/NewLayout.h"
+#include "station/layout/Pages.h"
+#include "station/layout/SaveLayout.h"
+#include "station/print/PrintCard.h"
+#include "station/session/MainRuntime.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+#include "station/session/Settings.h"
+
+namespace vantrel {
+
+namespace {
+
+/// A tick, the flag behind it and the key it is kept under.
+struct StoredTick
+{
+    Tick Entry;
+    bool StationSettings::*Flag;
+    SettingNumber Key;
+};
+
+constexpr StoredTick DynamicLayoutsTick{Tick::cmdDynamicLayout, &StationSettings::DynamicLayouts,
+                                        SettingNumber::DynamicLayouts};
+constexpr StoredTick DynamicFieldsTick{Tick::chkAutoAdd, &StationSettings::DynamicFields,
+                                       SettingNumber::DynamicFields};
+constexpr StoredTick CaptureTick{Tick::cmdCapEnable, &StationSettings::CaptureEnabled,
+                                 SettingNumber::CaptureEnabled};
+
+/// The first session number that leaves the launcher standing.
+constexpr int FirstWorkerSession = 2;
+
+bool FlipTick(StationFace& face, Tick tick)
+{
+    const bool on = !face.IsTicked(tick);
+    face.SetTick(tick, on);
+    return on;
+}
+
+void FlipStored(Session& session, const StoredTick& tick)
+{
+    const bool on = FlipTick(session.Face, tick.Entry);
+    session.Settings.*tick.Flag = on;
+    SaveSetting(session, tick.Key, BooleanText(on));
+}
+
+} // namespace
+
+void PrintCommand(Session& session)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    PrintCard(session);
+    ReapplyFieldValues(session);
+}
+
+void SaveCommand(Session& session)
+{
+    SaveLayout(session, SaveMessages::Shown);
+}
+
+void NewCommand(Session& session)
+{
+    const QString name = session.Operator.InputBox(QStringLiteral("Enter Layout Name"),
+                                                   QStringLiteral("New Layout"), QString());
+    Skip("new layout", [&] { NewLayout(session, name); });
+}
+
+void DeleteLayoutCommand(Session& session)
+{
+    const QString name = session.CurrentLayoutName;
+    if (name.isEmpty())
+        return;
+    const QString question =
+        QStringLiteral("Are you sure you want to perminantly delete the layout named (") + name +
+        QStringLiteral(") ?");
+    if (session.Operator.ShowAppMessage(question, QStringLiteral("Really Delete?"),
+                                        AppMessageButtons::YesNo))
+        Skip("delete layout", [&] { DeleteLayoutRows(session, name); });
+}
+
+void NewPageCommand(Session& session)
+{
+    if (!session.CurrentLayoutName.isEmpty())
+        NewPage(session);
+}
+
+void DeletePageCommand(Session& session)
+{
+    if (!session.CurrentLayoutName.isEmpty())
+        DeletePage(session);
+}
+
+void CloseCommand(Session& session)
+{
+    if (!session.CurrentLayoutName.isEmpty())
+        CloseLayout(session);
+}
+
+void ToggleAutoSpool(Session& session)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    session.CurrentParams.AutoSpool = FlipTick(session.Face, Tick::chkAutoSpool);
+    SaveLayoutParams(session.LayoutDb, session.CurrentLayoutName, session.CurrentParams);
+}
+
+void ToggleDynamicFields(Session& session)
+{
+    FlipStored(session, DynamicFieldsTick);
+}
+
+void ToggleDynamicLayouts(Session& session)
+{
+    FlipStored(session, DynamicLayoutsTick);
+}
+
+void ToggleCapture(Session& session)
+{
+    FlipStored(session, CaptureTick);
+    SwitchPorts(session, SwitchMode::All);
+}
+
+void ToggleVisible(Session& session)
+{
+    const bool visible = !session.Settings.MainVisible;
+    session.Settings.MainVisible = visible;
+    session.Face.TellVisibility(visible);
+    session.Face.SetHideCaption(HideCaption(session.Settings));
+    if (visible && !session.CurrentLayoutName.isEmpty())
+        session.Document.Show();
+    SaveSetting(session, SettingNumber::Visible, BooleanText(visible));
+}
+
+void ExitCommand(Session& session)
+{
+    const QString question =
+        QStringLiteral("Closing Vantrel will disable it's ability to capture data.  \r\n"
+                       "Are you sure this is what you want?");
+    if (!session.Operator.ShowAppMessage(question, QStringLiteral(" Disable Vantrel?"),
+                                         AppMessageButtons::YesNo))
+        return;
+    if (session.SessionNumber < FirstWorkerSession)
+        PostCloseToLauncher(session.ProgramFolder);
+    session.Face.TellExitConfirmed();
+}
+
+} // namespace vantrel

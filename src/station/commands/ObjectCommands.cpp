@@ -1,0 +1,262 @@
+#include "station/commands/ObjectCommands.h"
+#include "base/Failure.h"
+#include "base/Skip.h"
+#include "card/CheckDigits.h"
+#include "card/Grips.h"
+#include "station/layout/DesignSurface.h"
+#include "station/layout/DocumentForm.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+
+namespace vantrel {
+
+namespace {
+
+constexpr double SizeStep = 0.1;
+constexpr double Larger = 1;
+constexpr double Smaller = -1;
+
+/// The alignments by their numbers, and their ticks.
+struct AlignmentRow
+{
+    std::int16_t Alignment;
+    Tick Entry;
+};
+
+constexpr AlignmentRow LeftRow{0, Tick::cmdALeft};
+constexpr AlignmentRow RightRow{1, Tick::cmdARight};
+constexpr AlignmentRow CenterRow{2, Tick::cmdACenter};
+constexpr AlignmentRow AlignmentRows[] = {LeftRow, RightRow, CenterRow};
+
+constexpr Family ContentFamilies[] = {Family::lbl_DATA, Family::lbl_TEXT, Family::lbl_AUTO,
+                                      Family::img_LXV, Family::img_CAM};
+
+/// The element that the selected family and index name; they outlive the selection itself.
+CardObject* NamedElement(const CardDocument& document)
+{
+    for (const Family family : ContentFamilies) {
+        if (FamilyName(family) == document.SelectedFamily)
+            return document.Find(family, document.SelectedIndex);
+    }
+    return nullptr;
+}
+
+CardObject& ElementOrFail(const CardDocument& document)
+{
+    CardObject* element = NamedElement(document);
+    if (element == nullptr)
+        throw Failure(FailureNumber::NoSuchElement, QStringLiteral("Control does not exist"));
+    return *element;
+}
+
+CardObject& SelectedOrFail(const CardDocument& document)
+{
+    if (document.SelectedObject == nullptr)
+        throw Failure(FailureNumber::ObjectNotSet, QStringLiteral("Object variable not set"));
+    return *document.SelectedObject;
+}
+
+/// Asks while the object may go: the station lives on behind the dialog, so `ask` gives that copies
+/// only. `take` gets the answer if there is one and the same object is still selected.
+template <typename Ask, typename Take>
+void AskForSelected(Session& session, Ask ask, Take take)
+{
+    const CardObject* before = &SelectedOrFail(session.Document);
+    const auto answer = ask(*before);
+    CardObject* now = session.Document.SelectedObject;
+    if (!answer || now != before)
+        return;
+    take(*now, *answer);
+    session.Document.Refresh();
+}
+
+void Resize(CardDocument& document, double direction)
+{
+    CardObject& object = ElementOrFail(document);
+    ShowHandles(document, false);
+    const double width = object.Width;
+    const double height = object.Height;
+    object.Width = static_cast<float>(width + direction * (width * SizeStep));
+    object.Height = static_cast<float>(height + direction * (height * SizeStep));
+    AdjustHandles(document, object);
+}
+
+void Align(CardDocument& document, StationFace& face, const AlignmentRow& chosen)
+{
+    for (const AlignmentRow& row : AlignmentRows)
+        face.SetTick(row.Entry, row.Entry == chosen.Entry);
+    if (CardObject* selected = document.SelectedObject) {
+        selected->Alignment = chosen.Alignment;
+        document.Refresh();
+    }
+}
+
+void ToggleOnSelected(const CardDocument& document, CheckDigitKind kind)
+{
+    ToggleCheckDigit(kind, ElementOrFail(document));
+}
+
+QLatin1StringView WordOf(CheckDigitKind kind)
+{
+    switch (kind) {
+    case CheckDigitKind::Mod10:
+        return WordMod10;
+    case CheckDigitKind::Codabar:
+        return WordCodabar;
+    case CheckDigitKind::Ebt:
+        return WordEbt;
+    }
+    return {};
+}
+
+} // namespace
+
+void DeleteSelectedObject(Session& session)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    const QString question =
+        QStringLiteral("Are you sure you want to delete the selected item?   ");
+    if (session.Operator.AskYesNoCancel(question, QStringLiteral("Really Delete?")) !=
+        BoxAnswer::Yes)
+        return;
+    CardObject* selected = session.Document.SelectedObject;
+    if (selected == nullptr)
+        return;
+    session.Document.Remove(*selected);
+    Skip("hide grips", [&] { ShowHandles(session.Document, false); });
+}
+
+void DeleteAllFields(Session& session)
+{
+    if (session.CurrentLayoutName.isEmpty())
+        return;
+    const QString question = QStringLiteral(
+        "Are you absolutely sure you want to delete all of the existing data fields?");
+    if (session.Operator.AskYesNoCancel(question, QStringLiteral("Delete Fields?")) !=
+        BoxAnswer::Yes)
+        return;
+    CardDocument& document = session.Document;
+    for (int index = document.HighestIndex(Family::lbl_DATA); index >= 1; --index) {
+        if (CardObject* field = document.Find(Family::lbl_DATA, index))
+            document.Remove(*field);
+    }
+    ShowHandles(session.Document, false);
+}
+
+void IncreaseSize(Session& session)
+{
+    Resize(session.Document, Larger);
+}
+
+void DecreaseSize(Session& session)
+{
+    Resize(session.Document, Smaller);
+}
+
+void ToggleCheckDigit(CheckDigitKind kind, CardObject& object)
+{
+    const QLatin1StringView word = WordOf(kind);
+    object.DataMember = object.DataMember == word ? QString() : QString(word);
+}
+
+void ToggleMod10(Session& session)
+{
+    ToggleOnSelected(session.Document, CheckDigitKind::Mod10);
+}
+
+void ToggleCodabar(Session& session)
+{
+    ToggleOnSelected(session.Document, CheckDigitKind::Codabar);
+}
+
+void ToggleEbt(Session& session)
+{
+    ToggleOnSelected(session.Document, CheckDigitKind::Ebt);
+}
+
+void AlignLeft(Session& session)
+{
+    Align(session.Document, session.Face, LeftRow);
+}
+
+void AlignRight(Session& session)
+{
+    Align(session.Document, session.Face, RightRow);
+}
+
+void AlignCenter(Session& session)
+{
+    Align(session.Document, session.Face, CenterRow);
+}
+
+void AdjustText(Session& session)
+{
+    AskForSelected(
+        session,
+        [&](const CardObject& object) -> std::optional<QString> {
+            const QString present = object.Caption();
+            const QString text = session.Operator.InputBox(
+                QStringLiteral("Please enter the text you wish to display"), QString(), present);
+            return text.isEmpty() ? std::nullopt : std::optional(text);
+        },
+        [](CardObject& object, const QString& text) { object.SetCaption(text); });
+}
+
+void AdjustTextColor(Session& session)
+{
+    AskForSelected(
+        session,
+        [&](const CardObject& object) { return session.Operator.AskColor(object.ForeColor); },
+        [](CardObject& object, ColorValue color) { object.ForeColor = color; });
+}
+
+void AdjustFont(Session& session)
+{
+    Skip("adjust font", [&] {
+        AskForSelected(
+            session,
+            [&](const CardObject& object) {
+                const Font present = object.Font();
+                return session.Operator.AskFont(present);
+            },
+            [](CardObject& object, const Font& font) { object.SetFont(font); });
+    });
+}
+
+void ToggleVisibleOnCard(Session& session)
+{
+    session.Face.SetTick(Tick::cmdVisibleOnCard, !session.Face.IsTicked(Tick::cmdVisibleOnCard));
+}
+
+void ChooseDataField(Session& session, int position)
+{
+    CardObject* element = NamedElement(session.Document);
+    if (element == nullptr)
+        return;
+    const QString& value = session.FieldValues.Item(position);
+    element->DataField = QString::number(position);
+    element->SetCaption(value.isEmpty() ? QStringLiteral("Data Field ") + element->DataField
+                                        : value);
+    session.Document.Refresh();
+}
+
+void ShowFieldData(Session& session)
+{
+    session.Document.SelectedFamily.clear();
+    ShowHandles(session.Document, false);
+    session.Operator.LetEventsRun();
+    session.Face.AskPopUp(PopUp::mnuDataFields);
+}
+
+void ClearDataFields(Session& session)
+{
+    const CardDocument& document = session.Document;
+    for (int index = 0; index <= document.HighestIndex(Family::lbl_DATA); ++index) {
+        if (CardObject* field = document.Find(Family::lbl_DATA, index))
+            field->SetCaption(QString());
+    }
+    session.Document.Refresh();
+}
+
+} // namespace vantrel

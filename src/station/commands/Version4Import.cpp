@@ -1,0 +1,143 @@
+#include "station/commands/Version4Import.h"
+#include "base/Convert.h"
+#include "base/Skip.h"
+#include "drawing/PageCanvas.h"
+#include "station/layout/DrawObjects.h"
+#include "station/session/Session.h"
+#include "station/session/Settings.h"
+#include <QFileInfo>
+
+namespace vantrel {
+
+namespace {
+
+/// Size of a text before it takes that of its caption, in twips.
+constexpr std::int32_t FirstWidth = 1500;
+constexpr std::int32_t FirstHeight = 600;
+
+const QString SettingsSection = QStringLiteral("Settings");
+const QString PictureSection = QStringLiteral("Picture");
+
+/// Where the keys of one kind of text stand: `Prefix`, the word and the number make a key, but the
+/// text itself has a key of its own.
+struct TextKeys
+{
+    const char* Count;
+    const char* Text;
+    const char* Prefix;
+};
+
+constexpr TextKeys FieldKeys{"NumberOfFields", "CardDatafldCaption", "CardDatafld"};
+constexpr TextKeys StaticKeys{"NumberOfText", "Text", "Text"};
+
+/// One text of the file.
+struct OldText
+{
+    TextLooks Looks;
+    ObjectBox Box;
+};
+
+/// A session file of version 4. A missing key reads as the empty text, which no number and no
+/// boolean takes.
+class OldSession
+{
+public:
+    explicit OldSession(const QString& path) { m_file.SetINI_Filename(path); }
+
+    QString Text(const QString& section, const QString& key) const
+    {
+        return m_file.ReadSetting(section, key, QString()).value_or(QString());
+    }
+    std::int32_t Number(const QString& section, const QString& key) const
+    {
+        return ToLong(Text(section, key));
+    }
+    /// Reads the ten keys of a text. Fails like `ToLong`.
+    OldText ReadText(const TextKeys& keys, int number) const
+    {
+        const auto value = [&](const char* word) {
+            return Text(SettingsSection, QLatin1StringView(keys.Prefix) + QLatin1StringView(word) +
+                                             QString::number(number));
+        };
+        OldText text;
+        text.Looks.cCaption =
+            Text(SettingsSection, QLatin1StringView(keys.Text) + QString::number(number));
+        text.Looks.cAlignment = ToInteger(value("Align"));
+        text.Box = {ToLong(value("Top")), ToLong(value("Left")), FirstHeight, FirstWidth};
+        Font& font = text.Looks.cFont;
+        font.Name = value("FontName");
+        font.Size = ToDouble(value("FontSize"));
+        font.Bold = ToBoolean(value("FontBold"));
+        font.Italic = ToBoolean(value("FontItalic"));
+        font.Underline = ToBoolean(value("FontUnderline"));
+        text.Looks.cForeColor = ToLong(value("FontColor"));
+        return text;
+    }
+
+private:
+    ESet2 m_file;
+};
+
+void TakeSizeOfCaption(CardObject& object)
+{
+    object.Width = static_cast<float>(PageCanvas::TextWidth(object.Caption(), object.Font()));
+    object.Height = static_cast<float>(PageCanvas::TextHeight(object.Caption(), object.Font()));
+}
+
+void DrawFields(Session& session, const OldSession& old)
+{
+    const std::int16_t count =
+        ToInteger(old.Text(SettingsSection, QLatin1StringView(FieldKeys.Count)));
+    for (std::int16_t number = 0; number < count; ++number) {
+        const OldText text = old.ReadText(FieldKeys, number);
+        // The file counts from 0, the values of a record from 1.
+        const auto field = static_cast<std::int16_t>(number + 1);
+        TakeSizeOfCaption(Draw_DataField(session, field, text.Box, text.Looks));
+    }
+}
+
+void DrawTexts(Session& session, const OldSession& old)
+{
+    const std::int16_t count =
+        ToInteger(old.Text(SettingsSection, QLatin1StringView(StaticKeys.Count)));
+    for (std::int16_t number = 0; number < count; ++number) {
+        const OldText text = old.ReadText(StaticKeys, number);
+        TakeSizeOfCaption(Draw_Label(session, text.Box, text.Looks));
+    }
+}
+
+void DrawLogo(Session& session, const OldSession& old)
+{
+    if (old.Number(PictureSection, QStringLiteral("Checked")) < 1)
+        return;
+    // The names of folders were joined by backslashes.
+    const QString name = old.Text(PictureSection, QStringLiteral("LogoName"))
+                             .replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const QString path = session.PathInFolder(name);
+    const Picture logo = LoadPicture(path);
+    const auto length = [&](const char* key) {
+        return old.Number(PictureSection, QLatin1StringView(key));
+    };
+    const std::int32_t top = length("Top");
+    const std::int32_t left = length("Left");
+    const std::int32_t width = length("Width");
+    const std::int32_t height = length("Height");
+    Draw_Image(session, {top, left, height, width}, 0, logo, true, path);
+}
+
+} // namespace
+
+void ImportVersion4Session(Session& session, const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        return;
+    // One step: the first thing that fails ends it.
+    Skip("import version 4 session", [&] {
+        const OldSession old(path);
+        DrawFields(session, old);
+        DrawTexts(session, old);
+        DrawLogo(session, old);
+    });
+}
+
+} // namespace vantrel

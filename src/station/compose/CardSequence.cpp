@@ -1,0 +1,97 @@
+#include "station/compose/CardSequence.h"
+#include "base/Convert.h"
+#include "base/Failure.h"
+#include "base/Skip.h"
+#include "base/Text.h"
+#include "card/CheckDigits.h"
+#include "station/capture/Pipeline.h"
+#include "station/session/Session.h"
+
+namespace vantrel {
+
+namespace {
+
+/// The delimiters of a run, for as long as it lasts.
+class RunDelimiters
+{
+public:
+    explicit RunDelimiters(Session& session) : m_session(session), m_kept(session.Settings.Framing)
+    {
+        session.Settings.Framing = {QStringLiteral("<"), QStringLiteral("+"), QStringLiteral(">")};
+    }
+    RunDelimiters(const RunDelimiters&) = delete;
+    RunDelimiters& operator=(const RunDelimiters&) = delete;
+    ~RunDelimiters() { m_session.Settings.Framing = m_kept; }
+
+private:
+    Session& m_session;
+    Delimiters m_kept;
+};
+
+QString WithoutDecimals(double value)
+{
+    const double whole = RoundHalfToEven(value);
+    // A number that rounds to nothing has no sign.
+    return QString::number(whole == 0 ? 0.0 : whole, 'f', 0);
+}
+
+QString CheckDigitOf(SequenceDigit scheme, double value)
+{
+    QString text = NumberText(value);
+    switch (scheme) {
+    case SequenceDigit::Mod10:
+        return QString::number(Mod10CheckDigit(text));
+    case SequenceDigit::Codabar:
+        return CodabarCheckDigit(text);
+    case SequenceDigit::None:
+        break;
+    }
+    return {};
+}
+
+QString InGroups(const QString& number, std::int32_t length)
+{
+    if (length < 1)
+        throw Failure(FailureNumber::InvalidCall, QStringLiteral("A group needs a length"));
+    QString spaced;
+    for (qsizetype from = 0; from < number.size(); from += length)
+        spaced += number.mid(from, length) + QLatin1Char(' ');
+    return TrimBlanks(spaced).toString();
+}
+
+} // namespace
+
+SequenceRow MakeSequenceRow(const SequenceOrder& order, double value)
+{
+    SequenceRow row;
+    row.Number = WithoutDecimals(value) + CheckDigitOf(order.CheckDigit, value);
+    if (order.Spacing)
+        row.Groups = InGroups(row.Number, ToLong(order.DigitCount));
+    return row;
+}
+
+QString RecordOfRow(const SequenceOrder& order, const SequenceRow& row)
+{
+    QString text = QLatin1Char('<') + row.Number;
+    if (order.Spacing)
+        text += QLatin1Char('+') + row.Groups;
+    return text + QLatin1Char('>');
+}
+
+void RunSequence(Session& session, const SequenceOrder& order, const SequenceProgress& progress)
+{
+    const RunDelimiters delimiters(session);
+    Skip("card number sequence", [&] {
+        const double start = ToDouble(order.Start);
+        const double count = ToDouble(order.End) - start;
+        // The number of the end itself is no longer sent. Counting the rows, not the value, ends a
+        // run of numbers too large to rise by one.
+        for (double row = 0; row + 1 <= count; ++row) {
+            ProcessStream(session, RecordOfRow(order, MakeSequenceRow(order, start + row)));
+            if (!progress(row + 1, count))
+                return;
+        }
+    });
+}
+
+} // namespace vantrel

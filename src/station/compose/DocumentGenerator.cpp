@@ -1,0 +1,100 @@
+#include "station/compose/DocumentGenerator.h"
+#include "base/Skip.h"
+#include "station/capture/Pipeline.h"
+#include "station/layout/LoadLayout.h"
+#include "station/session/MainRuntime.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+#include <algorithm>
+#include <limits>
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::int16_t FirstField = 1;
+
+void CloseWithoutSaving(Session& session)
+{
+    LayoutParamsRecord& params = session.CurrentParams;
+    session.Face.SetCaption(PlainCaption());
+    session.Document.Unload();
+    params.LayoutOpen = false;
+    params.Encode = false;
+    params.Track1.clear();
+    params.Track2.clear();
+    params.Track3.clear();
+    session.CurrentLayoutName.clear();
+}
+
+void PrintOnLayout(Session& session, const QString& rawData, const QString& layout)
+{
+    Skip("load", [&] { LoadFirstPage(session, layout); });
+    session.Document.Refresh();
+    session.Operator.LetEventsRun();
+    ProcessStream(session, rawData);
+    session.Operator.LetEventsRun();
+    CloseWithoutSaving(session);
+    session.Operator.LetEventsRun();
+}
+
+} // namespace
+
+RecordList::RecordList(VT5_BufferedRecordQue& queue) : m_queue(queue)
+{
+    Build();
+}
+
+void RecordList::Build()
+{
+    m_lines.clear();
+    m_recordCount = m_queue.RecordCount;
+    for (const auto& record : m_queue.BufferedRecords) {
+        const int count = record->DataFields.Count();
+        if (m_viewedField > count)
+            m_viewedField = std::max(FirstField, static_cast<std::int16_t>(count));
+        if (!record->Valid)
+            continue;
+        // A record without values has nothing to show, and no line.
+        Skip("line of a record", [&] {
+            m_lines.push_back({record->DataFields.Item(m_viewedField), record->RawData});
+        });
+    }
+}
+
+void RecordList::ViewNextField()
+{
+    if (m_viewedField < std::numeric_limits<std::int16_t>::max())
+        ++m_viewedField;
+    Build();
+}
+
+void RecordList::ViewFieldBefore()
+{
+    if (m_viewedField > FirstField)
+        --m_viewedField;
+    Build();
+}
+
+void RecordList::Clear()
+{
+    for (const auto& record : m_queue.BufferedRecords)
+        record->Valid = false;
+    Build();
+}
+
+bool RecordList::LookForRecords()
+{
+    if (m_queue.RecordCount == m_recordCount)
+        return false;
+    Build();
+    return true;
+}
+
+void PrintOnLayouts(Session& session, const QString& rawData, const QStringList& layouts)
+{
+    for (const QString& layout : layouts)
+        PrintOnLayout(session, rawData, layout);
+}
+
+} // namespace vantrel

@@ -1,0 +1,22 @@
+#include "station/imaging/CameraLibrary.h"
+#include "base/Skip.h"
+#include <QDir>
+#include <QTimer>
+
+namespace vantrel {
+
+void FolderCamera::Expose(int& /*flashMode*/, int& /*mode*/, int& /*third*/)
+{
+    QTimer::singleShot(0, this, [this] {
+        const QFileInfoList newestFirst =
+            QDir(m_folder).entryInfoList(QDir::Files | QDir::Readable, QDir::Time);
+        for (const QFileInfo& file : newestFirst) {
+            // A file that another device is still writing is no picture yet.
+            if (Skip("picture of the folder",
+                     [&] { Q_EMIT PictureAvailable(LoadPicture(file.filePath())); }))
+                return;
+        }
+    });
+}
+
+} // namespace vantrel

@@ -1,0 +1,71 @@
+#include "station/layout/DocumentForm.h"
+#include "base/Skip.h"
+#include "card/Grips.h"
+#include "card/PrinterType.h"
+#include "printers/Printer.h"
+#include "station/layout/FieldApplication.h"
+#include "station/session/Session.h"
+#include <algorithm>
+#include <array>
+
+namespace vantrel {
+
+namespace {
+
+constexpr float FormLeft = 600;
+constexpr float FormTop = 600;
+constexpr float SmallestForm = 2000;
+
+void TakePageSize(CardDocument& document, Printers& printers)
+{
+    const Printer& printer = printers.Current();
+    document.Width = static_cast<float>(printer.Width());
+    document.Height = static_cast<float>(printer.Height());
+}
+
+} // namespace
+
+void EnsureDocument(Session& session)
+{
+    CardDocument& document = session.Document;
+    if (document.IsLoaded())
+        return;
+    document.Load();
+    document.Left = FormLeft;
+    document.Top = FormTop;
+    Skip("page size", [&] { TakePageSize(session.Document, session.Printers); });
+    DragInit(document);
+    BuildFieldMenu(session.Face, session.FieldValues);
+}
+
+void SetSize(Session& session)
+{
+    EnsureDocument(session);
+    CardDocument& document = session.Document;
+    const PrinterTypeRow& type = PrinterTypeOf(session.CurrentParams.PrinterType);
+    switch (type.Size) {
+    case SizeSource::OrientedPage:
+        session.Printers.Current().SetOrientation(session.CurrentParams.PrinterOrientation);
+        TakePageSize(session.Document, session.Printers);
+        break;
+    case SizeSource::Page:
+        TakePageSize(session.Document, session.Printers);
+        break;
+    case SizeSource::Fixed:
+        document.Width = type.FixedWidth;
+        document.Height = type.FixedHeight;
+        break;
+    case SizeSource::Unchanged:
+        break;
+    }
+    document.Width = std::max(document.Width, SmallestForm);
+    document.Height = std::max(document.Height, SmallestForm);
+    document.Refresh();
+}
+
+void RePaint(CardDocument& document)
+{
+    document.Refresh();
+}
+
+} // namespace vantrel

@@ -1,0 +1,134 @@
+#include "station/layout/DrawObjects.h"
+#include "base/Convert.h"
+#include "card/Grips.h"
+#include "drawing/PageCanvas.h"
+#include "station/layout/DocumentForm.h"
+#include "station/session/Session.h"
+#include <algorithm>
+#include <limits>
+
+namespace vantrel {
+
+namespace {
+
+/// Room left and right of a number that was widened to fit, in twips.
+constexpr double NumberMargin = 100;
+
+CardObject& NewObject(Session& session, Family family)
+{
+    EnsureDocument(session);
+    return session.Document.Add(family);
+}
+
+void Place(CardObject& object, const ObjectBox& box)
+{
+    object.Top = static_cast<float>(box.cTop);
+    object.Left = static_cast<float>(box.cLeft);
+    object.Height = static_cast<float>(box.cHeight);
+    object.Width = static_cast<float>(box.cWidth);
+}
+
+CardObject& Finish(CardDocument& document, CardObject& object)
+{
+    object.Visible = true;
+    ShowHandles(document, false);
+    return object;
+}
+
+/// What all texts have in common; they begin transparent and left aligned, whatever is asked for.
+void DressText(const CardDocument& document, CardObject& object, const ObjectBox& box,
+               const TextLooks& looks)
+{
+    Place(object, box);
+    object.BorderStyle = looks.cBorderStyle;
+    object.Appearance = looks.cAppearance;
+    object.Alignment = 0;
+    object.BackStyle = 0;
+    object.SetFont(document.DefaultFont.value_or(looks.cFont));
+    object.BackColor = looks.cBackColor;
+    object.ForeColor = looks.cForeColor;
+}
+
+CardObject& NewImage(Session& session, Family family, const ObjectBox& box, const QString& tag,
+                     const Picture& picture)
+{
+    CardObject& object = NewObject(session, family);
+    object.Tag = tag;
+    Place(object, box);
+    object.Stretch = true;
+    object.Picture = picture;
+    return Finish(session.Document, object);
+}
+
+std::int16_t LargerOf(std::int16_t soFar, std::int32_t length)
+{
+    constexpr std::int32_t most = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::max<std::int32_t>(soFar, std::min(length, most)));
+}
+
+} // namespace
+
+CardObject& Draw_DataField(Session& session, std::int16_t FieldIndex, const ObjectBox& box,
+                           const TextLooks& looks)
+{
+    CardObject& object = NewObject(session, Family::lbl_DATA);
+    const QString number = QString::number(FieldIndex);
+    object.DataField = number;
+    object.DataMember = BooleanText(false);
+    DressText(session.Document, object, box, looks);
+    object.SetCaption(QStringLiteral("Data Field ") + number);
+    object.LinkItem = Marker::DataField;
+    return Finish(session.Document, object);
+}
+
+CardObject& Draw_Label(Session& session, const ObjectBox& box, const TextLooks& looks)
+{
+    CardObject& object = NewObject(session, Family::lbl_TEXT);
+    DressText(session.Document, object, box, looks);
+    object.SetCaption(looks.cCaption.isEmpty()
+                          ? QStringLiteral("Static Text %1").arg(object.Index())
+                          : looks.cCaption);
+    object.LinkItem = Marker::StaticText;
+    return Finish(session.Document, object);
+}
+
+CardObject& Draw_AutoNumber(Session& session, double cSeed, const ObjectBox& box,
+                            const TextLooks& looks)
+{
+    CardObject& object = NewObject(session, Family::lbl_AUTO);
+    object.DataField = NumberText(cSeed);
+    DressText(session.Document, object, box, looks);
+    object.SetCaption(looks.cCaption.isEmpty() ? object.DataField : looks.cCaption);
+    object.LinkItem = Marker::AutoNumber;
+    // Measured in the form's own font, not in the object's.
+    const double textWidth = PageCanvas::TextWidth(object.Caption(), Font());
+    if (textWidth > static_cast<double>(object.Width))
+        object.Width = static_cast<float>(textWidth + NumberMargin);
+    return Finish(session.Document, object);
+}
+
+CardObject& Draw_Image(Session& session, const ObjectBox& box, std::int16_t /*cBorderStyle*/,
+                       const Picture& cPicture, bool /*cVisible*/, const QString& sPath)
+{
+    return NewImage(session, Family::img_LXV, box, sPath, cPicture);
+}
+
+CardObject& Draw_CamView(Session& session, const ObjectBox& box, std::int16_t /*cBorderStyle*/,
+                         const Picture& cPicture, bool /*cVisible*/, const QString& /*sPath*/)
+{
+    CardObject& object = NewImage(session, Family::img_CAM, box, Marker::Camera,
+                                  cPicture.HasHandle() ? cPicture : CameraPlaceholder());
+    session.Document.CamHeight = LargerOf(session.Document.CamHeight, box.cHeight);
+    session.Document.CamWidth = LargerOf(session.Document.CamWidth, box.cWidth);
+    return object;
+}
+
+bool DetectCamImages(const CardDocument& document)
+{
+    const auto& objects = document.Objects();
+    return std::any_of(objects.begin(), objects.end(), [](const auto& object) {
+        return object->IsImage() && object->Tag == Marker::Camera;
+    });
+}
+
+} // namespace vantrel

@@ -1,0 +1,73 @@
+#include "station/layout/FieldApplication.h"
+#include "base/Convert.h"
+#include "base/NumberFormat.h"
+#include "base/Skip.h"
+#include "card/PourValues.h"
+#include "station/layout/DocumentForm.h"
+#include "station/layout/DrawObjects.h"
+#include "station/session/Session.h"
+
+namespace vantrel {
+
+namespace {
+
+/// Where the fields that a record makes for itself stand, in twips.
+constexpr int DynamicFieldStep = 320;
+constexpr int DynamicFieldLeft = 200;
+constexpr int DynamicFieldHeight = 300;
+constexpr int DynamicFieldWidth = 2500;
+
+void MakeDynamicField(Session& session, int valueIndex, int fieldNumber, const QString& value)
+{
+    const QString number = QString::number(valueIndex);
+    const ObjectBox box{.cTop = fieldNumber * DynamicFieldStep,
+                        .cLeft = DynamicFieldLeft,
+                        .cHeight = DynamicFieldHeight,
+                        .cWidth = DynamicFieldWidth};
+    TextLooks looks;
+    looks.cBackStyle = 0;
+    looks.cCaption = QStringLiteral("Data Field ") + number;
+    Draw_DataField(session, ToInteger(number), box, looks).SetCaption(value);
+}
+
+// As many values as the page has camera objects make no field: the count goes on behind them.
+void MakeDynamicFields(Session& session)
+{
+    int fieldsMade = 0;
+    const int first = session.Document.HighestIndex(Family::img_CAM) + 1;
+    for (int index = first; index <= session.FieldValues.Count(); ++index) {
+        const QString value = session.FieldValues.Item(index);
+        if (value.isEmpty())
+            continue;
+        ++fieldsMade;
+        Skip("dynamic field", [&] { MakeDynamicField(session, index, fieldsMade, value); });
+    }
+}
+
+} // namespace
+
+void ReapplyFieldValues(Session& session)
+{
+    Skip("document", [&] { EnsureDocument(session); });
+    const QChar separator = MachineDecimalSeparator();
+    FillDataFields(session.Document, session.FieldValues, separator);
+    CheckAutoNumbers(session.Document, separator);
+    FillCameraImages(session.Document, session.CameraImage);
+    if (session.Settings.DynamicFields)
+        MakeDynamicFields(session);
+    // One record only; the stored key keeps its value until the station ends.
+    session.Settings.DynamicFields = false;
+    session.Face.SetTick(Tick::chkAutoAdd, false);
+    session.Document.Refresh();
+}
+
+void BuildFieldMenu(StationFace& face, const FieldValues& values)
+{
+    FieldMenu menu;
+    menu.Values = values;
+    // With no values the entry for sending stays as it was; else it goes by the last one made.
+    menu.SendEntryVisible = menu.Count() == 0 ? face.Fields().SendEntryVisible : menu.Count() == 1;
+    face.SetFields(menu);
+}
+
+} // namespace vantrel

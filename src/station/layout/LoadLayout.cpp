@@ -1,0 +1,77 @@
+#include "station/layout/LoadLayout.h"
+#include "base/Skip.h"
+#include "station/layout/DocumentForm.h"
+#include "station/layout/FieldApplication.h"
+#include "station/layout/LayoutParams.h"
+#include "station/layout/RowToObject.h"
+#include "station/layout/StoreStatements.h"
+#include "station/session/MainRuntime.h"
+#include "station/session/Session.h"
+#include "store/Recordset.h"
+
+namespace vantrel {
+
+namespace {
+
+/// Row order becomes stacking order.
+void LoadObjects(Session& session)
+{
+    Recordset rows(session.LayoutDb);
+    const bool opened = Skip("open objects", [&] {
+        rows.Open(ObjectsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex));
+    });
+    if (!opened)
+        return;
+    // A page without objects leaves a hidden form hidden.
+    if (!rows.IsEof())
+        session.Document.Show();
+    // A row that makes no object costs its own alone.
+    for (; !rows.IsEof(); rows.MoveNext())
+        Skip("object", [&] { RowToObject(session, rows); });
+}
+
+} // namespace
+
+bool DoesLayoutExist(Session& session, const QString& layoutName)
+{
+    bool exists = false;
+    Skip("look for layout", [&] {
+        Recordset rows(session.LayoutDb);
+        rows.Open(ObjectsOfLayout(layoutName));
+        exists = !rows.IsEof() && !rows.IsBof();
+        if (!exists)
+            session.CurrentLayoutName.clear();
+    });
+    return exists;
+}
+
+bool LoadLayout(Session& session, const QString& layoutName)
+{
+    if (!DoesLayoutExist(session, layoutName))
+        return false;
+    ClearDoc_Ex(session);
+    session.CurrentLayoutName = layoutName;
+    LoadLayoutParams(session);
+    LayoutParamsRecord& params = session.CurrentParams;
+    Skip("size", [&] { SetSize(session); });
+    session.Face.SetTick(Tick::chkAutoSpool, params.AutoSpool);
+    // The print finds the back image by the form's own tag.
+    if (!params.BackImg1Path.isEmpty())
+        session.Document.Tag = params.BackImg1Path;
+    LoadObjects(session);
+    session.Document.Refresh();
+    params.LayoutOpen = true;
+    session.Document.LayoutUnchanged = true;
+    BuildFieldMenu(session.Face, session.FieldValues);
+    session.Face.SetCaption(
+        CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, PlainCaption()));
+    return true;
+}
+
+bool LoadFirstPage(Session& session, const QString& layoutName)
+{
+    session.CurrentParams.PageIndex = 1;
+    return LoadLayout(session, layoutName);
+}
+
+} // namespace vantrel

@@ -1,0 +1,79 @@
+#include "station/layout/Navigation.h"
+#include "base/Convert.h"
+#include "station/layout/DocumentForm.h"
+#include "station/layout/FieldApplication.h"
+#include "station/layout/LoadLayout.h"
+#include "station/layout/Pages.h"
+#include "station/session/MainRuntime.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+#include "store/Recordset.h"
+
+namespace vantrel {
+
+namespace {
+
+/// The hourglass for the length of a scope.
+class BusyPointer
+{
+public:
+    explicit BusyPointer(Operator& stationOperator) : m_operator(stationOperator)
+    {
+        m_operator.ShowBusyPointer(true);
+    }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+    ~BusyPointer() { m_operator.ShowBusyPointer(false); }
+
+private:
+    Operator& m_operator;
+};
+
+void StepPage(Session& session, int step)
+{
+    LayoutParamsRecord& params = session.CurrentParams;
+    params.PageIndex = static_cast<std::int16_t>(params.PageIndex + step);
+    // A copy: the load empties the open layout's name where the layout is gone.
+    const QString layoutName = session.CurrentLayoutName;
+    LoadLayout(session, layoutName);
+    RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);
+    ReapplyFieldValues(session);
+}
+
+} // namespace
+
+void NextPage(Session& session)
+{
+    const BusyPointer busy(session.Operator);
+    if (session.CurrentParams.PageIndex < session.CurrentParams.PageCount)
+        StepPage(session, 1);
+}
+
+void PreviousPage(Session& session)
+{
+    const BusyPointer busy(session.Operator);
+    if (session.CurrentParams.PageIndex > 1)
+        StepPage(session, -1);
+}
+
+QStringList LayoutNames(Connection& layoutDb)
+{
+    QStringList names;
+    Recordset rows(layoutDb);
+    rows.Open(QStringLiteral("SELECT Distinct [LayoutName] FROM [Controls]"));
+    for (; !rows.IsEof(); rows.MoveNext())
+        names.append(JoinedText(rows.Value(QStringLiteral("LayoutName"))));
+    return names;
+}
+
+void OpenLayout(Session& session, const QString& layoutName)
+{
+    const BusyPointer busy(session.Operator);
+    LoadFirstPage(session, layoutName);
+    EnsureDocument(session);
+    session.Document.Show();
+    session.Face.SetCaption(
+        CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, PlainCaption()));
+}
+
+} // namespace vantrel

@@ -1,0 +1,106 @@
+#include "station/layout/Pages.h"
+#include "base/Convert.h"
+#include "station/layout/LayoutParams.h"
+#include "station/layout/LoadLayout.h"
+#include "station/layout/PageKey.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+#include "store/Recordset.h"
+
+namespace vantrel {
+
+namespace {
+
+constexpr int PagePanel = 3;
+constexpr std::int16_t FirstPage = 1;
+
+void DeleteObjectsOf(Connection& store, std::int16_t page)
+{
+    Recordset rows(store);
+    rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [Page] = %1").arg(page),
+              CursorLock::Optimistic);
+    for (; !rows.IsEof(); rows.MoveNext())
+        rows.Delete();
+}
+
+void MoveDownObjectsAbove(Connection& store, std::int16_t page)
+{
+    const QString pageColumn = QStringLiteral("Page");
+    Recordset rows(store);
+    rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [Page] > %1").arg(page),
+              CursorLock::Optimistic);
+    for (; !rows.IsEof(); rows.MoveNext()) {
+        rows.SetValue(pageColumn, ToInteger(rows.Value(pageColumn)) - 1);
+        rows.Update();
+    }
+}
+
+/// Asks about the page that is open. A record may open another behind the question, or none, and
+/// the answer is not meant for that.
+bool IsAgreedTo(Session& session, const QString& question, const QString& title)
+{
+    const PageKey asked = PageOnForm(session);
+    return session.Operator.ShowAppMessage(question, title, AppMessageButtons::YesNo) &&
+           PageOnForm(session) == asked;
+}
+
+bool OfferToClear(Session& session)
+{
+    if (IsAgreedTo(session,
+                   QStringLiteral("A layout must contain at least one page.\r\n"
+                                  "Do you want to clear the page instead?"),
+                   QStringLiteral("Clear Page?")))
+        ClearDoc_Ex(session);
+    return true;
+}
+
+} // namespace
+
+PageKey PageOnForm(const Session& session)
+{
+    return {session.CurrentLayoutName, session.CurrentParams.PageIndex};
+}
+
+bool NewPage(Session& session)
+{
+    LayoutParamsRecord& params = session.CurrentParams;
+    ++params.PageCount;
+    params.PageIndex = params.PageCount;
+    ClearDoc_Ex(session);
+    RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);
+    return false;
+}
+
+bool DeletePage(Session& session)
+{
+    LayoutParamsRecord& params = session.CurrentParams;
+    if (params.PageCount == FirstPage)
+        return OfferToClear(session);
+    if (!IsAgreedTo(session, QStringLiteral("Delete this page permanently?"),
+                    QStringLiteral("Delete Page?")))
+        return false;
+    // The number goes from all layouts, whichever is open.
+    DeleteObjectsOf(session.LayoutDb, params.PageIndex);
+    MoveDownObjectsAbove(session.LayoutDb, params.PageIndex);
+    --params.PageCount;
+    params.PageIndex =
+        params.PageIndex > 2 ? static_cast<std::int16_t>(params.PageIndex - 1) : FirstPage;
+    SaveLayoutParams(session.LayoutDb, session.CurrentLayoutName, session.CurrentParams);
+    // A copy: the load empties the open layout's name where the layout is gone.
+    const QString layoutName = session.CurrentLayoutName;
+    LoadLayout(session, layoutName);
+    RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);
+    return true;
+}
+
+void RefreshData(StationFace& face, const QString& layoutName, const LayoutParamsRecord& params)
+{
+    const QString layout = QStringLiteral("Layout (") + layoutName + QStringLiteral(") ");
+    face.SetPanelText(
+        PagePanel,
+        params.PageIndex <= params.PageCount
+            ? layout + QStringLiteral("Page %1 of %2").arg(params.PageIndex).arg(params.PageCount)
+            : layout + QStringLiteral("New Page* "));
+}
+
+} // namespace vantrel

@@ -1,0 +1,149 @@
+#include "station/layout/RowToObject.h"
+#include "base/Convert.h"
+#include "base/Skip.h"
+#include "card/CheckDigits.h"
+#include "station/layout/DrawObjects.h"
+#include "station/session/Session.h"
+#include "store/Recordset.h"
+#include "store/StoredValue.h"
+
+namespace vantrel {
+
+namespace {
+
+/// The value, or a null where the store does not give it.
+QVariant ValueOf(const Recordset& row, const QString& column)
+{
+    QVariant value;
+    Skip("read column", [&] { value = row.Value(column); });
+    return value;
+}
+
+QString TextOf(const Recordset& row, const QString& column)
+{
+    return JoinedText(ValueOf(row, column));
+}
+
+/// Carries a step out with the value of a column, unless that is null.
+template <typename Step>
+void WithValue(const Recordset& row, const QString& column, Step&& step)
+{
+    const QVariant value = ValueOf(row, column);
+    if (!value.isNull())
+        Skip("apply column", [&] { step(value); });
+}
+
+ObjectBox BoxOf(const Recordset& row)
+{
+    return {StoredLong(ValueOf(row, QStringLiteral("C_Top"))),
+            StoredLong(ValueOf(row, QStringLiteral("C_Left"))),
+            StoredLong(ValueOf(row, QStringLiteral("C_Height"))),
+            StoredLong(ValueOf(row, QStringLiteral("C_Width")))};
+}
+
+Font FontOf(const Recordset& row)
+{
+    Font font;
+    WithValue(row, QStringLiteral("C_FontName"), [&](const auto& v) { font.Name = ToText(v); });
+    WithValue(row, QStringLiteral("C_FontSize"), [&](const auto& v) { font.Size = ToDouble(v); });
+    WithValue(row, QStringLiteral("C_FontBold"), [&](const auto& v) { font.Bold = ToBoolean(v); });
+    WithValue(row, QStringLiteral("C_FontItalic"),
+              [&](const auto& v) { font.Italic = ToBoolean(v); });
+    WithValue(row, QStringLiteral("C_FontStrikethrough"),
+              [&](const auto& v) { font.Strikethrough = ToBoolean(v); });
+    WithValue(row, QStringLiteral("C_FontUnderline"),
+              [&](const auto& v) { font.Underline = ToBoolean(v); });
+    return font;
+}
+
+TextLooks LooksOf(const Recordset& row)
+{
+    TextLooks looks;
+    looks.cFont = FontOf(row);
+    WithValue(row, QStringLiteral("C_BackColor"),
+              [&](const auto& v) { looks.cBackColor = ToLong(v); });
+    WithValue(row, QStringLiteral("C_ForeColor"),
+              [&](const auto& v) { looks.cForeColor = ToLong(v); });
+    return looks;
+}
+
+void ApplyAlignment(const Recordset& row, CardObject& object)
+{
+    WithValue(row, QStringLiteral("C_Alignment"),
+              [&](const auto& v) { object.Alignment = ToInteger(v); });
+}
+
+/// Where a row holds two true flags, the later word wins.
+void ApplyCheckDigit(const Recordset& row, CardObject& object)
+{
+    const auto apply = [&](const QString& column, QLatin1StringView word) {
+        WithValue(row, column, [&](const auto& v) {
+            if (ToBoolean(v))
+                object.DataMember = word;
+        });
+    };
+    apply(QStringLiteral("C_UseMod10"), WordMod10);
+    apply(QStringLiteral("C_UseCodaBar"), WordCodabar);
+    apply(QStringLiteral("C_UseEBT"), WordEbt);
+}
+
+void RowToDataField(Session& session, const Recordset& row)
+{
+    std::int16_t fieldIndex = 0;
+    WithValue(row, QStringLiteral("C_Param_3"), [&](const auto& v) { fieldIndex = ToInteger(v); });
+    CardObject& object = Draw_DataField(session, fieldIndex, BoxOf(row), LooksOf(row));
+    WithValue(row, QStringLiteral("C_Param_2"), [&](const auto& v) { object.Tag = ToText(v); });
+    object.ToolTipText = TextOf(row, QStringLiteral("C_Prefix")) + QLatin1Char('\r') +
+                         TextOf(row, QStringLiteral("C_Suffix"));
+    ApplyAlignment(row, object);
+    object.DataMember.clear();
+    ApplyCheckDigit(row, object);
+}
+
+void RowToAutoNumber(Session& session, const Recordset& row)
+{
+    double seed = 0;
+    WithValue(row, QStringLiteral("C_Value"), [&](const auto& v) { seed = ToDouble(v); });
+    CardObject& object = Draw_AutoNumber(session, seed, BoxOf(row), LooksOf(row));
+    ApplyAlignment(row, object);
+    ApplyCheckDigit(row, object);
+}
+
+void RowToStaticText(Session& session, const Recordset& row)
+{
+    TextLooks looks = LooksOf(row);
+    looks.cCaption = TextOf(row, QStringLiteral("C_Value"));
+    ApplyAlignment(row, Draw_Label(session, BoxOf(row), looks));
+}
+
+/// A file that cannot be read gives an empty image that keeps its path.
+void RowToImage(Session& session, const Recordset& row)
+{
+    const QString path = TextOf(row, QStringLiteral("C_ImagePath"));
+    Picture picture;
+    Skip("load image", [&] { picture = LoadPicture(path); });
+    Draw_Image(session, BoxOf(row), 1, picture, true, path);
+}
+
+} // namespace
+
+void RowToObject(Session& session, const Recordset& row)
+{
+    const QString type = TextOf(row, QStringLiteral("Control_Type"));
+    const QString kind = TextOf(row, QStringLiteral("C_Param_1"));
+    if (type == Marker::LabelRow) {
+        if (kind == Marker::DataFieldRow)
+            RowToDataField(session, row);
+        else if (kind == Marker::AutoNumber)
+            RowToAutoNumber(session, row);
+        else
+            RowToStaticText(session, row);
+    } else if (type == Marker::ImageRow) {
+        if (kind == Marker::Camera)
+            Draw_CamView(session, BoxOf(row), 1, CameraPlaceholder(), true, QString());
+        else
+            RowToImage(session, row);
+    }
+}
+
+} // namespace vantrel

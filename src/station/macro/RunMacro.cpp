@@ -1,0 +1,66 @@
+#include "station/macro/RunMacro.h"
+#include "base/Convert.h"
+#include "base/Skip.h"
+#include "station/layout/FieldApplication.h"
+#include "station/layout/LoadLayout.h"
+#include "station/print/PrintCard.h"
+#include "station/session/Session.h"
+#include "store/Recordset.h"
+#include <QLoggingCategory>
+#include <QStringList>
+
+namespace vantrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(macroLog, "vantrel.macro", QtCriticalMsg)
+
+std::int32_t MacroId(Connection& layoutDb, const QString& name)
+{
+    Recordset macros(layoutDb);
+    // The name goes in as it stands: one with an apostrophe is never found.
+    macros.Open(QStringLiteral("SELECT [ID] FROM [Macros] WHERE [MacroName] = '") + name +
+                QLatin1Char('\''));
+    return ToLong(macros.Value(QStringLiteral("ID")));
+}
+
+/// All names at once, since no cursor may stay open while the cards print. A row without a name
+/// repeats the one before.
+QStringList LayoutsOfMacro(Connection& layoutDb, std::int32_t id)
+{
+    QStringList names;
+    QString name;
+    Recordset elements(layoutDb);
+    elements.Open(QStringLiteral("SELECT * FROM [MacroElements] WHERE [MacroID] = ") +
+                  QString::number(id));
+    for (; !elements.IsEof(); elements.MoveNext()) {
+        Skip("layout of a macro",
+             [&] { name = ToText(elements.Value(QStringLiteral("LayoutName"))); });
+        names.append(name);
+    }
+    return names;
+}
+
+/// A layout that is gone has its turn like any other.
+void PrintOnLayout(Session& session, const QString& layoutName)
+{
+    qCDebug(macroLog).noquote() << "Macro Engine Layout =" << layoutName;
+    Skip("load", [&] { LoadFirstPage(session, layoutName); });
+    Skip("field application", [&] { ReapplyFieldValues(session); });
+    Skip("card", [&] { PrintCard(session); });
+    Skip("close", [&] { CloseLayout(session); });
+}
+
+} // namespace
+
+void RunMacro(Session& session, const QString& name)
+{
+    std::int32_t id = 0;
+    Skip("macro", [&] { id = MacroId(session.LayoutDb, name); });
+    QStringList layoutNames;
+    Skip("layouts of a macro", [&] { layoutNames = LayoutsOfMacro(session.LayoutDb, id); });
+    for (const QString& layoutName : std::as_const(layoutNames))
+        PrintOnLayout(session, layoutName);
+}
+
+} // namespace vantrel

@@ -1,0 +1,128 @@
+#include "station/print/PrintPage.h"
+#include "base/Skip.h"
+#include "card/AutoNumber.h"
+#include "card/OpeningFont.h"
+#include "card/TextLeft.h"
+#include "printers/Printer.h"
+#include "station/layout/SaveLayout.h"
+#include "station/print/EncodeData.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+#include <QFileInfo>
+
+namespace vantrel {
+
+namespace {
+
+/// One step on the current printer; where there is none it fails like any other and is passed over.
+template <typename Operation>
+void OnPrinter(Printers& printers, const char* step, Operation&& operation)
+{
+    Skip(step, [&] { operation(printers.Current()); });
+}
+
+/// The blank line opens the page; stripe text stands on the line below it.
+void OpenPage(Printers& printers, const QString& layoutName, std::int16_t page)
+{
+    // Both at once: the name may hold the likes of "%1" itself.
+    const QString title = QStringLiteral("%1 - Page %2").arg(layoutName, QString::number(page));
+    OnPrinter(printers, "job title", [&](Printer& printer) { printer.SetJobTitle(title); });
+    OnPrinter(printers, "font name",
+              [](Printer& printer) { printer.SetFontName(OpeningFontName); });
+    OnPrinter(printers, "font size",
+              [](Printer& printer) { printer.SetFontSize(OpeningFontSize); });
+    OnPrinter(printers, "blank line", [](Printer& printer) { printer.Print(QStringLiteral(" ")); });
+}
+
+void PrintTracks(Printers& printers, const LayoutParamsRecord& params, const FieldValues& values)
+{
+    Skip("track 1", [&] { EncodeData(printers, params.PrinterType, values, params.Track1, 1); });
+    Skip("track 2", [&] { EncodeData(printers, params.PrinterType, values, params.Track2, 2); });
+    Skip("track 3", [&] { EncodeData(printers, params.PrinterType, values, params.Track3, 3); });
+}
+
+/// The back image is stretched to the page, with no regard to its proportions.
+void PrintBackImage(Printers& printers, const CardDocument& document)
+{
+    const QString path = document.Tag;
+    if (!QFileInfo(path).isFile())
+        return;
+    Picture picture;
+    Skip("load back image", [&] { picture = LoadPicture(path); });
+    if (!picture.HasHandle())
+        return;
+    OnPrinter(printers, "back image", [&](Printer& printer) {
+        printer.PaintPicture(picture, 0, 0, printer.Width(), printer.Height());
+    });
+}
+
+/// The first family selects the font anew, so that a driver's magnetic font never stays in force.
+void CopyFont(Printers& printers, const Font& font)
+{
+    OnPrinter(printers, "reset font", [](Printer& p) { p.SetFontName(p.Fonts(1)); });
+    OnPrinter(printers, "font name", [&](Printer& p) { p.SetFontName(font.Name); });
+    OnPrinter(printers, "font size", [&](Printer& p) { p.SetFontSize(font.Size); });
+    OnPrinter(printers, "font bold", [&](Printer& p) { p.SetFontBold(font.Bold); });
+    OnPrinter(printers, "font strikethrough",
+              [&](Printer& p) { p.SetFontStrikethrough(font.Strikethrough); });
+    OnPrinter(printers, "font underline", [&](Printer& p) { p.SetFontUnderline(font.Underline); });
+    OnPrinter(printers, "font italic", [&](Printer& p) { p.SetFontItalic(font.Italic); });
+}
+
+void PrintLabel(Printers& printers, CardObject& label)
+{
+    Skip("raise number", [&] { Increment_If_AutoNumber(label); });
+    CopyFont(printers, label.Font());
+    OnPrinter(printers, "colour", [&](Printer& p) { p.SetForeColor(label.ForeColor); });
+    OnPrinter(printers, "position", [&](Printer& p) {
+        p.SetCurrentX(TextLeft(label, label.Alignment == 0 ? 0 : p.TextWidth(label.Caption())));
+    });
+    OnPrinter(printers, "line", [&](Printer& p) { p.SetCurrentY(label.Top); });
+    OnPrinter(printers, "text", [&](Printer& p) { p.Print(label.Caption()); });
+}
+
+void PrintImage(Printers& printers, const CardObject& image)
+{
+    Picture picture;
+    if (image.Tag == Marker::Camera)
+        picture = image.Picture;
+    else
+        Skip("load image", [&] { picture = LoadPicture(image.Tag); });
+    OnPrinter(printers, "image", [&](Printer& printer) {
+        printer.PaintPicture(picture, static_cast<double>(image.Left),
+                             static_cast<double>(image.Top), static_cast<double>(image.Width),
+                             static_cast<double>(image.Height));
+    });
+}
+
+/// Later objects print over earlier ones.
+void PrintObjects(Printers& printers, const CardDocument& document)
+{
+    for (const auto& object : document.Objects()) {
+        if (!object->IsContent())
+            continue;
+        if (object->IsLabel())
+            PrintLabel(printers, *object);
+        else if (object->IsImage())
+            PrintImage(printers, *object);
+    }
+}
+
+} // namespace
+
+void PrintCard_Ex(Session& session)
+{
+    OpenPage(session.Printers, session.CurrentLayoutName, session.CurrentParams.PageIndex);
+    PrintTracks(session.Printers, session.CurrentParams, session.FieldValues);
+    PrintBackImage(session.Printers, session.Document);
+    PrintObjects(session.Printers, session.Document);
+    OnPrinter(session.Printers, "end of job", [](Printer& printer) { printer.EndDoc(); });
+    // The next page reloads from the store and takes its raised numbers from there.
+    Skip("save numbers", [&] { SaveLayout(session, SaveMessages::Silent); });
+    if (session.Settings.MainVisible) {
+        session.Document.Refresh();
+        session.Operator.LetEventsRun();
+    }
+}
+
+} // namespace vantrel

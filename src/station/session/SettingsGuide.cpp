@@ -1,0 +1,152 @@
+#include "station/session/SettingsGuide.h"
+#include "station/session/SettingsTable.h"
+#include <algorithm>
+#include <span>
+
+namespace vantrel {
+
+namespace {
+
+struct MeaningRow
+{
+    SettingNumber Number;
+    const char* Meaning;
+};
+
+constexpr auto Meanings = [] {
+    using enum SettingNumber;
+    return std::to_array<MeaningRow>({
+        {DynamicLayouts, "the tick \"Dynamically Load Layouts\"; has no effect"},
+        {DynamicFields, "the next record makes data fields on the open layout, once"},
+        {LastLayout, "layout that a start opens"},
+        {MWidth, "width of the main window, twips"},
+        {MHeight, "height of the main window, twips"},
+        {MTop, "top of the main window, twips"},
+        {MLeft, "left of the main window, twips"},
+        {DataStart, "text that begins a record"},
+        {DataSeperator, "characters that separate values, each on its own"},
+        {DataEnd, "text that ends a record"},
+        {Port, "TCP port to listen on, 1 to 65535; with any other number none is opened"},
+        {CaptureEnabled, "whether a start opens the ports"},
+        {Visible, "whether the window is shown; read from `SessionStatus.ini`"},
+        {hwnd, "reserved; neither read nor written"},
+        {Background, "background of the main window: path of a picture, or a colour number"},
+        {SPort, "serial port, 1 for COM1"},
+        {SSettings, "speed, parity, data bits and stop bits, such as `9600,n,8,1`"},
+        {SFlowCtrl, "flow control: 0 none, 1 Xon / Xoff, 2 hardware"},
+        {UseIP, "whether TCP/IP is in use"},
+        {UseSerial, "whether the serial port is in use"},
+        {UseParallel, "kept; nothing reads a parallel port"},
+        {PPort, "reserved; nothing reads it"},
+        {Filter_Cr, "takes carriage returns out of values"},
+        {Filter_Lf, "takes line feeds out of values"},
+        {Filter_Tab, "makes a tab in a value a blank"},
+        {Filter_Esc, "takes escape characters out of values"},
+        {Filter_Null, "kept and shown; has no effect"},
+        {Filter_Space, "makes each pair of blanks one blank, in one pass"},
+        {Filter_CtrlC, "kept and shown; has no effect"},
+        {Filter_CtrlBreak, "kept and shown; has no effect"},
+        {Filter_NewPage, "takes form feeds out of values"},
+        {BufferData, "keeps records for the document generator"},
+        {ActiveMacro, "macro that each record runs; none where empty"},
+    });
+}();
+
+constexpr bool TellsEachKeyInOrder()
+{
+    return std::ranges::equal(Meanings, SettingsTable, {}, &MeaningRow::Number,
+                              &SettingRow::Number);
+}
+static_assert(TellsEachKeyInOrder(), "each key of the settings table has a meaning");
+
+/// A key that is read outside the table of a session.
+struct KeyRow
+{
+    const char* Key;
+    const char* Default;
+    const char* Meaning;
+};
+
+constexpr KeyRow StatusKeys[] = {
+    {"Visible", "True", "shows or hides the window of a running session"},
+    {"Active", "", "`False` ends a running session in order"},
+};
+
+constexpr KeyRow StationKeys[] = {
+    {"BindAddress", "", "the one address to listen on; without it, all of the machine"},
+    {"AllowFrom", "", "hosts and networks that may connect, with commas between; without it, all"},
+    {"Camera", "", "`default`, a camera's name, or `folder:` and the path of a folder of pictures"},
+    {"PdfImport", "False", "whether \"Import PDF File ...\" makes a picture of the first page"},
+};
+
+constexpr KeyRow PrinterKeys[] = {
+    {"StripeChannel", "", "`option` sends the stripe in job options; else it is text on the page"},
+    {"StripeOption1", "", "job option for track 1"},
+    {"StripeOption2", "", "job option for track 2"},
+    {"StripeOption3", "", "job option for track 3"},
+    {"OffsetX", "0", "moves what is drawn to the right, twips"},
+    {"OffsetY", "0", "moves what is drawn down, twips"},
+};
+
+constexpr KeyRow SerialKeys[] = {
+    {"COM1", "/dev/ttyS0", "device of serial port 1"},
+    {"COM2 ... COM16", "/dev/ttyS1 ... /dev/ttyS15", "devices of the other ports"},
+};
+
+QString Line(const QString& key, const QString& absent, const QString& meaning)
+{
+    const QString shown =
+        absent.isEmpty() ? QString() : QLatin1Char('`') + absent + QLatin1Char('`');
+    return QStringLiteral("| `%1` | %2 | %3 |\n").arg(key, shown, meaning);
+}
+
+QString Heading(const char* title, const char* told)
+{
+    return QStringLiteral("\n## ") + QLatin1StringView(title) + QStringLiteral("\n\n") +
+           QLatin1StringView(told) +
+           QStringLiteral("\n\n| Key | Where it is missing | What it does |\n|---|---|---|\n");
+}
+
+QString Lines(std::span<const KeyRow> keys)
+{
+    QString lines;
+    for (const KeyRow& row : keys)
+        lines += Line(QLatin1StringView(row.Key), QLatin1StringView(row.Default),
+                      QLatin1StringView(row.Meaning));
+    return lines;
+}
+
+} // namespace
+
+QString SettingsGuide()
+{
+    QString text = QStringLiteral(
+        "# Settings\n\n"
+        "Every key of the two settings files in the program folder. This page is printed by\n"
+        "`vantrel-admin settings`. A value is one line of at most 255 characters; yes and no are\n"
+        "`True` and `False`. 1440 twips are an inch.\n");
+    text += Heading("`Vantrel 6.ini`, section `[Session N]`",
+                    "One section for each session, read when it starts. The windows write a key "
+                    "when you change it, so\nedit a session's section while that session is "
+                    "stopped.");
+    for (std::size_t i = 0; i < SettingsTable.size(); ++i)
+        text += Line(QLatin1StringView(SettingsTable[i].Key),
+                     QLatin1StringView(SettingsTable[i].Default),
+                     QLatin1StringView(Meanings[i].Meaning));
+    text += Heading("`Vantrel 6.ini`, section `[Station]`",
+                    "For all sessions. Nothing writes these keys but you.");
+    text += Lines(StationKeys);
+    text += Heading("`Vantrel 6.ini`, section `[Printer NAME]`",
+                    "One section for each printer, read anew when the file changes. "
+                    "See [Printers](printers.md).");
+    text += Lines(PrinterKeys);
+    text += Heading("`Vantrel 6.ini`, section `[Serial Ports]`",
+                    "Which device each port is, read when the port is opened.");
+    text += Lines(SerialKeys);
+    text += Heading("`SessionStatus.ini`, section `[Session N]`",
+                    "Read four times a second, so that a launcher can steer a running session.");
+    text += Lines(StatusKeys);
+    return text;
+}
+
+} // namespace vantrel

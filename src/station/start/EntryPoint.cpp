@@ -1,0 +1,36 @@
+#include "station/start/EntryPoint.h"
+#include "base/Convert.h"
+#include "base/Skip.h"
+#include "station/session/Session.h"
+#include "station/session/Settings.h"
+#include "store/Schema.h"
+
+namespace vantrel {
+
+CommandLine ReadCommandLine(const QString& text)
+{
+    CommandLine line;
+    if (!IsNumeric(text))
+        return line;
+    line.OwnsTrayIcon = false;
+    Skip("session number", [&] { line.SessionNumber = ToByte(text); });
+    return line;
+}
+
+void OpenLayoutDb(Session& session)
+{
+    session.LayoutDb.Open(session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
+}
+
+void Main(Session& session, const QString& commandLine)
+{
+    const CommandLine line = ReadCommandLine(commandLine);
+    session.SessionNumber = line.SessionNumber;
+    session.OwnsTrayIcon = line.OwnsTrayIcon;
+    session.FieldValues = FieldValues();
+    Skip("open layout database", [&] { OpenLayoutDb(session); });
+    LoadSettings(session);
+    session.RecordQueue = VT5_BufferedRecordQue();
+}
+
+} // namespace vantrel

@@ -1,0 +1,51 @@
+#include "base/Skip.h"
+#include "station/capture/Listener.h"
+#include "station/capture/Ports.h"
+#include "station/capture/SerialCapture.h"
+#include "station/layout/LoadLayout.h"
+#include "station/session/MainRuntime.h"
+#include "station/session/Operator.h"
+#include "station/session/Session.h"
+#include "station/session/TrayIcon.h"
+
+namespace vantrel {
+
+namespace {
+
+void ReopenLastLayout(Session& session)
+{
+    const QString lastLayout = session.Settings.LastLayout;
+    if (lastLayout.isEmpty())
+        return;
+    if (!LoadFirstPage(session, lastLayout))
+        return;
+    if (session.Settings.MainVisible)
+        session.Document.Show();
+    session.Face.SetCaption(
+        CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, StartCaption()));
+}
+
+} // namespace
+
+void LoadMain(Session& session)
+{
+    ConnectSockets(session);
+    ConnectComm(session);
+    if (session.OwnsTrayIcon)
+        AddTrayIcon(session.Face);
+    session.Face.SetCaption(StartCaption());
+    session.Face.SetTick(Tick::cmdDynamicLayout, session.Settings.DynamicLayouts);
+    session.Face.SetTick(Tick::chkAutoAdd, session.Settings.DynamicFields);
+    session.Face.SetTick(Tick::cmdCapEnable, session.Settings.CaptureEnabled);
+    PrepareComm(session.Comm, session.Settings);
+    Skip("reopen last layout", [&] { ReopenLastLayout(session); });
+    if (session.Settings.CaptureEnabled)
+        SwitchPorts(session, SwitchMode::All);
+    session.Face.SetHideCaption(HideCaption(session.Settings));
+    // No session publishes its window's handle: the key for it stays unwritten.
+    TickStatusBar(session);
+    session.Face.SetPropertiesEnabled(false);
+    session.Operator.LetEventsRun();
+}
+
+} // namespace vantrel

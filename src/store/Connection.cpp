@@ -1,0 +1,172 @@
+#include "store/Connection.h"
+#include "base/Failure.h"
+#include "base/Skip.h"
+#include "store/ConnectionPrivate.h"
+#include "store/Schema.h"
+#include <QFileInfo>
+
+namespace vantrel {
+
+namespace {
+QString SavepointName(int depth)
+{
+    return QStringLiteral("Level") + QString::number(depth);
+}
+
+void RequireTables(StoreDatabase& database)
+{
+    for (const QString& table : LayoutTableNames())
+        database.Execute(QStringLiteral("SELECT 1 FROM [") + table + QStringLiteral("] LIMIT 1"));
+}
+} // namespace
+
+StoreDatabase& Connection::Private::Opened()
+{
+    if (!Database)
+        throw Failure(FailureNumber::ObjectClosed,
+                      QStringLiteral("The layout database is not open."));
+    return *Database;
+}
+
+std::shared_ptr<CursorShape> Connection::Private::ShapeOf(const QString& statement)
+{
+    StoreDatabase& database = Opened();
+    if (const auto* known = Shapes.object(statement))
+        return *known;
+    SelectStatement select = ParseSelect(statement);
+    QString key = database.KeyColumn(select.Table);
+    auto shape = std::make_shared<CursorShape>(std::move(select), std::move(key));
+    Shapes.insert(statement, new std::shared_ptr<CursorShape>(shape));
+    return shape;
+}
+
+CursorResult Connection::Private::ResultOf(const QString& statement)
+{
+    StoreDatabase& database = Opened();
+    if (const auto kept = Kept.Find(statement, database.Now()))
+        return *kept;
+    const std::shared_ptr<CursorShape> shape = ShapeOf(statement);
+    auto rows = std::make_shared<CursorRows>();
+    // A failure on the way fails it all. A page read in part is no page: the next save would make
+    // the loss of its other rows lasting.
+    const auto takeColumns = [&](const StoreStatement& stored) {
+        if (!shape->HasColumns())
+            shape->TakeColumns(stored);
+    };
+    const auto takeRow = [&](const StoreStatement& stored) {
+        CursorRow row;
+        if (shape->HasKey())
+            row.Key = stored.Value(0).toLongLong();
+        row.Values.reserve(std::ssize(shape->Columns()));
+        for (const CursorShape::Column& column : shape->Columns())
+            row.Values.append(stored.Value(column.Place));
+        rows->push_back(std::move(row));
+    };
+    database.Read(shape->Sql(), takeColumns, takeRow);
+    CursorResult result{shape, rows};
+    Kept.Keep(statement, result);
+    return result;
+}
+
+void Connection::Private::BeforeCursor(const QString& statement, CursorLock lock)
+{
+    if (Pending.IsEmpty())
+        return;
+    const SelectStatement& select = ShapeOf(statement)->Select();
+    const bool othersAreSeen = lock == CursorLock::ReadOnly
+                                   ? Pending.BeforeReading(Opened(), select, statement)
+                                   : Pending.BeforeChanging(Opened(), select, statement);
+    if (othersAreSeen)
+        Kept.ForgetAll();
+}
+
+Connection::Connection() : m_d(std::make_unique<Private>()) {}
+
+Connection::~Connection() = default;
+
+void Connection::Open(const QString& path)
+{
+    Close();
+    if (!QFileInfo(path).isFile())
+        throw Failure(FailureNumber::FileNotFound,
+                      QStringLiteral("There is no layout database ") + path + QLatin1Char('.'));
+    auto database = std::make_unique<StoreDatabase>(path, StoreDatabase::OpenMode::Existing);
+    RequireTables(*database);
+    m_d->Database = std::move(database);
+}
+
+void Connection::Close()
+{
+    m_d->Shapes.clear();
+    m_d->Kept.ForgetAll();
+    m_d->Pending.Forget();
+    m_d->Depth = 0;
+    m_d->DepthAside = 0;
+    m_d->Database.reset();
+}
+
+bool Connection::IsOpen() const
+{
+    return m_d->Database != nullptr;
+}
+
+void Connection::BeginTrans()
+{
+    StoreDatabase& database = m_d->Opened();
+    // Asked of the store, not of the depth: it rolls back by itself where a disk is full or fails.
+    // The lock is taken at once, for a transaction that reads first and asks for it later would
+    // fail without waiting where another session has written in between.
+    if (database.Begin()) {
+        m_d->Depth = m_d->DepthAside + 1;
+        return;
+    }
+    database.Change(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
+    ++m_d->Depth;
+}
+
+void Connection::CommitTrans()
+{
+    StoreDatabase& database = m_d->Opened();
+    if (m_d->Depth == 0)
+        throw Failure(FailureNumber::InvalidCall, QStringLiteral("No transaction is open."));
+    const int depth = m_d->Depth - 1;
+    if (depth < m_d->DepthAside) {
+        m_d->Depth = m_d->DepthAside = depth;
+        return;
+    }
+    const bool isOutermost = depth == m_d->DepthAside;
+    database.Change(isOutermost ? QStringLiteral("COMMIT")
+                                : QStringLiteral("RELEASE ") + SavepointName(depth));
+    m_d->Depth = depth;
+    // The transaction is committed, whatever becomes of this.
+    if (isOutermost)
+        Skip("tidy what is pending", [&] { m_d->Pending.AfterCommit(database); });
+}
+
+void Connection::SetAside(const QString& statement)
+{
+    StoreDatabase& database = m_d->Opened();
+    if (!database.InTransaction()) {
+        m_d->Depth = m_d->DepthAside;
+        return;
+    }
+    std::optional<CursorResult> seen;
+    Skip("read what was written", [&] { seen = m_d->ResultOf(statement); });
+    database.Change(QStringLiteral("ROLLBACK"));
+    m_d->DepthAside = m_d->Depth;
+    if (seen)
+        Skip("keep what was written", [&] { m_d->Pending.Keep(database, *seen, statement); });
+    m_d->Kept.ForgetAll();
+}
+
+int Connection::TransactionDepth() const
+{
+    return m_d->Depth;
+}
+
+bool Connection::InTransaction() const
+{
+    return IsOpen() && m_d->Database->InTransaction();
+}
+
+} // namespace vantrel

@@ -1,0 +1,91 @@
+#include "store/KeptRows.h"
+#include <algorithm>
+
+namespace vantrel {
+
+namespace {
+
+/// All results together; one that is longer alone is not kept.
+constexpr int MostRowsKept = 4000;
+
+bool IsOfTable(const CursorShape& shape, const QString& table)
+{
+    return shape.Select().Table.compare(table, Qt::CaseInsensitive) == 0;
+}
+
+/// @return the rows with the change in the one it is for; the same rows where that is none of them
+std::shared_ptr<const CursorRows> WithChange(const CursorShape& shape,
+                                             const std::shared_ptr<const CursorRows>& rows,
+                                             qlonglong key, const CursorShape& changed,
+                                             const RowChanges& changes)
+{
+    const auto isChanged = [key](const CursorRow& row) { return row.Key == key; };
+    const auto place = std::find_if(rows->begin(), rows->end(), isChanged) - rows->begin();
+    if (place == std::ssize(*rows))
+        return rows;
+    auto renewed = std::make_shared<CursorRows>(*rows);
+    QVariantList& values = (*renewed)[static_cast<std::size_t>(place)].Values;
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        const int column = changed.PlaceOf(shape.Columns()[static_cast<std::size_t>(i)].Name);
+        if (column >= 0 && changes[static_cast<std::size_t>(column)])
+            values[i] = *changes[static_cast<std::size_t>(column)];
+    }
+    return renewed;
+}
+
+} // namespace
+
+KeptRows::KeptRows() : m_results(MostRowsKept) {}
+
+std::optional<CursorResult> KeptRows::Find(const QString& statement, StoreDatabase::State now)
+{
+    if (m_state != now) {
+        m_results.clear();
+        m_state = now;
+    }
+    const CursorResult* kept = m_results.object(statement);
+    return kept == nullptr ? std::nullopt : std::optional(*kept);
+}
+
+void KeptRows::Keep(const QString& statement, const CursorResult& result)
+{
+    m_results.insert(statement, new CursorResult(result), 1 + std::ssize(*result.Rows));
+}
+
+void KeptRows::TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes)
+{
+    const auto mustBeAskedAnew = [&](const CursorShape& shape) {
+        for (std::size_t i = 0; i < changes.size(); ++i) {
+            const CursorShape::Column& column = changed.Columns()[i];
+            if (changes[i] && (!column.GivesBack(*changes[i]) || shape.DependsOn(column.Name)))
+                return true;
+        }
+        return false;
+    };
+    const QStringList statements = m_results.keys();
+    for (const QString& statement : statements) {
+        CursorResult& kept = *m_results.object(statement);
+        if (!IsOfTable(*kept.Shape, changed.Select().Table))
+            continue;
+        if (mustBeAskedAnew(*kept.Shape))
+            m_results.remove(statement);
+        else
+            kept.Rows = WithChange(*kept.Shape, kept.Rows, key, changed, changes);
+    }
+}
+
+void KeptRows::ForgetAll()
+{
+    m_results.clear();
+}
+
+void KeptRows::ForgetTable(const QString& table)
+{
+    const QStringList statements = m_results.keys();
+    for (const QString& statement : statements) {
+        if (IsOfTable(*m_results.object(statement)->Shape, table))
+            m_results.remove(statement);
+    }
+}
+
+} // namespace vantrel

@@ -1,0 +1,171 @@
+#include "base/Failure.h"
+#include "base/StoredForm.h"
+#include "store/RecordsetPrivate.h"
+
+// How a cursor changes rows; how it reads them stands beside.
+
+namespace vantrel {
+
+namespace {
+QString Placeholders(qsizetype count)
+{
+    return QStringList(count, QStringLiteral("?")).join(QStringLiteral(", "));
+}
+} // namespace
+
+QString Recordset::Private::ColumnSql(int column) const
+{
+    return QLatin1Char('[') + Shape->Columns()[static_cast<std::size_t>(column)].Name +
+           QLatin1Char(']');
+}
+
+template <typename Source>
+bool Recordset::Private::Insert(Source&& source)
+{
+    QStringList columns;
+    QVariantList values;
+    for (std::size_t i = 0; i < Changes.size(); ++i) {
+        if (!Changes[i])
+            continue;
+        columns.append(ColumnSql(static_cast<int>(i)));
+        values.append(*Changes[i]);
+    }
+    const QString names =
+        columns.isEmpty()
+            ? QString()
+            : QStringLiteral(" (") + columns.join(QStringLiteral(", ")) + QLatin1Char(')');
+    StoreDatabase& database = Store.Opened();
+    if (database.Change(QStringLiteral("INSERT INTO ") + TableSql() + names +
+                            source(Placeholders(columns.size())),
+                        values) == 0)
+        return false;
+    Store.Kept.ForgetTable(Shape->Select().Table);
+
+    CursorRow row;
+    row.Key = database.LastKey();
+    row.Values.resize(std::ssize(Shape->Columns()));
+    TakeChanges(row);
+    if (Shape->KeyColumn() >= 0)
+        row.Values[Shape->KeyColumn()] = row.Key;
+    OwnRows().push_back(std::move(row));
+    At = Rows->size() - 1;
+    ++Count;
+    CurrentDeleted = false;
+    return true;
+}
+
+void Recordset::Private::TakeChanges(CursorRow& row) const
+{
+    for (std::size_t i = 0; i < Changes.size(); ++i) {
+        if (Changes[i])
+            row.Values[static_cast<qsizetype>(i)] = *Changes[i];
+    }
+}
+
+void Recordset::Private::Write()
+{
+    const CursorRow& row = Current();
+    QStringList columns;
+    QVariantList values;
+    for (std::size_t i = 0; i < Changes.size(); ++i) {
+        if (!Changes[i])
+            continue;
+        // What the store holds already costs no commit.
+        if (SameStored(row.Values[static_cast<qsizetype>(i)], *Changes[i])) {
+            Changes[i].reset();
+            continue;
+        }
+        columns.append(ColumnSql(static_cast<int>(i)) + QStringLiteral(" = ?"));
+        values.append(*Changes[i]);
+    }
+    if (columns.isEmpty())
+        return;
+    values.append(row.Key);
+    RunOnRow(QStringLiteral("UPDATE ") + TableSql() + QStringLiteral(" SET ") +
+                 columns.join(QStringLiteral(", ")) + QStringLiteral(" WHERE rowid = ?"),
+             values);
+    TakeChanges(OwnRows()[At]);
+    Store.Kept.TakeChange(*Shape, Current().Key, Changes);
+}
+
+void Recordset::Private::RunOnRow(const QString& sql, const QVariantList& values)
+{
+    if (Store.Opened().Change(sql, values) == 0)
+        throw Failure(FailureNumber::NoCurrentRecord,
+                      QStringLiteral("Another session has deleted the row."));
+}
+
+void Recordset::SetValue(const QString& column, const QVariant& value)
+{
+    const CursorShape& shape = m_d->Changeable();
+    const int place = shape.Find(column);
+    if (place == shape.KeyColumn())
+        throw Failure(FailureNumber::InvalidCall,
+                      QStringLiteral("The row's counter cannot be set."));
+    if (!m_d->Adding)
+        m_d->Current();
+    const std::vector<CursorShape::Column>& columns = shape.Columns();
+    const auto at = static_cast<std::size_t>(place);
+    m_d->Changes.resize(columns.size());
+    m_d->Changes[at] = StoredForm(value, columns[at].IsText());
+}
+
+void Recordset::AddNew()
+{
+    m_d->Changeable();
+    m_d->DropChanges();
+    m_d->Adding = true;
+}
+
+void Recordset::BeginAnew()
+{
+    const CursorShape& shape = m_d->Changeable();
+    m_d->Current();
+    m_d->DropChanges();
+    m_d->Changes.assign(shape.Columns().size(), QVariant());
+    if (shape.KeyColumn() >= 0)
+        m_d->Changes[static_cast<std::size_t>(shape.KeyColumn())].reset();
+}
+
+void Recordset::Update()
+{
+    m_d->Changeable();
+    if (!m_d->Adding)
+        m_d->Write();
+    else if (m_d->Changes.empty())
+        m_d->Insert([](const QString&) { return QStringLiteral(" DEFAULT VALUES"); });
+    else
+        m_d->Insert([](const QString& placeholders) -> QString {
+            return QStringLiteral(" VALUES (") + placeholders + QLatin1Char(')');
+        });
+    m_d->DropChanges();
+}
+
+bool Recordset::UpdateUnlessFound()
+{
+    const QString found = m_d->Changeable().Select().Where;
+    if (!m_d->Adding || m_d->Changes.empty())
+        throw Failure(FailureNumber::NoCurrentRecord, QStringLiteral("There is no row to add."));
+    const bool added = m_d->Insert([&](const QString& placeholders) -> QString {
+        return QStringLiteral(" SELECT ") + placeholders +
+               QStringLiteral(" WHERE NOT EXISTS (SELECT 1 FROM ") + m_d->TableSql() +
+               (found.isEmpty() ? QString() : QStringLiteral(" WHERE ") + found) + QLatin1Char(')');
+    });
+    m_d->DropChanges();
+    return added;
+}
+
+void Recordset::Delete()
+{
+    m_d->Changeable();
+    const qlonglong key = m_d->Current().Key;
+    m_d->DropChanges();
+    m_d->RunOnRow(QStringLiteral("DELETE FROM ") + m_d->TableSql() +
+                      QStringLiteral(" WHERE rowid = ?"),
+                  {key});
+    m_d->Store.Kept.ForgetTable(m_d->Shape->Select().Table);
+    m_d->CurrentDeleted = true;
+    --m_d->Count;
+}
+
+} // namespace vantrel

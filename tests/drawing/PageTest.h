@@ -1,0 +1,67 @@
+#pragma once
+
+#include "drawing/PageCanvas.h"
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+
+/// Cards of 3060 by 4860 twips, drawn on paper and on screen.
+class PageTest : public ::testing::Test
+{
+protected:
+    /// @return the path of its PDF
+    template <typename Draw>
+    QString Pdf(Draw draw, const QString& name = QStringLiteral("card.pdf"))
+    {
+        QString path = m_folder.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        const auto page =
+            PageCanvas::OnPdf(3060, 4860, [&file](const char* bytes, std::size_t count) {
+                return file.write(bytes, static_cast<qint64>(count)) == static_cast<qint64>(count);
+            });
+        draw(*page);
+        page->Finish();
+        return path;
+    }
+
+    /// Draws the same on an image.
+    template <typename Draw>
+    static QImage Screen(double pixelsPerTwip, Draw draw)
+    {
+        QImage image(static_cast<int>(3060 * pixelsPerTwip), static_cast<int>(4860 * pixelsPerTwip),
+                     QImage::Format_RGB32);
+        image.fill(Qt::white);
+        const auto page = PageCanvas::OnImage(image, pixelsPerTwip);
+        draw(*page);
+        page->Finish();
+        return image;
+    }
+
+    /// The smallest rectangle around all that is not white.
+    static QRect InkOf(const QImage& image)
+    {
+        QRect ink;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (qGray(image.pixel(x, y)) < 128)
+                    ink |= QRect(x, y, 1, 1);
+            }
+        }
+        return ink;
+    }
+
+    static QImage Solid(QRgb color, int width = 30, int height = 40)
+    {
+        QImage image(width, height, QImage::Format_ARGB32);
+        image.fill(color);
+        return image;
+    }
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace vantrel::test

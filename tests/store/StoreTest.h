@@ -1,0 +1,57 @@
+#pragma once
+
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/Schema.h"
+#include "support/FailureOf.h"
+#include "support/Print.h"
+#include <QStringList>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace vantrel::test {
+
+/// A fresh layout database in a temporary folder, open.
+class StoreTest : public ::testing::Test
+{
+protected:
+    StoreTest()
+    {
+        CreateLayoutDatabase(Path);
+        Store.Open(Path);
+    }
+
+    /// Adds a row to `Controls` that bears a text.
+    static void AddControl(Connection& store, const QString& layout, int page, const QString& text)
+    {
+        Recordset rows(store);
+        rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [Page] = -1"),
+                  CursorLock::Optimistic);
+        rows.AddNew();
+        rows.SetValue(QStringLiteral("LayoutName"), layout);
+        rows.SetValue(QStringLiteral("Page"), page);
+        rows.SetValue(QStringLiteral("C_Value"), text);
+        rows.Update();
+    }
+
+    /// The values of one column of all rows, in the cursor's order.
+    static QStringList Column(Connection& store, const QString& statement, const QString& column)
+    {
+        QStringList values;
+        Recordset rows(store);
+        for (rows.Open(statement); !rows.IsEof(); rows.MoveNext())
+            values.append(rows.Value(column).toString());
+        return values;
+    }
+
+    QStringList Texts()
+    {
+        return Column(Store, QStringLiteral("SELECT * FROM [Controls]"), QStringLiteral("C_Value"));
+    }
+
+    QTemporaryDir Folder;
+    QString Path = Folder.filePath(QLatin1StringView(LayoutDatabaseName));
+    Connection Store;
+};
+
+} // namespace vantrel::test
