@@ -1,63 +1,10 @@
 #include "station/session/SettingsGuide.h"
 #include "station/session/SettingsTable.h"
-#include <algorithm>
 #include <span>
 
 namespace vantrel {
 
 namespace {
-
-struct MeaningRow
-{
-    SettingNumber Number;
-    const char* Meaning;
-};
-
-constexpr auto Meanings = [] {
-    using enum SettingNumber;
-    return std::to_array<MeaningRow>({
-        {DynamicLayouts, "the tick \"Dynamically Load Layouts\"; has no effect"},
-        {DynamicFields, "the next record makes data fields on the open layout, once"},
-        {LastLayout, "layout that a start opens"},
-        {MWidth, "width of the main window, twips"},
-        {MHeight, "height of the main window, twips"},
-        {MTop, "top of the main window, twips"},
-        {MLeft, "left of the main window, twips"},
-        {DataStart, "text that begins a record"},
-        {DataSeperator, "characters that separate values, each on its own"},
-        {DataEnd, "text that ends a record"},
-        {Port, "TCP port to listen on, 1 to 65535; with any other number none is opened"},
-        {CaptureEnabled, "whether a start opens the ports"},
-        {Visible, "whether the window is shown; read from `SessionStatus.ini`"},
-        {hwnd, "reserved; neither read nor written"},
-        {Background, "background of the main window: path of a picture, or a colour number"},
-        {SPort, "serial port, 1 for COM1"},
-        {SSettings, "speed, parity, data bits and stop bits, such as `9600,n,8,1`"},
-        {SFlowCtrl, "flow control: 0 none, 1 Xon / Xoff, 2 hardware"},
-        {UseIP, "whether TCP/IP is in use"},
-        {UseSerial, "whether the serial port is in use"},
-        {UseParallel, "kept; nothing reads a parallel port"},
-        {PPort, "reserved; nothing reads it"},
-        {Filter_Cr, "takes carriage returns out of values"},
-        {Filter_Lf, "takes line feeds out of values"},
-        {Filter_Tab, "makes a tab in a value a blank"},
-        {Filter_Esc, "takes escape characters out of values"},
-        {Filter_Null, "kept and shown; has no effect"},
-        {Filter_Space, "makes each pair of blanks one blank, in one pass"},
-        {Filter_CtrlC, "kept and shown; has no effect"},
-        {Filter_CtrlBreak, "kept and shown; has no effect"},
-        {Filter_NewPage, "takes form feeds out of values"},
-        {BufferData, "keeps records for the document generator"},
-        {ActiveMacro, "macro that each record runs; none where empty"},
-    });
-}();
-
-constexpr bool TellsEachKeyInOrder()
-{
-    return std::ranges::equal(Meanings, SettingsTable, {}, &MeaningRow::Number,
-                              &SettingRow::Number);
-}
-static_assert(TellsEachKeyInOrder(), "each key of the settings table has a meaning");
 
 /// A key that is read outside the table of a session.
 struct KeyRow
@@ -129,10 +76,9 @@ QString SettingsGuide()
                     "One section for each session, read when it starts. The windows write a key "
                     "when you change it, so\nedit a session's section while that session is "
                     "stopped.");
-    for (std::size_t i = 0; i < SettingsTable.size(); ++i)
-        text += Line(QLatin1StringView(SettingsTable[i].Key),
-                     QLatin1StringView(SettingsTable[i].Default),
-                     QLatin1StringView(Meanings[i].Meaning));
+    for (const SettingRow& row : SettingsTable)
+        text += Line(QLatin1StringView(row.Key), QLatin1StringView(row.Default),
+                     QLatin1StringView(row.Meaning));
     text += Heading("`Vantrel 6.ini`, section `[Station]`",
                     "For all sessions. Nothing writes these keys but you.");
     text += Lines(StationKeys);
