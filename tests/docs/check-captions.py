@@ -6,7 +6,7 @@ import re
 import sys
 
 # Texts that the program puts together, and one of another program.
-MADE_UP = re.compile("Data Field [1-3]|Vantrel 4 © Session.ini|Connection refused")
+MADE_UP = re.compile("Data Field [1-3]|Static Text 1|Vantrel 4 © Session.ini|Connection refused")
 
 
 def sources_of(root):

@@ -110,22 +110,37 @@ TEST(SettingsPage, TellsTheKeysAsTheyAreRead)
     EXPECT_EQ(Document("settings.md"), SettingsGuide());
 }
 
+/// The home of a reader whose station is a folder of the test's.
+class ReaderHome
+{
+public:
+    explicit ReaderHome(const StationFolder& folder)
+    {
+        EXPECT_TRUE(
+            QFile::link(folder.Session.ProgramFolder, m_home.filePath(QStringLiteral("station"))));
+    }
+
+    /// Types what a page tells the reader to. @return what came back
+    QString Type(const QString& lines) const
+    {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), m_home.path());
+        return RunToEnd(QStringLiteral("bash"), {QStringLiteral("-ec"), lines}, environment);
+    }
+
+private:
+    QTemporaryDir m_home;
+};
+
 TEST(AdministratorsGuide, BringsTheDatabaseBackAsItWas)
 {
     const QStringList commands = CommandsOf(Document("administrators-guide.md"));
-    ASSERT_EQ(commands.size(), 3);
+    ASSERT_EQ(commands.size(), 5);
     StationFolder folder;
     folder.AddAutoNumber(100);
     const int port = folder.WithCapture();
     folder.Session.LayoutDb.Close();
-    const QTemporaryDir home;
-    ASSERT_TRUE(
-        QFile::link(folder.Session.ProgramFolder, home.filePath(QStringLiteral("station"))));
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), home.path());
-    const auto type = [&](const QString& lines) {
-        return RunToEnd(QStringLiteral("bash"), {QStringLiteral("-ec"), lines}, environment);
-    };
+    const ReaderHome home(folder);
     const auto cardOf = [&](int number) {
         SendRecord(port, "<Ada+1>");
         return folder.TextOfCard(number);
@@ -134,21 +149,39 @@ TEST(AdministratorsGuide, BringsTheDatabaseBackAsItWas)
         StationProcess station(folder.Session.ProgramFolder);
         ASSERT_TRUE(station.WaitUntilItListens(port));
         EXPECT_EQ(cardOf(1), QStringLiteral("Ada 1 101"));
-        EXPECT_EQ(type(commands.at(1)), QStringLiteral("ok\n"));
+        EXPECT_EQ(home.Type(commands.at(3)), QStringLiteral("ok\n"));
         EXPECT_EQ(cardOf(2), QStringLiteral("Ada 1 102"));
         station.SendSignal(SIGTERM);
         EXPECT_EQ(station.ExitCode(), 0);
     }
-    type(commands.at(2));
+    home.Type(commands.at(4));
     StationProcess station(folder.Session.ProgramFolder);
     ASSERT_TRUE(station.WaitUntilItListens(port));
     EXPECT_EQ(cardOf(3), QStringLiteral("Ada 1 102"));
 }
 
+TEST(AdministratorsGuide, PutsAnAutomaticNumberOntoAPageAndSetsIt)
+{
+    const QStringList commands = CommandsOf(Document("administrators-guide.md"));
+    ASSERT_EQ(commands.size(), 5);
+    StationFolder folder;
+    const int port = folder.WithCapture();
+    folder.Session.LayoutDb.Close();
+    const ReaderHome home(folder);
+    home.Type(commands.at(1));
+    StationProcess station(folder.Session.ProgramFolder);
+    ASSERT_TRUE(station.WaitUntilItListens(port));
+    SendRecord(port, "<Ada+1>");
+    EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("Ada 1 1001"));
+    home.Type(commands.at(2));
+    SendRecord(port, "<Ada+1>");
+    EXPECT_EQ(folder.TextOfCard(2), QStringLiteral("Ada 1 5001"));
+}
+
 TEST(QuickStart, LeadsToACard)
 {
     const QStringList commands = CommandsOf(Document("quick-start.md"));
-    ASSERT_EQ(commands.size(), 5);
+    ASSERT_EQ(commands.size(), 6);
     // The clone is built already: this is what it would build.
     EXPECT_EQ(commands.at(0), QStringLiteral("scripts/run.sh\n"
                                              "export PATH=$PWD/build/release/bin:$PATH\n"));
@@ -166,6 +199,7 @@ TEST(QuickStart, LeadsToACard)
         EXPECT_TRUE(!lines.contains(QStringLiteral("tcp")) ||
                     lines.contains(QStringLiteral("/10001")));
         lines.replace(QStringLiteral("/10001"), QStringLiteral("/%1").arg(port));
+        lines.replace(QStringLiteral(" 10001 "), QStringLiteral(" %1 ").arg(port));
         return RunToEnd(QStringLiteral("bash"), {QStringLiteral("-ec"), lines}, environment);
     };
 
@@ -185,8 +219,12 @@ TEST(QuickStart, LeadsToACard)
     type(commands.at(3));
     const QString card = station + QStringLiteral("/Printed/Session 1/card-000001.pdf");
     ASSERT_TRUE(EventsUntil([&] { return QFileInfo::exists(card); }));
-    EXPECT_TRUE(type(commands.at(4)).contains(QStringLiteral("card-000001.pdf")));
     EXPECT_EQ(TextOfPdf(card), QStringLiteral("Ada Lovelace 40012345"));
+    const QString second = station + QStringLiteral("/Printed/Session 1/card-000002.pdf");
+    type(QStringLiteral("cd '" VANTREL_DOCS "/..'\n") + commands.at(4));
+    ASSERT_TRUE(EventsUntil([&] { return QFileInfo::exists(second); }));
+    EXPECT_EQ(TextOfPdf(second), QString::fromUtf8("Zo\u00EB M\u00FCller 40012346"));
+    EXPECT_TRUE(type(commands.at(5)).contains(QStringLiteral("card-000002.pdf")));
 }
 
 } // namespace
