@@ -110,6 +110,8 @@ int main(int argc, char** argv)
     // Qt sees the program's name only: the command line is the station's, taken whole.
     int nameOnly = 1;
     QApplication application(nameOnly, argv);
+    // The title of the notification icon. A display name would be put behind every caption.
+    QApplication::setApplicationName(QStringLiteral("Vantrel"));
     vantrel::DesktopStyle::Install();
     // A hidden window is a running station.
     QApplication::setQuitOnLastWindowClosed(false);
