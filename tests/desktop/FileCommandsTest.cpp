@@ -8,7 +8,9 @@
 #include "support/Layouts.h"
 #include <QApplication>
 #include <QColorDialog>
+#include <QFile>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMenu>
@@ -67,6 +69,41 @@ public:
     }
     DesktopFileDialog& CommonDialog() { return DesktopFileDialog::Of(Window); }
 };
+
+/// The files that this process holds locks of, as the machine lists them.
+QStringList LockedFiles()
+{
+    QFile locks(QStringLiteral("/proc/locks"));
+    EXPECT_TRUE(locks.open(QIODevice::ReadOnly));
+    QStringList files;
+    const QList<QByteArray> lines = locks.readAll().split('\n');
+    for (const QByteArray& line : lines) {
+        const QStringList words = QString::fromLatin1(line).simplified().split(QLatin1Char(' '));
+        if (words.value(4).toLongLong() == QCoreApplication::applicationPid())
+            files.append(words.value(5));
+    }
+    files.sort();
+    return files;
+}
+
+TEST(FileCommands, FileDialogLeavesTheLocksOfTheDatabase)
+{
+    FileStation station;
+    const QStringList before = LockedFiles();
+    ASSERT_FALSE(before.isEmpty());
+    const QString database = station.Session.ProgramFolder + QStringLiteral("/Vantrel.dat");
+    QString kind;
+    WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+        dialog.setDirectory(QFileInfo(database).path());
+        auto& files = *dialog.findChild<QFileSystemModel*>();
+        EXPECT_TRUE(
+            EventsUntil([&] { return !(kind = files.type(files.index(database))).isEmpty(); }));
+        dialog.reject();
+    });
+    station.Choose("cmdBackImg");
+    EXPECT_FALSE(kind.isEmpty());
+    EXPECT_EQ(LockedFiles(), before);
+}
 
 TEST(FileCommands, BackImageSetsThePagesPicture)
 {
