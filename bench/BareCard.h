@@ -15,11 +15,11 @@ struct TextOnCard
     Font Style;
     double X = 0;
     double Y = 0;
-    /// Static on the card; else a value of the record.
+    /// Whether it is a static text; otherwise it is a value of the record.
     bool IsLabel = false;
 };
 
-/// A picture for the bare drawing: its pixels, and its file's bytes where it is a JPEG.
+/// A picture for the bare drawing: its pixels, and the bytes of its file if it is a JPEG.
 struct PictureOnCard
 {
     QImage Pixels;
@@ -30,9 +30,9 @@ struct PictureOnCard
     double Height = 0;
 };
 
-/// The limit: a card drawn with cairo and Pango and nothing else, straight into a file. What a
-/// program that draws one card after the other would prepare once is prepared once: surfaces, font
-/// descriptions, the context of the text.
+/// The reference for measurements: a card drawn into a file with cairo and Pango only. Surfaces,
+/// font descriptions and the text context are prepared once, as a program that draws many cards
+/// would do.
 class BareCard
 {
 public:

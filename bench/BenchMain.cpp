@@ -1,4 +1,4 @@
-// The benchmarks whose subject needs Qt's event loop or its plugins start here.
+// Main function of benchmarks that need Qt's event loop or plugins.
 
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>

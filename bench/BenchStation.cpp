@@ -32,7 +32,7 @@ Font NumberStyle()
     return {QStringLiteral("Liberation Mono"), 10};
 }
 
-/// A station nobody stands at.
+/// An operator who never answers.
 class NoOperator : public Operator
 {
 public:
@@ -69,7 +69,7 @@ QByteArray RecordOf(int card)
     return QByteArray("<") + values.join(QLatin1Char('+')).toLatin1() + '>';
 }
 
-/// A port that was free a moment ago.
+/// @return a port that was free at the time of the call
 int FreePort()
 {
     QTcpServer server;
@@ -151,7 +151,7 @@ struct BenchStation::Private
             else
                 Draw_DataField(Session, ++field, box, looks);
         }
-        // It rises with every card, so that every card has something to save.
+        // The automatic number rises with every card, so every card must be saved.
         TextLooks looks;
         looks.cFont = NumberStyle();
         Draw_AutoNumber(

@@ -7,18 +7,18 @@
 
 namespace vantrel::bench {
 
-/// What a station has besides the card that is measured.
+/// The size of the measured station's database and page.
 struct StationSize
 {
-    /// Layouts in the store, the measured one among them.
+    /// Layouts in the database, including the measured one.
     int Layouts = 1;
-    /// Labels on the page besides the card's own objects.
+    /// Additional labels on the page.
     int FurtherLabels = 0;
 };
 
-/// A station nobody stands at, with a one-page layout of ten texts, a photo, a background and an
-/// automatic number, that listens on a port of the loopback. Its folder goes with it unless
-/// VANTREL_BENCH_KEEP is set.
+/// A station without an operator, with a one-page layout of ten texts, a photo, a background and an
+/// automatic number. It listens on a port of the loopback interface. Its folder is deleted with it
+/// unless VANTREL_BENCH_KEEP is set.
 class BenchStation
 {
 public:
@@ -31,9 +31,9 @@ public:
     QString Path(const QString& name) const;
     /// Sends the record of one card over TCP and returns when the station is ready for the next.
     void PrintRecord(int card);
-    /// Makes up one number and prints it, as the sequence generator does.
+    /// Generates one number and prints it, like the sequence generator.
     void PrintNumber(int number);
-    /// Raises the page's number and saves it, in one durable commit.
+    /// Raises the page's automatic number and saves it in one durable commit.
     void SaveNumber();
 
 private:
@@ -41,7 +41,7 @@ private:
     std::unique_ptr<Private> m_d;
 };
 
-/// The texts of one card as they print: those of the layout and the automatic number.
+/// The printed texts of one card: those of the layout and the automatic number.
 std::vector<TextOnCard> TextsAndNumber(int card);
 
 } // namespace vantrel::bench

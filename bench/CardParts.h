@@ -6,11 +6,11 @@
 
 namespace vantrel::bench {
 
-/// Ten texts in three fonts, five labels and five values; the values differ from card to card as a
-/// host's do.
+/// Ten texts in three fonts, five labels and five values; the values differ for each card.
 std::vector<TextOnCard> Texts(int card);
 
-/// As noisy as a photo, so that nothing about it packs well by chance. Size in pixels.
+/// A picture with the noise of a photo, so that it does not compress unrealistically well. Size in
+/// pixels.
 QImage Photo(int width, int height);
 
 } // namespace vantrel::bench

@@ -1,7 +1,7 @@
-// How long the hand-over of a finished card to the print server holds up the station's thread,
-// beside the limit measured in the same run: the bare calls of libcups that create a job and send
-// the same file. The two take turns. The server is a child process of its own at a domain socket;
-// its queue is paused, so that jobs wait and their printing weighs on nothing.
+// Measures how long the station's thread is blocked while it sends a finished card to the print
+// server, compared with the bare calls of libcups that create a job and send the same file. Both
+// are measured alternately in the same run. The server is a child process on a domain socket; its
+// queue is paused, so that printing does not affect the measurement.
 
 #include "CardParts.h"
 #include "base/Failure.h"
@@ -19,7 +19,7 @@ namespace {
 
 const QString Queue = QStringLiteral("Cards");
 
-/// Draws a card and keeps it.
+/// Draws a card and keeps its PDF.
 class KeepingPrinter : public PagePrinter
 {
 public:
@@ -48,7 +48,7 @@ QByteArray CardWithPhoto()
     return printer.Kept;
 }
 
-/// The station's printer, its hand-over alone.
+/// The station's printer; exposes the delivery of a job.
 class HandingPrinter : public CupsPrinter
 {
 public:
@@ -56,7 +56,7 @@ public:
     using CupsPrinter::Deliver;
 };
 
-/// The limit: a queue that is known, and nothing but the calls that a job needs.
+/// The reference: a queue whose information is cached, and only the calls that a job needs.
 class BareQueue
 {
 public:
@@ -81,7 +81,7 @@ private:
     CupsInfo m_info{cupsCopyDestInfo(CUPS_HTTP_DEFAULT, m_queue.get())};
 };
 
-/// Times of one way to hand over, in milliseconds.
+/// Times of one method of delivery, in milliseconds.
 class Times
 {
 public:
@@ -129,8 +129,8 @@ void HandOver(benchmark::State& state)
     state.counters["ratio"] = limit.Sum() / station.Sum();
 }
 
-// As many jobs wait at the end as a station would never leave waiting; it is not a test of the
-// server's spool.
+// The number of iterations is limited because the jobs stay in the queue, and the server's spool is
+// not the subject.
 BENCHMARK(HandOver)->UseManualTime()->Iterations(400)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,4 +1,5 @@
-// How fast bytes become values, and what it costs when one record comes in many pieces.
+// Measures how fast bytes are split into values, and the cost of a record that arrives in many
+// pieces.
 
 #include "ports/Framing.h"
 #include "base/CodePage.h"
@@ -20,14 +21,14 @@ const Delimiters& UsualDelimiters()
     return usual;
 }
 
-/// A record of about `size` bytes, its values 24 bytes each.
+/// A record of about `size` bytes with values of 24 bytes each.
 QByteArray RecordOf(qsizetype size)
 {
     const QByteArray value("Somebody  with a\tname\r\n+");
     return '<' + value.repeated(std::max<qsizetype>(1, size / value.size())) + '>';
 }
 
-/// What an arrival does with its characters, up to the test for a whole record.
+/// Processes received characters like `TakeArrival`, up to the test for a complete record.
 bool Arrive(InputBuffer& buffer, QString& lastRawData, const QString& characters)
 {
     lastRawData.clear();
@@ -36,7 +37,7 @@ bool Arrive(InputBuffer& buffer, QString& lastRawData, const QString& characters
     return buffer.IsComplete(UsualDelimiters().DataStart, UsualDelimiters().DataEnd);
 }
 
-/// Takes one record in pieces of that size and frames it.
+/// Receives one record in pieces of the given size and frames it.
 void TakeRecord(const QByteArray& record, qsizetype pieceSize)
 {
     const Filters filters{.Cr = true, .Lf = true, .Tab = true, .Space = true};
@@ -65,7 +66,7 @@ void CountBytes(benchmark::State& state, qsizetype bytes)
     state.SetBytesProcessed(state.iterations() * bytes);
 }
 
-/// From bytes to filtered values, a record in one piece.
+/// From bytes to filtered values, with the record in one piece.
 void RecordInOnePiece(benchmark::State& state)
 {
     const QByteArray record = RecordOf(state.range(0));
@@ -80,7 +81,7 @@ BENCHMARK(RecordInOnePiece)
     ->Arg(LongRecord)
     ->Unit(benchmark::kMicrosecond);
 
-/// The same record in pieces of a kilobyte.
+/// The same record in pieces of one kilobyte.
 void RecordInKilobytes(benchmark::State& state)
 {
     const QByteArray record = RecordOf(state.range(0));
@@ -94,8 +95,7 @@ BENCHMARK(RecordInKilobytes)
     ->Arg(LongRecord)
     ->Unit(benchmark::kMicrosecond);
 
-/// Both ways in turn, so that their ratio is of the same moment. One means that pieces cost
-/// nothing.
+/// Measures both alternately and reports the ratio; 1 means that the pieces cost nothing.
 void PiecesAgainstOnePiece(benchmark::State& state)
 {
     const QByteArray record = RecordOf(LongRecord);
@@ -109,7 +109,7 @@ void PiecesAgainstOnePiece(benchmark::State& state)
 }
 BENCHMARK(PiecesAgainstOnePiece)->Iterations(5)->Unit(benchmark::kMillisecond);
 
-/// The limit: the bare copy of a record's characters.
+/// The reference: copying a record's characters.
 void BareCopy(benchmark::State& state)
 {
     const QString text = FromCodePage(RecordOf(LongRecord));

@@ -1,4 +1,5 @@
-// Cards a second over TCP, by how many layouts the store holds and how many objects the page has.
+// Measures cards per second over TCP for different numbers of layouts in the database and objects
+// on the page.
 
 #include "BenchStation.h"
 #include <benchmark/benchmark.h>
@@ -9,7 +10,7 @@ namespace {
 
 /// Objects of the measured card: ten texts, a number, a photo.
 constexpr int OwnObjects = 12;
-/// Always as many, since a folder that fills weighs on the file system.
+/// The same number for each measurement, because a growing folder slows down the file system.
 constexpr int Cards = 2000;
 
 void PrintCards(benchmark::State& state, StationSize size)

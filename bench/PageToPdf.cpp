@@ -1,6 +1,6 @@
-// Cards a second from the printer operations of one page to its file in place, beside the limit
-// measured in the same run: the bare cairo and Pango drawing of the same card to a file. The two
-// take turns, so that what else the machine does weighs on both alike.
+// Measures cards per second from the printer operations of one page to its finished file, compared
+// with drawing the same card to a file with cairo and Pango only. Both are measured alternately, so
+// that other load affects them equally.
 
 #include "BareCard.h"
 #include "CardParts.h"

@@ -1,4 +1,4 @@
-// Writes the pictures of the bench card into a folder, for contestants that are other programs.
+// Writes the pictures of the benchmark card into a folder, for comparison with other programs.
 
 #include "CardParts.h"
 #include <QCoreApplication>

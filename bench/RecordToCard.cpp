@@ -1,8 +1,8 @@
-// Cards a second from a record's last byte on a TCP connection to its file in place, the number in
-// the store and the station ready for the next, beside the limit measured in the same run: the bare
-// cairo and Pango drawing of the same card to a file. The durable commit of the risen number alone
-// is given too, and a card of a made-up number. All take turns, so that what else the machine does
-// weighs on them alike.
+// Measures cards per second from a record's last byte on a TCP connection until its file is
+// finished, its number is stored and the station is ready for the next record. It is compared with
+// drawing the same card to a file with cairo and Pango only. The durable commit of the number alone
+// and a card of a generated number are also measured. All are measured alternately, so that other
+// load affects them equally.
 
 #include "BareCard.h"
 #include "BenchStation.h"

@@ -1,6 +1,6 @@
-// A repaint of the document's window with 200 objects, at the size of a 1080p screen: from what is
-// kept, as while an object is dragged, and drawn anew after a change. The limit is the card alone,
-// drawn by the one renderer onto a picture of the same size.
+// Measures a repaint of the document window with 200 objects at the size of a 1080p screen: from
+// the cached picture, as during a drag, and completely after a change. The reference is the card
+// alone, drawn by the same renderer on a picture of the same size.
 
 #include "card/PaintDocument.h"
 #include "desktop/controls/ScreenUnits.h"
@@ -23,7 +23,7 @@ constexpr int Objects = 200;
 constexpr float PageWidth = 28800;
 constexpr float PageHeight = 16200;
 
-/// A page as large as the screen, with rows of texts.
+/// A page of the size of the screen with rows of texts.
 class Page
 {
 public:
@@ -48,7 +48,7 @@ public:
     vantrel::Session Session;
 };
 
-/// Paints the window onto a picture as the screen would ask for it.
+/// Paints the window on a picture instead of the screen.
 void Paint(frmDocument& window, QImage& screen)
 {
     window.render(&screen);

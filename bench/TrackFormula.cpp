@@ -1,4 +1,4 @@
-// What it costs to turn a stored formula into the text of a magnetic track.
+// Measures the evaluation of a stored formula into the text of a magnetic track.
 
 #include "card/TrackFormula.h"
 #include "card/FieldValues.h"
@@ -28,14 +28,14 @@ void Evaluate(benchmark::State& state, const QString& formula)
     state.SetItemsProcessed(state.iterations() * (formula.count(u'~') + 1));
 }
 
-/// Every kind of token but AUTO, as on a bank card.
+/// Every kind of token except AUTO, as on a bank card.
 void FormulaOfTenTokens(benchmark::State& state)
 {
     Evaluate(state, QStringLiteral("B~DAT1~CODABAR~SEP~DAT2~SEP~FD0^8^0^3~DAT3~MOD10~EBT"));
 }
 BENCHMARK(FormulaOfTenTokens);
 
-/// Ten times the tokens cost ten times as much.
+/// Ten times as many tokens, to show that the time is linear.
 void LongFormula(benchmark::State& state)
 {
     const QString token = QStringLiteral("literal12~");
@@ -43,7 +43,7 @@ void LongFormula(benchmark::State& state)
 }
 BENCHMARK(LongFormula)->ArgName("tokens")->Arg(100)->Arg(1000)->Arg(10000);
 
-/// The limit: the characters of the track, copied together.
+/// The reference: joining the characters of the track.
 void BareJoin(benchmark::State& state)
 {
     const FieldValues record = UsualRecord();

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Cards a second of one session, and of several on one database at once.
+"""Measures cards per second of one session, and of several sessions that share one database.
 
     bench/sessions.py build/release/bin [--sessions 4] [--records 1000]
 
-Each session is a process of its own with its own port, and prints the two-page demo card on the same
-layout. Each has a host that sends one record at a time and waits for both files.
+Each session is a separate process with its own port and prints the two-page demo card. For each one a
+host sends one record at a time and waits for both files.
 """
 
 import argparse
@@ -20,7 +20,7 @@ from station import PAGES_OF_DEMO_CARD, Host, free_port, make_folder, wait_for_p
 
 
 def add_sessions(folder, ports):
-    """Gives each session the settings of the first one and a port of its own."""
+    """Copies the settings of the first session to the others and gives each its own port."""
     settings = folder / "Vantrel 6.ini"
     text = settings.read_bytes().decode("cp1252")
     first = re.search(r"\[Session 1\].*?(?=^\[|\Z)", text, re.DOTALL | re.MULTILINE).group()

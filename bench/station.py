@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Measures the built station from outside, as its operator would feel it.
+"""Measures the built station from outside, as an operator experiences it.
 
     bench/station.py build/release/bin [--cards 10000]
 
-Start to listening port, idle load, time from a record's last byte to its last file in place, and
-resident memory after 100 cards and after many. Uses a demo folder in a temporary place.
+Measures the time from start to listening port, the idle load, the time from a record's last byte to its
+last finished file, and resident memory after 100 cards and after many. Uses a temporary demo folder.
 """
 
 import argparse

@@ -4,8 +4,8 @@
 #include "ports/InputBuffer.h"
 #include <algorithm>
 
-// Any delimiters, any bytes, in any pieces: a record is found when it would be found in one piece,
-// and no value holds what separates values.
+// For any delimiters and any bytes in any pieces: a record is found if and only if it would be
+// found in one piece, and no value contains a separator.
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 namespace vantrel::fuzz {
 
-/// What a fuzzer gives, taken from the front in parts.
+/// The fuzzer's input, consumed from the front.
 class Input
 {
 public:
@@ -25,7 +25,7 @@ public:
         m_rest.remove(0, 1);
         return byte;
     }
-    /// The text up to the next line feed, as a port or a file gives it.
+    /// The text up to the next line feed, in code page 1252.
     QString Line()
     {
         const qsizetype end = m_rest.indexOf('\n');
@@ -40,7 +40,7 @@ private:
     QByteArray m_rest;
 };
 
-/// Ends the run where something that must hold does not.
+/// Aborts the run if a condition does not hold.
 inline void Require(bool holds, const char* what)
 {
     if (holds)

@@ -1,7 +1,7 @@
 #include "base/HexCodes.h"
 #include "FuzzInput.h"
 
-// Codes only ever shrink a text, and one without a bracket stays as it is.
+// Decoding never makes a text longer, and a text without a bracket is unchanged.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -3,8 +3,8 @@
 #include "drawing/PictureFormats.h"
 #include <algorithm>
 
-// A file of any bytes where a picture should be: whether it is whole is told without reading beyond
-// it. What is left of a JPEG once it is bare is a whole JPEG, and bare.
+// For a picture file of any bytes: the check for completeness never reads beyond the end. A JPEG
+// stripped by `BareJpeg` is a complete JPEG, and stripping it again changes nothing.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -3,8 +3,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A settings file of any bytes: reading never fails, and what is written comes back while every
-// other key keeps its value.
+// For a settings file of any bytes: reading never fails, a written value is read back, and all
+// other keys keep their values.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

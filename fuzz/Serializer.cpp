@@ -4,7 +4,8 @@
 #include "station/compose/StreamElement.h"
 #include "station/print/SerializerElement.h"
 
-// Any stored element over any record renders or fails, and can be read into the composer's row.
+// For any stored element and any record: rendering succeeds or fails, and the composer can read the
+// element.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -13,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QString filter = input.Line();
     StoredStreamElement stored;
     const std::uint8_t kind = input.Byte();
-    // A type is a number in a sound store, and may be a text or nothing in another.
+    // The type is a number in a valid database, but may be a text or null in a damaged one.
     if (kind < 128)
         stored.ElementType = static_cast<int>(kind) - 8;
     else if (kind < 192)

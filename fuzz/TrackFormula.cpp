@@ -4,8 +4,8 @@
 #include "card/FieldValues.h"
 #include "station/compose/TrackElements.h"
 
-// Any formula over any record ends in text or in a failure; what the composer writes of it, it
-// reads again as the same row.
+// For any formula and any record: the evaluation produces text or fails, and the composer reads the
+// formula it has written as the same elements.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FieldValues values;
     while (!input.IsEmpty())
         values.Add(input.Line());
-    // Some machines write their numbers with a comma.
+    // Some locales use a comma as the decimal separator.
     const QChar separator = values.Count() % 2 == 0 ? QLatin1Char('.') : QLatin1Char(',');
     qsizetype length = 0;
     try {

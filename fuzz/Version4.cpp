@@ -7,7 +7,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A version 4 session of any bytes ends at the point it reached, with objects that can be measured.
+// For a version 4 session file of any bytes: the import ends, and the created objects can be
+// measured.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

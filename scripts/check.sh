@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# What can rot is checked: format, the sizes of files, the floors of the house, the promises of the book.
-# `check.sh CHECK...` makes only those checks: format, sizes, floors, promises.
+# Checks the format, the sizes of files, the direction of includes, and that docs/reliability.md
+# names existing tests. `check.sh CHECK...` runs only the named checks: format, sizes, floors,
+# promises.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -11,7 +12,7 @@ complain() {
   bad=1
 }
 
-# Each release of the formatter has a judgement of its own; this one's counts.
+# Releases of the formatter format differently; this is the one in use.
 check_format() {
   formatter=clang-format-14
   if command -v "$formatter" >/dev/null; then
@@ -31,7 +32,8 @@ check_sizes() {
   done
 }
 
-# The floors of the house, lowest first. A file may include its own room and rooms on floors below.
+# The floors of docs/architecture.md, lowest first. A file may include files of its own room and of
+# rooms on lower floors.
 readonly FLOORS='
 base
 store drawing ports
@@ -83,7 +85,7 @@ check_floors() {
   [ -z "$broken" ] || complain "$broken"
 }
 
-# Whoever reads a promise can run what shows it.
+# Every promise in docs/reliability.md must name a test or fuzz target that exists.
 check_promises() {
   local promises sources name row
   promises=$(sed -n '/^## It promises/,/^## /p' docs/reliability.md)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the fuzz targets and runs each on its kept corpus for so many seconds (60 by default). A
-# finding stays in build/fuzz and ends the script.
+# Builds the fuzz targets and runs each on its corpus for the given number of seconds (60 by
+# default). A finding is kept in build/fuzz and ends the script.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh
@@ -12,7 +12,8 @@ install_packages "${BUILD_PACKAGES[@]}" "${FUZZ_PACKAGES[@]}"
 cmake --preset fuzz
 cmake --build --preset fuzz
 for target in framing hex_codes pictures profile serializer track_formula version4; do
-  # What is new grows a corpus of its own; the kept one changes by hand only.
+  # New inputs are written to a corpus of their own; the corpus in the repository is changed by hand
+  # only.
   mkdir -p "build/fuzz/grown/$target"
   echo "fuzz_$target: $seconds seconds"
   build/fuzz/bin/fuzz_$target -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \

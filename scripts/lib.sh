@@ -1,7 +1,7 @@
-# What the scripts share. Sourced from the repository's root folder.
+# Functions and lists shared by the scripts. Sourced from the repository's root folder.
 
-# A name that ends in ? is of a package that not every release of Debian has: 12's libqt6svg6 holds
-# what 13 has in qt6-svg-plugins, and 13 lacks the formatter whose judgement counts.
+# A name that ends in ? is a package that some Debian releases lack: Debian 12 has libqt6svg6 where
+# 13 has qt6-svg-plugins, and 13 lacks clang-format-14.
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-dev
   qt6-multimedia-dev qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libharfbuzz-dev libgtest-dev
   libgmock-dev libbenchmark-dev)
@@ -11,16 +11,16 @@ TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-
   libqt6sql6-sqlite sqlite3 procps python3 xvfb dbus-daemon at-spi2-core openbox
   locales weston qt6-wayland)
 
-# sqlite3 fills the macro that the run prints.
+# The script uses sqlite3 to write the layouts of a macro.
 VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
 PACKAGE_PACKAGES=(librsvg2-bin dpkg-dev file)
 PACKAGE_TEST_PACKAGES=(appstream desktop-file-utils man-db groff systemd)
-# A machine with a systemd of its own, and what reads its cards.
+# For a container with its own systemd, and for reading its cards.
 SERVICE_TEST_PACKAGES=(systemd-container debootstrap bsdutils poppler-utils)
 
 FUZZ_PACKAGES=(clang libclang-rt-dev)
 
-# Qt's pre-compiled headers and moving folders are safe to cache.
+# These settings allow ccache to cache Qt's precompiled headers.
 export CCACHE_SLOPPINESS=pch_defines,time_macros
 export CCACHE_BASEDIR="$PWD"
 export CCACHE_NOHASHDIR=1
@@ -30,15 +30,15 @@ die() {
   exit 1
 }
 
-# install_packages NAME...: installs the Debian packages that are missing, and nothing else; of the
-# names that end in ? those that the system offers.
+# install_packages NAME...: installs the missing Debian packages. Names that end in ? are skipped if
+# the system does not offer them.
 install_packages() {
   local name missing=() root=()
   [ "$(id -u)" = 0 ] || root=(sudo)
   for name in "$@"; do
     [[ $name == *'?' ]] || is_installed "$name" || missing+=("$name")
   done
-  # Before that a bare machine does not know what it is offered.
+  # A new machine has no package lists yet.
   [ ${#missing[@]} = 0 ] || "${root[@]}" apt-get update -qq
   for name in "$@"; do
     [[ $name == *'?' ]] || continue

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Debian package of a release build, in build/release.
+# Builds the Debian package of a release build in build/release.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh

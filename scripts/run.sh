@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# From a bare machine to a printed card: installs what is missing, builds, starts a station on a demo
-# folder, sends one record over TCP and tells where the card is. With a display the station stays
-# open; without one it ends. VANTREL_HOME chooses another folder than ./demo.
+# Installs missing packages, builds, starts a station on a demo folder, sends one record over TCP
+# and prints the path of the card. With a display the station stays open; without one it ends.
+# VANTREL_HOME selects a folder other than ./demo.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh
@@ -14,7 +14,7 @@ cmake --preset release
 cmake --build --preset release --target vantrel vantrel-admin
 bin=$PWD/build/release/bin
 
-# Cards tell of people: what is written from here on is for this user and its group only.
+# Cards hold personal data, so new files are accessible to this user and group only.
 umask g-w,o-rwx
 export VANTREL_HOME=${VANTREL_HOME:-$PWD/demo}
 printed="$VANTREL_HOME/Printed/Session 1"
@@ -23,7 +23,7 @@ settings="$VANTREL_HOME/Vantrel 6.ini"
 
 port_answers() { (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null; }
 
-# The station opens its port in silence or not at all, so a port that is taken is changed before.
+# A station does not report a port that is in use, so another port is set before.
 port=$(sed -n 's/^Port=\([0-9]*\).*/\1/p' "$settings" | head -n 1)
 port=${port:-10001}
 while port_answers "$port"; do

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Takes the pictures of the windows that the book shows, docs/images/*.png, from the built program's
-# own windows. Needs no display.
+# Takes the screenshots of the documentation, docs/images/*.png, from the built program. Needs no
+# display.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh

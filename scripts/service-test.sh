@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Runs the service of the package under a systemd of its own, in a container that it makes and removes:
-# installed as docs/installing.md tells, started, killed, restarted, ended by hand, stopped while a card
-# prints, with two sessions, purged. Needs root and the mirror that apt uses; takes some minutes.
-#   service-test.sh [PACKAGE.deb]       without one, scripts/package.sh makes it
+# Tests the package's service under systemd in a container that the script creates and removes. The
+# service is installed as described in docs/installing.md, started, killed, restarted, ended by
+# hand, stopped while a card prints, run with two sessions, and purged. Needs root and the apt
+# mirror; takes some minutes.
+#   service-test.sh [PACKAGE.deb]       without a package, scripts/package.sh builds it
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh
@@ -21,12 +22,12 @@ machine=$scratch/machine
 container=
 end() {
   trap - EXIT
-  # A container that is still there did not come to its own end.
+  # The container is still running after a failure.
   if [ -n "$container" ] && kill -0 "$container" 2>/dev/null; then
     for child in $(ps -o pid= --ppid "$container"); do kill -KILL "$child" 2>/dev/null || true; done
     wait "$container" || true
   fi
-  # For some seconds its folder is still in use.
+  # The folder stays in use for some seconds.
   for _ in $(seq 60); do
     ! rm -rf --one-file-system "$scratch" 2>/dev/null || return 0
     sleep 1
@@ -36,7 +37,8 @@ end() {
 trap end EXIT
 trap 'exit 130' INT TERM
 
-# The guide's own line that begins with these words, without its remark; it has to be there.
+# Prints the line of docs/installing.md that begins with these words, without its comment; fails if
+# there is none
 guide() {
   local line
   line=$(sed -n "s/^    \($1.*\)/\1/p" docs/installing.md | sed 's/ *#.*//')
@@ -67,7 +69,7 @@ debootstrap --variant=minbase --include=systemd,systemd-sysv,dbus,sudo,sqlite3 \
   die "debootstrap: $(tail -5 "$scratch/debootstrap.log")"
 echo station >"$machine/etc/hostname"
 echo '127.0.1.1 station' >>"$machine/etc/hosts"
-# Nobody is there to say yes, and the service needs no desktop.
+# apt must not ask questions, and the service needs no desktop packages.
 printf 'APT::Get::Assume-Yes "true";\nAPT::Install-Recommends "false";\n' >"$machine/etc/apt/apt.conf.d/90service-test"
 echo force-unsafe-io >"$machine/etc/dpkg/dpkg.cfg.d/90service-test"
 
@@ -98,7 +100,7 @@ WantedBy=multi-user.target
 UNIT
 chroot "$machine" systemctl enable --quiet steps.service
 touch "$steps/told"
-# It wants a terminal. Its network is its own, so its ports are in nobody's way.
+# systemd-nspawn needs a terminal. A private network keeps its ports from conflicting with others.
 script -qfec "systemd-nspawn --quiet -D '$machine' --boot --register=no --keep-unit --private-network" \
   "$scratch/boot.log" </dev/null >/dev/null 2>&1 &
 container=$!

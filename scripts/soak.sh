@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Sends so many records (20000 by default) through a station over TCP, each through a chain of cards
-# with pages, copies, stripe and numbers: all must come out in order, memory and descriptors flat.
+# Sends the given number of records (20000 by default) over TCP to a station, each printed on
+# several cards with pages, copies, stripe and automatic numbers. All cards must be printed in
+# order, and memory and descriptors must not grow.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds everything, and runs every test.
+# Installs missing packages, builds everything and runs all tests.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh
@@ -9,6 +9,6 @@ install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${TEST_PACKAGES[@]
 export QT_QPA_PLATFORM=offscreen
 cmake --preset dev
 cmake --build --preset dev --target all check
-# Each fuzz target, briefly: enough to see that its kept corpus still passes.
+# Runs each fuzz target briefly, to check that its corpus still passes.
 scripts/fuzz.sh 3
 ctest --preset dev --parallel "$(nproc)" "$@"

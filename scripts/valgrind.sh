@@ -1,16 +1,17 @@
 #!/usr/bin/env bash
-# Runs the station under valgrind from its start to its orderly end: records over TCP, each a chain of
-# a two-page card with a stripe and numbers, and a card of another layout. Fails on any memory error,
-# and on any block that is definitely lost. The number of records can be given (50 by default).
+# Runs the station under valgrind from its start to its orderly end. Each record over TCP prints a
+# two-page card with a stripe and automatic numbers and a card of another layout. Fails on any
+# memory error and on any definitely lost block. The argument is the number of records (50 by
+# default).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh
 
 readonly RECORDS=${1:-50}
-# No layout is open; the macro prints one of two pages and one of one.
+# No layout is open; the macro prints a layout of two pages and a layout of one page.
 readonly PAGES_OF_RECORD=3
-# One thread under valgrind is slow: minutes, in tenths of a second.
-readonly PATIENCE=1200
+# Timeout in tenths of a second; long because valgrind is slow.
+readonly TIMEOUT=1200
 
 install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${VALGRIND_PACKAGES[@]}"
 cmake --preset dev
@@ -27,11 +28,12 @@ trap cleanup EXIT
 
 port_answers() { (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; }
 count_pages() { find "$folder/home/Printed" -name 'card-*.pdf' 2>/dev/null | wc -l; }
-# wait_for WHAT COMMAND...: looks again until the command succeeds, while the station runs.
+# wait_for WHAT COMMAND...: repeats the command until it succeeds; fails if the station ends or the
+# timeout expires.
 wait_for() {
   local what=$1
   shift
-  for _ in $(seq "$PATIENCE"); do
+  for _ in $(seq "$TIMEOUT"); do
     ! "$@" || return 0
     kill -0 "$station" 2>/dev/null || break
     sleep 0.1
@@ -53,7 +55,7 @@ while port_answers; do
 done
 sed -i "s/^Port=[0-9]*/Port=$port\r\nActiveMacro=Chain/; s/^LastLayout=[^\r]*/LastLayout=/" \
   "$VANTREL_HOME/Vantrel 6.ini"
-# Hidden, as where nobody works.
+# A hidden station, as on a server.
 printf '[Session 1]\r\nVisible=False\r\nActive=True\r\n' >"$VANTREL_HOME/SessionStatus.ini"
 
 export QT_QPA_PLATFORM=offscreen CUPS_SERVER=$folder/no.sock XDG_RUNTIME_DIR=$folder/run

@@ -1,6 +1,6 @@
-"""The card that every contestant makes: ten texts in three fonts, a number, a photo, a background.
+"""The card that every compared program makes: ten texts in three fonts, a number, a photo, a background.
 
-Lengths in points, from the top left corner; the page is 153 by 243. It is the card of bench_road.
+Lengths in points, from the top left corner; the page is 153 by 243. It is the card of the other benchmarks.
 """
 
 import os
@@ -29,10 +29,10 @@ def texts(card):
 
 
 def run(make_card):
-    """Makes so many cards and prints how many it were in a second.
+    """Makes the given number of cards and prints the cards per second.
 
-    With a fourth argument the number of each card is saved durably behind it, as a script must that
-    may not give a number twice.
+    With a fourth argument the number of each card is stored durably after it, which is necessary if no
+    number may be used twice.
     """
     pictures, folder, cards = sys.argv[1], sys.argv[2], int(sys.argv[3])
     saves = len(sys.argv) > 4

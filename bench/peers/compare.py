@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""The station against the quickest scripts for the same card, one file each, all in turns.
+"""Compares the station with the fastest scripts for the same card, one file each, measured alternately.
 
     bench/peers/compare.py build/release/bin [--rounds N] [--keep]
 
-Each has the machine for itself. The scripts only draw and write, and one saves a number durably,
-too. The station receives each record over TCP, loads the layout and saves the risen number. Needs the
+Only one of them runs at a time. The scripts only draw and write; one variant also stores a number durably.
+The station receives each record over TCP, loads the layout and saves the raised number. Needs the
 Debian packages python3-reportlab and python3-cairo.
 """
 
@@ -18,7 +18,7 @@ import subprocess
 import sys
 import tempfile
 
-# As many as the station makes in its own loop.
+# The same number as in the station's own benchmark.
 CARDS = 2000
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -65,7 +65,7 @@ def main():
         os.mkdir(pictures)
         output_of(os.path.join(given.programs, "bench_pictures"), pictures)
         for turn in range(given.rounds):
-            # What one leaves behind weighs on the next: no order comes twice.
+            # A program can slow down the next one, so each round has a different random order.
             for name in random.Random(turn).sample(list(contestants), len(contestants)):
                 folder = tempfile.mkdtemp(dir=work)
                 figures[name].append(contestants[name](folder))

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Cards with pycairo, as a quick script makes them: PICTURES-FOLDER CARDS-FOLDER CARDS [save]."""
+"""Makes cards with pycairo as a fast script would: PICTURES-FOLDER CARDS-FOLDER CARDS [save]."""
 
 import os
 
@@ -44,7 +44,7 @@ def make_card(pictures_folder):
 
 
 def size_of_jpeg(jpeg):
-    """Columns and rows, from the frame's header."""
+    """The size in pixels, from the frame header."""
     at = 2
     while jpeg[at + 1] not in (0xC0, 0xC1, 0xC2):
         at += 2 + int.from_bytes(jpeg[at + 2 : at + 4], "big")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Cards with ReportLab, as a quick script makes them: PICTURES-FOLDER CARDS-FOLDER CARDS [save]."""
+"""Makes cards with ReportLab as a fast script would: PICTURES-FOLDER CARDS-FOLDER CARDS [save]."""
 
 import os
 
@@ -16,7 +16,7 @@ rl_config.useA85 = 0  # a picture in plain bytes is quicker
 def make_card(pictures_folder):
     for name, file in FILES.items():
         pdfmetrics.registerFont(TTFont(name, os.path.join(FONT_FOLDER, file)))
-    # Named by its file a JPEG goes in as it is.
+    # A JPEG given by its file name is embedded unchanged.
     pictures = [(os.path.join(pictures_folder, name), *box) for name, *box in PICTURES]
 
     def draw(path, card):

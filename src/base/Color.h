@@ -10,7 +10,7 @@ using ColorValue = std::int32_t;
 inline constexpr ColorValue ColorBlack = 0x000000;
 inline constexpr ColorValue ColorWhite = 0xFFFFFF;
 
-/// The one place where a stored colour is taken apart and put together. Each part is 0 to 255.
+/// The red, green and blue parts of a stored colour, each 0 to 255.
 struct ColorParts
 {
     int Red = 0;
@@ -18,6 +18,7 @@ struct ColorParts
     int Blue = 0;
 };
 
+/// Splits a stored colour into its parts. Never fails.
 constexpr ColorParts PartsOfColor(ColorValue color)
 {
     const auto bits = static_cast<std::uint32_t>(color);
@@ -25,6 +26,7 @@ constexpr ColorParts PartsOfColor(ColorValue color)
             static_cast<int>((bits >> 16U) & 0xFFU)};
 }
 
+/// Builds a stored colour from its parts, which must each be 0 to 255.
 constexpr ColorValue ColorOfParts(const ColorParts& parts)
 {
     return parts.Red | (parts.Green << 8) | (parts.Blue << 16);

@@ -26,7 +26,7 @@ void FailIfNull(const QVariant& value)
         throw Failure(FailureNumber::InvalidUseOfNull, QStringLiteral("Invalid use of Null"));
 }
 
-/// Only these ten: a digit of another script is no digit to a card.
+/// Accepts 0 to 9 only; digits of other scripts do not count as digits.
 bool IsDigit(QChar character)
 {
     return character >= QLatin1Char('0') && character <= QLatin1Char('9');
@@ -68,7 +68,8 @@ qsizetype NumberLength(QStringView text)
     return end;
 }
 
-/// @return the number of which `text` is the whole writing, infinite if it does not fit
+/// @return the number that the whole of `text` spells, infinite if it does not fit; nothing if
+/// `text` is not a number
 std::optional<double> WholeNumberText(const QString& text)
 {
     const QStringView trimmed = TrimBlanks(text);
@@ -81,7 +82,7 @@ template <typename Number>
 Number RoundTo(double value)
 {
     const double rounded = RoundHalfToEven(value);
-    // Written so that what is no number at all fails too.
+    // The negated comparison also rejects NaN.
     if (!(rounded >= double{std::numeric_limits<Number>::min()} &&
           rounded <= double{std::numeric_limits<Number>::max()}))
         FailOverflow();
@@ -98,7 +99,7 @@ Number DigitsTo(const QString& text)
     return RoundTo<Number>(trimmed.toDouble());
 }
 
-/// The number that a store value which is no null holds. True counts as -1.
+/// Converts a store value that is not null to a number. True counts as -1.
 double NumberOf(const QVariant& value)
 {
     FailIfNull(value);
@@ -251,7 +252,7 @@ QString NumberText(double value)
 {
     constexpr int significant = 15;
     if (value == 0.0)
-        return QStringLiteral("0"); // and not "-0"
+        return QStringLiteral("0"); // never "-0"
     if (!std::isfinite(value))
         return QString::number(value);
     const QString scientific = QString::number(value, 'E', significant - 1);

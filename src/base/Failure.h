@@ -5,8 +5,8 @@
 
 namespace vantrel {
 
-/// The numbers by which a routine tells what failed. They are seen by the operator (as the title of
-/// the box a failed save shows), so they are those of the original run-time and its store.
+/// Numbers that identify what failed. Operators see them, as in the title of the message box after
+/// a failed save, so their values are fixed.
 namespace FailureNumber {
 inline constexpr int InvalidCall = 5;
 inline constexpr int Overflow = 6;
@@ -28,16 +28,19 @@ inline constexpr int StatementInvalid = -2147217900;
 inline constexpr int StoreBusy = -2147467259;
 } // namespace FailureNumber
 
-/// The one way the engine fails. Whoever may fail with it says so in its doc comment; `Skip` passes
-/// over it, and what passes nothing over lets it reach its caller.
+/// The only exception type the engine throws. A routine that may throw it says so in its doc
+/// comment. `Skip` catches it so that the next step runs.
 class Failure : public std::exception
 {
 public:
+    /// @param number  one of `FailureNumber`
+    /// @param text  the message, in English
     Failure(int number, QString text, QString source = {});
 
+    /// One of `FailureNumber`.
     int Number() const { return m_number; }
     const QString& Text() const { return m_text; }
-    /// The routine that says it failed, where that is part of what it tells; else empty.
+    /// Name of the failing routine if it is part of the report; otherwise empty.
     const QString& Source() const { return m_source; }
     const char* what() const noexcept override { return m_what.constData(); }
 

@@ -6,7 +6,7 @@ namespace vantrel {
 void KeepNewFilesFromOthers()
 {
     constexpr mode_t othersAndChanges = 0027;
-    // A mask can be asked for only by setting another one.
+    // umask() reports the present mask only when it sets a new one.
     const mode_t own = ::umask(othersAndChanges);
     ::umask(own | othersAndChanges);
 }

@@ -2,10 +2,10 @@
 
 namespace vantrel {
 
-/// Takes from this process's new files and folders what others than its user and group could do
-/// with them, and from the group what would change them, on top of what the user's own mask takes.
-/// Cards, settings and the store tell of people. Each program calls it before all else; files that
-/// exist keep their modes.
+/// Tightens the umask of this process: new files and folders give no access to other users and no
+/// write access to the group, in addition to what the user's own umask removes. Cards, settings and
+/// the database hold personal data. Each program calls it first; existing files keep their modes.
+/// Never fails.
 void KeepNewFilesFromOthers();
 
 } // namespace vantrel

@@ -5,7 +5,8 @@
 
 namespace vantrel {
 
-/// @return the number that stands at this place of a file, or -1 where the file ends before its end
+/// @return the unsigned or signed little-endian number at byte `at` of a file, or -1 if the file
+/// ends before or within it
 template <typename Number>
 qint64 LittleEndianAt(QByteArrayView file, qint64 at)
 {
@@ -14,7 +15,7 @@ qint64 LittleEndianAt(QByteArrayView file, qint64 at)
     return qFromLittleEndian<Number>(file.data() + at);
 }
 
-/// The same for files that write the highest byte first.
+/// The same for big-endian files.
 template <typename Number>
 qint64 BigEndianAt(QByteArrayView file, qint64 at)
 {

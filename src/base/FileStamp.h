@@ -5,12 +5,12 @@
 
 namespace vantrel {
 
-/// What changes when a file is written anew; it tells so without reading the file. The i-node is in
-/// it because a host may replace a file by one of the same size within one tick of the file
-/// system's clock.
+/// Identifies the contents of a file without reading it: the stamp changes when the file is
+/// rewritten or replaced. It includes the inode because a host may replace a file by one of the
+/// same size within one tick of the file system's clock.
 struct FileStamp
 {
-    /// False for a path where no regular file is.
+    /// False if the path is not a regular file; all other members are then 0.
     bool IsFile = false;
     std::uint64_t Device = 0;
     std::uint64_t Inode = 0;
@@ -21,7 +21,7 @@ struct FileStamp
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
-/// Never fails.
+/// Reads the stamp of the file at `path`. Never fails.
 FileStamp StampOfFile(const QString& path);
 
 } // namespace vantrel

@@ -4,7 +4,7 @@
 
 namespace vantrel {
 
-/// A font as it travels: six values. `Size` is in points, with up to four decimals.
+/// A font as the store and the dialogs describe it. `Size` is in points, with up to four decimals.
 struct Font
 {
     QString Name = QStringLiteral("Sans");

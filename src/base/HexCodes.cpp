@@ -8,7 +8,7 @@ QString DecodeHexCodes(const QString& text)
 {
     constexpr QLatin1Char open('[');
     constexpr QLatin1Char close(']');
-    // Most settings hold no code at all, and every record decodes three of them.
+    // Every record decodes three settings, and most of them contain no code.
     if (!text.contains(open) || !text.contains(close))
         return text;
 

@@ -4,9 +4,10 @@
 
 namespace vantrel {
 
-/// Replaces "[HH]" codes by the characters of the code page: for each code from 1 to 255 in rising
-/// order every bracketed upper-case hexadecimal number without leading zero. A character made early
-/// can take part in a later code.
+/// Replaces each "[HH]" code by its character of the code page. HH is an upper-case hexadecimal
+/// number from 1 to FF without a leading zero. The codes are replaced one after the other in
+/// ascending order, so a character that an earlier code produced can become part of a later one.
+/// Never fails.
 QString DecodeHexCodes(const QString& text);
 
 } // namespace vantrel

@@ -4,8 +4,8 @@
 
 namespace vantrel {
 
-/// The decimal separator of the machine's number format, as its environment says it: "." or ","
-/// mostly. Numbers of the station itself are written with "." everywhere.
+/// The decimal separator of the machine's locale, mostly "." or ",". The station itself writes all
+/// numbers with ".".
 QChar MachineDecimalSeparator();
 
 } // namespace vantrel

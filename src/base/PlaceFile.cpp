@@ -13,7 +13,8 @@ PlaceResult PlaceFile(const QString& finished, const QString& name)
     const QByteArray to = QFile::encodeName(name);
     if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
         return PlaceResult::Placed;
-    // Not every file system knows a rename that refuses to replace; a second link never replaces.
+    // Some file systems do not support a rename that refuses to replace; a hard link never
+    // replaces.
     if (errno == EINVAL || errno == ENOSYS) {
         if (link(from.constData(), to.constData()) == 0) {
             unlink(from.constData());

@@ -4,11 +4,12 @@
 
 namespace vantrel {
 
-/// What became of a finished file that was to be put in place.
+/// Outcome of `PlaceFile`.
 enum class PlaceResult { Placed, NameTaken, Failed };
 
-/// Gives a finished file its name, in one step and without ever replacing a file of that name. Both
-/// paths are in one folder. Where it is not placed the finished file stays under its own name.
+/// Renames a finished file atomically and never replaces an existing one. Both paths must be in the
+/// same folder. On `NameTaken` and `Failed` (`errno` holds the reason) the file keeps the name
+/// `finished`.
 PlaceResult PlaceFile(const QString& finished, const QString& name);
 
 } // namespace vantrel

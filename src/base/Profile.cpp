@@ -10,7 +10,7 @@ namespace vantrel {
 
 namespace {
 
-/// How long a write waits for another session's, and how often it looks.
+/// How long a write waits for the lock file of another session, and how long one attempt takes.
 constexpr int lockPatienceMs = 5000;
 constexpr int lockSliceMs = 5;
 
@@ -34,13 +34,13 @@ bool SameName(QByteArrayView bytes, const QString& name)
            FromCodePage(bytes).compare(name, Qt::CaseInsensitive) == 0;
 }
 
-/// Walks the lines of a file's bytes, and knows in which section it stands.
+/// Walks the lines of a settings file and keeps track of the current section.
 class LineWalk
 {
 public:
     explicit LineWalk(QByteArrayView bytes) : m_bytes(bytes)
     {
-        // An editor's mark before the first line would hide the first section.
+        // Without this a byte order mark would hide the first section.
         if (bytes.startsWith(utf8Mark))
             m_next = utf8Mark.size();
     }
@@ -73,7 +73,7 @@ public:
         return true;
     }
 
-    /// Where the line stands in the bytes, its line end included.
+    /// Byte range of the line, including its line end.
     qsizetype Begin = 0;
     qsizetype End = 0;
     bool IsBlank = false;
@@ -95,8 +95,8 @@ QByteArrayView WithoutQuotes(QByteArrayView value)
     return quoted ? value.sliced(1, value.size() - 2) : value;
 }
 
-/// @return all bytes of the file, none for a file that is not there, nothing where it cannot be
-/// read
+/// @return the bytes of the file, an empty array if the file does not exist, nothing if it cannot
+/// be read
 std::optional<QByteArray> FileBytes(const QString& path)
 {
     QFile file(path);
@@ -110,7 +110,8 @@ std::optional<QByteArray> FileBytes(const QString& path)
 
 bool TakeLock(QLockFile& lock)
 {
-    // Short slices: one long wait would double its own pauses, and lose to busier sessions.
+    // QLockFile doubles its pauses during one long wait and would lose to busier sessions, so the
+    // wait is made of short attempts.
     const QDeadlineTimer patience(lockPatienceMs);
     while (!lock.tryLock(lockSliceMs)) {
         if (lock.error() != QLockFile::LockFailedError || patience.hasExpired())
@@ -119,7 +120,8 @@ bool TakeLock(QLockFile& lock)
     return true;
 }
 
-/// @return the file's bytes with the key's line changed or added, all other bytes as they were
+/// @return the file's bytes with the line of the key changed or added; all other bytes are
+/// unchanged
 QByteArray WithKey(const QByteArray& bytes, const QString& section, const QString& key,
                    const QString& value)
 {

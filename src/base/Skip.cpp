@@ -7,7 +7,7 @@ namespace {
 Q_LOGGING_CATEGORY(skipLog, "vantrel.skip", QtCriticalMsg)
 }
 
-void TellSkipped(const char* step, const Failure& failure)
+void LogSkipped(const char* step, const Failure& failure)
 {
     qCDebug(skipLog).noquote() << step << "was passed over:" << failure.Number() << failure.Text();
 }

@@ -5,14 +5,14 @@
 
 namespace vantrel {
 
-/// Writes a passed-over step to the logging category `vantrel.skip`, which is off by default:
-/// an integrator turns it on with QT_LOGGING_RULES="vantrel.skip.debug=true".
-void TellSkipped(const char* step, const Failure& failure);
+/// Writes a skipped step to the logging category `vantrel.skip`. The category is off by default and
+/// is turned on with QT_LOGGING_RULES="vantrel.skip.debug=true".
+void LogSkipped(const char* step, const Failure& failure);
 
-/// Runs exactly one step and passes over its `Failure`, so that the next step runs with what the
-/// variables held. Anything else that is thrown is our own mistake and goes through.
-/// @param step  the name of the step, for the log
-/// @return whether the step was carried out
+/// Runs one step and catches its `Failure`, so that the caller continues with the next step. Any
+/// other exception is a programming error and is not caught.
+/// @param step  name of the step for the log
+/// @return false if the step failed
 template <typename Step>
 bool Skip(const char* step, Step&& run)
 {
@@ -20,7 +20,7 @@ bool Skip(const char* step, Step&& run)
         std::forward<Step>(run)();
         return true;
     } catch (const Failure& failure) {
-        TellSkipped(step, failure);
+        LogSkipped(step, failure);
         return false;
     }
 }

@@ -4,11 +4,13 @@
 
 namespace vantrel {
 
-/// The form a value has in the store: a whole number, a real, a text, or nothing. A column of texts
-/// takes numbers as texts; an empty text stays a text, also where it is a null one.
+/// Converts a value to the type it has in the database: a whole number, a real, a text or null. A
+/// text column stores numbers as text. An empty string is stored as an empty text and never as
+/// null, even a null `QString`.
 QVariant StoredForm(const QVariant& value, bool isText);
 
-/// Whether two values in stored form are the same. A real column holds 200 as 200.0.
+/// Whether two values in stored form are equal. 200 and 200.0 are, because a real column stores 200
+/// as 200.0.
 bool SameStored(const QVariant& left, const QVariant& right);
 
 } // namespace vantrel

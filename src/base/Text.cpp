@@ -44,7 +44,7 @@ void ReplaceText(QString& text, QStringView wanted, QStringView replacement)
     qsizetype found = wanted.isEmpty() ? -1 : text.indexOf(wanted);
     if (found < 0)
         return;
-    // What is written never overtakes what is still to be read.
+    // The write position never passes the read position.
     QChar* const characters = text.data();
     const QStringView whole(characters, text.size());
     QChar* written = characters;

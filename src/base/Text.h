@@ -6,22 +6,21 @@ namespace vantrel {
 
 /// @file Text routines that count characters from 1, as the stored formats do.
 
-/// Takes blanks (code 32 and nothing else) off both ends.
+/// Removes blanks (code 32 only) from both ends.
 QStringView TrimBlanks(QStringView text);
 
-/// @return the position of `wanted` in `text` at or behind `from`, 0 where it is not found. Nothing
-/// is found from behind the end; the empty text is found at `from` itself. Fails with `InvalidCall`
-/// for a position below 1
+/// @return the first position of `wanted` in `text` at or after `from`, 0 if it is not found. The
+/// empty text is found at `from` unless that is past the end. Fails with `InvalidCall` if `from` is
+/// below 1
 qsizetype InStr(qsizetype from, const QString& text, const QString& wanted);
 
-/// @return `length` characters of `text` from `from` on, or as many as there are. Fails with
-/// `InvalidCall` for a position below 1 or a negative length
+/// @return up to `length` characters of `text` starting at `from`. Fails with `InvalidCall` if
+/// `from` is below 1 or `length` is negative
 QString Mid(const QString& text, qsizetype from, qsizetype length);
 
-/// Replaces every occurrence of `wanted`, in place and in one pass whatever the number of
-/// occurrences; what a replacement makes is not looked at again. The empty text occurs nowhere
-/// here.
-/// @param replacement  no longer than `wanted`
+/// Replaces every occurrence of `wanted` in place, in one pass and in linear time. Text that a
+/// replacement produces is not searched again. An empty `wanted` changes nothing.
+/// @param replacement  must not be longer than `wanted`
 void ReplaceText(QString& text, QStringView wanted, QStringView replacement);
 
 } // namespace vantrel

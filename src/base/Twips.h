@@ -2,9 +2,10 @@
 
 namespace vantrel {
 
-/// @file The only conversions of lengths. The store, the objects and the printer speak twips
-/// (1440 to the inch); PDF speaks points (72 to the inch), pictures and printer media hundredths of
-/// a millimetre. Pixels live inside a drag and a window only.
+/// @file All conversions of lengths. The store, the card objects and the printer interface use
+/// twips (1440 to the inch), PDF uses points (72 to the inch), pictures and printer media use
+/// hundredths of a millimetre. Pixels are used only during a drag and inside windows. Nothing here
+/// fails.
 
 inline constexpr double TwipsPerInch = 1440.0;
 inline constexpr double PointsPerInch = 72.0;

@@ -5,13 +5,13 @@
 
 namespace vantrel {
 
-/// A file in the making, which nobody sees before it is put in place; given up before, nothing of
-/// it is left. All that fails fails with `PrinterError`.
+/// A new file that stays invisible to others until it is complete and put in place. If the object
+/// is destroyed before that, nothing of the file is left. All failures are `PrinterError`.
 class UnnamedFile
 {
 public:
-    /// File systems that know no file without a name get one under a hidden name, which a program
-    /// that is killed leaves behind.
+    /// `Hidden` uses a temporary file with a hidden name, for file systems that do not support
+    /// unnamed files. If the program is killed, that file is left behind.
     enum class Kind { Nameless, Hidden };
 
     /// @param preferred  `Hidden` for tests
@@ -20,9 +20,11 @@ public:
     UnnamedFile& operator=(const UnnamedFile&) = delete;
     ~UnnamedFile();
 
+    /// Appends bytes.
     void Write(const QByteArray& bytes);
-    /// @param path  in the folder it was opened in
-    /// @return false where a file of that name is there already; another name may be tried then
+    /// Gives the file Gives the file its final name without replacing an existing file.
+    /// @param path  in the folder that was passed to the constructor
+    /// @return false if a file of that name exists; another name may then be tried
     bool PutInPlace(const QString& path);
 
 private:
@@ -31,7 +33,7 @@ private:
     void Close();
     PlaceResult Place(const QString& path);
 
-    /// The hidden name; empty for a nameless file.
+    /// The hidden name; empty for an unnamed file.
     QString m_hidden;
     int m_descriptor = -1;
 };

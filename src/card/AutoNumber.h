@@ -4,8 +4,8 @@ namespace vantrel {
 
 class CardObject;
 
-/// Raises an automatic number by one and shows it; any other object is left alone. Fails with
-/// `TypeMismatch` where its current number is no number.
+/// Raises an automatic number by one and shows the new number in its caption; does nothing to other
+/// objects. Fails with `TypeMismatch` if its current number is not a number.
 void Increment_If_AutoNumber(CardObject& object);
 
 } // namespace vantrel

@@ -6,26 +6,26 @@ namespace vantrel {
 
 class CardObject;
 
-/// Where a form stands on the screen, for the conversions between its twips and the screen's
-/// pixels.
+/// Position and scale of a form on the screen, for conversions between its twips and screen pixels.
 struct FormOnScreen
 {
     /// Upper left corner of the form's inside, in screen pixels.
     std::int32_t OriginX = 0;
     std::int32_t OriginY = 0;
-    /// The vertical factor belongs to the grips; rectangles are converted by the horizontal one.
+    /// Rectangles are converted by the horizontal factor on both axes; the vertical one is used for
+    /// the grips.
     double TwipsPerPixelX = 15;
     double TwipsPerPixelY = 15;
 };
 
 /// The designer's rectangle: an object's box in twips, or the rubber band in screen pixels. It may
-/// be inverted while a grip is dragged past the opposite side. Fails with nothing; a length that
-/// does not fit leaves its side as it was.
+/// be inverted while a grip is dragged past the opposite side. Its functions never fail; a length
+/// that does not fit leaves its side unchanged.
 class CRect
 {
 public:
-    /// Which sides `NormalizeRect` has swapped, for an object that has ends instead of sides. No
-    /// object of a card has.
+    /// Bits in `Flags` for the sides that `NormalizeRect` has swapped. No object of a card needs
+    /// them.
     static constexpr std::uint32_t SwappedX = 1U;
     static constexpr std::uint32_t SwappedY = 2U;
 
@@ -35,21 +35,23 @@ public:
     std::int32_t Bottom = 0;
     std::uint32_t Flags = 0;
 
+    /// Width and height; setting them moves the right or bottom side.
     std::int32_t Width() const { return Right - Left; }
     void SetWidth(std::int32_t width) { Right = Left + width; }
     std::int32_t Height() const { return Bottom - Top; }
     void SetHeight(std::int32_t height) { Bottom = Top + height; }
 
-    /// Takes the object's box in whole twips.
+    /// Sets the rectangle to the object's box, in whole twips.
     void SetRectToCtrl(const CardObject& object);
-    /// Puts the rectangle right and gives the object its box.
+    /// Normalizes the rectangle and sets the object's box to it.
     void SetCtrlToRect(CardObject& object);
-    /// Turn the rectangle from screen pixels to twips of the form, and back.
+    /// Convert the rectangle from screen pixels to twips of the form, and back.
     void ScreenToTwips(const FormOnScreen& form);
     void TwipsToScreen(const FormOnScreen& form);
-    /// Swaps the sides that are the wrong way round.
+    /// Swaps left and right, and top and bottom, if they are inverted.
     void NormalizeRect();
-    /// Whether the point is inside; the left and top sides are, the right and bottom ones are not.
+    /// Whether the point is inside. The left and top sides belong to the inside, the right and
+    /// bottom sides do not.
     bool PtInRect(float x, float y) const;
 
     friend bool operator==(const CRect&, const CRect&) = default;

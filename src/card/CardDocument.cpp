@@ -79,7 +79,7 @@ void CardDocument::Forget(const CardObject& object)
         SelectedObject = nullptr;
     auto& members = MembersOf(object.Family());
     members[static_cast<std::size_t>(object.Index())] = nullptr;
-    // The next index follows the highest one in use: a gap at the end is none.
+    // The next index follows the highest one in use, so gaps at the end are dropped.
     while (!members.empty() && members.back() == nullptr)
         members.pop_back();
 }

@@ -10,9 +10,9 @@
 
 namespace vantrel {
 
-/// The card: the objects of the one page that is in memory. There is no other document structure;
-/// printing, field application and the designer all work on these objects. The document window
-/// shows it, and nothing here knows the window.
+/// The objects of the card page in memory. There is no other document structure; printing, filling
+/// fields and the designer all work on these objects. The document window observes it through the
+/// signals.
 class CardDocument : public QObject
 {
     Q_OBJECT
@@ -21,59 +21,62 @@ public:
     CardDocument();
     ~CardDocument() override;
 
-    /// Whether the form exists; it is made at its first use (`EnsureDocument`).
+    /// Whether the form exists; `EnsureDocument` creates it at its first use.
     bool IsLoaded() const { return m_loaded; }
-    /// Makes the form: the hidden template of each family and the grips, nothing selected.
+    /// Creates the hidden template of each family and the grips, with nothing selected.
     void Load();
-    /// Frees every object and forgets what the form held.
+    /// Deletes all objects and resets the form.
     void Unload();
 
-    /// All objects, templates and grips among them, in creation order, which is the stacking order.
+    /// All objects including templates and grips, in creation order, which is the stacking order.
     const std::vector<std::unique_ptr<CardObject>>& Objects() const { return m_objects; }
-    /// Highest index in use in a family; 0 where only the template is there.
+    /// Highest index in use in a family; 0 if there is only the template.
     int HighestIndex(Family family) const;
-    /// The element, or none where the index is a gap or out of range.
+    /// The object, or null if the index is unused or out of range.
     CardObject* Find(Family family, int index) const;
-    /// A new element on top of the others, indexed one above the family's highest.
+    /// Adds an object on top of the others, with the index one above the family's highest.
     CardObject& Add(Family family);
+    /// Deletes an object and clears the selection if it was selected.
     void Remove(CardObject& object);
-    /// Unloads every object that is card content, and resets the selection.
+    /// Deletes all objects that are card content, and clears the selection.
     void RemoveContent();
 
+    /// Whether the document window is to be shown; `Show` and `Hide` change it.
     bool IsShown() const { return m_shown; }
     void Show();
     void Hide();
-    /// Asks whoever shows the document to paint it anew.
+    /// Requests a repaint (`Changed`).
     void Refresh();
 
-    /// Of the form itself: place and size in twips. The size stands for the card.
+    /// Position and size of the form in twips. The size is that of the card.
     float Left = 0;
     float Top = 0;
     float Width = 0;
     float Height = 0;
-    /// Path of the page's back image; the print takes it from here.
+    /// Path of the page's back image, used when the page is printed.
     QString Tag;
-    /// When set, every text object made gets this font.
+    /// If set, the font of every new text object.
     std::optional<Font> DefaultFont;
-    /// Largest height and width given to a camera object so far, in twips.
+    /// Largest height and width of any camera object so far, in twips.
     std::int16_t CamHeight = 0;
     std::int16_t CamWidth = 0;
     /// The designer's selection.
     CardObject* SelectedObject = nullptr;
     int SelectedIndex = 0;
     QString SelectedFamily;
-    /// True after a load, false after any press on an object. Nothing reads it.
+    /// True after a load, false after a press on an object. Nothing reads it.
     bool LayoutUnchanged = false;
     bool HandlesShown = false;
     DragState Drag;
 
 Q_SIGNALS:
+    /// The document is to be shown or hidden, or its contents have changed.
     void Shown();
     void Hidden();
     void Changed();
 
 private:
-    /// The elements of one family by index; none where the index is a gap.
+    /// The objects of one family by index; null for an unused index.
     using Members = std::vector<CardObject*>;
 
     Members& MembersOf(Family family) { return m_members[static_cast<std::size_t>(family)]; }
@@ -82,7 +85,7 @@ private:
         return m_members[static_cast<std::size_t>(family)];
     }
     static void MarkNotIncluded(CardObject& object);
-    /// Takes an object that is about to go out of its family and of the selection.
+    /// Removes an object that is about to be deleted from its family and from the selection.
     void Forget(const CardObject& object);
 
     bool m_loaded = false;

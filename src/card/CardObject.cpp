@@ -57,7 +57,7 @@ bool CardObject::IsImage() const
 
 void CardObject::SetCaption(const QString& text)
 {
-    // A static text shows what it is given; what comes from outside or counts is filtered.
+    // Data fields and automatic numbers are filtered; static texts are not.
     const bool filtered = m_family == Family::lbl_DATA || m_family == Family::lbl_AUTO;
     m_caption = filtered ? StripChars(Tag, text) : text;
 }

@@ -15,7 +15,7 @@ inline constexpr int FamilyCount = 6;
 /// @return the family's name, such as "lbl_DATA"
 QString FamilyName(Family family);
 
-/// Words that stand in an object's slots and in the store. Compared exactly, case included.
+/// Words used in the slots of objects and in the store. They are compared exactly, case included.
 namespace Marker {
 inline constexpr QLatin1StringView StaticText{"LXV01"};
 inline constexpr QLatin1StringView DataField{"LXV01BDF"};
@@ -26,17 +26,18 @@ inline constexpr QLatin1StringView Camera{"CVIEW"};
 inline constexpr QLatin1StringView NotIncluded{"NO_INCL"};
 inline constexpr QLatin1StringView LabelRow{"VB.Label"};
 inline constexpr QLatin1StringView ImageRow{"VB.Image"};
-/// Part of the vocabulary, set and tested by nothing.
+/// Reserved words; nothing sets or tests them.
 inline constexpr QLatin1StringView Reserved[] = {
     QLatin1StringView{"LTS"}, QLatin1StringView{"NVIEW"}, QLatin1StringView{"SVIEW"},
     QLatin1StringView{"RDF"}, QLatin1StringView{"LBC"},   QLatin1StringView{"_TimeStamp_"}};
 } // namespace Marker
 
-/// One drawable element of the page. The station keeps its own data in the slots `Tag`, `LinkItem`,
-/// `DataField`, `DataMember` and `ToolTipText`. Geometry is twips from the page's top left corner.
+/// One drawable object of the page. `Tag`, `LinkItem`, `DataField`, `DataMember` and `ToolTipText`
+/// hold the station's own data. Positions and sizes are in twips, from the page's top left corner.
 class CardObject
 {
 public:
+    /// @param index  0 for the hidden template of the family, else from 1
     CardObject(vantrel::Family family, int index) : m_family(family), m_index(index) {}
 
     vantrel::Family Family() const { return m_family; }
@@ -45,15 +46,15 @@ public:
     QLatin1StringView TypeName() const;
     bool IsLabel() const;
     bool IsImage() const;
-    /// Whether it is card content: anything whose `Tag` is not "NO_INCL".
+    /// Whether it is card content, that is, its `Tag` is not "NO_INCL".
     bool IsContent() const { return Tag != Marker::NotIncluded; }
 
     const QString& Caption() const { return m_caption; }
-    /// Sets the caption. On data fields and automatic numbers every character of `Tag` is removed
-    /// from it, also where the text is the one it already has.
+    /// Sets the caption. For data fields and automatic numbers all characters of `Tag` are removed
+    /// from it, even if the text has not changed.
     void SetCaption(const QString& text);
 
-    /// Fails with `PropertyNotSupported` on anything but a label.
+    /// The font of a label. Fails with `PropertyNotSupported` for other objects.
     const vantrel::Font& Font() const;
     void SetFont(const vantrel::Font& font) { m_font = font; }
 
@@ -71,16 +72,17 @@ public:
     bool Visible = false;
     bool Stretch = false;
     vantrel::Picture Picture;
-    /// Filter characters of a text; the path of an image, or "CVIEW"; "NO_INCL" on what is no card
-    /// content.
+    /// For a text its filter characters, for an image its path or "CVIEW"; "NO_INCL" if it is not
+    /// card content.
     QString Tag;
-    /// The kind marker.
+    /// The kind of the object, one of `Marker`.
     QString LinkItem;
-    /// Position of the value in the record, or the current number, in decimal.
+    /// For a data field the position of its value in the record, for an automatic number its
+    /// current number, in decimal.
     QString DataField;
-    /// The check digit word.
+    /// The word of its check digit scheme; empty for none.
     QString DataMember;
-    /// Prefix, carriage return, suffix of a data field.
+    /// For a data field: prefix, carriage return and suffix.
     QString ToolTipText;
 
 private:

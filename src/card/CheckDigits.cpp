@@ -9,20 +9,20 @@ namespace vantrel {
 
 namespace {
 
-/// The schemes weigh every second digit, beginning with the first one on their side.
+/// The schemes weight every second digit, starting with the first in their direction.
 bool IsWeighted(qsizetype digitsBefore)
 {
     return digitsBefore % 2 == 0;
 }
 
-/// Reads one character as a number; a character that is no digit reads as 0.
+/// Converts one character; a character that is not a digit counts as 0.
 int LenientDigit(QChar character)
 {
     const bool isDigit = character >= QLatin1Char('0') && character <= QLatin1Char('9');
     return isDigit ? character.unicode() - u'0' : 0;
 }
 
-/// Converts one character; a character that is no digit fails.
+/// Converts one character; fails if it is not a digit.
 int StrictDigit(QChar character)
 {
     const int digit = LenientDigit(character);
@@ -47,8 +47,8 @@ double LenientSum(const QString& text)
     return sum;
 }
 
-/// @return the decimal text of a number read from up to 15 digits and doubled: up to there every
-/// digit is exact, although it may be one more than numbers are else written with
+/// @return the decimal text of a doubled number of up to 15 digits. The result can have 16 digits,
+/// one more than `NumberText` writes, and all of them are exact
 QString DoubledText(double doubled)
 {
     constexpr double exactBelow = 2E15;
@@ -72,12 +72,12 @@ QString CodabarCheckDigit(QString& text)
 {
     text.remove(QLatin1Char(' '));
 
-    QString doubledOnes; // the rightmost and every second one to its left
+    QString doubledOnes; // the rightmost digit and every second one to its left
     QString singleOnes;
     for (qsizetype i = 0; i < text.size(); ++i)
         (IsWeighted(text.size() - 1 - i) ? doubledOnes : singleOnes).append(text[i]);
 
-    // Doubling them as one number gives the same digit sum as doubling each by itself.
+    // Doubling them as one number gives the same digit sum as doubling each digit separately.
     const double total = LenientSum(DoubledText(Val(doubledOnes) * 2.0)) + LenientSum(singleOnes);
     const std::int32_t last = RoundToLong(total) % 10;
     return QString::number(last == 0 ? 0 : 10 - last);
@@ -93,8 +93,8 @@ std::int16_t EbtCheckDigit(const QString& text, QChar decimalSeparator)
         AddTo(sum, digit > 9 ? digit - 9 : digit);
     }
 
-    // The digit is looked up in the quotient's text behind its "."; a machine that writes another
-    // separator finds none, and takes the first digit instead.
+    // The digit is the one after the "." in the quotient's text. On a machine with another decimal
+    // separator no "." is found, and the first digit is used instead.
     const float quotient = static_cast<float>(sum) / 10.0F;
     QString quotientText = QString::number(static_cast<double>(quotient), 'f', 1);
     quotientText.replace(QLatin1Char('.'), decimalSeparator);

@@ -7,18 +7,23 @@
 
 namespace vantrel {
 
-/// The values of the last record, counted from 1. A copy shares them. Short ones stand in one text,
-/// since a host may send millions; a long one is kept as it came, so that all who hold it share it.
+/// The values of the last record, counted from 1. Copies share them. Short values are stored
+/// together in one text, since a record may have millions of them; a long value is stored as its
+/// own shared string.
 class FieldValues
 {
 public:
+    /// Number of values.
     int Count() const { return static_cast<int>(m_places.size()); }
-    /// Fails with `SubscriptOutOfRange` for a position the record does not have.
+    /// The value at a position, from 1. Fails with `SubscriptOutOfRange` if the record has no such
+    /// value.
     QString Item(int position) const;
+    /// Appends a value.
     void Add(const QString& value);
 
 private:
-    /// Where a short value stands in the text; of a long one the number among its like.
+    /// For a short value its place in the common text, for a long one its index in the list of long
+    /// values.
     struct Place
     {
         std::uint32_t Begin = 0;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double GripPixels = 5;
 
-/// The eight grips, clockwise from the upper left: which column and which row of the box.
+/// A column or row of the box in which a grip lies.
 enum class Edge { Near, Middle, Far };
 
 struct GripPlace
@@ -29,7 +29,7 @@ constexpr std::array<GripPlace, 8> GripPlaces = {{
     {Edge::Near, Edge::Middle},
 }};
 
-/// Half a screen pixel in twips, and the side of a grip.
+/// Half a screen pixel in twips, and then the side of a grip.
 const std::int32_t HalfPixel = RoundToLong(FormOnScreen().TwipsPerPixelX / 2);
 const std::int32_t GripSide = RoundToLong(FormOnScreen().TwipsPerPixelX * GripPixels);
 
@@ -48,7 +48,7 @@ std::int32_t GripAt(Edge edge, std::int32_t side, std::int32_t length)
     return side + length - half - HalfPixel;
 }
 
-/// Puts the grips around the drag's rectangle.
+/// Places the grips around the drag rectangle.
 void PlaceGrips(const CardDocument& document)
 {
     const CRect& box = document.Drag.m_DragRect;

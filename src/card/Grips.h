@@ -5,12 +5,12 @@ namespace vantrel {
 class CardDocument;
 class CardObject;
 
-/// Sizes the grips and begins with nothing selected.
+/// Sets the size of the grips and clears the selection.
 void DragInit(CardDocument& document);
-/// Hides or shows the grips; where there is a selected object they are first placed around the
-/// drag's rectangle, its box in twips.
+/// Shows or hides the grips. If an object is selected, they are first placed around the drag
+/// rectangle, which is the object's box in twips.
 void ShowHandles(CardDocument& document, bool show);
-/// Hides the grips, lays the drag's rectangle around the object and shows them there.
+/// Hides the grips, sets the drag rectangle to the object's box and shows the grips around it.
 void AdjustHandles(CardDocument& document, const CardObject& object);
 
 } // namespace vantrel

@@ -7,7 +7,7 @@
 
 namespace vantrel {
 
-/// How the page on the form is produced. There is one, for the page in memory.
+/// The layout parameters of the page in memory: how it is printed.
 struct LayoutParamsRecord
 {
     bool LayoutOpen = false;
@@ -23,18 +23,18 @@ struct LayoutParamsRecord
     QString Track3;
     Picture BackImg1Picture;
     QString BackImg1Path;
-    /// Kept for the format's sake; every routine empties it.
+    /// Part of the stored format only; it is always empty.
     Picture BackImg2Picture;
     QString BackImg2Path;
     /// Characters removed from values in a serialized output.
     QString Filter;
-    /// Page on the form, from 1.
+    /// Number of the page in memory, from 1.
     std::int16_t PageIndex = 1;
     std::int16_t PageCount = 1;
     bool AutoSpool = false;
 };
 
-/// Drops both back images of the record.
+/// Clears both back images.
 void ResetBackImages(LayoutParamsRecord& params);
 
 } // namespace vantrel

@@ -4,7 +4,7 @@
 
 namespace vantrel {
 
-/// The font in which a page opens, and to which a magnetic font gives way again.
+/// The font set when a page is opened, and again after a magnetic font was used.
 inline constexpr QLatin1StringView OpeningFontName{"Arial"};
 /// In points.
 inline constexpr double OpeningFontSize = 8.75;

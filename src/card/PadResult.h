@@ -5,7 +5,7 @@
 
 namespace vantrel {
 
-/// What the padding dialog leaves behind for whoever opened it.
+/// The result of the padding dialog.
 struct PadResult
 {
     QString PadChars;
@@ -13,7 +13,7 @@ struct PadResult
     std::int16_t PadLen = 0;
     /// 0 left, 1 right.
     std::int32_t PadDirection = 0;
-    /// Number of the data field. It stays from one dialog to the next until another is chosen.
+    /// Number of the data field. It is kept between dialogs until another one is chosen.
     std::int16_t PadField = 0;
 };
 

@@ -6,14 +6,14 @@
 
 namespace vantrel {
 
-/// In characters; a track holds about a hundred.
+/// The most characters that padding may add; a track holds about a hundred.
 inline constexpr qint64 LongestPadding = 1 << 24;
 
-/// Pads a value for a track: the pad text is put before (direction 0) or behind (1) it once for
-/// each missing character, so that a longer pad text overshoots; any other direction leaves the
-/// value. A value that has the length already, or more, vanishes: the result is the empty text.
-/// Fails with `Overflow` where it would put more than `LongestPadding` to the value.
-/// @param length  final length in characters
+/// Pads a value for a track. The pad text is added before it (direction 0) or after it (1) once for
+/// each missing character, so a pad text of several characters exceeds the length. Any other
+/// direction leaves the value unchanged. If the value already has the length or more, the result is
+/// the empty text. Fails with `Overflow` if more than `LongestPadding` characters would be added.
+/// @param length  wanted length in characters
 QString PadValue(const QString& value, std::int16_t length, const QString& padText,
                  std::int32_t direction);
 

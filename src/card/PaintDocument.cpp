@@ -20,7 +20,7 @@ void PaintBox(PageCanvas& canvas, const Picture& picture, float x, float y, floa
     });
 }
 
-/// A label puts only its text on the card: no border, no fill, no clipping to its box.
+/// A label paints only its text: no border, no fill, no clipping to its box.
 void PaintLabel(PageCanvas& canvas, const CardObject& label)
 {
     const Font& font = label.Font();

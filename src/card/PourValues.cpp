@@ -8,7 +8,7 @@ namespace vantrel {
 
 namespace {
 
-// Whatever an earlier pass appended counts as part of the number.
+// A check digit that an earlier pass appended counts as part of the number.
 void AppendCheckDigit(CardObject& number, QChar decimalSeparator)
 {
     const QString caption = number.Caption();

@@ -7,14 +7,14 @@ namespace vantrel {
 
 class CardDocument;
 
-/// Shapes the values of a record into the data fields of a page, in the order of their indexes.
-/// What the field before left in hand carries over.
-/// @param decimalSeparator  that of the machine, by which the EBT digit goes
+/// Sets the captions of a page's data fields from the values of a record, in the order of their
+/// indexes. If a step fails for a field, the value, prefix or suffix of the field before is used.
+/// @param decimalSeparator  the machine's, used by the EBT check digit
 void FillDataFields(CardDocument& document, const FieldValues& values, QChar decimalSeparator);
-/// Appends the check digits of automatic numbers to what they show; one that cannot be had is
-/// passed over. A second pass appends a second digit.
+/// Appends the check digits of automatic numbers to their captions; a number without a valid check
+/// digit is skipped. A second call appends a second digit.
 void CheckAutoNumbers(CardDocument& document, QChar decimalSeparator);
-/// Gives the picture to all camera objects of the page.
+/// Sets the picture of all camera objects of the page.
 void FillCameraImages(CardDocument& document, const Picture& picture);
 
 } // namespace vantrel

@@ -6,7 +6,7 @@
 
 namespace vantrel {
 
-/// Codes of `PrinterType` that the station names.
+/// Codes of `PrinterType` that have a name.
 namespace PrinterTypeCode {
 inline constexpr std::int32_t Fargo = 1;
 inline constexpr std::int32_t Eltron = 2;
@@ -18,40 +18,40 @@ inline constexpr std::int32_t PlainFixedSize = 10;
 inline constexpr std::int32_t Nisca = 11;
 } // namespace PrinterTypeCode
 
-/// Where the form takes its size from: the printer's page once it is turned, its page as it is, a
-/// fixed size, or nowhere.
+/// The source of the form's size: the printer's page after its orientation is set, its page as it
+/// is, a fixed size, or no change.
 enum class SizeSource { OrientedPage, Page, Fixed, Unchanged };
 
-/// How far the printer is set up when a page of the type is loaded.
+/// What is set on the printer when a page of the type is loaded.
 enum class SetUp { NotHere, Size, OrientationAndSize };
 
-/// What one copy of a card does.
+/// How one copy of a card is printed.
 enum class CopyKind { Nothing, PagePass, OrientedPagePass, SerializedPass };
 
-/// What one printer type means.
+/// The properties of one printer type.
 struct PrinterTypeRow
 {
     std::int32_t Code;
     SizeSource Size;
     SetUp OnLoad;
     CopyKind Copy;
-    /// How it takes the stripe; none for a type that takes none.
+    /// How it receives the stripe; null for a type without a stripe.
     const StripeFamily* Stripe = nullptr;
-    /// Of a form with a fixed size, in twips.
+    /// Size of a form with a fixed size, in twips.
     float FixedWidth = 0;
     float FixedHeight = 0;
 };
 
-/// All types that have a meaning, by their codes.
+/// All supported types, by their codes.
 std::span<const PrinterTypeRow> PrinterTypes();
 
-/// @return the row of a code. A code without one prints nothing and changes nothing.
+/// @return the row of a code. The row for an unknown code prints nothing and changes nothing. Never
+/// fails
 const PrinterTypeRow& PrinterTypeOf(std::int32_t code);
 
-/// What a printer type puts onto one track of the stripe, without the command text around it. For a
-/// type that takes no stripe it is what the first command text family would get. Fails like
-/// `EvaluateTrack`.
-/// @param decimalSeparator  that of the machine, by which the EBT digit goes
+/// The data that a printer type encodes on one track, without the command text around it. For a
+/// type without a stripe it is the data for the first family. Fails like `EvaluateTrack`.
+/// @param decimalSeparator  the machine's, used by the EBT check digit
 /// @param trackNumber  1 to 3
 QString StripeBody(std::int32_t printerType, const QString& formula, const FieldValues& values,
                    QChar decimalSeparator, int trackNumber);

@@ -8,7 +8,7 @@ namespace vantrel {
 
 namespace {
 
-/// The side of an object behind each field.
+/// The member of an object that each field shows.
 constexpr std::array<float CardObject::*, SizeFieldCount> Sides = {
     &CardObject::Top, &CardObject::Left, &CardObject::Height, &CardObject::Width};
 

@@ -7,23 +7,23 @@ namespace vantrel {
 
 class CardDocument;
 
-/// The four fields of an object's geometry, in the order of `SizeFields`.
+/// The fields of an object's position and size, in the order of `SizeFields`.
 enum class SizeField { Top, Left, Height, Width };
 inline constexpr int SizeFieldCount = 4;
 
-/// The texts of the fields, twips.
+/// The texts of the fields, in twips.
 using SizeFields = std::array<QString, SizeFieldCount>;
 
-/// The geometry of the selected object. Fails with `ObjectNotSet` where none is selected.
+/// Position and size of the selected object. Fails with `ObjectNotSet` if none is selected.
 SizeFields SizeFieldsOfSelected(const CardDocument& document);
 
-/// Adds one twip to the number in the text, or takes one off where it is at least 1. A text that is
-/// no number counts as 0.
+/// Add one twip to the number in the text, or subtract one if it is at least 1. A text that is not
+/// a number counts as 0.
 void StepUp(QString& field);
 void StepDown(QString& field);
 
-/// Gives all four numbers to the selected object and lays the grips around it. An object that has
-/// gone meanwhile is passed over.
+/// Sets position and size of the selected object and moves the grips. Does nothing if the object no
+/// longer exists.
 void ApplySizeFields(CardDocument& document, const SizeFields& fields);
 
 } // namespace vantrel

@@ -9,14 +9,14 @@ namespace {
 
 using CharacterSet = std::bitset<std::size_t{std::numeric_limits<char16_t>::max()} + 1>;
 
-/// Looking through more characters than this for each one of a text takes longer than a table.
+/// Up to this many characters a linear search is faster than a table.
 constexpr qsizetype FewCharacters = 16;
 
 } // namespace
 
 QString StripChars(const QString& characters, const QString& text)
 {
-    // Most fields take nothing out, and a value of megabytes is then shared and not copied.
+    // Most fields remove nothing; a value of megabytes is then shared instead of copied.
     if (characters.isEmpty())
         return text;
     QString kept = text;

@@ -4,7 +4,7 @@
 
 namespace vantrel {
 
-/// Removes from `text` every occurrence of each character of `characters`, matching case exactly.
+/// @return `text` without any of the characters in `characters`; case matters
 QString StripChars(const QString& characters, const QString& text);
 
 } // namespace vantrel

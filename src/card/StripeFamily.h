@@ -8,7 +8,8 @@
 
 namespace vantrel {
 
-/// How a family of printers takes the text of a track.
+/// How a family of printers receives the text of a track: on one line, on one line with its length,
+/// or each token on a line of its own.
 enum class SentAs { Line, LineWithLength, LinePerToken };
 
 /// A set of token kinds, one bit each.
@@ -19,19 +20,20 @@ constexpr KindSet Of(TokenKind kind)
     return 1U << static_cast<unsigned>(kind);
 }
 
-/// How one family of printers takes its stripe text. What stands per track is of track 1, 2, 3.
+/// The format of one printer family's stripe text. Arrays hold one element each for tracks 1, 2 and
+/// 3.
 struct StripeFamily
 {
     SentAs Form;
-    /// What the line begins with; where each token has its own line, the name of the magnetic font.
+    /// The start of the line; if each token has a line of its own, the name of the magnetic font.
     std::array<QStringView, 3> Heads;
     std::array<QChar, 3> Separators;
     QStringView Tail;
-    /// Kinds of tokens that never reach this printer.
+    /// Kinds of tokens that are not sent to this printer.
     KindSet Dropped;
 };
 
-/// The families, named after the command language or the fonts of their drivers.
+/// The families, named after the command languages or fonts of their drivers.
 namespace StripeFamilies {
 inline constexpr std::array<QChar, 3> IsoSeparators = {u'^', u'=', u'='};
 
@@ -58,22 +60,23 @@ inline constexpr StripeFamily Nisca = {SentAs::LineWithLength,
                                            Of(TokenKind::Codabar)};
 } // namespace StripeFamilies
 
-/// A family on one track.
+/// The stripe format of a family for one track.
 class StripeTrack
 {
 public:
     /// @param number  the track, 1 to 3
     StripeTrack(const StripeFamily& family, int number);
 
+    /// The track, 1 to 3.
     int Number() const { return static_cast<int>(m_index) + 1; }
     SentAs Form() const { return m_family.Form; }
     QString Head() const { return m_family.Heads[m_index].toString(); }
-    /// @return what a token becomes on this track; none where it is dropped
+    /// @return the text of a token on this track; nothing if the token is dropped
     std::optional<QString> Text(TokenKind kind, const QString& text) const;
-    /// @return the texts of all tokens of a formula in a row. Fails like `EvaluateTrack`.
-    /// @param decimalSeparator  that of the machine, by which the EBT digit goes
+    /// @return the joined texts of all tokens of a formula. Fails like `EvaluateTrack`
+    /// @param decimalSeparator  the machine's, used by the EBT check digit
     QString Body(const QString& formula, const FieldValues& values, QChar decimalSeparator) const;
-    /// @return what the whole track sends on one line; of a magnetic font its data alone
+    /// @return the line that is sent for the track; for a magnetic font the data only
     QString Line(const QString& body) const;
 
 private:

@@ -6,7 +6,7 @@ namespace vantrel {
 
 namespace {
 
-/// In twips; up to here single precision is finer than any printer.
+/// In twips; up to this distance single precision is finer than any printer.
 constexpr double ExactInSingle = 1'000'000.0;
 
 double AsCardsCount(double left)

@@ -24,7 +24,8 @@ struct KindTest
     TokenKind Kind;
 };
 
-/// The first word found anywhere in a token decides; a token with none of them is a literal.
+/// The first of these words found anywhere in a token decides its kind; a token without any of them
+/// is a literal.
 constexpr KindTest KindTests[] = {
     {DataFieldWord, TokenKind::DataField},
     {u"MOD", TokenKind::Mod10},
@@ -50,7 +51,8 @@ QString Without(QString token, QStringView word)
     return token;
 }
 
-/// The four parts behind "FD", in their stored order; what follows them is passed over.
+/// The text of a formatted field. Its four parts follow "FD" in their stored order; further parts
+/// are ignored.
 QString FormattedFieldText(const QString& ref, const FieldValues& values)
 {
     QStringList parts;
@@ -68,9 +70,9 @@ QString FormattedFieldText(const QString& ref, const FieldValues& values)
     return PadValue(values.Item(padField), padLen, padChars, padDirection);
 }
 
-/// What a formula may read and give altogether, so that one of very many tokens over a very long
-/// value ends as one does that cannot be read.
-class Allowance
+/// Limits the characters that a formula reads and produces in total, so that many tokens over a
+/// very long value fail like an unreadable formula.
+class CharacterLimit
 {
 public:
     void Take(qsizetype characters)
@@ -84,13 +86,13 @@ private:
     qsizetype m_left = LongestTrack;
 };
 
-/// @return how long the value is that a token reads; 0 where it reads none
+/// @return the length of the value that a token reads; 0 if it reads none
 qsizetype LengthOfRead(const TrackToken& token, const FieldValues& values)
 {
     return token.TokenKind == TokenKind::DataField ? values.Item(token.TokenField).size() : 0;
 }
 
-/// @param covered  the value the check digit is computed over
+/// @param covered  the value over which the check digit is computed
 QString TextOf(const TrackToken& token, QString covered, const FieldValues& values,
                QChar decimalSeparator)
 {
@@ -145,16 +147,16 @@ void EvaluateTrack(const QString& trackText, const FieldValues& values, QChar de
 {
     if (trackText.isEmpty())
         return;
-    // A check digit covers the value of the token before it as that was read: nothing behind
-    // separators, formatted fields and other check digits. Behind an empty token, the one before.
+    // A check digit covers the value of the preceding token: it is empty after a separator, a
+    // formatted field or another check digit. An empty token is skipped.
     QString covered;
-    Allowance allowance;
+    CharacterLimit limit;
     for (const QStringView part : QStringTokenizer(trackText, TokenDelimiter)) {
         const QString text = part.toString();
         const TrackToken token = ParseTrackToken(text, values);
-        allowance.Take(LengthOfRead(token, values));
+        limit.Take(LengthOfRead(token, values));
         const QString given = TextOf(token, covered, values, decimalSeparator);
-        allowance.Take(given.size());
+        limit.Take(given.size());
         sink(token.TokenKind, given);
         if (!text.isEmpty())
             covered = token.TokenValue;

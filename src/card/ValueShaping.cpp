@@ -12,8 +12,8 @@ namespace {
 
 constexpr QChar CarriageReturn{13};
 
-// A text without a carriage return is a prefix alone, and the suffix of the field before stays; an
-// empty text leaves both.
+// A text without a carriage return is a prefix only, and the suffix of the previous field stays; an
+// empty text leaves both unchanged.
 void TakePrefixAndSuffix(const QString& toolTipText, CarriedValue& carried)
 {
     if (toolTipText.isEmpty())
@@ -26,7 +26,7 @@ void TakePrefixAndSuffix(const QString& toolTipText, CarriedValue& carried)
     carried.Suffix = toolTipText.mid(end + 1, endOfSuffix < 0 ? -1 : endOfSuffix - end - 1);
 }
 
-// The text in front of the digit is the value as it was before the routine took its blanks.
+// The digit is appended to the value as it was before the check digit routine removed its blanks.
 QString WithCheckDigit(const QString& word, QString& value, QChar decimalSeparator)
 {
     const QString before = value;
@@ -59,7 +59,7 @@ QString ShapeDataField(const CardObject& field, const FieldValues& values, QChar
          [&] { shaped = WithCheckDigit(field.DataMember, carried.Value, decimalSeparator); });
     if (carried.Value.isEmpty())
         return QStringLiteral("Data Field ") + field.DataField;
-    // A value of megabytes is shared by all fields that put nothing around it.
+    // A value of megabytes is shared by all fields without prefix and suffix.
     if (carried.Prefix.isEmpty() && carried.Suffix.isEmpty())
         return shaped;
     return carried.Prefix + shaped + carried.Suffix;

@@ -8,25 +8,24 @@ namespace vantrel {
 class CardObject;
 class FieldValues;
 
-/// What shaping one data field leaves in hand for the next one. It starts empty with each pass over
-/// the page; a record with too few values repeats its last one through it.
+/// The state that carries over from one data field to the next. It is empty at the start of each
+/// pass over the page. Because of it, a record with too few values repeats its last value.
 struct CarriedValue
 {
-    /// Filtered, without a check digit.
+    /// The filtered value without a check digit.
     QString Value;
     QString Prefix;
     QString Suffix;
 };
 
-/// @return the check digit that `word` names for `text`, as text; none for any other word. The
-/// Codabar routine removes the blanks of `text`, the EBT routine goes by the machine's decimal
-/// separator. Fails with `TypeMismatch` where the scheme cannot
-/// read the text.
+/// @return the check digit of `text` by the scheme named `word`; nothing for any other word.
+/// Codabar removes the blanks of `text`; EBT depends on the machine's decimal separator. Fails with
+/// `TypeMismatch` if the scheme cannot read the text
 std::optional<QString> CheckDigitByWord(const QString& word, QString& text, QChar decimalSeparator);
 
-/// Makes the caption of a data field: the value of its position, filtered, with its check digit,
-/// between prefix and suffix; the placeholder where the filtered value is empty. A failing step is
-/// passed over and leaves in `carried` what it held.
+/// Builds the caption of a data field: prefix, the filtered value of its position with its check
+/// digit, and suffix; or the placeholder if the filtered value is empty. A failing step is skipped
+/// and leaves its part of `carried` unchanged.
 QString ShapeDataField(const CardObject& field, const FieldValues& values, QChar decimalSeparator,
                        CarriedValue& carried);
 

@@ -8,10 +8,11 @@ namespace {
 
 constexpr qint64 OldHeaderBytes = 12;
 constexpr qint64 OldHeadBytes = 26;
-/// Up to where it tells how its lines are packed.
+/// Length of the header up to and including the field for the compression.
 constexpr qint64 HeadBytes = 34;
 
-/// How packed lines stand in a file; in all other ways they are not packed.
+/// Values of the compression field for run-length coded lines; all other values mean that lines are
+/// not packed.
 constexpr qint64 PackedBytes = 1;
 constexpr qint64 PackedHalfBytes = 2;
 
@@ -33,12 +34,12 @@ std::optional<BmpHead> ReadHead(QByteArrayView file)
     if (isOld)
         return BmpHead{pixelsAt, LittleEndianAt<quint16>(file, 24),
                        LittleEndianAt<quint16>(file, 18), LittleEndianAt<quint16>(file, 20)};
-    // A negative height tells that the lines stand from top to bottom.
+    // A negative height means that lines are stored from top to bottom.
     return BmpHead{pixelsAt, LittleEndianAt<quint16>(file, 28), LittleEndianAt<qint32>(file, 18),
                    std::abs(LittleEndianAt<qint32>(file, 22)), LittleEndianAt<qint32>(file, 30)};
 }
 
-/// @return whether packed lines reach the code that ends them
+/// @return whether run-length coded lines reach their end code
 bool HasEndCode(QByteArrayView file, const BmpHead& head)
 {
     constexpr quint8 endOfPicture = 1;
@@ -56,7 +57,7 @@ bool HasEndCode(QByteArrayView file, const BmpHead& head)
             return true;
         if (code == jump)
             at += 2;
-        else if (code > jump) // so many single pixels, up to a whole number of words
+        else if (code > jump) // `code` literal pixels, padded to a whole number of words
             at += ((head.Packing == PackedHalfBytes ? (code + 1) / 2 : code) + 1) / 2 * 2;
     }
 }

@@ -5,13 +5,14 @@
 
 namespace vantrel {
 
-/// Decoders leave black what a cut bitmap lacks, so its length is what tells a torn photo.
+/// Decoders fill the missing part of a truncated bitmap with black, so only the file's length shows
+/// that a photo is incomplete. Never fails.
 /// @param file  a bitmap file, or its beginning
-/// @return the bytes a whole file has at least; nothing where its lines are packed, where its head
-/// is not there or where it is no bitmap
+/// @return the least number of bytes of the complete file; nothing if its lines are packed, its
+/// header is incomplete or it is not a bitmap
 std::optional<qint64> LeastBmpLength(QByteArrayView file);
 
-/// Whether a bitmap file, its lines packed or not, has all its lines.
+/// Whether a bitmap file, packed or not, contains all its lines. Never fails.
 bool IsWholeBmp(QByteArrayView file);
 
 } // namespace vantrel

@@ -41,7 +41,7 @@ std::unique_ptr<CairoCanvas> CairoCanvas::OnImage(QImage& image, double pixelsPe
 
 CairoCanvas::~CairoCanvas()
 {
-    // A page that was given up has nobody left who waits for its bytes.
+    // The bytes of an abandoned page go nowhere.
     if (IsPdf())
         m_sink = [](const char*, std::size_t) { return false; };
 }
@@ -69,7 +69,7 @@ void CairoCanvas::Set(const PlacedPicture& placed)
         m_painted.push_back(placed.Content);
         cairo_paint(context);
     } else {
-        // Stretched pixels at the edge would else fade into what lies under the picture.
+        // Otherwise stretched pixels at the edge would blend with what is under the picture.
         cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
         cairo_rectangle(context, 0, 0, data.Stored.width(), data.Stored.height());
         cairo_fill(context);

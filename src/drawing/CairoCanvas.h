@@ -6,10 +6,11 @@
 
 namespace vantrel {
 
-/// A page drawn by cairo: on the screen, and on PDFs with what a `PdfFace` cannot hold.
+/// A page drawn by cairo: for the screen, and for PDFs whose fonts a `PdfFace` cannot hold.
 class CairoCanvas : public PageCanvas
 {
 public:
+    /// @param image  of format ARGB32_Premultiplied or RGB32; must outlive the canvas
     static std::unique_ptr<CairoCanvas> OnImage(QImage& image, double pixelsPerPoint);
     /// @param width,height  in points
     static std::unique_ptr<CairoCanvas> OnPdf(double width, double height, Sink sink);

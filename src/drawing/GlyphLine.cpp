@@ -7,7 +7,8 @@ namespace vantrel {
 
 namespace {
 
-/// Pango's own walk over a line, which knows where bars stand, told to collect instead of to draw.
+/// A Pango renderer that collects the underlines and strikethroughs of a line instead of drawing
+/// them.
 struct Collector
 {
     PangoRenderer Parent;
@@ -33,7 +34,7 @@ double Points(int pangoUnits)
     return static_cast<double>(pangoUnits) / PANGO_SCALE;
 }
 
-/// The font system thickens a face where a family has no bold one.
+/// Whether the font system emboldens the face because the family has no bold one.
 bool IsThickened(PangoFont* font)
 {
     if (PANGO_IS_FC_FONT(font) == 0)
@@ -44,7 +45,7 @@ bool IsThickened(PangoFont* font)
            thickened == FcTrue;
 }
 
-/// @return a face's size in points, 0 where it is slanted or stretched besides
+/// @return a face's size in points, 0 if it is also slanted or stretched
 double UprightSize(PangoFont* font)
 {
     cairo_scaled_font_t* scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
@@ -82,7 +83,7 @@ public:
         }
     }
 
-    /// Adds the glyphs of `[from, to)` that have a shape, with what they stand for.
+    /// Adds the visible glyphs of `[from, to)` with the text they represent.
     void Add(int from, int to, QByteArrayView utf8)
     {
         GlyphCluster cluster;

@@ -10,14 +10,15 @@
 
 namespace vantrel {
 
+/// Frees a HarfBuzz face.
 struct FaceDeleter
 {
     void operator()(hb_face_t* face) const { hb_face_destroy(face); }
 };
-/// A font face as the font system has it, one for all its sizes.
+/// A font face of the font system, independent of its size.
 using FaceHandle = std::shared_ptr<hb_face_t>;
 
-/// A glyph in its place, in points from the line's start and above its baseline.
+/// A glyph at its position, in points from the line's start and above its baseline.
 struct PlacedGlyph
 {
     std::uint16_t Id = 0;
@@ -25,7 +26,8 @@ struct PlacedGlyph
     double Y = 0;
 };
 
-/// The glyphs that stand for one piece of a run's text together: mostly one for one character.
+/// The glyphs that together represent one piece of a run's text, mostly one glyph for one
+/// character.
 struct GlyphCluster
 {
     qsizetype FirstGlyph = 0;
@@ -34,7 +36,7 @@ struct GlyphCluster
     qsizetype TextLength = 0;
 };
 
-/// A stretch of a line in one face at one size in points, from left to right.
+/// A part of a line in one face and one size in points. Its glyphs are ordered from left to right.
 struct GlyphRun
 {
     FaceHandle Face;
@@ -54,7 +56,7 @@ struct GlyphRun
     }
 };
 
-/// What underlines or strikes a line, in points as the glyphs; `Y` is its upper edge.
+/// An underline or strikethrough, in points like the glyphs; `Y` is its upper edge.
 struct LineBar
 {
     double X = 0;
@@ -66,13 +68,14 @@ struct LineBar
 /// A shaped line as glyphs and bars.
 struct GlyphLine
 {
-    /// Whether these are all of the line. Faces that the font system slants or thickens, and the
-    /// boxes that stand for characters no font has, need more than that.
+    /// Whether the runs and bars describe the line completely. They do not if the font system
+    /// slants or emboldens a face, or draws a box for a character that no font has.
     bool IsPlain = true;
     std::vector<GlyphRun> Runs;
     std::vector<LineBar> Bars;
 };
 
+/// Collects the glyphs and bars of a shaped line. Never fails.
 GlyphLine GlyphsOf(PangoLayoutLine* line);
 
 } // namespace vantrel

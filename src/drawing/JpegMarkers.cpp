@@ -15,21 +15,20 @@ int ByteAt(QByteArrayView file, qsizetype at)
     return at < file.size() ? static_cast<unsigned char>(file[at]) : -1;
 }
 
-/// Frame headers are 0xC0 to 0xCF, but for the tables for Huffman (C4) and arithmetic (CC) coding
-/// and the reserved C8.
+/// Frame headers are 0xC0 to 0xCF except the tables for Huffman (C4) and arithmetic (CC) coding and
+/// the reserved C8.
 bool IsFrameHeader(int marker)
 {
     return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
 }
 
-/// Frames and code tables, and from the start of a scan to restart intervals: scans, tables of
-/// steps, the number of lines.
+/// Frames, code tables, scans, quantization tables, the number of lines and restart intervals.
 bool IsPartOfPicture(int marker)
 {
     return (marker >= 0xC0 && marker <= 0xCF) || (marker >= StartOfScan && marker <= 0xDD);
 }
 
-/// @return where the next marker's 0xFF stands behind the coded pixels of a scan, or the file's
+/// @return the offset of the next marker's 0xFF after the coded pixels of a scan, or the file's
 /// size
 qsizetype EndOfCodedPixels(QByteArrayView file, qsizetype at)
 {
@@ -45,11 +44,11 @@ qsizetype EndOfCodedPixels(QByteArrayView file, qsizetype at)
     return file.size();
 }
 
-/// One marker with all that belongs to it.
+/// One marker with its data.
 struct JpegSegment
 {
     int Marker = 0;
-    /// From the marker's 0xFF on; of a scan, its coded pixels too.
+    /// Starts at the marker's 0xFF; a scan includes its coded pixels.
     QByteArrayView Bytes;
 
     bool Begins(QByteArrayView signature) const
@@ -89,11 +88,11 @@ bool WalkSegments(QByteArrayView file, Visit visit)
     return false;
 }
 
-/// Bytes of the two small headers, marker and length included. More may stand in a file, such as a
-/// small picture of what the photo was before it was cut out.
+/// Bytes of the JFIF and Adobe headers, marker and length included. A header in a file can be
+/// longer, for example because of a thumbnail, which may show what was cropped from the photo.
 constexpr int JfifBytes = 18;
 constexpr int AdobeBytes = 16;
-/// Where the bare header tells the size of its small picture.
+/// Offset of the thumbnail's size in the JFIF header.
 constexpr qsizetype SmallPictureAt = 16;
 
 QByteArray BareHeader(const JpegSegment& segment, int size)
@@ -106,7 +105,7 @@ QByteArray BareHeader(const JpegSegment& segment, int size)
     return header;
 }
 
-/// @return what is kept of a segment
+/// @return the part of a segment that `BareJpeg` keeps
 QByteArray PictureOwn(const JpegSegment& segment)
 {
     switch (segment.Marker) {

@@ -6,25 +6,25 @@
 
 namespace vantrel {
 
-/// What the markers of a JPEG file say about it.
+/// Properties of a JPEG file that its markers declare.
 struct JpegMarkers
 {
     /// Colour components: 1 grey, 3 colour, 4 CMYK.
     int Components = 0;
     int BitsPerSample = 0;
-    /// Baseline or progressive Huffman coding, which every PDF reader knows.
+    /// Baseline or progressive Huffman coding, which every PDF reader supports.
     bool IsCommonCoding = false;
 };
 
-/// Walks the markers of a whole JPEG file. Decoders fill up what a cut file lacks with grey, so
-/// this walk is what tells a torn photo from a whole one.
-/// @return nothing where the file is no JPEG or ends before its end marker
+/// Walks all markers of a JPEG file. Decoders fill the missing part of a truncated file with grey,
+/// so this walk is needed to detect an incomplete photo. Never throws.
+/// @return nothing if the file is not a JPEG or ends before its end marker
 std::optional<JpegMarkers> ReadJpegMarkers(QByteArrayView file);
 
-/// The same picture without all that is no part of it: comments, what applications added, and
-/// whatever stands behind the end. What tells its colours stays: the bare JFIF and Adobe headers
-/// and a colour profile. The orientation goes as well; who shows the picture has to turn it.
-/// @param file  a file that `ReadJpegMarkers` takes for whole
+/// Removes from a JPEG file everything that does not belong to the picture: comments, application
+/// data and bytes after the end. The JFIF and Adobe headers and a colour profile stay because they
+/// define the colours. The orientation is removed too, so the caller has to rotate the picture.
+/// @param file  a file that `ReadJpegMarkers` accepts
 QByteArray BareJpeg(QByteArrayView file);
 
 } // namespace vantrel

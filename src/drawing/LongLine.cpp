@@ -6,14 +6,14 @@ namespace vantrel {
 
 namespace {
 
-/// The most characters that are shaped at once. With large letters fewer: the font system counts
-/// in thousandths of a point, and not beyond two million points.
+/// The most characters that are shaped at once. For large fonts the limit is lower, because Pango's
+/// coordinates overflow at about two million points.
 constexpr qsizetype LongestShaped = 4096;
 constexpr double WidestShaped = 200'000.0;
 constexpr qsizetype LongestBlock = 256;
-/// How many neighbours at either side decide how a letter looks.
+/// Number of characters on either side that can influence the shape of a letter.
 constexpr qsizetype Neighbours = 16;
-/// A line draws no more than this, whatever the width of its characters.
+/// The most characters of one line that are drawn.
 constexpr qsizetype MostDrawn = 1 << 18;
 
 double SizeOf(const Font& font)
@@ -27,7 +27,7 @@ qsizetype MostShaped(const Font& font)
     return std::min(LongestShaped, fitting);
 }
 
-/// @param at  a place in the text that was shaped
+/// @return the horizontal position in points of the character at index `at` of the shaped text
 double PlaceIn(const ShapedLine& line, QStringView text, qsizetype at, bool isRightToLeft)
 {
     if (at <= 0)
@@ -64,7 +64,7 @@ double LongLine::Width()
 
 std::vector<LinePiece> LongLine::PiecesWithin(double from, double to)
 {
-    // Letters reach beyond their place.
+    // Glyphs may extend beyond their advance width.
     const double margin = 2 * SizeOf(m_font);
     std::vector<LinePiece> pieces;
     qsizetype drawn = 0;
@@ -159,7 +159,8 @@ double LongLine::WidthOfShaped(const Block& block) const
     return std::max(0.0, isRightToLeft ? begin - end : end - begin);
 }
 
-/// What ends the line ends where the line does: its own measure decides, not the sum before it.
+/// The last piece of the line is aligned by its own shaped width to the line's end, not by the sum
+/// of the widths before it.
 LinePiece LongLine::PieceOf(const Block& block) const
 {
     LinePiece piece;

@@ -8,27 +8,29 @@
 
 namespace vantrel {
 
-/// A part of a line as it is drawn; `X` is its left edge in points from that of the line.
+/// A part of a line to draw; `X` is its left edge in points from the line's left edge.
 struct LinePiece
 {
     std::shared_ptr<const ShapedLine> Shaped;
     double X = 0;
 };
 
-/// A line that is longer than any card: it is measured without being shaped where its letters
-/// allow, and only what is in sight is shaped for drawing. Takes time by its length and hardly any
-/// memory. Refers to the text it is made of.
+/// A line that is longer than any card. Where its characters allow, it is measured by pair widths
+/// instead of being shaped, and only the visible part is shaped for drawing. Time is linear in its
+/// length; memory is small. It refers to the text and the font it was made from, which must outlive
+/// it.
 class LongLine
 {
 public:
-    /// Whether a line is cut before it is shaped. What is shorter is shaped whole.
+    /// Whether a line must be split before it is shaped. Shorter lines are shaped as a whole.
     static bool IsLong(QStringView text, const Font& font);
 
     LongLine(QStringView text, const Font& font);
 
-    /// In points.
+    /// Width of the whole line in points.
     double Width();
-    /// @param from,to  what is in sight, in points from the left edge of the line
+    /// @return the pieces that cover the visible range
+    /// @param from,to  the visible range, in points from the left edge of the line
     std::vector<LinePiece> PiecesWithin(double from, double to);
 
 private:
@@ -41,7 +43,7 @@ private:
         double X = 0;
         double Width = 0;
 
-        /// Whether a block stands right of this one, in the same stretch.
+        /// Whether `next` is the right neighbour of this block in the same run.
         bool IsLeftOf(const Block& next) const;
         void Take(const Block& next);
     };
@@ -51,7 +53,7 @@ private:
     double WidthOfPlain(const Block& block);
     double WidthOfShaped(const Block& block) const;
     LinePiece PieceOf(const Block& block) const;
-    /// @param visit  is given the blocks from left to right; returns false where it has seen enough
+    /// @param visit  receives the blocks from left to right and returns false to stop
     template <typename Visit>
     void Walk(Visit visit);
 

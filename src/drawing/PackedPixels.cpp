@@ -6,7 +6,7 @@ namespace vantrel {
 
 namespace {
 
-/// Lines follow each other without the gaps an image has between them.
+/// Copies the lines without the padding between them.
 QByteArray LinesOf(const QImage& image, qsizetype bytesOfLine)
 {
     QByteArray lines;

@@ -6,14 +6,15 @@ class QImage;
 
 namespace vantrel {
 
-/// The pixels of a picture as PDFs hold them, packed: three bytes of colour for each, and one of
-/// opacity where not all are opaque.
+/// The compressed pixels of a picture for a PDF: three colour bytes for each pixel, and one opacity
+/// byte unless all pixels are opaque.
 struct PackedPixels
 {
     QByteArray Colors;
     QByteArray Opacity;
 };
 
+/// Compresses the pixels of an image. Never fails.
 PackedPixels PackPixels(const QImage& image);
 
 } // namespace vantrel

@@ -12,15 +12,15 @@ namespace vantrel {
 
 namespace {
 
-/// In twips; a card ends long before, and renderers cannot count so far.
+/// In twips; far beyond any card, and within the number range of the renderers.
 constexpr double FarthestOut = 1'000'000.0;
 
 bool IsNear(double length)
 {
-    return std::abs(length) <= FarthestOut; // false for what is no number, too
+    return std::abs(length) <= FarthestOut; // also false for NaN
 }
 
-/// So many lines of a text are shaped to be measured; a card holds far fewer.
+/// Number of lines of a text that are shaped to measure it; a card holds far fewer.
 constexpr int LinesShaped = 1000;
 
 double WidthOfLine(const QString& line, const Font& font, int number)
@@ -48,7 +48,7 @@ std::unique_ptr<PageCanvas> PageCanvas::OnImage(QImage& image, double pixelsPerT
 void PageCanvas::DrawText(const QString& text, const Font& font, ColorValue color, double x,
                           double y)
 {
-    // A long text may begin far to the left and yet reach the card.
+    // A long text may start far to the left of the card and still reach it.
     if (!(x <= FarthestOut) || !IsNear(y))
         return;
     const FontHeights heights = TextShaper::Get().Heights(font);

@@ -12,7 +12,7 @@ namespace vantrel {
 
 struct ShapedLine;
 
-/// A line of text in its place on a page, in points from the top left corner.
+/// A line of text at its position on a page, in points from the top left corner.
 struct PlacedLine
 {
     std::shared_ptr<const ShapedLine> Line;
@@ -31,17 +31,18 @@ struct PlacedPicture
     double Height = 0;
 };
 
-/// What a page is drawn on: one set of rules and one way to shape text for paper and screen, so
-/// that what is seen is what prints. All lengths are twips from the page's top left corner. Text is
-/// measured and drawn unhinted at the page's own scale, whatever the scale of the picture it goes
-/// to.
+/// A page to draw on. Paper and screen share the same rules and the same text shaping, so the
+/// screen shows what will be printed. All lengths are twips from the page's top left corner. Text
+/// is measured and drawn unhinted at the page's own scale, independent of the resolution of the
+/// output.
 class PageCanvas
 {
 public:
-    /// Receives the bytes of a PDF as they are made; returns false when it cannot take them.
+    /// Receives the bytes of a PDF in order; returns false if it cannot store them.
     using Sink = std::function<bool(const char* bytes, std::size_t count)>;
 
-    /// A one-page PDF of that size in twips, streamed into `sink`. Text in it is real text.
+    /// Creates a one-page PDF of the given size in twips and writes it to `sink`. Its text can be
+    /// searched and copied.
     static std::unique_ptr<PageCanvas> OnPdf(double width, double height, Sink sink);
     /// Draws on an image (format ARGB32_Premultiplied or RGB32), which must outlive the canvas.
     /// `pixelsPerTwip` scales the page onto it.
@@ -51,32 +52,32 @@ public:
     PageCanvas& operator=(const PageCanvas&) = delete;
     virtual ~PageCanvas() = default;
 
-    /// Draws text with its first line's top at `y`. A carriage return, a line feed or both together
-    /// begin a new line below; other control characters draw nothing and take no width. Of a line
-    /// that is longer than any card only what reaches the card is drawn, from wherever it begins.
+    /// Draws text with the top of its first line at `y`. A carriage return, a line feed or both
+    /// together begin a new line; other control characters draw nothing and have no width. Of a
+    /// line that is longer than any card only the part that reaches the card is drawn.
     void DrawText(const QString& text, const Font& font, ColorValue color, double x, double y);
     /// Draws a picture stretched into the rectangle. Fails with `InvalidPicture` for an empty one.
     void PaintPicture(const Picture& picture, double x, double y, double width, double height);
-    /// Ends the page and hands out the last bytes. Fails with `PrinterError` if the sink did not
-    /// take them all.
+    /// Ends the page and writes the last bytes. Fails with `PrinterError` if the sink refused any
+    /// bytes.
     virtual void Finish() = 0;
 
-    /// Width of the widest line of a text, and height of all of them.
+    /// Width of the widest line of a text and height of all its lines, in twips.
     static double TextWidth(const QString& text, const Font& font);
     static double TextHeight(const QString& text, const Font& font);
-    /// Name of an installed font family, counted from 1, in the order of the font system. Fails
-    /// with `SubscriptOutOfRange`.
+    /// Name of an installed font family. `index` counts from 1 in the order of the font system.
+    /// Fails with `SubscriptOutOfRange`.
     static QString FontFamily(int index);
-    /// All of them, by name.
+    /// Names of all installed font families, in the order of the font system.
     static const QStringList& FontFamilies();
 
 protected:
     PageCanvas() = default;
 
-    /// Of what is seen, in points.
+    /// Width of the page in points.
     virtual double Width() const = 0;
     virtual void Set(const PlacedLine& placed) = 0;
-    /// @param placed  a picture that holds something, in a box with a size
+    /// @param placed  a picture that is not empty, in a box of positive size
     virtual void Set(const PlacedPicture& placed) = 0;
 
 private:

@@ -57,7 +57,8 @@ double PairWidths::Advance(QChar character, QChar next, bool isRightToLeft)
     return static_cast<double>(kept->second);
 }
 
-/// Two that are drawn as one are as wide as that one: the first is what the second leaves.
+/// If both are drawn as a ligature, the first gets the width of the ligature less that of the
+/// second.
 float PairWidths::Measure(QChar character, QChar next, bool isRightToLeft) const
 {
     const QChar both[] = {character, next};

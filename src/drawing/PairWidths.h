@@ -8,26 +8,28 @@
 
 namespace vantrel {
 
-/// How far apart two neighbours of a line stand in one font, for characters that look at no more
-/// than their neighbour: so a line of any length is measured without being shaped. Each pair is
-/// shaped once.
+/// Widths of pairs of neighbouring characters in one font, kerning included. They allow a long line
+/// to be measured without being shaped, if the shape of its characters depends on the next
+/// character at most. Each pair is shaped once and cached.
 class PairWidths
 {
 public:
     explicit PairWidths(const Font& font);
 
-    /// Whether a character stands by itself in every word, as the letters of Europe do.
+    /// Whether the character's shape does not depend on its position in a word, as with European
+    /// letters.
     static bool IsPlain(QChar character);
-    /// @param character  a plain one
-    /// @param next  the one behind it; none where it is the last
-    /// @return by how many points of the line the character is what its neighbour is not
+    /// @param character  one that `IsPlain` accepts
+    /// @param next  the character after it, null if it is the last
+    /// @return the distance in points from the start of the character to that of the next
     double Advance(QChar character, QChar next, bool isRightToLeft);
 
 private:
     float Measure(QChar character, QChar next, bool isRightToLeft) const;
 
     Font m_font;
-    /// Pairs of codes of one byte from left to right, by both; below 0 what was not measured yet.
+    /// Widths of left-to-right pairs of character codes below 256, indexed by both; `Unknown` if
+    /// not yet measured.
     std::vector<float> m_byBytes;
     std::unordered_map<std::uint64_t, float> m_others;
 };

@@ -13,12 +13,12 @@ namespace vantrel {
 
 namespace {
 
-/// Pictures kept decoded, in KiB: some hundred photos and backgrounds of one card each.
+/// Size of the cache of decoded pictures in KiB, enough for some hundred photos and backgrounds.
 constexpr int CacheKiB = 256 * 1024;
-/// Above this a file is no photo of a card but a mistake or an attack; decoded it takes 256 MiB.
+/// Larger pictures are refused as a mistake or an attack; this many pixels need 256 MiB decoded.
 constexpr qint64 MaxPixels = 64LL * 1024 * 1024;
 constexpr qint64 MaxJpegBytes = MaxPixels;
-/// Four bytes for each of so many pixels, and a head.
+/// Four bytes for each pixel and a header.
 constexpr qint64 MaxFileBytes = MaxPixels * 4 + 1024LL * 1024;
 
 [[noreturn]] void FailInvalid()
@@ -26,15 +26,15 @@ constexpr qint64 MaxFileBytes = MaxPixels * 4 + 1024LL * 1024;
     throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
 }
 
-/// A picture file as it was read, whole.
+/// The contents of a picture file.
 struct PictureFile
 {
     const PictureFormat* Format = nullptr;
     QByteArray Bytes;
 };
 
-/// Its format is told by its content alone, for the name of a file says nothing. Fails with
-/// `InvalidPicture` for what is no picture and for a file that was cut.
+/// Detects the format from the content and ignores the file name. Fails with `InvalidPicture` if
+/// the file is not a picture or is truncated.
 PictureFile ReadFile(const QString& path)
 {
     QFile file(path);
@@ -49,7 +49,7 @@ PictureFile ReadFile(const QString& path)
     return {format, bytes};
 }
 
-/// @return the JPEG file as a PDF may take it; empty where it must be decoded for that
+/// @return the JPEG file in a form that a PDF can embed; empty if it must be decoded instead
 PlainJpeg PlainJpegOf(const QByteArray& file)
 {
     const std::optional<JpegMarkers> markers = ReadJpegMarkers(file);
@@ -58,7 +58,7 @@ PlainJpeg PlainJpegOf(const QByteArray& file)
     return isCommon ? PlainJpeg{BareJpeg(file), markers->Components == 1} : PlainJpeg();
 }
 
-/// Fails with `InvalidPicture`. A giant is refused before it is decoded.
+/// Fails with `InvalidPicture`. A picture with too many pixels is refused before it is decoded.
 QImage Decode(QImageReader& reader)
 {
     const QSize size = reader.size();
@@ -75,7 +75,8 @@ std::shared_ptr<const PictureData> ReadPicture(const QString& path)
     PictureFile file = ReadFile(path);
     QBuffer buffer(&file.Bytes);
     QImageReader reader(&buffer, file.Format->Name);
-    // No other reader gets to see it, such as one of drawings, which opens what they name.
+    // Auto-detection could select a reader of vector drawings, which opens other files that a
+    // drawing names.
     reader.setAutoDetectImageFormat(false);
     if (file.Format->Name == QByteArrayView("jpeg")) {
         if (file.Bytes.size() > MaxJpegBytes)
@@ -96,8 +97,8 @@ struct CachedPicture
     Picture Held;
 };
 
-/// A cache of what is on the disk, not a state: to empty it changes nothing but time. It is used
-/// from the interface thread only, like all that draws.
+/// A cache of picture files; emptying it costs only time. Like all drawing code it is used from the
+/// main thread only.
 QCache<QString, CachedPicture>& PictureCache()
 {
     static QCache<QString, CachedPicture> cache(CacheKiB);

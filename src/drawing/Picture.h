@@ -7,21 +7,22 @@
 
 namespace vantrel {
 
-/// What a picture file held. Immutable, shared by all who show or print it.
+/// The decoded contents of a picture file. Immutable and shared by all users of the picture.
 struct PictureData;
 
-/// A picture value; a fresh one holds nothing. Cheap to copy.
+/// A picture; default-constructed it is empty. Cheap to copy.
 class Picture
 {
 public:
     Picture() = default;
     explicit Picture(std::shared_ptr<const PictureData> data) : m_data(std::move(data)) {}
-    /// A picture made from pixels, such as a camera's. A null image gives an empty picture.
+    /// Makes a picture from pixels, such as a camera image. A null image gives an empty picture.
+    /// Fails with `InvalidPicture` if the image is too large for the renderer.
     static Picture FromImage(const QImage& image);
 
-    /// The handle is what tells a picture that holds something: 0 means nothing.
+    /// Whether the picture is not empty.
     bool HasHandle() const { return m_data != nullptr; }
-    /// Own size in hundredths of a millimetre, 0 for an empty picture.
+    /// Natural size in hundredths of a millimetre, 0 for an empty picture.
     int WidthHundredths() const;
     int HeightHundredths() const;
     /// The decoded pixels, a null image for an empty picture.
@@ -34,9 +35,9 @@ private:
     std::shared_ptr<const PictureData> m_data;
 };
 
-/// Reads a picture file, through a cache keyed by path, size and modification time. The empty path
-/// gives an empty picture. Fails with `FileNotFound` where there is no such file and
-/// `InvalidPicture` where it holds no picture that can be read.
+/// Reads a picture file through a cache that notices changed files. An empty path gives an empty
+/// picture. Fails with `FileNotFound` if the file does not exist, with `InvalidPicture` if it is
+/// not a supported picture, is truncated or is too large.
 Picture LoadPicture(const QString& path);
 
 } // namespace vantrel

@@ -10,8 +10,8 @@ namespace vantrel {
 
 namespace {
 
-/// Resolution of a picture that does not tell its own.
-constexpr double UntoldDotsPerInch = 96.0;
+/// Resolution assumed for a picture file that specifies none.
+constexpr double DefaultDotsPerInch = 96.0;
 constexpr double HundredthsPerMetre = 100000.0;
 
 bool IsOpaque(const QImage& premultiplied)
@@ -25,7 +25,7 @@ bool IsOpaque(const QImage& premultiplied)
     return true;
 }
 
-/// A transparency that hides nothing is dropped: it would cost a second picture in every PDF.
+/// Drops an alpha channel that is fully opaque; it would add a second image to every PDF.
 QImage RendererPixels(const QImage& image)
 {
     if (!image.hasAlphaChannel())
@@ -34,12 +34,12 @@ QImage RendererPixels(const QImage& image)
     return IsOpaque(pixels) ? pixels.convertToFormat(QImage::Format_RGB32) : pixels;
 }
 
-/// An image that was told nothing stands at the resolution of the screen, which says nothing about
-/// the picture and differs from station to station.
+/// Qt gives an image without a resolution that of the screen, which is not a property of the
+/// picture and differs between stations.
 int Hundredths(int pixels, int dotsPerMetre, int dotsPerMetreOfScreen)
 {
     if (dotsPerMetre <= 0 || dotsPerMetre == dotsPerMetreOfScreen)
-        return static_cast<int>(std::lround(pixels * HundredthsPerInch / UntoldDotsPerInch));
+        return static_cast<int>(std::lround(pixels * HundredthsPerInch / DefaultDotsPerInch));
     return static_cast<int>(std::lround(pixels * HundredthsPerMetre / dotsPerMetre));
 }
 
@@ -69,7 +69,7 @@ bool IsTurned(QImageIOHandler::Transformations toUpright)
     return toUpright.testFlag(QImageIOHandler::TransformationRotate90);
 }
 
-/// First mirrored and flipped, then turned clockwise.
+/// Mirrors and flips first, then rotates clockwise.
 QImage Upright(const QImage& stored, QImageIOHandler::Transformations toUpright)
 {
     if (toUpright == QImageIOHandler::TransformationNone)
@@ -78,7 +78,7 @@ QImage Upright(const QImage& stored, QImageIOHandler::Transformations toUpright)
     return IsTurned(toUpright) ? mirrored.transformed(QTransform().rotate(90)) : mirrored;
 }
 
-/// The same steps as a matrix.
+/// The same transformation as a matrix.
 cairo_matrix_t UprightMatrix(QSize stored, QImageIOHandler::Transformations toUpright)
 {
     const double stepX = IsMirrored(toUpright) ? -1 : 1;
@@ -111,7 +111,7 @@ PictureData::PictureData(const QImage& image, QImageIOHandler::Transformations t
         std::swap(WidthHundredths, HeightHundredths);
     const cairo_format_t format =
         Stored.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
-    // Drawing from a surface never writes to it, so the pixels may stay shared.
+    // Cairo never writes to a source surface, so the pixels can stay shared.
     Surface.reset(cairo_image_surface_create_for_data(const_cast<uchar*>(Stored.constBits()),
                                                       format, Stored.width(), Stored.height(),
                                                       static_cast<int>(Stored.bytesPerLine())));

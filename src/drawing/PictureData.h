@@ -9,47 +9,49 @@
 
 namespace vantrel {
 
+/// Frees a cairo surface.
 struct CairoSurfaceDeleter
 {
     void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
 };
 using CairoSurface = std::unique_ptr<cairo_surface_t, CairoSurfaceDeleter>;
 
-/// A bare JPEG picture that a PDF may take as it is, without what else stood in its file; empty
-/// where a picture was none.
+/// A JPEG picture, stripped by `BareJpeg`, that a PDF can embed unchanged; empty for other
+/// pictures.
 struct PlainJpeg
 {
     QByteArray Bytes;
-    /// One colour component; three otherwise.
+    /// True for one colour component, false for three.
     bool IsGrey = false;
 };
 
-/// What the renderers keep of a picture: its pixels, decoded once, the same pixels as a surface to
-/// draw from, and packed for PDFs, so that nothing is converted from card to card.
+/// The forms of a picture that the renderers need: decoded pixels, a cairo surface and compressed
+/// pixels for PDFs. Each is made once, so nothing is converted again for the next card.
 struct PictureData
 {
-    /// @param image  upright, in any format, not null. Fails with `InvalidPicture` where the
-    /// renderer cannot take an image of that size.
+    /// @param image  upright, in any format, not null. Fails with `InvalidPicture` if the image is
+    /// too large for the renderer.
     explicit PictureData(const QImage& image);
-    /// A JPEG that a PDF may take as it is.
-    /// @param image  as the file has it, to be turned upright by `toUpright`
+    /// A JPEG that a PDF can embed unchanged. Fails with `InvalidPicture` if the image is too large
+    /// for the renderer.
+    /// @param image  as stored in the file; `toUpright` makes it upright
     PictureData(const QImage& image, QImageIOHandler::Transformations toUpright, PlainJpeg jpeg);
 
-    /// With what `Packed` may come to hold.
+    /// Size in memory in bytes, including the largest possible result of `Packed`.
     qint64 BytesHeld() const;
-    /// The pixels of `Stored`, packed when they are first asked for.
+    /// The compressed pixels of `Stored`, made on the first call.
     const PackedPixels& Packed() const;
 
-    /// As the file has them. Opaque pictures are RGB32, others ARGB32_Premultiplied.
+    /// The pixels as stored in the file: RGB32 if all are opaque, otherwise ARGB32_Premultiplied.
     QImage Stored;
-    /// Upright; the same as `Stored` where nothing is turned.
+    /// The upright pixels; the same as `Stored` if the file needs no rotation.
     QImage Pixels;
     int WidthHundredths = 0;
     int HeightHundredths = 0;
     /// Shares its memory with `Stored`.
     CairoSurface Surface;
-    /// Where a pixel of `Stored` stands in `Pixels`: so the photo of a turned camera goes into a
-    /// PDF as it is, too.
+    /// Maps a pixel of `Stored` to its position in `Pixels`, so that a PDF can embed a rotated JPEG
+    /// unchanged.
     cairo_matrix_t ToUpright;
     PlainJpeg Jpeg;
 

@@ -34,14 +34,14 @@ constexpr PictureFormat Formats[] = {
     {"ico",
      [](QByteArrayView head) { return Begins(head, "\0\0\1\0") || Begins(head, "\0\0\2\0"); },
      IsWholeIcon},
-    // Qt has one reader for all six kinds.
+    // Qt reads all six PNM variants with this reader.
     {"ppm",
      [](QByteArrayView head) {
          return head.size() > 2 && head[0] == 'P' && head[1] >= '1' && head[1] <= '6';
      },
      IsWholePnm},
     {"xpm", [](QByteArrayView head) { return Begins(head, "/* XPM"); }, IsWholeCText},
-    // A remark may stand before the first line that counts.
+    // A comment may precede the first definition.
     {"xbm", [](QByteArrayView head) { return Begins(head, "#define ") || Begins(head, "/*"); },
      IsWholeCText},
 };

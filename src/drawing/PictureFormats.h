@@ -5,24 +5,25 @@
 
 namespace vantrel {
 
-/// A kind of picture file that a card takes. All of them hold pixels: a drawing is no picture, for
-/// it may name other files of the machine, which would come onto a card.
+/// A supported picture file format. All formats hold pixels. Vector drawings are not supported
+/// because they can refer to other files of the machine, which would then appear on a card.
 struct PictureFormat
 {
-    /// As the image readers of Qt call it.
+    /// Name of Qt's image reader for the format.
     const char* Name;
-    /// Told by the first `PictureHeadBytes` of a file, never by its name.
+    /// Whether the first `PictureHeadBytes` of a file are of this format.
     bool (*IsOne)(QByteArrayView head);
-    /// Readers fill up what a cut file lacks, so this is what tells a torn photo from a whole one.
-    /// It costs time linear to the file.
+    /// Whether the file is complete. Image readers fill in missing pixels, so a truncated photo
+    /// must be detected before. Time is linear in the file size.
     bool (*IsWhole)(QByteArrayView file);
 };
 
 inline constexpr qsizetype PictureHeadBytes = 32;
 
+/// All supported formats.
 std::span<const PictureFormat> PictureFormats();
 
-/// @return nothing for what is no picture
+/// @return the format of a file by its first bytes, or null if it is not a supported picture
 const PictureFormat* FindPictureFormat(QByteArrayView head);
 
 } // namespace vantrel

@@ -38,7 +38,7 @@ cairo_t* PenFor(QImage& image)
 }
 } // namespace
 
-/// Owns what draws.
+/// Owns the cairo context.
 struct Sketch::Pen
 {
     explicit Pen(cairo_t* handle) : Handle(handle) {}

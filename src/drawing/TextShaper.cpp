@@ -18,7 +18,7 @@ namespace {
 constexpr int FontsKept = 256;
 constexpr int LinesKept = 512;
 constexpr int PairFontsKept = 8;
-/// A longer line is no label that comes again; it is not kept.
+/// Longer lines are not cached; they are hardly ever repeated.
 constexpr qsizetype LongestKept = 256;
 constexpr double SmallestSize = 0.1;
 constexpr double LargestSize = 2160.0;
@@ -69,7 +69,7 @@ Description Describe(const Font& font)
 {
     Description described(pango_font_description_new());
     pango_font_description_set_family(described.get(), font.Name.toUtf8().constData());
-    // Written so that a size that is no number becomes the smallest.
+    // The comparison turns NaN into the smallest size.
     const double size = font.Size > SmallestSize ? std::min(font.Size, LargestSize) : SmallestSize;
     pango_font_description_set_size(described.get(),
                                     static_cast<int>(std::lround(size * PANGO_SCALE)));
@@ -93,7 +93,7 @@ void Decorate(PangoLayout* layout, const Font& font)
     pango_attr_list_unref(attributes);
 }
 
-/// Codes that are no characters at all would be refused by the renderers, the whole page with them.
+/// The renderers refuse noncharacters, and with them the whole page.
 bool DrawsNothing(char32_t code)
 {
     switch (QChar::category(code)) {
@@ -117,7 +117,7 @@ struct TextShaper::Caches
 {
     ObjectOf<PangoFontMap> Map{pango_cairo_font_map_new()};
     ObjectOf<PangoContext> Context;
-    /// For stretches of a line, whose direction is that of the whole line.
+    /// For parts of a line, which have the direction of the whole line.
     ObjectOf<PangoContext> LeftToRight;
     ObjectOf<PangoContext> RightToLeft;
     QCache<Font, std::shared_ptr<const ResolvedFont>> Fonts{FontsKept};
@@ -127,7 +127,7 @@ struct TextShaper::Caches
 
     Caches()
     {
-        // At 72 dots to the inch a font's size in points is its size in units of the page.
+        // At 72 dots to the inch a point is one unit of the page.
         pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(Map.get()), 72.0);
         for (ObjectOf<PangoContext>* context : {&Context, &LeftToRight, &RightToLeft})
             *context = MakeContext();

@@ -11,12 +11,13 @@ namespace vantrel {
 
 class PairWidths;
 
+/// Frees a Pango layout.
 struct PangoLayoutDeleter
 {
     void operator()(PangoLayout* layout) const { g_object_unref(layout); }
 };
 
-/// One line of text in one font, shaped once: what is measured is what is drawn. Lengths in points.
+/// One line of text in one font, shaped once for measuring and drawing. Lengths are points.
 struct ShapedLine
 {
     std::unique_ptr<PangoLayout, PangoLayoutDeleter> Layout;
@@ -24,22 +25,22 @@ struct ShapedLine
     double Width = 0;
 };
 
-/// Heights of a font in points. A line is `Ascent` plus `Descent` high.
+/// Heights of a font in points. A line's height is `Ascent` plus `Descent`.
 struct FontHeights
 {
     double Ascent = 0;
     double Descent = 0;
 
+    /// Height of a line in points.
     double Line() const { return Ascent + Descent; }
 };
 
-/// Turns texts into lines of glyphs, unhinted and without rounding, at one point to the unit. Fonts
-/// are resolved once and lines that came lately are kept, since a card shows the same labels as the
-/// one before. A cache of what is installed, not a state.
+/// Shapes lines of text, unhinted and unrounded, in points. Resolved fonts and recent lines are
+/// cached, because successive cards show the same labels.
 class TextShaper
 {
 public:
-    /// The one of the process, for the interface thread.
+    /// The only instance; for the main thread.
     static TextShaper& Get();
 
     TextShaper();
@@ -47,16 +48,16 @@ public:
     TextShaper& operator=(const TextShaper&) = delete;
     ~TextShaper();
 
+    /// Heights of the font, resolved once and cached.
     FontHeights Heights(const Font& font);
-    /// @param text  without control characters. The line is valid as long as it is held.
+    /// @param text  without control characters
     std::shared_ptr<const ShapedLine> Line(const QString& text, const Font& font);
-    /// A stretch of a line in one direction, shaped by itself and not kept.
+    /// Shapes a part of a line that has one direction. The result is not cached.
     std::shared_ptr<const ShapedLine> Stretch(QStringView text, const Font& font,
                                               bool isRightToLeft);
-    /// The widths in points by which characters of this font follow each other, as far as they were
-    /// asked for. Valid until another font is asked for.
+    /// The pair widths of a font, in points. The reference is valid until the next call.
     PairWidths& Pairs(const Font& font);
-    /// Installed families, in the order of the font system.
+    /// Names of the installed families, in the order of the font system.
     const QStringList& Families();
 
 private:
@@ -64,9 +65,9 @@ private:
     std::unique_ptr<Caches> m_caches;
 };
 
-/// Cuts a text where a carriage return, a line feed or both together stand and takes out all other
-/// control characters and codes that are none. There is always a first line.
-/// @param take  is given each line in its turn; returns false where it wants no more
+/// Splits a text at each carriage return, line feed or pair of both, and removes all other control
+/// characters and noncharacters. There is always at least one line.
+/// @param take  receives the lines in order and returns false to stop
 void TakeLinesOfText(const QString& text, const std::function<bool(const QString& line)>& take);
 
 } // namespace vantrel

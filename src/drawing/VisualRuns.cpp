@@ -11,9 +11,9 @@ namespace vantrel {
 
 namespace {
 
-/// The first letter that is written from right to left; texts of most cards end below it.
+/// The first code of right-to-left scripts; most texts contain lower codes only.
 constexpr char16_t FirstRightToLeft = 0x0590;
-/// How far before a place the character that covers it is looked for.
+/// How far the start of a combined character is searched backwards.
 constexpr qsizetype LongestCharacter = 64;
 
 struct GlibDeleter
@@ -36,7 +36,7 @@ bool MayTurn(char32_t code)
     }
 }
 
-/// @return the code that begins at `at`, which may take two places
+/// @return the code point at `at`, which may be a surrogate pair
 char32_t CodeAt(QStringView line, qsizetype at)
 {
     const QChar first = line[at];
@@ -79,7 +79,7 @@ std::vector<LevelRun> LevelRunsOf(QStringView line)
     return runs;
 }
 
-/// From the deepest level up, what stands at a level or deeper is turned as a whole.
+/// Reverses every sequence of runs at or above each level, from the highest level down.
 void PutInVisualOrder(std::vector<LevelRun>& runs)
 {
     std::uint8_t deepest = 0;

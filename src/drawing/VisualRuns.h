@@ -5,7 +5,7 @@
 
 namespace vantrel {
 
-/// A stretch of a line whose characters follow each other in one direction.
+/// A part of a line whose characters have one direction; `End` is one past its last character.
 struct VisualRun
 {
     qsizetype Begin = 0;
@@ -13,11 +13,12 @@ struct VisualRun
     bool IsRightToLeft = false;
 };
 
-/// @return the stretches of a line as they stand on paper, from left to right
+/// @return the runs of a line in visual order, from left to right
 std::vector<VisualRun> VisualRunsOf(QStringView line);
 
-/// @return `at`, or the nearest place before it where a line may be cut: between two characters as
-/// a reader sees them. Behind very many marks on one letter it is `at`, but never within a code.
+/// @return the nearest index at or before `at` where a line may be split without separating a
+/// letter from its combining marks. After very many marks on one letter it is `at` itself, but
+/// never inside a surrogate pair.
 qsizetype CutBefore(QStringView line, qsizetype at);
 
 } // namespace vantrel

@@ -10,7 +10,7 @@ qint64 ByteAt(QByteArrayView file, qint64 at)
     return LittleEndianAt<quint8>(file, at);
 }
 
-/// @return the bytes of a GIF's table of colours that these flags tell of
+/// @return the size in bytes of the GIF colour table that the flags declare
 qint64 ColourTableBytes(qint64 flags)
 {
     constexpr qint64 hasTable = 0x80;
@@ -18,8 +18,8 @@ qint64 ColourTableBytes(qint64 flags)
     return (flags & hasTable) != 0 ? qint64{3} << ((flags & sizeBits) + 1) : 0;
 }
 
-/// @return the place behind a GIF's row of blocks, the last of which is empty; a cut row ends
-/// behind the file
+/// @return the offset after a sequence of GIF blocks, which ends with an empty block; past the end
+/// of the file if the sequence is truncated
 qint64 BehindBlocks(QByteArrayView file, qint64 at)
 {
     while (at < file.size()) {
@@ -36,7 +36,7 @@ qint64 BehindBlocks(QByteArrayView file, qint64 at)
 bool IsWholePng(QByteArrayView file)
 {
     constexpr qint64 signatureBytes = 8;
-    // Its length, its name, and its check sum.
+    // Length, name and checksum.
     constexpr qint64 bytesAroundChunk = 12;
     for (qint64 at = signatureBytes;;) {
         const qint64 length = BigEndianAt<quint32>(file, at);
@@ -63,7 +63,7 @@ bool IsWholeGif(QByteArrayView file)
             break;
         case ',': {
             const qint64 flags = ByteAt(file, at + imageHeadBytes - 1);
-            // One byte tells the width of the codes.
+            // One byte holds the code width.
             at = BehindBlocks(file, at + imageHeadBytes + ColourTableBytes(flags) + 1);
             break;
         }

@@ -4,13 +4,13 @@
 
 namespace vantrel {
 
-// Each tells whether a file of its format reaches as far as it says itself. None fails, whatever
-// the file holds; what stands behind the end does not matter.
+// Each returns whether a file of its format is as long as its own structure says. They never throw,
+// whatever the file contains, and ignore bytes after the end.
 
 bool IsWholePng(QByteArrayView file);
 bool IsWholeGif(QByteArrayView file);
 bool IsWholeWebP(QByteArrayView file);
-/// Icons and cursors, with all their pictures.
+/// Icons and cursors; all their pictures must be complete.
 bool IsWholeIcon(QByteArrayView file);
 
 } // namespace vantrel

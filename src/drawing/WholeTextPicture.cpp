@@ -4,7 +4,7 @@ namespace vantrel {
 
 namespace {
 
-/// Beyond this no side of a picture is taken for true.
+/// Longer sides are considered invalid.
 constexpr qint64 LongestSide = qint64{1} << 26;
 
 bool IsBlank(char character)
@@ -17,14 +17,14 @@ bool IsDigit(char character)
     return character >= '0' && character <= '9';
 }
 
-/// Reads the numbers of a portable file's text one by one.
+/// Reads the numbers of a PNM text file one after the other.
 class NumberReader
 {
 public:
     NumberReader(QByteArrayView file, qsizetype at) : m_file(file), m_at(at) {}
 
-    /// Takes the next number and the one blank behind it.
-    /// @return -1 where there is none, where the file ends with it, or where it is beyond all sides
+    /// Reads the next number and the one blank after it.
+    /// @return -1 if there is no number, if the file ends with it, or if it exceeds `LongestSide`
     qint64 Next()
     {
         SkipBlanks();
@@ -37,7 +37,7 @@ public:
         return m_at < m_file.size() && IsBlank(m_file[m_at++]) ? number : -1;
     }
 
-    /// Takes the next digit, which is a number by itself. @return whether there was one
+    /// Skips one digit, which is a whole pixel here. @return whether there was one
     bool NextDigit()
     {
         SkipBlanks();

@@ -4,11 +4,11 @@
 
 namespace vantrel {
 
-/// Whether a file of the portable formats has all its pixels. Pixels that are written as numbers
-/// must have a blank or line end behind the last: a cut number looks like a smaller one.
+/// Whether a PNM file contains all its pixels. Pixels written as decimal numbers must be followed
+/// by a blank or line end, because a truncated number looks like a smaller one.
 bool IsWholePnm(QByteArrayView file);
 
-/// Whether a picture that is written as C source text reaches the end of its list.
+/// Whether a picture in C source text (XBM, XPM) reaches the end of its list.
 bool IsWholeCText(QByteArrayView file);
 
 } // namespace vantrel

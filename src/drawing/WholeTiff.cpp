@@ -9,10 +9,10 @@ namespace vantrel {
 
 namespace {
 
-/// Tags whose values tell where other directories are: of smaller pictures, EXIF, a place on earth.
+/// Tags whose values are offsets of other directories: thumbnails, EXIF and GPS.
 constexpr int DirectoryTags[] = {330, 34665, 34853, 40965};
 
-/// Tags that tell together where parts of a page are and how long each is.
+/// Pairs of tags for the offsets and the lengths of a page's parts.
 struct PartTags
 {
     int Places;
@@ -24,10 +24,10 @@ constexpr PartTags PagesParts[] = {
     {513, 514}, // JPEG pictures
 };
 
-/// Bytes of one value, by its type; types from 1 on.
+/// Bytes of one value, by its type; types count from 1.
 constexpr int ValueBytes[] = {1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4};
 
-/// One row of values.
+/// The values of one tag.
 struct Values
 {
     qint64 At = 0;
@@ -68,7 +68,7 @@ private:
         return m_isLittleEndian ? LittleEndianAt<Type>(m_file, at) : BigEndianAt<Type>(m_file, at);
     }
 
-    /// @return -1 for what is no number of places or lengths, too
+    /// @return -1 also for types that are not whole numbers
     qint64 ValueOf(const Values& values, qint64 index) const
     {
         const qint64 at = values.At + index * values.BytesOfEach;
@@ -82,7 +82,8 @@ private:
         }
     }
 
-    /// A whole file has no more of anything than bytes; one that does names them again and again.
+    /// A valid file has no more entries than bytes; more of them mean that it refers to itself in
+    /// circles.
     bool Step() { return m_stepsLeft-- > 0; }
 
     bool HasDirectory(qint64 at)
@@ -113,7 +114,7 @@ private:
         constexpr qint64 shortRow = 4;
         const auto type = static_cast<std::size_t>(Number<quint16>(at + 2));
         if (type < 1 || type > std::size(ValueBytes))
-            return true; // of a later time; readers pass over it
+            return true; // an unknown type, which readers ignore
         Values values;
         values.BytesOfEach = ValueBytes[type - 1];
         values.Count = Number<quint32>(at + 4);
@@ -146,7 +147,7 @@ private:
     QByteArrayView m_file;
     bool m_isLittleEndian;
     qint64 m_stepsLeft;
-    /// Still to be looked at.
+    /// Offsets of the directories still to be read.
     std::vector<qint64> m_directories;
     QSet<qint64> m_seen;
 };

@@ -4,8 +4,8 @@
 
 namespace vantrel {
 
-/// Whether all that a TIFF file names is in it: every page with its pixels, and what belongs to
-/// pages.
+/// Whether a TIFF file contains everything that it refers to: the pixels of every page and all
+/// directories. Never throws.
 bool IsWholeTiff(QByteArrayView file);
 
 } // namespace vantrel

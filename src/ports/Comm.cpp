@@ -10,7 +10,8 @@ namespace {
 
 constexpr QLatin1StringView MappingSection("Serial Ports");
 
-/// @return whether the line took the new values; else it has the ones it took last again
+/// Applies new values to the device. @return false if the device refuses them; the values it
+/// accepted last are then restored
 template <typename Values>
 bool Give(SerialLine& line, const Values& wanted, Values& taken)
 {
@@ -93,7 +94,8 @@ QString Comm::Input()
     return FromCodePage(bytes);
 }
 
-// A line may be closed by what its own signal has set off, so it lives on until that is done.
+// A handler of the line's own signal may close it, so the line is deleted only after the handler
+// returns.
 void Comm::Close()
 {
     m_lastBytes.clear();
@@ -121,7 +123,7 @@ void Comm::Serve()
     m_inHandler = true;
     while (std::exchange(m_eventWaits, false)) {
         Q_EMIT OnComm();
-        // Bytes that came while the handler let events run were not told of.
+        // Bytes that arrived while the handler ran events were not signalled.
         m_eventWaits = m_eventWaits || (m_line != nullptr && m_line->HasBytes());
     }
     m_inHandler = false;

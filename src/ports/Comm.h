@@ -4,48 +4,51 @@
 
 namespace vantrel {
 
-/// The station's one serial port, under the rules of its control: it takes settings while it is
-/// shut, and keeps those that were in force where a text or the port refuses new ones. It only
-/// moves characters; what they mean is serial capture's matter.
+/// The station's serial port. Settings can be changed while it is closed; invalid settings leave
+/// the present ones in force. It only moves characters; `SerialCapture` processes them.
 class Comm : public QObject
 {
     Q_OBJECT
 
 public:
     /// @param mappingFile  a settings file whose section "Serial Ports" may name the device of a
-    /// port, as in "COM3=/dev/ttyUSB0"; a port without a row is /dev/ttyS and its number less one
+    /// port, as in "COM3=/dev/ttyUSB0"; a port without a key is /dev/ttyS followed by its number
+    /// less one
     explicit Comm(QString mappingFile);
     ~Comm() override;
 
+    /// Whether the port is open.
     bool PortOpen() const { return m_line != nullptr; }
-    /// Fails with `InvalidCall` where the port does not exist, is held by another process, or is
-    /// open already. A closed port is closed again without failing; what waited unread is lost.
+    /// Opens or closes the port. Opening fails with `InvalidCall` if the port does not exist, is in
+    /// use by another process or is already open. Closing never fails and discards unread
+    /// characters.
     void SetPortOpen(bool open);
 
     /// 1 is COM1.
     int CommPort() const { return m_commPort; }
-    /// Fails with `InvalidCall` while the port is open. Any number is taken: one that no port has
-    /// fails when it is opened.
+    /// Sets the port number. Fails with `InvalidCall` while the port is open. Any number is
+    /// accepted; one without a port fails when it is opened.
     void SetCommPort(int number);
 
     /// The settings in force, such as "9600,n,8,1".
     QString Settings() const { return SerialSettingsText(m_settings); }
-    /// Fails with `InvalidCall` where the text is no settings, or an open port refuses them; those
-    /// in force stay. What a shut port refuses comes out when it is opened: it then opens with
-    /// those it had before.
+    /// Sets speed, parity, data bits and stop bits. Fails with `InvalidCall` if the text is not a
+    /// valid settings text or the open port refuses it; the present settings then stay. Settings
+    /// that the device refuses when it is opened are replaced by the last ones it accepted.
     void SetSettings(const QString& text);
-    /// Fails like the settings, for a number outside 0 to 2.
+    /// Sets flow control: 0 none, 1 Xon / Xoff, 2 hardware. Fails with `InvalidCall` for other
+    /// numbers and if the open port refuses it; the present one then stays.
     void SetHandshaking(std::int16_t number);
 
-    /// All that waits, as characters of the code page; nothing where nothing waits.
+    /// Takes all received characters (code page 1252); empty if there are none.
     QString Input();
 
-    /// Has devices opened by another maker.
+    /// Replaces the function that opens devices.
     void SetLineMaker(SerialLineMaker maker) { m_maker = std::move(maker); }
 
 Q_SIGNALS:
-    /// Something happened on the port: characters came, or its device is gone. Does not come again
-    /// while its own handler runs; what happens meanwhile is told once that is done.
+    /// Emitted when characters arrived or the device was removed. It is not emitted while its own
+    /// handler runs; events in the meantime are signalled once after the handler returns.
     void OnComm();
 
 private:
@@ -61,10 +64,10 @@ private:
     int m_commPort = 1;
     SerialSettings m_settings;
     FlowControl m_flow = FlowControl::None;
-    /// What a port took last.
+    /// The values that a device accepted last.
     SerialSettings m_takenSettings;
     FlowControl m_takenFlow = FlowControl::None;
-    /// The last bytes of a device that is gone.
+    /// The last bytes of a removed device.
     QByteArray m_lastBytes;
     bool m_inHandler = false;
     bool m_eventWaits = false;

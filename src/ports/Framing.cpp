@@ -8,7 +8,7 @@ namespace vantrel {
 
 namespace {
 
-/// A flag and what it does to a value.
+/// A filter flag and the replacement it makes in a value.
 struct FilterRow
 {
     bool Filters::*Flag;
@@ -16,13 +16,14 @@ struct FilterRow
     QStringView Replacement;
 };
 
-/// In the order in which they act. A pair of blanks is looked for once: three blanks become two.
+/// In the order of application. Pairs of blanks are replaced in a single pass, so three blanks
+/// become two.
 constexpr FilterRow filterTable[] = {
     {&Filters::Cr, u"\r", {}},      {&Filters::Lf, u"\n", {}},    {&Filters::Tab, u"\t", u" "},
     {&Filters::Space, u"  ", u" "}, {&Filters::Esc, u"\x1B", {}}, {&Filters::NewPage, u"\f", {}},
 };
 
-/// Which characters separate, looked up in one step.
+/// A set of separator characters with constant-time lookup.
 class CharacterSet
 {
 public:
@@ -74,7 +75,8 @@ QStringList ParseDataStream(QString& buffer, const Delimiters& delimiters, const
 
 QStringList ParseWithoutCut(QString& text, const Delimiters& delimiters, const Filters& filters)
 {
-    // The texts as they were set: a delimiter written as a code stays in the first value.
+    // The undecoded delimiters are removed, so a delimiter that is set as a code stays in the first
+    // value.
     ReplaceText(text, delimiters.DataStart, {});
     ReplaceText(text, delimiters.DataEnd, {});
     QStringList values = SplitOnChars(text, DecodeHexCodes(delimiters.DataSeperator));

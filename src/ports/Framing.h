@@ -5,11 +5,11 @@
 
 namespace vantrel {
 
-/// The three texts that set a record apart, as the session has them (undecoded).
+/// The three delimiter texts of a record, with their "[HH]" codes not yet decoded.
 struct Delimiters
 {
     QString DataStart;
-    /// A set: each character separates on its own.
+    /// A set of characters, each of which separates values.
     QString DataSeperator;
     QString DataEnd;
 };
@@ -28,19 +28,20 @@ struct Filters
     bool CtrlBreak = false;
 };
 
-/// Cuts a text into its runs of characters outside `delimiters`. Empty runs do not exist.
+/// Splits a text at every character of `delimiters` and drops empty parts.
 QStringList SplitOnChars(const QString& text, const QString& delimiters = QStringLiteral(" ,/!|"));
 
-/// Applies the filters that act, in their fixed order, then trims blanks at both ends.
+/// Applies the enabled filters in a fixed order, then trims blanks at both ends.
 QString FilterValue(QString value, const Filters& filters);
 
-/// Replaces `buffer` with the text between the first start and the next end behind it, and cuts
-/// that into filtered values. Fails with `InvalidCall` where no such text can be cut; `buffer` is
-/// then as it was.
-/// @return the values, from position 1 at element 0; empty for a record with nothing in it
+/// Replaces `buffer` by the text between the first start delimiter and the next end delimiter after
+/// it, and splits that into filtered values. Fails with `InvalidCall` if there is no such text;
+/// `buffer` is then unchanged.
+/// @return the values, position 1 at element 0; empty for an empty record
 QStringList ParseDataStream(QString& buffer, const Delimiters& delimiters, const Filters& filters);
 
-/// Removes every delimiter text from `text` and cuts it into filtered values, with no framing.
+/// Removes every delimiter text from `text` and splits it into filtered values, without framing.
+/// Never fails.
 QStringList ParseWithoutCut(QString& text, const Delimiters& delimiters, const Filters& filters);
 
 } // namespace vantrel

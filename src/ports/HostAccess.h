@@ -6,17 +6,18 @@
 
 namespace vantrel {
 
-/// Which hosts may send to the station.
+/// The hosts that may send records to the station.
 class HostAccess
 {
 public:
-    /// Everybody may.
+    /// Allows every host.
     HostAccess() = default;
-    /// Addresses and networks, such as "10.0.0.5, 192.168.7.0/24, fd00::/8", separated by commas.
-    /// The empty text lets everybody send. An entry that is no address lets nobody in, so that a
-    /// slip of the pen closes a station and never opens it.
+    /// Allows the listed addresses and networks, separated by commas, such as "10.0.0.5,
+    /// 192.168.7.0/24, fd00::/8". An empty text allows every host. An entry that is not an address
+    /// allows no host at all, so that a typing error never opens a station.
     explicit HostAccess(const QString& allowFrom);
 
+    /// Whether the host may send. Never fails.
     bool Allows(const QHostAddress& host) const;
 
 private:
@@ -24,7 +25,7 @@ private:
     QList<QPair<QHostAddress, int>> m_networks;
 };
 
-/// An address as a host of its own kind: an IPv4 host that came over an IPv6 socket is one again.
+/// @return the address, with an IPv4 address mapped into IPv6 converted back to IPv4
 QHostAddress PlainAddress(const QHostAddress& address);
 
 } // namespace vantrel

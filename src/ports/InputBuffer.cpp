@@ -31,7 +31,7 @@ bool InputBuffer::Search::Advance(const QString& text, const QString& wanted)
     if (Found || text.isEmpty())
         return Found;
     Found = text.indexOf(wanted, From) >= 0;
-    // What came last may be the beginning of the delimiter.
+    // The end of the text may be the beginning of the delimiter.
     From = std::max<qsizetype>(0, text.size() - wanted.size() + 1);
     return Found;
 }

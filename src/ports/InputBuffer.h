@@ -4,23 +4,27 @@
 
 namespace vantrel {
 
-/// The characters that came from all ports and are not yet a record. It grows without limit and is
-/// searched once, from where the last search ended, whatever number of pieces it came in.
+/// The received characters of all ports that are not yet a complete record. It grows without limit.
+/// Each search continues where the last one ended, so the total time is linear however many pieces
+/// arrive.
 class InputBuffer
 {
 public:
+    /// The buffered characters.
     const QString& Text() const { return m_text; }
-    /// Replaces the text; the searches begin anew.
+    /// Replaces the text and restarts the searches.
     void Set(const QString& text);
+    /// Appends characters; the searches continue.
     void Append(const QString& characters);
+    /// Empties the buffer.
     void Clear();
 
-    /// @return whether both undecoded delimiter texts stand in the buffer, in whatever order. Empty
-    /// delimiters are found in any non-empty text.
+    /// @return whether the buffer contains both delimiter texts (undecoded), in any order. Any
+    /// non-empty text contains an empty delimiter
     bool IsComplete(const QString& dataStart, const QString& dataEnd);
 
 private:
-    /// How far one delimiter text has been looked for.
+    /// The state of the search for one delimiter text.
     struct Search
     {
         QString Wanted;

@@ -4,7 +4,7 @@
 namespace vantrel {
 
 namespace {
-/// A launcher on the same machine takes the connection at once or not at all.
+/// A launcher on the same machine accepts the connection at once or not at all.
 constexpr int WaitMilliseconds = 500;
 } // namespace
 

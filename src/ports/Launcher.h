@@ -4,14 +4,13 @@
 
 namespace vantrel {
 
-/// Title of the launcher's window, and the name of the local socket it listens on in the program
-/// folder.
+/// Title of the launcher's window, and file name of its local socket in the program folder.
 inline constexpr QLatin1StringView LauncherTitle{"         Launch Pad"};
-/// What a station sends there to close it.
+/// The message that closes the launcher.
 inline constexpr QLatin1StringView CloseMessage{"close\n"};
 
-/// Asks the launcher of that program folder to close. Does nothing where none is running; never
-/// fails and waits for no answer.
+/// Sends the close message to the launcher of the program folder, without waiting for an answer.
+/// Does nothing if no launcher is running. Never fails.
 void PostCloseToLauncher(const QString& programFolder);
 
 } // namespace vantrel

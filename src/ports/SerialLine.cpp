@@ -62,7 +62,7 @@ public:
 private:
     void OnError(QSerialPort::SerialPortError error)
     {
-        // A refused value is told by the routine that gives it.
+        // A refused value is reported by the call that sets it.
         if (error != QSerialPort::NoError && error != QSerialPort::UnsupportedOperationError)
             Q_EMIT Gone();
     }
@@ -79,7 +79,8 @@ std::unique_ptr<SerialLine> OpenSerialLine(const QString& device)
 
 bool SetLineValues(QSerialPort& port, const SerialSettings& settings)
 {
-    // The longer stop, whichever it is behind so many data bits, is one switch of the hardware.
+    // The hardware has one setting for the longer stop bit; the number of data bits decides whether
+    // it is 1.5 or 2.
     const auto stopBits =
         settings.StopBits == StopBits::One ? QSerialPort::OneStop : QSerialPort::TwoStop;
     return port.setBaudRate(settings.Speed) &&

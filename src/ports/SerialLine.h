@@ -9,37 +9,38 @@ class QSerialPort;
 
 namespace vantrel {
 
-/// One serial device, open as long as the object lives. It carries bytes one way: to the station.
+/// One open serial device; it only receives.
 class SerialLine : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @return false where the device refuses one of the values; what it then has of them is open
+    /// Applies settings. @return false if the device refuses one of the values; it may then have
+    /// accepted some of the others
     virtual bool Apply(const SerialSettings& settings) = 0;
     virtual bool Apply(FlowControl flow) = 0;
-    /// Whether bytes wait that `TakeBytes` would return.
+    /// Whether received bytes are waiting.
     virtual bool HasBytes() const = 0;
-    /// All bytes that wait.
+    /// Takes all received bytes.
     virtual QByteArray TakeBytes() = 0;
-    /// Lets go of the device. Nothing is told from then on.
+    /// Closes the device. No signal is emitted after that.
     virtual void Close() = 0;
 
 Q_SIGNALS:
-    /// Bytes have come.
+    /// Bytes have arrived.
     void Arrived();
-    /// The device is gone, as an adapter that was pulled out. Told until the line is closed, and
-    /// then without end: close it at once.
+    /// The device was removed, such as an unplugged adapter. It is emitted repeatedly until the
+    /// line is closed, so the handler must close it.
     void Gone();
 };
 
-/// Opens a device. Fails with `InvalidCall` where there is none or somebody else holds it.
+/// Opens a device. Fails with `InvalidCall` if it does not exist or another process has it open.
 using SerialLineMaker = std::function<std::unique_ptr<SerialLine>(const QString& device)>;
 
-/// The maker for devices of this machine, such as "/dev/ttyS0".
+/// Opens a device of this machine, such as "/dev/ttyS0". Fails like `SerialLineMaker`.
 std::unique_ptr<SerialLine> OpenSerialLine(const QString& device);
 
-/// Gives the values to a port, open or not. @return false at the first one it refuses
+/// Applies settings to an open or closed port. @return false at the first value that it refuses
 bool SetLineValues(QSerialPort& port, const SerialSettings& settings);
 
 } // namespace vantrel

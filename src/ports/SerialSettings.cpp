@@ -65,7 +65,7 @@ SerialSettings ReadSerialSettings(const QString& text)
     Require(settings.DataBits >= FewestDataBits && settings.DataBits <= MostDataBits);
 
     settings.StopBits = ReadStopBits(parts[3].trimmed());
-    // Port hardware makes its longer stop one and a half bits behind five data bits, else two.
+    // The longer stop of the hardware is 1.5 bits with five data bits and 2 bits otherwise.
     const StopBits longer =
         settings.DataBits == FewestDataBits ? StopBits::OneAndHalf : StopBits::Two;
     Require(settings.StopBits == StopBits::One || settings.StopBits == longer);

@@ -15,14 +15,14 @@ namespace vantrel {
 
 namespace {
 
-/// How deep arrivals may nest in each other's handlers. Each level holds a part of the stack until
-/// the one above is done, and hosts that send while a question stands open know no end: they wait.
-constexpr int DeepestNest = 256;
+/// The deepest nesting of arrival handlers. Each level uses stack until the inner ones return, and
+/// hosts may send any number of records while a dialog is open. Further hosts wait.
+constexpr int MaxNesting = 256;
 
 constexpr int LowestPort = 1;
 constexpr int HighestPort = 65535;
 
-/// Who is at the other end of a bare connection; null where it is gone.
+/// The peer's address of an accepted connection; null if the connection is gone.
 QHostAddress PeerOf(qintptr descriptor)
 {
     sockaddr_storage peer{};
@@ -70,10 +70,10 @@ struct SockArray::Private
     QHostAddress Address = QHostAddress::Any;
     HostAccess Access;
     std::set<qintptr> Requests;
-    /// Element 1 and up; none where the element is closed.
+    /// Elements 1 and up; null for a closed element.
     std::vector<Line*> Lines;
     int Depth = 0;
-    /// What came while arrivals were nested too deep, in its order.
+    /// Connections with data that arrived at the deepest nesting, in order of arrival.
     std::deque<QPointer<Line>> Waiting;
 };
 
@@ -89,13 +89,13 @@ void SockArray::Private::Request(qintptr descriptor)
         ::close(static_cast<int>(descriptor));
 }
 
-// A line does not nest in itself: what comes while its own handler runs, its end included, is told
-// when the handler is done.
+// A connection's own handlers never nest: what arrives while its handler runs, including its end,
+// is signalled after the handler returns.
 void SockArray::Private::Serve(Line& line)
 {
     if (line.InHandler)
         return;
-    if (Depth == DeepestNest) {
+    if (Depth == MaxNesting) {
         Waiting.emplace_back(&line);
         Listener.LetIn(false);
         return;
@@ -118,16 +118,17 @@ void SockArray::Private::Serve(Line& line)
             &Array, [this] { ServeWaiting(); }, Qt::QueuedConnection);
 }
 
-// Those that waited longest come first; what they do can nest again, and make the rest wait on.
+// Serves the waiting connections in order of arrival. Their handlers may reach the deepest nesting
+// again, which leaves the others waiting.
 void SockArray::Private::ServeWaiting()
 {
-    while (!Waiting.empty() && Depth < DeepestNest) {
+    while (!Waiting.empty() && Depth < MaxNesting) {
         const QPointer<Line> line = Waiting.front();
         Waiting.pop_front();
         if (line && !line->Dropped)
             Serve(*line);
     }
-    if (Depth < DeepestNest)
+    if (Depth < MaxNesting)
         Listener.LetIn(true);
 }
 
@@ -191,7 +192,7 @@ void SockArray::Listen()
 {
     if (m_d->Listener.IsListening())
         throw NotPossible(QStringLiteral("The socket listens already"));
-    // Asked for port 0, the system would choose one that no host knows.
+    // For port 0 the system would choose a port that no host knows.
     if (m_d->Port < LowestPort || m_d->Port > HighestPort)
         throw NotPossible(QStringLiteral("No such port"));
     if (!m_d->Listener.Listen(m_d->Address, m_d->Port))
@@ -217,7 +218,8 @@ void SockArray::Accept(int index, qintptr requestId)
         throw NotPossible(line->errorString());
     m_d->Requests.erase(requestId);
 
-    // A host that lost its power never closes; in months such sockets would pile up.
+    // A host that lost its power never closes its connection; without keep-alive such sockets would
+    // accumulate.
     line->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
     line->Host = PlainAddress(line->peerAddress()).toString();
     element = line.release();

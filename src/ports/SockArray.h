@@ -8,12 +8,11 @@
 
 namespace vantrel {
 
-/// States of a socket; the numbers are those the accept rule compares.
+/// States of a socket.
 enum class SockState { Closed = 0, Listening = 2, Connected = 7 };
 
-/// The station's sockets: element 0 listens, the others carry one accepted connection each, are
-/// made on demand and reused when closed. It only moves bytes; what they mean is the listener's
-/// matter.
+/// The station's sockets. Element 0 listens; each other element holds one accepted connection, is
+/// created on demand and reused when closed. The class only moves bytes; `Listener` processes them.
 class SockArray : public QObject
 {
     Q_OBJECT
@@ -22,34 +21,45 @@ public:
     explicit SockArray(QObject* parent = nullptr);
     ~SockArray() override;
 
+    /// The highest element that was loaded; 0 if only the listener exists.
     int HighestIndex() const;
+    /// State of an element; an element that was never loaded is closed.
     SockState State(int index) const;
-    /// The port of element 0. It is kept as it stands: a number that is no port fails in `Listen`,
-    /// so that none is opened in its place.
+    /// Sets the port of element 0. The number is not checked here; `Listen` fails for one that is
+    /// not a port.
     void SetLocalPort(int port);
-    /// The port element 0 listens on, or the number it was given.
+    /// The port that element 0 listens on, or the number that was set.
     int LocalPort() const;
-    /// The address element 0 listens on; empty for all of the machine. Fails with `InvalidCall` for
-    /// a text that is no address.
+    /// Sets the address that element 0 listens on; empty for all addresses of the machine. Fails
+    /// with `InvalidCall` if the text is not an address.
     void SetLocalAddress(const QString& address);
-    /// Which hosts may connect; others are closed at once and nothing is told of them.
+    /// Sets which hosts may connect. Connections of other hosts are closed at once without a
+    /// signal.
     void SetAccess(const HostAccess& access);
-    /// Fails with `InvalidCall` where the port cannot be had, and outside 1 to 65535.
+    /// Starts listening. Fails with `InvalidCall` if the port is not 1 to 65535 or cannot be
+    /// opened.
     void Listen();
-    /// Makes element `index`, one above the highest.
+    /// Creates element `index`, which must be one above the highest.
     void Load(int index);
-    /// Gives a waiting connection to element `index`. Fails with `InvalidCall` where it is gone.
+    /// Assigns a waiting connection to element `index`. Fails with `InvalidCall` if the connection
+    /// is gone.
     void Accept(int index, qintptr requestId);
-    /// All that is waiting on an element, as characters of the code page.
+    /// Takes all received bytes of an element, as characters of code page 1252.
     QString GetData(int index);
+    /// Closes an element; does nothing if it is closed.
     void Close(int index);
+    /// Address of the host that is connected to an element.
     QString RemoteHostIP(int index) const;
-    /// The address it listens on, or one of this machine that a host can connect to.
+    /// The address that the station listens on, or else one of this machine's addresses that hosts
+    /// can connect to.
     QString LocalIP() const;
 
 Q_SIGNALS:
+    /// A host wants to connect; `index` is 0. Pass `requestId` to `Accept`.
     void ConnectionRequest(int index, qintptr requestId);
+    /// Bytes have arrived on an element; call `GetData`.
     void DataArrival(int index);
+    /// The host has closed the connection of an element.
     void ConnectionClosed(int index);
 
 private:

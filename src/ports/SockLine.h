@@ -5,15 +5,17 @@
 
 namespace vantrel {
 
-/// One accepted connection. Its handlers let events run, in which it may be closed and its element
-/// given to the next host; so it lives on until its own handler has left the stack.
+/// One accepted connection. Its handlers run events, during which it may be closed and its element
+/// reused for the next host, so it is deleted only after its own handler has returned.
 class Line : public QTcpSocket
 {
 public:
+    /// @param index  element of the socket array, from 1
     Line(QObject* parent, int index) : QTcpSocket(parent), Index(index) {}
 
     const int Index;
-    /// The socket forgets its host when the connection ends, and then the last bytes still come.
+    /// Address of the host. Kept here because QTcpSocket clears it when the connection ends, before
+    /// the last bytes are read.
     QString Host;
     bool InHandler = false;
     bool Taken = false;

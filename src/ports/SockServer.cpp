@@ -12,14 +12,14 @@ namespace vantrel {
 
 namespace {
 
-/// How many hosts may wait for the station while it prints.
+/// Number of hosts that may wait while the station prints.
 constexpr int WaitingHosts = 1024;
-/// How long the listener rests before it looks for a free descriptor again.
-constexpr std::chrono::milliseconds RestForDescriptors{250};
-/// What hosts leave to the station: it opens files for each card.
-constexpr rlim_t KeptDescriptors = 32;
+/// Delay before the listener checks again for free descriptors.
+constexpr std::chrono::milliseconds RetryInterval{250};
+/// Descriptors reserved for the station, which opens files for each card.
+constexpr rlim_t ReservedDescriptors = 32;
 
-/// Whether a host can be taken in. Descriptors are given from the lowest up.
+/// Whether enough descriptors are free to accept a host. The system assigns the lowest free number.
 bool HasRoomForHost()
 {
     rlimit files{};
@@ -27,7 +27,7 @@ bool HasRoomForHost()
     if (next < 0 || ::getrlimit(RLIMIT_NOFILE, &files) != 0)
         return false;
     ::close(next);
-    const rlim_t kept = std::min(KeptDescriptors, files.rlim_cur / 4);
+    const rlim_t kept = std::min(ReservedDescriptors, files.rlim_cur / 4);
     return static_cast<rlim_t>(next) < files.rlim_cur - kept;
 }
 
@@ -42,7 +42,7 @@ SockServer::SockServer(QObject* parent) : QObject(parent)
 {
     m_server.setListenBacklogSize(WaitingHosts);
     m_rest.setSingleShot(true);
-    m_rest.setInterval(RestForDescriptors);
+    m_rest.setInterval(RetryInterval);
     connect(&m_rest, &QTimer::timeout, this, [this] { Follow(); });
 }
 
@@ -55,7 +55,7 @@ bool SockServer::Listen(const QHostAddress& address, int port)
 {
     if (!m_server.listen(address, static_cast<quint16>(port)))
         return false;
-    // Qt's own way of taking hosts in asks again at once, for ever, when descriptors run out.
+    // When descriptors run out, Qt's own accept loop retries at once and endlessly.
     m_server.pauseAccepting();
     m_arrivals =
         std::make_unique<QSocketNotifier>(m_server.socketDescriptor(), QSocketNotifier::Read);
@@ -68,7 +68,7 @@ void SockServer::Close()
 {
     if (m_arrivals) {
         m_arrivals->setEnabled(false);
-        // It may be the one that is calling.
+        // The notifier may be the caller.
         m_arrivals.release()->deleteLater();
     }
     m_server.close();

@@ -10,24 +10,25 @@ class QSocketNotifier;
 
 namespace vantrel {
 
-/// A listener that hands each host on as a bare descriptor. It leaves the process some descriptors
-/// for its own work, and rests where there are no more: hosts that are not taken in wait.
+/// A listening socket that passes on each connection as a socket descriptor. It reserves some
+/// descriptors for the process and stops accepting while no more are free; hosts then wait.
 class SockServer : public QObject
 {
 public:
     explicit SockServer(QObject* parent);
     ~SockServer() override;
 
-    /// @return false where the address or the port cannot be had
+    /// Starts listening. @return false if the address or port is not available
     bool Listen(const QHostAddress& address, int port);
     void Close();
     bool IsListening() const { return m_server.isListening(); }
+    /// The port it listens on; 0 if it does not listen.
     int Port() const { return m_server.serverPort(); }
     QString ErrorText() const { return m_server.errorString(); }
-    /// Whether hosts are taken in; at first they are.
+    /// Turns accepting on or off; initially on. Hosts that are not accepted wait.
     void LetIn(bool on);
 
-    /// Gets each host. Who does not keep the descriptor closes it.
+    /// Receives the descriptor of each accepted connection and owns it.
     std::function<void(qintptr)> OnRequest;
 
 private:

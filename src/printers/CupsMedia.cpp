@@ -9,7 +9,8 @@ namespace {
 
 constexpr auto MediaOption = "media";
 constexpr auto PageSizeOption = "PageSize";
-/// The print server takes a size for another one when both sides differ by less: five points.
+/// CUPS considers two sizes equal if both sides differ by less than this: five points, in
+/// hundredths of a millimetre.
 constexpr int Tolerance = 176;
 constexpr auto SmallestSize = "custom_min_";
 constexpr auto LargestSize = "custom_max_";
@@ -21,7 +22,7 @@ std::optional<SheetSize> SizeOf(const pwg_media_t* media)
                : std::nullopt;
 }
 
-/// The size that a name tells or is known by anywhere, whatever the driver is.
+/// The size of a standard or self-describing media name, independent of the driver.
 std::optional<SheetSize> SizeOfKnownName(const QByteArray& name)
 {
     if (const auto size = SizeOf(pwgMediaForPWG(name.constData())))
@@ -31,7 +32,7 @@ std::optional<SheetSize> SizeOfKnownName(const QByteArray& name)
     return SizeOf(pwgMediaForPPD(name.constData()));
 }
 
-/// What is known of one queue's sizes.
+/// The media sizes of one queue.
 class QueueSizes
 {
 public:
@@ -62,7 +63,7 @@ private:
     std::optional<DriverSizes> m_driver;
 };
 
-/// Fetched only for a name that is to be looked up.
+/// Fetches the driver's description from the server on the first call.
 const DriverSizes& QueueSizes::Driver()
 {
     if (!m_driver) {
@@ -114,8 +115,8 @@ bool QueueSizes::TakesOwn(const SheetSize& size) const
            size.Length <= most.Length;
 }
 
-/// The queue's size of a name, as the print server would find it; a size that the queue does not
-/// have is no size of its.
+/// The size of a media name, resolved as the print server does; nothing if the queue does not
+/// support it.
 std::optional<SheetSize> QueueSizes::Named(const QByteArray& name)
 {
     if (const auto size = Driver().Named(name))
@@ -128,7 +129,8 @@ std::optional<SheetSize> QueueSizes::Named(const QByteArray& name)
     return TakesOwn(*size) ? size : std::nullopt;
 }
 
-/// Filters look at the page size first. The media may be a list, with a tray or a material in it.
+/// The size that a user has set for the queue. Filters give the page size precedence over the
+/// media; the media can be a list that also names a tray or a material.
 std::optional<QueueSheet> QueueSizes::OfUser()
 {
     const QByteArray pageSize(Option(PageSizeOption));
@@ -146,7 +148,8 @@ std::optional<QueueSheet> QueueSizes::OfUser()
     return std::nullopt;
 }
 
-/// Not by `cupsGetDestMediaDefault`: of the sizes that only a driver knows it gives the first one.
+/// The server's default size. `cupsGetDestMediaDefault` is not used because for sizes that only the
+/// driver defines it returns the first one.
 std::optional<QueueSheet> QueueSizes::OfServer()
 {
     if (ipp_attribute_t* collection = Default("media-col");
@@ -166,8 +169,8 @@ std::optional<QueueSheet> QueueSizes::OfServer()
     return size ? std::optional(QueueSheet{*size, {}}) : std::nullopt;
 }
 
-/// Of a driverless printer whose sizes are all without margins the server does not know the
-/// default, and would print a job without media on office paper.
+/// The driver's default size. For a driverless printer with borderless sizes only, the server has
+/// no default and would print a job without a media option on office paper.
 std::optional<QueueSheet> QueueSizes::OfDriver()
 {
     const auto size = Named(Driver().DefaultName());

@@ -8,23 +8,23 @@
 
 namespace vantrel {
 
-/// An option that goes with a job.
+/// A name and a value of a job option.
 struct JobOption
 {
     QByteArray Name;
     QByteArray Value;
 };
 
-/// The sheet that a queue's jobs come out on.
+/// The sheet size on which a queue prints.
 struct QueueSheet
 {
     SheetSize Size;
-    /// What a job must carry so that it does.
+    /// Options that a job needs to be printed on this sheet.
     std::vector<JobOption> Options;
 };
 
-/// The size that is set for the queue as a user's option goes first, then the queue's default.
-/// @return nothing where the queue tells no size
+/// Finds the sheet size of a queue: the size that a user has set, otherwise the queue's default.
+/// @return nothing if the queue reports no size
 std::optional<QueueSheet> SheetOfQueue(cups_dest_t& queue, cups_dinfo_t& info);
 
 } // namespace vantrel

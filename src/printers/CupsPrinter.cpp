@@ -9,10 +9,10 @@ namespace vantrel {
 
 namespace {
 
-constexpr qint64 KnowledgeMilliseconds = 2000;
-/// The longest name the protocol knows, in bytes.
+constexpr qint64 InfoLifetimeMilliseconds = 2000;
+/// The longest job name that IPP allows, in bytes.
 constexpr qsizetype LongestTitle = 255;
-/// The same limit holds for the value of an option.
+/// The same limit applies to the value of an option.
 constexpr qsizetype LongestOption = 255;
 constexpr auto UntitledJob = "Card";
 
@@ -22,7 +22,8 @@ constexpr auto UntitledJob = "Card";
                   QStringLiteral("Printer error: ") + QString::fromUtf8(cupsLastErrorString()));
 }
 
-/// A title as the protocol takes it: no control characters, and not cut inside of a character.
+/// Makes a title valid for IPP: control characters become blanks, and a long title is cut between
+/// characters.
 QByteArray TitleForQueue(QString title)
 {
     std::replace_if(
@@ -36,7 +37,7 @@ QByteArray TitleForQueue(QString title)
     return title.toUtf8();
 }
 
-/// Options that go with one job.
+/// The options of one job; frees them.
 struct JobOptions
 {
     JobOptions() = default;
@@ -58,11 +59,12 @@ std::size_t IndexOfTrack(int trackNumber)
     return static_cast<std::size_t>(trackNumber - 1);
 }
 
-/// A stripe line as a job option carries it: all but letters, digits and "-._~" as %XX.
+/// Encodes a stripe line as the value of a job option: everything but letters, digits and "-._~"
+/// becomes %XX.
 QByteArray EncodedForOption(const QString& line)
 {
     QByteArray encoded = line.toUtf8().toPercentEncoding();
-    // As they stand these two are a switch, which reaches a driver without its value.
+    // CUPS treats these two values as switches and passes them to the driver without a value.
     for (const char* word : {"true", "false"}) {
         if (encoded.compare(word, Qt::CaseInsensitive) == 0)
             encoded = '%' + encoded.left(1).toHex() + encoded.sliced(1);
@@ -75,19 +77,19 @@ QByteArray EncodedForOption(const QString& line)
 
 } // namespace
 
-bool CupsPrinter::Know() const
+bool CupsPrinter::UpdateInfo() const
 {
-    if (m_known.Info && !m_known.Age.hasExpired(KnowledgeMilliseconds))
+    if (m_info.Info && !m_info.Age.hasExpired(InfoLifetimeMilliseconds))
         return true;
-    m_known = {};
-    m_known.Destination = FindCupsQueue(m_queue);
-    if (!m_known.Destination)
+    m_info = {};
+    m_info.Destination = FindCupsQueue(m_queue);
+    if (!m_info.Destination)
         return false;
-    m_known.Info.reset(cupsCopyDestInfo(CUPS_HTTP_DEFAULT, m_known.Destination.get()));
-    m_known.Age.start();
-    if (!m_known.Info)
+    m_info.Info.reset(cupsCopyDestInfo(CUPS_HTTP_DEFAULT, m_info.Destination.get()));
+    m_info.Age.start();
+    if (!m_info.Info)
         return false;
-    m_known.Sheet = SheetOfQueue(*m_known.Destination, *m_known.Info);
+    m_info.Sheet = SheetOfQueue(*m_info.Destination, *m_info.Info);
     return true;
 }
 
@@ -110,33 +112,34 @@ void CupsPrinter::SendStripe(int trackNumber, const QString& line)
 
 void CupsPrinter::EndDoc()
 {
-    // Another card's stripe must never travel with the next one, whatever becomes of this job.
+    // The stripe of this card must never go with the next job, even if this one fails.
     const auto forget = qScopeGuard([this] { m_stripe.clear(); });
     PagePrinter::EndDoc();
 }
 
 PagePrinter::PageSides CupsPrinter::Sides() const
 {
-    // A queue that cannot be asked keeps its page: the job itself is what then fails, once and with
-    // the reason.
-    if (Know() && m_known.Sheet) {
-        const SheetSize size = m_known.Sheet->Size;
-        // Queues turn a page to fit their media, however the driver names its sides.
-        // A whole twip undoes what the hundredths of a millimetre rounded.
+    // If the queue cannot be queried, the last known page stays; the job itself then fails with the
+    // reason.
+    if (UpdateInfo() && m_info.Sheet) {
+        const SheetSize size = m_info.Sheet->Size;
+        // Queues rotate a page to fit the media, so the order of the sides does not matter.
+        // Rounding to whole twips removes the rounding error of hundredths of a millimetre.
         m_sides.Short = std::round(TwipsOfHundredths(std::min(size.Width, size.Length)));
         m_sides.Long = std::round(TwipsOfHundredths(std::max(size.Width, size.Length)));
-        m_mediaOptions = m_known.Sheet->Options;
+        m_mediaOptions = m_info.Sheet->Options;
     }
     return m_sides;
 }
 
 void CupsPrinter::Deliver(const QByteArray& pdf)
 {
-    if (!Know()) {
+    if (!UpdateInfo()) {
         throw Failure(FailureNumber::PrinterError,
                       QStringLiteral("Printer error: no queue ") + m_queue);
     }
-    // A card is drawn to its place; a queue that shrinks it into its margins would move it.
+    // Prevents the queue from scaling the page to its margins, which would shift everything on the
+    // card.
     JobOptions options;
     options.Add("print-scaling", "none");
     for (const JobOption& media : m_mediaOptions)
@@ -144,10 +147,10 @@ void CupsPrinter::Deliver(const QByteArray& pdf)
     for (const JobOption& track : m_stripe)
         options.Add(track.Name, track.Value);
     int jobId = 0;
-    if (cupsCreateDestJob(CUPS_HTTP_DEFAULT, m_known.Destination.get(), m_known.Info.get(), &jobId,
+    if (cupsCreateDestJob(CUPS_HTTP_DEFAULT, m_info.Destination.get(), m_info.Info.get(), &jobId,
                           TitleForQueue(JobTitle()).constData(), options.Count,
                           options.List) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
-        m_known = {};
+        m_info = {};
         FailWithReason();
     }
     SendDocument(pdf, jobId);
@@ -155,8 +158,8 @@ void CupsPrinter::Deliver(const QByteArray& pdf)
 
 void CupsPrinter::SendDocument(const QByteArray& pdf, int jobId)
 {
-    cups_dest_t* destination = m_known.Destination.get();
-    cups_dinfo_t* info = m_known.Info.get();
+    cups_dest_t* destination = m_info.Destination.get();
+    cups_dinfo_t* info = m_info.Info.get();
     const bool sent =
         cupsStartDestDocument(CUPS_HTTP_DEFAULT, destination, info, jobId, "card.pdf",
                               CUPS_FORMAT_PDF, 0, nullptr, 1) == HTTP_STATUS_CONTINUE &&
@@ -169,9 +172,9 @@ void CupsPrinter::SendDocument(const QByteArray& pdf, int jobId)
     const Failure failure(FailureNumber::PrinterError,
                           QStringLiteral("Printer error: ") +
                               QString::fromUtf8(cupsLastErrorString()));
-    // A job without its document would hold up the queue.
+    // A job without a document would block the queue.
     cupsCancelDestJob(CUPS_HTTP_DEFAULT, destination, jobId);
-    m_known = {};
+    m_info = {};
     throw failure;
 }
 

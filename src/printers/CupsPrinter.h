@@ -7,31 +7,31 @@
 
 namespace vantrel {
 
-/// A queue of the machine's CUPS server. It gets each job as a PDF of the size and orientation of
-/// its card, with the job's title. The page is that of the media which a user has set for the
-/// queue, else of the queue's default media.
+/// A queue of the machine's CUPS server. Each job is a PDF of the size and orientation of its card,
+/// with the job's title. The page has the size of the media that a user has set for the queue,
+/// otherwise of the queue's default media.
 class CupsPrinter : public PagePrinter
 {
 public:
     explicit CupsPrinter(QString queue) : m_queue(std::move(queue)) {}
 
     QString DeviceName() const override { return m_queue; }
-    /// A queue takes options with its jobs, so it carries a track where one is set up for it.
+    /// True if a job option is set up for the track.
     bool CarriesStripe(int trackNumber) override;
-    /// Fails with `PrinterError` also for a line that is too long for an option; a cut one would
-    /// open no door, or the wrong one.
+    /// Fails with `PrinterError` also if the line is too long for a job option; a truncated stripe
+    /// must never be encoded.
     void SendStripe(int trackNumber, const QString& line) override;
     void EndDoc() override;
 
 protected:
     PageSides Sides() const override;
-    /// Fails with `PrinterError` and the server's own reason.
+    /// Sends the job to the queue. Fails with `PrinterError` and the server's message.
     void Deliver(const QByteArray& pdf) override;
 
 private:
-    /// What the server told about the queue, asked anew after a while or a failure: an
-    /// administrator may have changed it.
-    struct Knowledge
+    /// Cached information about the queue. It is queried again after a while and after a failure,
+    /// because an administrator may have changed the queue.
+    struct QueueInfo
     {
         CupsDestination Destination;
         CupsInfo Info;
@@ -39,15 +39,16 @@ private:
         QElapsedTimer Age;
     };
 
-    bool Know() const;
+    /// Brings `m_info` up to date. @return false if the queue cannot be queried
+    bool UpdateInfo() const;
     void SendDocument(const QByteArray& pdf, int jobId);
 
     QString m_queue;
-    /// The stripe of the job that is open.
+    /// The stripe options of the open job.
     std::vector<JobOption> m_stripe;
-    mutable Knowledge m_known;
+    mutable QueueInfo m_info;
     mutable PageSides m_sides;
-    /// What the page of these sides needs to come out on its media.
+    /// Options that a page of this size needs to be printed on its media.
     mutable std::vector<JobOption> m_mediaOptions;
 };
 

@@ -4,7 +4,7 @@ namespace vantrel {
 
 namespace {
 
-/// Called once for each queue. Instances are option sets of users, not printers.
+/// Called by libcups for each queue. Instances are option sets of users and not printers.
 int KeepQueue(void* kept, unsigned flags, cups_dest_t* destination)
 {
     if ((flags & CUPS_DEST_FLAGS_REMOVED) == 0 && destination->instance == nullptr) {
@@ -20,7 +20,7 @@ int KeepQueue(void* kept, unsigned flags, cups_dest_t* destination)
 std::vector<CupsDestination> ListCupsQueues()
 {
     std::vector<CupsDestination> queues;
-    // Asking for printers that are not discovered is what keeps libcups from browsing for seconds.
+    // This mask excludes discovered printers; otherwise libcups browses the network for seconds.
     constexpr cups_ptype_t notDiscovered = 0;
     cupsEnumDests(CUPS_DEST_FLAGS_NONE, 0, nullptr, notDiscovered, CUPS_PRINTER_DISCOVERED,
                   KeepQueue, &queues);

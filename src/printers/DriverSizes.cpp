@@ -9,12 +9,13 @@ namespace {
 
 constexpr QByteArrayView DefaultKeyword{"*DefaultPageSize:"};
 constexpr QByteArrayView SizeKeyword{"*PaperDimension "};
-/// Descriptions take some hundreds of kilobytes; what is behind this is not read.
+/// The most bytes of a description that are read; usual ones have some hundred kilobytes.
 constexpr qint64 LargestDescription = 1 << 24;
-/// Far beyond any sheet, in points, and far from where hundredths of a millimetre overflow.
+/// In points; far beyond any sheet, and small enough that hundredths of a millimetre do not
+/// overflow.
 constexpr double LongestSide = 100000;
 
-/// @return the side in hundredths of a millimetre, 0 for none
+/// @return the side in hundredths of a millimetre, 0 if it is not valid
 int SideOf(const QByteArray& points)
 {
     const double side = points.toDouble();
@@ -41,7 +42,7 @@ DriverSizes::DriverSizes(QIODevice& ppd)
     }
 }
 
-/// A line as `CR80/Card: "153 243"`: the name, how it reads to people, the sides in points.
+/// Parses a line such as `CR80/Card: "153 243"`: name, translation and sides in points.
 void DriverSizes::TakeSize(const QByteArray& line)
 {
     const qsizetype colon = line.indexOf(':');

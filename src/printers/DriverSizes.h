@@ -7,24 +7,24 @@
 
 namespace vantrel {
 
-/// Sides of a sheet as drivers list them, in hundredths of a millimetre.
+/// Sides of a sheet in hundredths of a millimetre.
 struct SheetSize
 {
     int Width = 0;
     int Length = 0;
 };
 
-/// The sizes that a queue's driver knows by names of its own, which users may set for the queue.
+/// The named sizes of a queue's driver, which users may set for the queue.
 class DriverSizes
 {
 public:
     DriverSizes() = default;
-    /// Reads a driver's description. What is no size in it is passed over.
+    /// Reads a driver's description (PPD). Lines without a valid size are ignored. Never fails.
     explicit DriverSizes(QIODevice& ppd);
 
-    /// @return the size of that name, in any case of its letters
+    /// @return the size of that name, compared without regard to case, or nothing
     std::optional<SheetSize> Named(const QByteArray& name) const;
-    /// The name that the driver gives its default; it need not be one of its sizes.
+    /// The name of the driver's default size; it need not be one of its sizes.
     const QByteArray& DefaultName() const { return m_defaultName; }
 
 private:

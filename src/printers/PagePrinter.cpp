@@ -41,7 +41,7 @@ void PagePrinter::FollowSetup(const QString& settingsPath)
 
 const PrinterSetup& PagePrinter::Setup()
 {
-    // A page keeps what it began with.
+    // A change of the setup does not affect an open page.
     if (!m_page)
         m_setup = m_setupFile.Current();
     return m_setup;
@@ -86,7 +86,7 @@ void PagePrinter::EndDoc()
 {
     if (!m_page)
         return;
-    // The next page begins in the same memory, whatever becomes of this one.
+    // The next page reuses the buffer even if this job fails.
     const auto emptyBuffer = qScopeGuard([this] { m_pdf.resize(0); });
     {
         const auto closePage = qScopeGuard([this] { ClosePage(); });

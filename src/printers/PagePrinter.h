@@ -7,8 +7,8 @@
 
 namespace vantrel {
 
-/// What all printers of the station share: a job is one page, drawn as a PDF in memory and handed
-/// over whole. A job that fails is dropped; the next one starts on a fresh page.
+/// Base class of all printers of the station: a job is one page, drawn as a PDF in memory and then
+/// delivered as a whole. A failed job is dropped, and the next one starts on a new page.
 class PagePrinter : public Printer
 {
 public:
@@ -35,7 +35,7 @@ public:
                       double height) override;
     void EndDoc() override;
 
-    /// From now on each page follows what is set up for this printer in a settings file.
+    /// From now on each page uses this printer's setup in the given settings file.
     void FollowSetup(const QString& settingsPath);
 
 protected:
@@ -46,15 +46,16 @@ protected:
         double Long = 4860;
     };
 
-    /// The page as the printer has it at the moment; a CR80 card where a maker knows none.
+    /// The present page size of the printer; by default a CR80 card.
     virtual PageSides Sides() const { return {}; }
-    /// Takes a finished job. Fails with `PrinterError`; nothing of the job may then be left where
-    /// finished cards are found.
+    /// Delivers a finished job. Fails with `PrinterError`, and must then leave nothing of the job
+    /// among finished cards.
     virtual void Deliver(const QByteArray& pdf) = 0;
 
     const QString& JobTitle() const { return m_jobTitle; }
-    /// What is set up for the open page, or for the next one. Never fails.
+    /// The setup for the open page, or else for the next one. Never fails.
     const PrinterSetup& Setup();
+    /// The open page; starts one if none is open.
     PageCanvas& OpenPage();
 
 private:
@@ -69,7 +70,7 @@ private:
     double m_currentX = 0;
     double m_currentY = 0;
     QByteArray m_pdf;
-    /// Writes into `m_pdf`, so it goes first.
+    /// Writes into `m_pdf`, so it must be destroyed first.
     std::unique_ptr<PageCanvas> m_page;
 };
 

@@ -12,8 +12,8 @@ namespace {
 constexpr QLatin1StringView FileBeginning{"card-"};
 constexpr QLatin1StringView FileEnding{".pdf"};
 constexpr int FewestDigits = 6;
-/// A file with a higher number was not numbered by a station: counting on from it would run out of
-/// numbers.
+/// Files with higher numbers are ignored: no station wrote them, and counting on from them could
+/// run out of numbers.
 constexpr qint64 HighestThatCounts = 999'999'999'999;
 
 QString FileNameOf(qint64 number)

@@ -6,13 +6,13 @@ namespace vantrel {
 
 inline constexpr auto PdfDeviceName = "Vantrel PDF";
 
-/// The built-in printer: one file per job, `card-000001.pdf` and on from the highest in its folder.
-/// A file is written under a temporary name and put in place without ever replacing one, so several
-/// printers may share a folder.
+/// The built-in printer. Each job becomes one file, numbered from `card-000001.pdf` on after the
+/// highest number in its folder. A file becomes visible only when it is complete and never replaces
+/// another one, so several printers may share a folder.
 class PdfPrinter : public PagePrinter
 {
 public:
-    /// @param folder  made when the first job comes
+    /// @param folder  created with the first job
     explicit PdfPrinter(QString folder) : m_folder(std::move(folder)) {}
 
     QString DeviceName() const override { return QString::fromLatin1(PdfDeviceName); }
@@ -22,7 +22,7 @@ protected:
 
 private:
     QString m_folder;
-    /// The highest number in the folder, as far as this printer knows; -1 before the first look.
+    /// The highest number seen in the folder; -1 before the folder was read.
     qint64 m_lastNumber = -1;
 };
 

@@ -9,30 +9,32 @@
 
 namespace vantrel {
 
-/// Page orientation as printers are told it.
+/// Values of the page orientation.
 inline constexpr int OrientationPortrait = 1;
 inline constexpr int OrientationLandscape = 2;
 
-/// One printing device, with exactly the operations a card job uses; their order is part of what a
-/// driver sees. Lengths are twips from the page's top left corner. Every operation may fail with
-/// `PrinterError`.
+/// One printing device with the operations that a card job uses. The driver receives
+/// them in the order of the calls. Lengths are twips from the page's top left corner. Every
+/// operation may fail with `PrinterError`.
 class Printer
 {
 public:
     virtual ~Printer() = default;
 
+    /// Name of the device, as in `Printers::DeviceNames`.
     virtual QString DeviceName() const = 0;
-    /// The name the next job carries in the queue.
+    /// Sets the name of the next job in the queue.
     virtual void SetJobTitle(const QString& title) = 0;
-    /// 1 portrait, 2 landscape; anything else fails.
+    /// Sets 1 portrait or 2 landscape; fails with `PrinterError` for other values.
     virtual void SetOrientation(int orientation) = 0;
     virtual int Orientation() const = 0;
-    /// Size of the page in the present orientation.
+    /// Size of the page in the present orientation, in twips.
     virtual double Width() const = 0;
     virtual double Height() const = 0;
 
-    /// Family name of an installed font, counted from 1.
+    /// Family name of an installed font; `index` counts from 1. Fails with `SubscriptOutOfRange`.
     virtual QString Fonts(int index) const = 0;
+    /// Set the font of the text that follows; its size is in points.
     virtual void SetFontName(const QString& name) = 0;
     virtual void SetFontSize(double points) = 0;
     virtual void SetFontBold(bool on) = 0;
@@ -40,31 +42,33 @@ public:
     virtual void SetFontUnderline(bool on) = 0;
     virtual void SetFontStrikethrough(bool on) = 0;
     virtual void SetForeColor(ColorValue color) = 0;
+    /// Set the position of the next text, in twips.
     virtual void SetCurrentX(double x) = 0;
     virtual void SetCurrentY(float y) = 0;
+    /// Width of a text in the present font, in twips.
     virtual double TextWidth(const QString& text) = 0;
 
-    /// Draws the text at the print position and moves to the start of the next line. The first
+    /// Draws text at the current position and moves to the start of the next line. The first
     /// operation that draws opens the page.
     virtual void Print(const QString& text) = 0;
     /// Draws a picture stretched into the rectangle.
     virtual void PaintPicture(const Picture& picture, double x, double y, double width,
                               double height) = 0;
-    /// Whether a track's stripe line travels beside the page, by `SendStripe`; otherwise it is
-    /// printed as text for the driver to find there.
+    /// Whether a track's stripe line is sent beside the page by `SendStripe`. If not, it is printed
+    /// as text on the page, where the driver finds it.
     virtual bool CarriesStripe(int /*trackNumber*/) { return false; }
-    /// Hands over the line of a track, 1 to 3, to travel with the job that is open; it opens one
-    /// as `Print` does. Fails with `PrinterError` where the printer does not carry that track.
+    /// Adds the stripe line of a track, 1 to 3, to the open job; opens one like `Print`. Fails with
+    /// `PrinterError` if the printer does not support the track.
     virtual void SendStripe(int /*trackNumber*/, const QString& /*line*/)
     {
         throw Failure(FailureNumber::PrinterError,
                       QStringLiteral("Printer error: the stripe travels on the page"));
     }
-    /// Ends the job and releases it. Without an open page nothing is released.
+    /// Ends the job and sends it. Does nothing without an open page.
     virtual void EndDoc() = 0;
 };
 
-/// What a printer's queue is doing at the moment it is asked.
+/// State of a printer's queue at the time of the query.
 struct SpoolState
 {
     bool Paused = false;
@@ -72,7 +76,7 @@ struct SpoolState
     int Jobs = 0;
 };
 
-/// The machine's printers, in their order, and the one that is current.
+/// The machine's printers in enumeration order, and the current one.
 class Printers
 {
 public:
@@ -80,12 +84,14 @@ public:
 
     /// Device names in enumeration order. Never fails; a machine without printers has none.
     virtual QStringList DeviceNames() = 0;
-    /// Makes the first device of exactly that name the current one. Fails with `PrinterError`.
+    /// Makes the first device with exactly that name current. Fails with `PrinterError` if there is
+    /// none.
     virtual void MakeCurrent(const QString& deviceName) = 0;
-    /// The current printer, at first the machine's default. Fails with `PrinterError` where there
-    /// is none. Valid until the next `MakeCurrent`.
+    /// The current printer, initially the machine's default. Fails with `PrinterError` if there is
+    /// none. Valid until the next `MakeCurrent`.
     virtual Printer& Current() = 0;
-    /// State of a device's queue. Never fails; what has no queue, or is gone, is running and empty.
+    /// State of a device's queue. Never fails; a device that has no queue or no longer exists is
+    /// reported as running and empty.
     virtual SpoolState SpoolStateOf(const QString& /*deviceName*/) { return {}; }
 };
 

@@ -11,7 +11,7 @@ namespace {
 
 constexpr QLatin1StringView StripeByOption{"option"};
 
-/// What a print server takes as the name of an option.
+/// Whether a print server accepts the text as the name of an option.
 bool IsOptionName(const QString& name)
 {
     constexpr QLatin1StringView alsoAllowed{"-_."};
@@ -48,7 +48,7 @@ PrinterSetup PrinterSetupFile::Read() const
     if (value(QStringLiteral("StripeChannel")).compare(StripeByOption, Qt::CaseInsensitive) == 0) {
         for (std::size_t i = 0; i < setup.StripeOptions.size(); ++i) {
             const QString name = value(QStringLiteral("StripeOption%1").arg(i + 1));
-            // An option carries one track: a second one would take the first one's place.
+            // An option can hold one track only; a second one would replace it.
             const auto& before = setup.StripeOptions;
             if (IsOptionName(name) && std::find(before.begin(), before.end(), name) == before.end())
                 setup.StripeOptions[i] = name;

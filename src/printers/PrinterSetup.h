@@ -9,27 +9,27 @@ namespace vantrel {
 /// The tracks of a magnetic stripe, numbered from 1.
 inline constexpr int TrackCount = 3;
 
-/// What an administrator has set up for one printer; as it is made, nothing is.
+/// The administrator's setup of one printer; by default nothing is set.
 struct PrinterSetup
 {
-    /// Names of the job options that carry the tracks' stripe lines; where one is empty, its line
-    /// is text on the page.
+    /// Names of the job options for the tracks' stripe lines. If a name is empty, the line is
+    /// printed as text on the page.
     std::array<QString, TrackCount> StripeOptions;
-    /// How far all that is drawn on this printer moves to the right and down, in twips.
+    /// Shift of everything drawn on this printer to the right and down, in twips.
     double OffsetX = 0;
     double OffsetY = 0;
 };
 
-/// The section "Printer NAME" of a settings file, read anew when the file has changed: a printer is
-/// calibrated while the station runs.
+/// The section "Printer NAME" of a settings file. It is read again when the file has changed, so a
+/// printer can be calibrated while the station runs.
 class PrinterSetupFile
 {
 public:
-    /// No file: nothing is ever set up.
+    /// Without a file; the setup is always the default.
     PrinterSetupFile() = default;
     PrinterSetupFile(QString path, const QString& deviceName);
 
-    /// Never fails; what is missing or cannot be read counts as not set.
+    /// The present setup. Never fails; values that are missing or invalid count as not set.
     const PrinterSetup& Current();
 
 private:

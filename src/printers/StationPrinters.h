@@ -8,13 +8,13 @@
 namespace vantrel {
 
 /// The machine's printers: the CUPS queues in CUPS order, then the built-in "Vantrel PDF", which is
-/// current where CUPS has no default. The list of queues is asked at most every two seconds, since
-/// each page of a card walks it twice.
+/// current if CUPS has no default. The queues are listed at most every two seconds, since each page
+/// of a card needs the list twice.
 class StationPrinters : public Printers
 {
 public:
-    /// @param programFolder  cards of the built-in printer go to `Printed/Session N` in it, and
-    /// what is set up for printers is in its `Vantrel 6.ini`
+    /// @param programFolder  the built-in printer writes its cards to `Printed/Session N` in it,
+    /// and the setup of printers is read from its `Vantrel 6.ini`
     StationPrinters(const QString& programFolder, int sessionNumber);
     ~StationPrinters() override;
 
@@ -31,7 +31,7 @@ private:
     QStringList m_names;
     QString m_defaultName;
     QElapsedTimer m_age;
-    /// Kept from job to job: a printer holds its font and its open page.
+    /// Kept between jobs, since a printer holds its font and its open page.
     std::map<QString, std::unique_ptr<Printer>> m_printers;
     Printer* m_current = nullptr;
 };

@@ -8,7 +8,7 @@ namespace vantrel {
 namespace {
 constexpr int PixelsWide = 1016;
 constexpr int PixelsHigh = 640;
-/// The cards are drawn in twips, like the objects that stand on them.
+/// The cards are drawn in twips, like their objects.
 constexpr double CardWidth = 4860;
 
 constexpr Sketch::Ink Navy{0x16324F};

@@ -4,12 +4,12 @@
 
 namespace vantrel {
 
-/// @file The pictures of the demonstration layouts, drawn when they are asked for.
+/// @file The pictures of the demonstration layouts, drawn on each call.
 
-/// Back images of the member card's front and back: a whole card at 300 dots to the inch.
+/// Back images of both sides of the member card: the size of a card at 300 dots to the inch.
 QImage DrawCardFront();
 QImage DrawCardBack();
-/// A portrait of nobody, three wide to four high.
+/// A portrait of an invented person, with the aspect ratio 3:4.
 QImage DrawPortrait();
 
 } // namespace vantrel

@@ -65,7 +65,8 @@ void WriteSettings(const QString& path)
 void MakeDemoFolder(const QString& folder)
 {
     MakeProgramFolder(folder);
-    // The layouts hold whole paths: a station finds its pictures from wherever it is started.
+    // The layouts hold absolute paths, so that a station finds its pictures from any working
+    // directory.
     const QDir whole(QDir(folder).absolutePath());
     const QDir images(whole.filePath(QStringLiteral("Images")));
     WritePictures(images);

@@ -4,9 +4,9 @@
 
 namespace vantrel {
 
-/// Makes a program folder like `MakeProgramFolder`, and in it two layouts to begin with, their
-/// pictures, and settings that let session 1 capture on port 10001 with the member card open. Fails
-/// like `MakeProgramFolder`.
+/// Creates a program folder like `MakeProgramFolder`, with sample layouts, their pictures, and
+/// settings with which session 1 captures on port 10001 and opens the member card. Fails like
+/// `MakeProgramFolder`.
 void MakeDemoFolder(const QString& folder);
 
 } // namespace vantrel

@@ -18,13 +18,13 @@ QString Text(const char* text)
     return QString::fromUtf8(text);
 }
 
-/// The path of a picture in the folder, no path for none.
+/// The path of a picture in the folder; empty for no picture.
 QString PathOf(const QString& folder, const char* name)
 {
     return *name == '\0' ? QString() : QDir(folder).filePath(QLatin1StringView(name));
 }
 
-/// Adds one row of `Controls`, beginning with what every object has.
+/// Adds one row of `Controls`, starting with the columns of all objects.
 class ObjectWriter
 {
 public:

@@ -6,7 +6,7 @@ namespace vantrel {
 
 class Connection;
 
-/// Names of the picture files that the demonstration layouts show.
+/// Names of the picture files of the sample layouts.
 namespace DemoPicture {
 inline constexpr const char* Front = "card-front.jpg";
 inline constexpr const char* Back = "card-back.jpg";
@@ -20,8 +20,9 @@ inline constexpr const char* PassBack = "pass-back.jpg";
 inline constexpr const char* Transport = "transport.jpg";
 } // namespace DemoPicture
 
-/// Writes the rows of the layouts "Member Card", two pages, "Visitor", one page for dynamic fields,
-/// and those of the gallery. Fails like `Recordset`.
+/// Writes the rows of the layouts "Member Card" (two pages), "Visitor" (one page for dynamic
+/// fields) and those of the gallery. `imageFolder` is the absolute path of their pictures. Fails
+/// like `Recordset`.
 void WriteDemoLayouts(Connection& connection, const QString& imageFolder);
 
 } // namespace vantrel

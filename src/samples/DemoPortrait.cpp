@@ -4,7 +4,7 @@
 namespace vantrel {
 
 namespace {
-// The portrait is drawn on a field of 300 by 400; the face is centred on x = 150.
+// The portrait is drawn in an area of 300 by 400 units; the face is centred at x = 150.
 constexpr Sketch::Ink Skin{0xEFC3A0};
 constexpr Sketch::Ink SkinShade{0xDCA680};
 constexpr Sketch::Ink NeckShade{0xCB9470};

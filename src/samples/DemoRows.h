@@ -5,14 +5,14 @@
 #include "printers/Printer.h"
 #include <span>
 
-/// The kinds of rows that sample layouts are made of. Lengths are twips on a card of 4860 by 3060.
+/// The kinds of rows in sample layouts. Lengths are twips on a card of 4860 by 3060.
 namespace vantrel::demo {
 
 enum class Align { Left = 0, Right = 1, Centre = 2 };
 enum class Weight { Regular, Bold };
 enum class Digit { None, Mod10, Codabar };
 
-/// Where a text stands, in twips, and how it looks.
+/// Position in twips and appearance of a text.
 struct Place
 {
     int Left;
@@ -25,6 +25,7 @@ struct Place
     Align Alignment;
 };
 
+/// A static text.
 struct TextRow
 {
     const char* Layout;
@@ -33,6 +34,7 @@ struct TextRow
     Place At;
 };
 
+/// A data field.
 struct FieldRow
 {
     const char* Layout;
@@ -43,6 +45,7 @@ struct FieldRow
     Place At;
 };
 
+/// An automatic number.
 struct NumberRow
 {
     const char* Layout;
@@ -51,6 +54,7 @@ struct NumberRow
     Place At;
 };
 
+/// An image from a file.
 struct ImageRow
 {
     const char* Layout;
@@ -62,6 +66,7 @@ struct ImageRow
     int Height;
 };
 
+/// The parameters of a page.
 struct PageRow
 {
     const char* Layout;
@@ -72,11 +77,11 @@ struct PageRow
     const char* Track2;
     const char* Track3;
     int Orientation = OrientationLandscape;
-    /// Most kinds write the stripe as text on the page, which a PDF shows.
+    /// Most printer types print the stripe as text on the page, which is visible in a PDF.
     int PrinterType = PrinterTypeCode::Plain;
 };
 
-/// A set of layouts.
+/// The rows of a set of layouts.
 struct Samples
 {
     std::span<const ImageRow> Images;

@@ -9,7 +9,7 @@ namespace vantrel::demo {
 inline constexpr const char* MemberCard = "Member Card";
 inline constexpr const char* Visitor = "Visitor";
 
-// Colours as the store has them, 0x00BBGGRR.
+// Stored colours, 0x00BBGGRR.
 inline constexpr ColorValue Navy = 0x4F3216;
 inline constexpr ColorValue Brass = 0x3A82A6;
 inline constexpr ColorValue LightBrass = 0x7FC0DA;
@@ -103,11 +103,11 @@ inline constexpr ImageRow Images[] = {
     {MemberCard, 1, DemoPicture::Portrait, 250, 1160, 1180, 1570},
 };
 
-/// The stripe goes with the front: each page is a job of its own.
+/// The stripe belongs to the front, since each page is a separate job.
 inline constexpr PageRow Pages[] = {
     {MemberCard, 1, true, DemoPicture::Front, "DAT1~SEP~DAT2~MOD10", "DAT2~MOD10", "FD0^12^0^2"},
     {MemberCard, 2, true, DemoPicture::Back, "", "", ""},
-    // Fields that a record makes live until the page is saved, and a print reloads it.
+    // Dynamic fields exist until the page is loaded again, which a print does.
     {Visitor, 1, false, "", "", "", ""},
 };
 

@@ -4,10 +4,10 @@
 
 namespace vantrel {
 
-/// Makes a program folder that a station can start in: the folder where it is missing, a fresh
-/// layout database, and a launcher's file that lets session 1 run and be seen (kept if there is
-/// one). Fails with `InvalidCall`, and changes nothing, where the folder holds a layout database;
-/// with `PathNotFound` where something cannot be written.
+/// Creates a program folder in which a station can start: the folder itself if it is missing, an
+/// empty layout database, and a status file with which session 1 runs and is visible; an existing
+/// status file is kept. Fails with `InvalidCall`, and changes nothing, if the folder already has a
+/// layout database, with `PathNotFound` if a file cannot be written.
 void MakeProgramFolder(const QString& folder);
 
 /// Path of the layout database in a program folder.

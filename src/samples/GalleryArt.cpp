@@ -48,7 +48,7 @@ void Polygon(const Sketch& card, std::initializer_list<std::pair<double, double>
     card.ClosePath();
 }
 
-/// An open book, its fold at a point.
+/// An open book; its fold is at (x, y).
 void DrawBook(const Sketch& card, double x, double y, double size, Sketch::Ink ink)
 {
     for (const double side : {-1.0, 1.0}) {

@@ -4,12 +4,13 @@
 
 namespace vantrel {
 
-/// @file Back images of the gallery's cards, drawn when they are asked for: a whole card at 300
-/// dots to the inch, the badge upright.
+/// @file Back images of the gallery's cards, drawn on each call: the size of a card at 300 dots to
+/// the inch, in portrait for the badge.
 
+/// The back image of the staff badge.
 QImage DrawBadge();
 QImage DrawGiftFront();
-/// Black where the stripe lies, so that stripe text on the page does not show in a PDF.
+/// Black at the position of the stripe, so that stripe text on the page is not visible in a PDF.
 QImage DrawGiftBack();
 QImage DrawLibrary();
 QImage DrawPassFront();

@@ -3,7 +3,7 @@
 #include "samples/DemoLayouts.h"
 #include "samples/DemoRows.h"
 
-/// The rows of the gallery: one layout for each kind of card that stations make most.
+/// The rows of the gallery: one layout for each common kind of card.
 namespace vantrel::demo::gallery {
 
 inline constexpr const char* StaffBadge = "Staff Badge";
@@ -12,7 +12,7 @@ inline constexpr const char* LibraryCard = "Library Card";
 inline constexpr const char* VisitorPass = "Visitor Pass";
 inline constexpr const char* TransportPass = "Transport Pass";
 
-// Colours as the store has them, 0x00BBGGRR.
+// Stored colours, 0x00BBGGRR.
 inline constexpr ColorValue White = ColorWhite;
 inline constexpr ColorValue Ink = 0x332A22;
 inline constexpr ColorValue Grey = 0x7D756E;

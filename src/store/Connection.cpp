@@ -47,8 +47,8 @@ CursorResult Connection::Private::ResultOf(const QString& statement)
         return *kept;
     const std::shared_ptr<CursorShape> shape = ShapeOf(statement);
     auto rows = std::make_shared<CursorRows>();
-    // A failure on the way fails it all. A page read in part is no page: the next save would make
-    // the loss of its other rows lasting.
+    // A failure while reading fails the whole query. If a partly read page were loaded, the next
+    // save would delete its other rows for good.
     const auto takeColumns = [&](const StoreStatement& stored) {
         if (!shape->HasColumns())
             shape->TakeColumns(stored);
@@ -113,9 +113,9 @@ bool Connection::IsOpen() const
 void Connection::BeginTrans()
 {
     StoreDatabase& database = m_d->Opened();
-    // Asked of the store, not of the depth: it rolls back by itself where a disk is full or fails.
-    // The lock is taken at once, for a transaction that reads first and asks for it later would
-    // fail without waiting where another session has written in between.
+    // SQLite is asked instead of the depth because it rolls back automatically if the disk is full
+    // or fails. The write lock is taken at once. A transaction that reads first and requests the
+    // lock later fails without waiting if another session has written in between.
     if (database.Begin()) {
         m_d->Depth = m_d->DepthAside + 1;
         return;
@@ -138,7 +138,7 @@ void Connection::CommitTrans()
     database.Change(isOutermost ? QStringLiteral("COMMIT")
                                 : QStringLiteral("RELEASE ") + SavepointName(depth));
     m_d->Depth = depth;
-    // The transaction is committed, whatever becomes of this.
+    // The transaction is already committed, so a failure here is ignored.
     if (isOutermost)
         Skip("tidy what is pending", [&] { m_d->Pending.AfterCommit(database); });
 }

@@ -5,8 +5,8 @@
 
 namespace vantrel {
 
-/// The open layout database: one SQLite file. WAL, full durability at every commit, and five
-/// seconds of waiting for another session's lock.
+/// A connection to the layout database, one SQLite file in WAL mode. Every commit is durable. A
+/// write waits up to five seconds for the lock of another session.
 class Connection
 {
 public:
@@ -15,28 +15,31 @@ public:
     Connection& operator=(const Connection&) = delete;
     ~Connection();
 
-    /// Opens an existing file; never creates one. Fails with `FileNotFound`, or with
-    /// `StatementInvalid` where the file is no database.
+    /// Opens an existing file and never creates one. Fails with `FileNotFound` if it does not
+    /// exist, with `StatementInvalid` if it is not a database.
     void Open(const QString& path);
+    /// Closes the database. An open transaction is rolled back. Does nothing on a closed
+    /// connection.
     void Close();
     bool IsOpen() const;
 
-    /// Begins a transaction: the outermost takes the write lock at once, one inside another is a
-    /// savepoint. Fails with `StoreBusy` where another session holds the lock for five seconds.
+    /// Begins a transaction. The outermost one takes the write lock at once; a nested one is a
+    /// savepoint. Fails with `StoreBusy` if another session holds the lock for five seconds.
     void BeginTrans();
-    /// Commits the innermost transaction: durably where all around it were set aside. One that was
-    /// set aside itself only ends. Fails with `InvalidCall` where there is none.
+    /// Ends the innermost transaction. It commits durably if no transaction around it is still open
+    /// in the file; transactions that were set aside are not. A transaction that was itself set
+    /// aside ends without a commit. Fails with `InvalidCall` if no transaction is open.
     void CommitTrans();
-    /// Takes back on the file what the open transaction has written and gives its lock back, while
-    /// this connection goes on as if the transaction were open: it is still counted, and its rows
-    /// of that statement are seen here, until another session or this one writes those of the
-    /// file. Where the store has rolled back by itself nothing is left to be seen.
+    /// Rolls back the open transaction in the file and releases its lock, while this connection
+    /// continues as if it were open: it is still counted, and the rows it wrote for `statement`
+    /// stay visible to this connection until this or another session writes those rows in the file.
+    /// If SQLite has already rolled the transaction back automatically, its rows are lost.
     void SetAside(const QString& statement);
-    /// How many transactions were begun and not committed. Where the disk is full or fails, the
-    /// store may have rolled them back by itself; the next `BeginTrans` then counts from 1 again.
+    /// Number of transactions that were begun and not committed. If the disk is full or fails,
+    /// SQLite may have rolled them back automatically; the next `BeginTrans` then counts from 1
+    /// again.
     int TransactionDepth() const;
-    /// Whether the store holds a transaction open at this moment. What is written while it holds
-    /// none is committed at once.
+    /// Whether SQLite has an open transaction. If it has none, each write is committed at once.
     bool InTransaction() const;
 
 private:

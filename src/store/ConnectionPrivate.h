@@ -14,19 +14,21 @@ struct Connection::Private
     std::unique_ptr<StoreDatabase> Database;
     QCache<QString, std::shared_ptr<CursorShape>> Shapes;
     KeptRows Kept;
-    /// Seen by this session alone, where one of its transactions was set aside.
+    /// Rows of transactions that were set aside; visible to this session only.
     PendingRows Pending;
     int Depth = 0;
-    /// How many of the transactions begun were set aside: the file knows nothing of these.
+    /// Number of open transactions that were set aside and are not open in the file.
     int DepthAside = 0;
 
-    /// Fails with `ObjectClosed` on a closed connection.
+    /// @return the open database. Fails with `ObjectClosed` on a closed connection.
     StoreDatabase& Opened();
-    /// Fails with `StatementInvalid` for a statement that no cursor takes.
+    /// @return the parsed statement. Fails with `StatementInvalid` for a statement that cursors do
+    /// not support.
     std::shared_ptr<CursorShape> ShapeOf(const QString& statement);
-    /// What the statement gives now: read, or as it was read last where nobody has changed it.
+    /// @return the present result of the statement, from the cache if the database has not changed
+    /// since.
     CursorResult ResultOf(const QString& statement);
-    /// Lets what is pending know that a cursor is about to be opened.
+    /// Must be called before a cursor is opened, so that pending rows are shown or dropped.
     void BeforeCursor(const QString& statement, CursorLock lock);
 };
 

@@ -8,7 +8,7 @@ namespace vantrel {
 
 namespace {
 constexpr QStringView HiddenKey = u"RowKey";
-/// The key of any table under the store's own name; a view has it among its columns.
+/// SQLite's name for the row key of any table; a view lists it among its columns.
 constexpr QStringView StoresKey = u"rowid";
 
 bool SameName(QStringView left, QStringView right)
@@ -53,7 +53,7 @@ void CursorShape::TakeColumns(const StoreStatement& rows)
 
 bool CursorShape::DependsOn(const QString& column) const
 {
-    // A name within another one, or within a text, is taken for the column: a query too many.
+    // A match inside another name or a text also counts; it only costs an unnecessary query.
     const auto names = [&](const QString& text) {
         return text.contains(column, Qt::CaseInsensitive);
     };
@@ -76,7 +76,7 @@ int CursorShape::Find(const QString& name) const
 
 int CursorShape::PlaceOf(const QString& name) const
 {
-    // Nearly always the name comes just as the table has it.
+    // Nearly always the name is spelled exactly as in the table.
     if (const auto found = m_columnOfName.constFind(name); found != m_columnOfName.cend())
         return *found;
     for (std::size_t i = 0; i < m_columns.size(); ++i) {

@@ -10,41 +10,46 @@ namespace vantrel {
 
 class StoreStatement;
 
-/// What a cursor knows of its statement: worked out once, shared by all cursors that run it.
+/// The parsed statement of a cursor and the columns of its result. It is computed once and shared
+/// by all cursors on that statement.
 class CursorShape
 {
 public:
     struct Column
     {
         QString Name;
-        /// Place of its value in a row of the result.
+        /// Index of its value in a row of the result, from 0.
         int Place = 0;
-        /// TEXT, INTEGER or REAL in the tables the station makes.
+        /// Declared type: TEXT, INTEGER or REAL in the tables that the station creates.
         QByteArray Type;
 
         bool IsText() const { return Type.compare("TEXT", Qt::CaseInsensitive) == 0; }
-        /// Whether the store gives such a value, in stored form, back just as it takes it.
+        /// Whether a value in stored form is read back from this column unchanged.
         bool GivesBack(const QVariant& value) const;
     };
 
+    /// @param keyColumn  name of the table's key column, empty if there is none
     CursorShape(SelectStatement select, QString keyColumn);
 
-    /// Takes the columns of the statement's result.
+    /// Reads names and types of the columns from a prepared statement.
     void TakeColumns(const StoreStatement& rows);
-    /// Whether a new value in a column may change which rows the statement gives, or their order.
+    /// Whether a new value in the column may change which rows the statement returns, or their
+    /// order.
     bool DependsOn(const QString& column) const;
 
+    /// The parsed statement, and the SQL that is run for it.
     const SelectStatement& Select() const { return m_select; }
     const QString& Sql() const { return m_sql; }
     const std::vector<Column>& Columns() const { return m_columns; }
     bool HasColumns() const { return !m_columns.empty(); }
-    /// Whether rows bear the hidden key, so that they can be changed.
+    /// Whether rows carry the hidden key, which is needed to change them.
     bool HasKey() const { return !m_select.Distinct; }
-    /// The column that is the key itself, -1 where it is hidden.
+    /// Index of the column that is the row key, -1 if the key is hidden.
     int KeyColumn() const { return m_keyColumn; }
-    /// Place of a column by its name: case-blind, brackets optional. Fails with `ItemNotFound`.
+    /// Index of a column by its name, in any case and with or without brackets. Fails with
+    /// `ItemNotFound`.
     int Find(const QString& name) const;
-    /// As `Find`, but -1 where there is none, and no brackets.
+    /// As `Find`, but without brackets, and -1 if there is no such column.
     int PlaceOf(const QString& name) const;
 
 private:

@@ -5,7 +5,7 @@ namespace vantrel {
 
 namespace {
 
-/// All results together; one that is longer alone is not kept.
+/// Rows of all cached results together; a longer single result is not cached.
 constexpr int MostRowsKept = 4000;
 
 bool IsOfTable(const CursorShape& shape, const QString& table)
@@ -13,7 +13,7 @@ bool IsOfTable(const CursorShape& shape, const QString& table)
     return shape.Select().Table.compare(table, Qt::CaseInsensitive) == 0;
 }
 
-/// @return the rows with the change in the one it is for; the same rows where that is none of them
+/// @return a copy of the rows with the changed row, or the same rows if none has that key
 std::shared_ptr<const CursorRows> WithChange(const CursorShape& shape,
                                              const std::shared_ptr<const CursorRows>& rows,
                                              qlonglong key, const CursorShape& changed,

@@ -13,7 +13,7 @@ namespace vantrel {
 /// A row of a cursor's result.
 struct CursorRow
 {
-    /// 0 in a result that has none.
+    /// 0 in a result without keys.
     qlonglong Key = 0;
     /// Shared until one of its holders changes it.
     QVariantList Values;
@@ -21,10 +21,10 @@ struct CursorRow
 
 using CursorRows = std::vector<CursorRow>;
 
-/// A new value for each column that takes one, by the column's place.
+/// The new value of each changed column, by the index of the column.
 using RowChanges = std::vector<std::optional<QVariant>>;
 
-/// What a statement gave.
+/// The result of a statement.
 struct CursorResult
 {
     std::shared_ptr<const CursorShape> Shape;
@@ -32,21 +32,22 @@ struct CursorResult
     std::shared_ptr<const CursorRows> Rows;
 };
 
-/// The results of statements, kept from card to card: a station asks for the same pages again and
-/// again, and mostly nobody has changed them meanwhile.
+/// A cache of statement results. A station reads the same pages for every card, and they have
+/// rarely changed in between.
 class KeptRows
 {
 public:
     KeptRows();
 
-    /// @param now  the store's state; where it is another one than before, nothing is kept
-    /// @return what the statement gave last, none where that is not kept
+    /// @param now  state of the database; if it has changed, the cache is emptied
+    /// @return the cached result, or nothing
     std::optional<CursorResult> Find(const QString& statement, StoreDatabase::State now);
+    /// Caches a result, unless it is too long.
     void Keep(const QString& statement, const CursorResult& result);
 
-    /// Must be told when a row was changed through a cursor of that shape.
+    /// Must be called when a row was changed through a cursor of that shape.
     void TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes);
-    /// Must be told when a table got or lost a row.
+    /// Must be called when a row was added to or deleted from a table.
     void ForgetTable(const QString& table);
     void ForgetAll();
 

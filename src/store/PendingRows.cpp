@@ -5,7 +5,7 @@ namespace vantrel {
 
 namespace {
 
-/// Rows that are in no file yet stand behind all that are; no counter comes so far.
+/// Keys from here on mark rows that are not in the file yet; they sort after all stored rows.
 constexpr qlonglong FirstUnstoredKey = qlonglong{1} << 62;
 
 bool SameTable(const SelectStatement& one, const SelectStatement& other)
@@ -34,7 +34,7 @@ QString InFile(const SelectStatement& select)
     return QStringLiteral("main.[") + select.Table + QLatin1Char(']');
 }
 
-/// The condition for the rows of the statement.
+/// The WHERE clause that selects the rows of the statement.
 QString Of(const SelectStatement& select)
 {
     return QStringLiteral(" WHERE (") +
@@ -46,7 +46,7 @@ bool GivesRow(StoreDatabase& database, const QString& sql)
     return database.Execute(QStringLiteral("SELECT EXISTS (%1)").arg(sql)).toBool();
 }
 
-/// Columns as the file's table declares them, so that values keep their kinds.
+/// Column declarations of the file's table, so that values keep their types.
 QString ColumnsOf(StoreDatabase& database, const SelectStatement& select)
 {
     constexpr int nameColumn = 1;
@@ -70,7 +70,7 @@ void MakeTables(StoreDatabase& database, const SelectStatement& select)
     const QString columns = ColumnsOf(database, select);
     for (const QString& table : {Base(select), Pending(select)})
         database.Execute(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (%2)").arg(table, columns));
-    // The key comes last, so that the columns have the places they have in the file's table.
+    // The key comes last, so that the other columns keep the indexes they have in the file's table.
     database.Execute(QStringLiteral("CREATE TEMP VIEW IF NOT EXISTS [%1] AS "
                                     "SELECT *, rowid AS rowid FROM %2 WHERE rowid NOT IN "
                                     "(SELECT rowid FROM %3) "
@@ -85,7 +85,7 @@ void DropTables(StoreDatabase& database, const SelectStatement& select)
         database.Execute(QStringLiteral("DROP TABLE IF EXISTS ") + table);
 }
 
-/// Does all of it, or none.
+/// Runs the steps in one transaction and rolls it back if one fails.
 template <typename Steps>
 void InOne(StoreDatabase& database, Steps&& steps)
 {
@@ -138,7 +138,7 @@ void PendingRows::Fill(StoreDatabase& database, const CursorResult& seen)
         values.prepend(row.Key);
         database.Change(insert, values);
     }
-    // The key a new row was given may come to another session's row.
+    // Another session may by now have given a new row's key to a row of its own.
     database.Change(QStringLiteral("UPDATE %1 SET rowid = rowid + ?%2 AND rowid < ? AND rowid NOT "
                                    "IN (SELECT rowid FROM %3)")
                         .arg(Pending(select), Of(select), Base(select)),
@@ -166,8 +166,8 @@ bool PendingRows::OtherHasWritten(StoreDatabase& database, const Page& page) con
 bool PendingRows::BeforeReading(StoreDatabase& database, const SelectStatement& select,
                                 const QString& statement)
 {
-    // A page that is asked for as a whole, or with all its layout, is about to be loaded. Anything
-    // else must not let the rest of a page reappear behind a form that shows a part of it.
+    // Only a query for the whole page or the whole layout loads the page. Other queries must not
+    // make the rest of a page visible again while the form shows a part of it.
     if (database.InTransaction() || select.Distinct)
         return false;
     bool isOther = false;
@@ -200,7 +200,7 @@ bool PendingRows::BeforeChanging(StoreDatabase& database, const SelectStatement&
     if (page == nullptr)
         return false;
     if (page->WasRead) {
-        // The rows left out of what was read have nothing in the other table.
+        // Rows that the partial read left out have no counterpart in the other table.
         database.Execute(QStringLiteral("DELETE FROM %1%2 AND rowid IN (SELECT rowid FROM %3)")
                              .arg(Base(select), Of(select), Pending(select)));
         database.Execute(QStringLiteral("DELETE FROM ") + Pending(select) + Of(select));

@@ -6,39 +6,41 @@
 
 namespace vantrel {
 
-/// What a failed save has left of its pages, for the eyes of this session alone. In the file such a
-/// page is as it was before; this session sees the rows that were written and none of those that
-/// were deleted, as if its transaction were open still. All of it lies in memory, as temporary
-/// tables of the store's, and is gone when the store is closed.
+/// Rows that a failed save has written, visible to this session only. In the file the page is
+/// unchanged; this session sees the rows that were written and none of those that were deleted, as
+/// if its transaction were still open. The rows are kept in temporary tables in memory and are lost
+/// when the database is closed.
 ///
-/// The rows a page has in the file stand in a table `Base`, so that they are not seen, and what is
-/// seen instead in a table `Pending`; a temporary view takes the name of the table that is read.
-/// All operations fail like `StoreDatabase`.
+/// The table `Base` holds the page's rows in the file, which are hidden, and the table `Pending`
+/// holds the rows that replace them. A temporary view with the name of the original table combines
+/// both. All operations fail like `StoreDatabase`.
 class PendingRows
 {
 public:
+    /// Whether no page has pending rows.
     bool IsEmpty() const { return m_pages.empty(); }
 
-    /// From now on this session sees these rows where the statement is run, in place of those in
-    /// the file. No transaction may be open.
+    /// From now on `statement` returns the rows of `seen` instead of those in the file. No
+    /// transaction may be open.
     void Keep(StoreDatabase& database, const CursorResult& seen, const QString& statement);
 
-    /// Must be told before a cursor reads and changes nothing. What another session has written
-    /// since is seen, and what was pending of its page is given up.
+    /// Must be called before a read-only cursor reads. If another session has written to a page
+    /// since, the page's pending rows are dropped.
     /// @return whether other rows are seen now
     bool BeforeReading(StoreDatabase& database, const SelectStatement& select,
                        const QString& statement);
-    /// Must be told before a cursor that changes rows reads. In a transaction, that of the next
-    /// save, the page's rows are those of the file, so that all of them are written; but if the
-    /// page has been read in part, the rows left out of it stay unseen, for the save of a part must
-    /// not delete the rest. Outside of one all that is pending is given up.
+    /// Must be called before a cursor that changes rows reads. In a transaction (that of the next
+    /// save) it sees the page's rows in the file, so that all of them are written; but if only a
+    /// part of the page was read, the rows that were left out stay hidden, so that saving the part
+    /// does not delete them. Outside of a transaction all pending rows are dropped.
     /// @return whether other rows are seen now
     bool BeforeChanging(StoreDatabase& database, const SelectStatement& select,
                         const QString& statement);
-    /// Must be told when a transaction was committed.
+    /// Must be called when a transaction was committed.
     void AfterCommit(StoreDatabase& database);
+    /// Drops all pending rows.
     void GiveUp(StoreDatabase& database);
-    /// Must be told when the store was closed.
+    /// Must be called when the database was closed.
     void Forget() { m_pages.clear(); }
 
 private:
@@ -46,14 +48,14 @@ private:
     {
         QString Statement;
         SelectStatement Select;
-        /// Whether objects may stand on the form that were read from what is pending.
+        /// Whether objects on the form may have been read from the pending rows.
         bool WasRead = false;
     };
 
     void Fill(StoreDatabase& database, const CursorResult& seen);
     Page* Find(const QString& statement);
     bool OtherHasWritten(StoreDatabase& database, const Page& page) const;
-    /// Lets the file's rows of a page be seen.
+    /// Makes the file's rows of a page visible again.
     static void Uncover(StoreDatabase& database, const SelectStatement& select);
 
     std::vector<Page> m_pages;

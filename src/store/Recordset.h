@@ -11,20 +11,22 @@ class Connection;
 /// Whether a cursor may change rows.
 enum class CursorLock { ReadOnly, Optimistic };
 
-/// A cursor over the rows of one SELECT on one table, in the order of insertion unless the
-/// statement sorts; DISTINCT comes in name order. Rows are changed through the cursor only, each by
-/// its hidden key. Any operation on a cursor that is not open fails with `ObjectClosed`, one that
-/// needs a row where there is none with `NoCurrentRecord`, an unknown column with `ItemNotFound`, a
-/// statement the store does not take with `StatementInvalid`, a lock that stays with `StoreBusy`.
+/// A cursor over the rows of one SELECT on one table. Rows are in the order of insertion unless the
+/// statement sorts; those of DISTINCT are in the order of their values. Rows are changed only
+/// through the cursor, each by its hidden key. An operation fails with `ObjectClosed` on a cursor
+/// that is not open, with `NoCurrentRecord` if it needs a row and there is none, with
+/// `ItemNotFound` for an unknown column, with `StatementInvalid` for an unsupported statement and
+/// with `StoreBusy` if another session holds the lock for five seconds.
 class Recordset
 {
 public:
+    /// @param connection  must outlive the cursor
     explicit Recordset(Connection& connection);
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
     ~Recordset();
 
-    /// Runs the statement and stands on its first row. A cursor that was open is closed first.
+    /// Runs the statement and moves to its first row. A cursor that was open is closed first.
     void Open(const QString& statement, CursorLock lock = CursorLock::ReadOnly);
     void Close();
     bool IsOpen() const;
@@ -32,28 +34,31 @@ public:
     /// Both are true on a cursor without rows.
     bool IsEof() const;
     bool IsBof() const;
+    /// Number of rows of the result, including added ones and without deleted ones.
     int RecordCount() const;
-    /// Goes on to the next row, or behind the last. What was set and not updated is dropped.
+    /// Moves to the next row, or past the last one. Values that were set and not updated are
+    /// dropped.
     void MoveNext();
 
-    /// @return the value in the current row, a null `QVariant` for a null
+    /// @return the value in the current row; a null is a null `QVariant`
     QVariant Value(const QString& column) const;
     /// Sets a value in the row being added or changed; a null `QVariant` writes a null. This and
-    /// all below fail with `InvalidCall` on a cursor that is read only.
+    /// all functions below fail with `InvalidCall` on a read-only cursor.
     void SetValue(const QString& column, const QVariant& value);
     /// Begins a new row, all null; `Update` writes it.
     void AddNew();
-    /// Begins the current row as if it were a new one, all null, but with the place it has.
-    void BeginAnew();
-    /// Writes the row being added or changed; a row that was added becomes the current one. Values
-    /// that are what the store holds are not written again, so an unchanged row costs no commit.
-    /// Fails with `NoCurrentRecord` where the row has been deleted meanwhile.
+    /// Sets all columns of the current row to null; `Update` writes it. The row keeps its key and
+    /// so its position.
+    void ClearRow();
+    /// Writes the row being added or changed; an added row becomes the current one. Values that are
+    /// equal to the stored ones are not written, so an unchanged row needs no commit. Fails with
+    /// `NoCurrentRecord` if the row has been deleted in the meantime.
     void Update();
-    /// Writes the row being added only where the cursor's statement still finds none, in one step
-    /// that no other session can come between. Fails like `Update`.
-    /// @return false, with nothing written, where the statement finds a row by now
+    /// Writes the row being added only if the cursor's statement still finds no row, as one atomic
+    /// step. Fails like `Update`.
+    /// @return false, with nothing written, if the statement finds a row
     bool UpdateUnlessFound();
-    /// Deletes the current row; the cursor stays on its place until `MoveNext`. Fails like
+    /// Deletes the current row; the cursor stays at its position until `MoveNext`. Fails like
     /// `Update`.
     void Delete();
 

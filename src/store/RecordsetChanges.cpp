@@ -2,7 +2,7 @@
 #include "base/StoredForm.h"
 #include "store/RecordsetPrivate.h"
 
-// How a cursor changes rows; how it reads them stands beside.
+// Changing rows through a cursor; Recordset.cpp reads them.
 
 namespace vantrel {
 
@@ -70,7 +70,7 @@ void Recordset::Private::Write()
     for (std::size_t i = 0; i < Changes.size(); ++i) {
         if (!Changes[i])
             continue;
-        // What the store holds already costs no commit.
+        // A value that is already stored needs no commit.
         if (SameStored(row.Values[static_cast<qsizetype>(i)], *Changes[i])) {
             Changes[i].reset();
             continue;
@@ -117,7 +117,7 @@ void Recordset::AddNew()
     m_d->Adding = true;
 }
 
-void Recordset::BeginAnew()
+void Recordset::ClearRow()
 {
     const CursorShape& shape = m_d->Changeable();
     m_d->Current();

@@ -11,18 +11,18 @@ struct Recordset::Private
     explicit Private(Connection& connection) : Store(*connection.m_d) {}
 
     Connection::Private& Store;
-    /// None on a cursor that is not open.
+    /// Null on a cursor that is not open.
     std::shared_ptr<const CursorShape> Shape;
     CursorLock Lock = CursorLock::ReadOnly;
     /// May be shared with other cursors on the same statement.
     std::shared_ptr<const CursorRows> Rows = std::make_shared<CursorRows>();
-    /// The same rows where they are this cursor's alone, else none.
+    /// The same rows if this cursor alone holds them, otherwise null.
     std::shared_ptr<CursorRows> Own;
     std::size_t At = 0;
     int Count = 0;
     bool CurrentDeleted = false;
     bool Adding = false;
-    /// Values set and not yet written; empty where none is.
+    /// Values that are set and not yet written.
     RowChanges Changes;
 
     const CursorShape& Opened() const;
@@ -31,20 +31,20 @@ struct Recordset::Private
     CursorRows& OwnRows();
     const CursorShape& Changeable() const;
     void DropChanges();
-    /// The table in the file, whatever else this session sees under its name.
+    /// The table in the file, even if a temporary view has the same name.
     QString TableSql() const
     {
         return QStringLiteral("main.[") + Shape->Select().Table + QLatin1Char(']');
     }
     QString ColumnSql(int column) const;
-    /// @param source  what gives the values, made from as many placeholders
+    /// @param source  builds the SQL that supplies the values, from the list of placeholders
     /// @return whether a row was added
     template <typename Source>
     bool Insert(Source&& source);
     void Write();
-    /// Puts the changes into the row as it is held here.
+    /// Applies the changes to the row in memory.
     void TakeChanges(CursorRow& row) const;
-    /// Runs a statement that must hit exactly the row with its key.
+    /// Runs a statement that must affect exactly the current row.
     void RunOnRow(const QString& sql, const QVariantList& values);
 };
 

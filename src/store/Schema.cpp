@@ -22,7 +22,7 @@ constexpr const char* Whole = "INTEGER";
 constexpr const char* Real = "REAL";
 /// Holds 0 or 1.
 constexpr const char* YesNo = "INTEGER";
-/// The row key. Ascending and never given twice, so that its order is the order of insertion.
+/// The row key. It ascends and is never reused, so that its order is the order of insertion.
 constexpr const char* Counter = "INTEGER PRIMARY KEY AUTOINCREMENT";
 
 constexpr ColumnRow ControlsColumns[] = {
@@ -80,7 +80,7 @@ struct TableRow
 {
     const char* Name;
     std::span<const ColumnRow> Columns;
-    /// The columns rows are looked up by; empty for a table that is always read whole.
+    /// The columns by which rows are looked up; empty for a table that is always read whole.
     const char* Index;
 };
 
@@ -102,8 +102,9 @@ struct PrinterTypeRow
     int VisOrder;
 };
 
-/// One row for each code the station branches on. The printer selection sorts by the last column:
-/// printers without a stripe first, then those that take commands, then those that take fonts.
+/// One row for each printer type code that the station supports. The printer selection sorts by the
+/// last column: printers without a stripe first, then those that take commands, then those that
+/// take fonts.
 constexpr PrinterTypeRow PrinterTypes[] = {
     {1, "FARGO command text", true, true, 3},
     {2, "ELTRON command text", true, true, 4},
@@ -185,7 +186,7 @@ QStringList LayoutTableNames()
 
 void CreateLayoutDatabase(const QString& path)
 {
-    // Whoever makes the database holds the lock from the look at its name to its placing.
+    // The lock is held from the check for an existing file until the new one is in place.
     QLockFile lock(path + QStringLiteral(".lock"));
     if (!lock.lock())
         FailAsUnwritable(path);
@@ -197,7 +198,7 @@ void CreateLayoutDatabase(const QString& path)
     auto result = PlaceResult::Failed;
     try {
         MakeContents(fresh);
-        // The journals of a database that was deleted would be taken for those of the fresh one.
+        // SQLite would apply the leftover journals of a deleted database to the new one.
         RemoveJournals(path);
         result = PlaceFile(fresh, path);
     } catch (const Failure&) {

@@ -5,16 +5,16 @@
 
 namespace vantrel {
 
-/// Name of the layout database, beside the program.
+/// File name of the layout database in the program folder.
 inline constexpr const char* LayoutDatabaseName = "Vantrel.dat";
 
-/// Makes a fresh layout database with every table, index and one `PrinterTypes` row per code in
-/// use. It is made under a temporary name and put in place without replacing anything: fails with
-/// `InvalidCall` where a file of that name exists, `PathNotFound` where the folder cannot be
-/// written.
+/// Creates a layout database with all tables and indexes and one `PrinterTypes` row for each
+/// supported code. It is created under a temporary name and renamed without replacing anything.
+/// Fails with `InvalidCall` if a file of that name exists, with `PathNotFound` if the folder cannot
+/// be written.
 void CreateLayoutDatabase(const QString& path);
 
-/// The tables a layout database holds.
+/// Names of all tables of a layout database.
 QStringList LayoutTableNames();
 
 } // namespace vantrel

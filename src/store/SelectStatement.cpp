@@ -30,8 +30,8 @@ bool IsWordCharacter(QChar c)
     return c.isLetterOrNumber() || c == QLatin1Char('_') || c == QLatin1Char('.');
 }
 
-/// Walks a statement token by token, so that what stands inside a literal is never taken for a part
-/// of the statement.
+/// Reads a statement token by token, so that the contents of a literal are never read as part of
+/// the statement.
 class Scanner
 {
 public:
@@ -91,7 +91,7 @@ public:
         return isNumber;
     }
 
-    /// A column's or table's name, its brackets taken off.
+    /// A column or table name without its brackets.
     QString TakeName()
     {
         QStringView name = m_current.Text;
@@ -138,8 +138,8 @@ private:
     void PassLiteral()
     {
         PassThrough(QLatin1Char('\''), "a text is not closed.");
-        // The store would take two in a row for one inside the text: a name with both would be
-        // written as it is and looked up as another.
+        // SQLite reads two apostrophes in a row as one, so a name that contains two would be stored
+        // as it is but looked up as a different name.
         if (m_at < m_text.size() && m_text[m_at] == QLatin1Char('\''))
             Refuse("a text holds an apostrophe.");
     }
@@ -170,8 +170,8 @@ void TakeComparison(Scanner& scanner)
         Refuse("a column is compared with neither a text nor a number.");
 }
 
-/// Comparisons that must all hold. Nothing else is taken: a name is joined into its statement as it
-/// stands, and one with an apostrophe must not reach the rows of another.
+/// Reads comparisons joined by AND and rejects everything else. Names are inserted into statements
+/// unescaped, so a name with an apostrophe must not select the rows of another name.
 QString TakeCondition(Scanner& scanner, const QString& text)
 {
     const qsizetype begin = scanner.Begin();

@@ -5,26 +5,28 @@
 
 namespace vantrel {
 
-/// The one kind of statement a cursor takes, taken apart: SELECT [DISTINCT] columns FROM one table,
-/// with an optional WHERE of columns compared with a text or a number, and an optional ORDER BY.
+/// The parts of the only kind of statement a cursor supports: SELECT [DISTINCT] columns FROM one
+/// table, with an optional WHERE that compares columns with texts or numbers, and an optional ORDER
+/// BY.
 struct SelectStatement
 {
     bool Distinct = false;
     /// Column names without brackets; empty means all of them.
     QStringList Columns;
     QString Table;
-    /// The condition as it was written; empty where there is none.
+    /// The condition as written; empty if there is none.
     QString Where;
-    /// Each a bracketed column name, with its direction where one was given.
+    /// Column names in brackets, each with its direction if one was given.
     QStringList OrderBy;
 
-    /// The statement the store runs. Rows come in the order of the hidden key unless sorted, and
-    /// begin with that key; those of a DISTINCT have none and come in the order of their values.
+    /// The statement that SQLite runs. The first column of its rows is the hidden key, and rows are
+    /// in its order unless sorted. Rows of a DISTINCT have no key and are in the order of their
+    /// values.
     QString Sql() const;
 };
 
-/// Fails with `StatementInvalid` for anything else than such a statement: several statements, a
-/// comment, a statement within a statement, a text with an apostrophe or without its closing one.
+/// Parses a statement. Fails with `StatementInvalid` for anything else, such as several statements,
+/// a comment, a subquery, a text that contains an apostrophe or is not closed.
 SelectStatement ParseSelect(const QString& text);
 
 } // namespace vantrel

@@ -45,7 +45,7 @@ StoreDatabase::StoreDatabase(const QString& path, OpenMode mode) : m_statements(
     sqlite3_busy_timeout(database, LockPatienceMs);
     Execute(QStringLiteral("PRAGMA journal_mode = WAL"));
     Execute(QStringLiteral("PRAGMA synchronous = FULL"));
-    // What must not reach the file must not need its disk either.
+    // Temporary tables must work even if the disk is full.
     Execute(QStringLiteral("PRAGMA temp_store = MEMORY"));
 }
 

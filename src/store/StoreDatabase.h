@@ -9,15 +9,15 @@
 
 namespace vantrel {
 
-/// One SQLite file and its prepared statements; what `Connection` and `Recordset` stand on. A
-/// station loads and saves the same pages for every card, so each statement is prepared once and
-/// the most recently used ones are kept. All operations fail like `FailAsStore`.
+/// One SQLite file and its prepared statements, used by `Connection` and `Recordset`. A station
+/// loads and saves the same pages for every card, so the most recently used prepared statements are
+/// kept. All operations fail like `FailAsStore`.
 class StoreDatabase
 {
 public:
     enum class OpenMode { Existing, Create };
 
-    /// Two states that are equal hold the same rows, but for what this object has changed itself.
+    /// If two states are equal, no other connection has changed the database in between.
     struct State
     {
         qlonglong OthersVersion = 0;
@@ -26,31 +26,33 @@ public:
         friend bool operator==(const State&, const State&) = default;
     };
 
-    /// Opens the file with full durability and five seconds of waiting for a lock. With `Existing`
-    /// no file is ever made.
+    /// Opens the file with durable commits and a lock timeout of five seconds. `Existing` never
+    /// creates a file.
     StoreDatabase(const QString& path, OpenMode mode);
 
-    /// Runs a statement that is not worth keeping.
-    /// @return the first value of its first row, a null where it gives none
+    /// Runs a statement without keeping it prepared.
+    /// @return the first value of its first row, null if there is none
     QVariant Execute(const QString& sql);
-    /// Shows a prepared statement to `show`, then each of its rows to `take`.
+    /// Runs a prepared statement: calls `show` once with the statement, then `take` for each of its
+    /// rows.
     template <typename Show, typename Take>
     void Read(const QString& sql, Show&& show, Take&& take);
-    /// Runs a prepared statement that gives no rows, with the values bound in order.
-    /// @return how many rows it has written
+    /// Runs a prepared statement that returns no rows, with the values bound in order.
+    /// @return the number of rows it has changed
     int Change(const QString& sql, const QVariantList& values = {});
-    /// The key of the row added last.
+    /// The key of the last added row.
     qlonglong LastKey() const;
 
-    /// Begins a transaction that holds the write lock from its start. Fails with `StoreBusy` where
-    /// another session keeps the lock.
-    /// @return false, with nothing changed, where a transaction is open already
+    /// Begins a transaction that holds the write lock from its start. Fails with `StoreBusy` if
+    /// another session holds the lock for five seconds.
+    /// @return false, with nothing changed, if a transaction is already open
     bool Begin();
-    /// Whether a transaction is open. The store ends one by itself where a disk is full or fails.
+    /// Whether a transaction is open. SQLite may roll one back automatically if the disk is full or
+    /// fails.
     bool InTransaction() const;
-    /// Whether others may have changed the store: asked anew with every call.
+    /// The present state, for comparison with an earlier one.
     State Now();
-    /// Name of the column that is the key of a table's rows, empty for a table that is not there.
+    /// Name of the column that is the row key of a table, empty if the table does not exist.
     QString KeyColumn(const QString& table);
 
 private:
@@ -58,7 +60,7 @@ private:
     {
         void operator()(sqlite3* database) const;
     };
-    /// Makes a statement ready again whatever becomes of its rows, and counts what fails.
+    /// Resets a statement when its scope ends, even by an exception, and counts failures.
     class Running
     {
     public:
@@ -86,7 +88,7 @@ template <typename Show, typename Take>
 void StoreDatabase::Read(const QString& sql, Show&& show, Take&& take)
 {
     Running statement(*this, sql);
-    // Only a step sees what another session has made of the table.
+    // SQLite notices a changed table only when the statement is stepped.
     bool isOnRow = statement->Step();
     show(std::as_const(*statement));
     for (; isOnRow; isOnRow = statement->Step())

@@ -11,7 +11,7 @@ constexpr int PrimaryCodeMask = 0xFF;
 QString TextAt(sqlite3_stmt* statement, int column)
 {
     const auto* utf8 = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    // An empty text is no null one.
+    // An empty text must not become a null `QString`.
     return utf8 == nullptr ? QStringLiteral("")
                            : QString::fromUtf8(utf8, sqlite3_column_bytes(statement, column));
 }
@@ -97,7 +97,7 @@ bool StoreStatement::Step()
 
 void StoreStatement::Finish()
 {
-    // It only repeats what the last step has told already.
+    // The return value only repeats the error of the last step.
     sqlite3_reset(m_statement.get());
 }
 

@@ -10,30 +10,31 @@ struct sqlite3_stmt;
 
 namespace vantrel {
 
-/// Fails with what the store says of its last call: `StoreBusy` for a lock, else
-/// `StatementInvalid`.
+/// Throws a failure with SQLite's message for its last call: `StoreBusy` if the database is locked,
+/// otherwise `StatementInvalid`.
 [[noreturn]] void FailAsStore(sqlite3* database);
 
-/// One prepared statement of an open SQLite file; it must not outlive it.
+/// One prepared statement of an open SQLite file. It must not outlive the connection.
 class StoreStatement
 {
 public:
     /// Fails like `FailAsStore`.
     StoreStatement(sqlite3* database, const QString& sql);
 
-    /// Gives the placeholders their values, in order. Fails like `FailAsStore`.
+    /// Binds values to the placeholders, in order. Fails like `FailAsStore`.
     void Bind(const QVariantList& values);
-    /// Goes on to the next row. Fails like `FailAsStore`.
-    /// @return false behind the last, and always for a statement that gives none
+    /// Moves to the next row. Fails like `FailAsStore`.
+    /// @return false if there is no further row
     bool Step();
-    /// Makes the statement ready to run again; until then it holds the store's read lock.
+    /// Resets the statement so that it can run again; until then it holds the read lock.
     void Finish();
 
+    /// Number of columns of the result; columns are counted from 0.
     int ColumnCount() const;
     QString ColumnName(int column) const;
-    /// The type the table declares for the column, empty for one it does not name.
+    /// The type that the table declares for the column, empty if it declares none.
     QByteArray DeclaredType(int column) const;
-    /// The value in the row it stands on: a whole number, a real, a text, bytes, or a null.
+    /// The value in the current row: a whole number, a real, a text, bytes or null.
     QVariant Value(int column) const;
 
 private:

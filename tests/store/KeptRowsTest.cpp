@@ -179,7 +179,7 @@ TEST_F(KeptRowsTest, ARowBegunAnewIsNullInAllThatIsNotSetAndKeepsItsPlace)
         rows.SetValue(QStringLiteral("C_FontName"), QStringLiteral("Sans"));
     });
     Change(Store, [](Recordset& rows) {
-        rows.BeginAnew();
+        rows.ClearRow();
         rows.SetValue(QStringLiteral("Page"), 1);
         rows.SetValue(TextColumn, QStringLiteral("new"));
     });
@@ -195,7 +195,7 @@ TEST_F(KeptRowsTest, ARowBegunAnewWithTheSameValuesWritesNothing)
     other.Open(Path);
     other.BeginTrans(); // whoever writes now fails
     Change(Store, [](Recordset& rows) {
-        rows.BeginAnew();
+        rows.ClearRow();
         rows.SetValue(QStringLiteral("LayoutName"), Card);
         rows.SetValue(QStringLiteral("Page"), 1);
         rows.SetValue(TextColumn, QStringLiteral("a"));
@@ -206,11 +206,11 @@ TEST_F(KeptRowsTest, ARowBegunAnewWithTheSameValuesWritesNothing)
 TEST_F(KeptRowsTest, OnlyARowThatMayBeChangedCanBeBegunAnew)
 {
     Recordset rows(Store);
-    EXPECT_EQ(FailureOf([&] { rows.BeginAnew(); }), FailureNumber::ObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.ClearRow(); }), FailureNumber::ObjectClosed);
     rows.Open(FirstPage);
-    EXPECT_EQ(FailureOf([&] { rows.BeginAnew(); }), FailureNumber::InvalidCall);
+    EXPECT_EQ(FailureOf([&] { rows.ClearRow(); }), FailureNumber::InvalidCall);
     rows.Open(SecondPage, CursorLock::Optimistic);
-    EXPECT_EQ(FailureOf([&] { rows.BeginAnew(); }), FailureNumber::NoCurrentRecord);
+    EXPECT_EQ(FailureOf([&] { rows.ClearRow(); }), FailureNumber::NoCurrentRecord);
 }
 
 } // namespace vantrel::test

@@ -34,7 +34,7 @@ PdfCanvas::PdfCanvas(double width, double height, Sink sink)
     : m_width(width), m_height(height), m_sink(std::move(sink))
 {}
 
-/// @return nothing where a line of the page is more than a `PdfFace` can hold
+/// @return nothing if a `PdfFace` cannot hold a line of the page
 std::optional<PageFaces> PdfCanvas::ProvideFaces() const
 {
     PageFaces faces;

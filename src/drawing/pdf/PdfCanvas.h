@@ -8,9 +8,9 @@
 
 namespace vantrel {
 
-/// A page as a PDF, written when it is finished: only then is known what it needs. Fonts and
-/// pictures go in as they were packed for the cards before. A page with more in its fonts than
-/// plain outlines is left to cairo.
+/// A page written as a PDF when it is finished, because only then its fonts and pictures are known.
+/// Fonts and pictures that earlier cards have compressed are reused. A page whose fonts are more
+/// than plain outlines is drawn by cairo instead.
 class PdfCanvas : public PageCanvas
 {
 public:

@@ -9,11 +9,11 @@ namespace vantrel {
 
 namespace {
 
-/// In thousandths of the font's size: a glyph is moved only where it would else stand farther off
-/// than this, which no printer can show.
+/// In thousandths of the font size: smaller deviations of a glyph's position are not corrected,
+/// since no printer can show them.
 constexpr double LeastMove = 0.5;
 
-/// @return the place of `wanted` among `all`, counted from 1; it is added where it is not there
+/// @return the position of `wanted` in `all`, counted from 1; appends it if it is missing
 template <typename T>
 std::size_t NumberIn(std::vector<T>& all, const T& wanted)
 {
@@ -24,7 +24,7 @@ std::size_t NumberIn(std::vector<T>& all, const T& wanted)
     return number;
 }
 
-/// Spells one run: glyphs follow each other by their own widths, and what differs is told.
+/// Writes one run. Glyphs follow each other by their advance widths; only deviations are written.
 class RunSpeller
 {
 public:
@@ -91,7 +91,7 @@ private:
     double m_x;
     double m_baseline;
     bool m_isOpen = false;
-    /// Where the next glyph comes to stand by itself.
+    /// Where the next glyph is drawn without a correction.
     double m_next = 0;
     double m_row = 0;
 };
@@ -129,7 +129,7 @@ void PdfContent::AddRun(const GlyphRun& run, double x, double baseline)
 void PdfContent::Add(const PlacedPicture& placed)
 {
     const PictureData& data = *placed.Content.Data();
-    // A picture fills the unit square, upwards; its pixels count down from the top.
+    // PDF maps a picture to the unit square with the y axis upwards; pixels count downwards.
     cairo_matrix_t matrix;
     cairo_matrix_init(&matrix, data.Stored.width(), 0, 0, -data.Stored.height(), 0,
                       data.Stored.height());

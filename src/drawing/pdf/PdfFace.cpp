@@ -11,9 +11,9 @@ namespace vantrel {
 namespace {
 
 constexpr int FacesKept = 64;
-/// The characters of one European language with its digits and signs.
+/// Enough for the characters of one European language with digits and signs.
 constexpr std::size_t GlyphsKept = 160;
-/// Advances are read in this part of a thousandth, so that rounding never shows.
+/// Units per thousandth of the font size in which advances are read, so that rounding is invisible.
 constexpr int Fineness = 1000;
 
 struct BlobDeleter
@@ -36,7 +36,7 @@ QByteArrayView BytesOf(hb_blob_t* blob)
     return {bytes, static_cast<qsizetype>(length)};
 }
 
-/// The name that PDFs know a face by: letters, digits and hyphens of its own one.
+/// The name of a face in a PDF: the letters, digits and hyphens of its own name.
 QByteArray PostScriptName(hb_face_t* face)
 {
     char told[128];
@@ -51,7 +51,7 @@ QByteArray PostScriptName(hb_face_t* face)
     return name.isEmpty() ? QByteArrayLiteral("Font") : name;
 }
 
-/// Six capitals and a plus sign, alike for cuts that are alike.
+/// Six capital letters and a plus sign; equal subsets get equal tags.
 QByteArray TagOf(QByteArrayView program)
 {
     std::size_t rest = qHashBits(program.data(), static_cast<std::size_t>(program.size()), 0);
@@ -80,7 +80,7 @@ PdfFace::Measures MeasuresOf(hb_face_t* face, hb_font_t* font)
     return sizes;
 }
 
-/// A PDF reader wants these tables of a face whose glyphs it is told by number, and no others.
+/// Whether a PDF reader needs the table in a face whose glyphs are addressed by number.
 bool BelongsInPdf(hb_tag_t tag)
 {
     switch (tag) {
@@ -169,7 +169,7 @@ bool PdfFace::Pack()
     const SubsetInput input(hb_subset_input_create_or_fail());
     if (!input)
         return false;
-    // Unhinted, as it is measured and shown; hints would draw it otherwise on each printer.
+    // Unhinted, as on the screen; with hints each printer would draw the text differently.
     hb_subset_input_set_flags(input.get(),
                               HB_SUBSET_FLAGS_RETAIN_GIDS | HB_SUBSET_FLAGS_NO_HINTING);
     DropOtherTables(input.get(), m_face.get());

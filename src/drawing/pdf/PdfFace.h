@@ -6,29 +6,30 @@
 
 namespace vantrel {
 
-/// The texts that glyphs stand for.
+/// The text that each glyph represents.
 using GlyphTexts = std::map<std::uint16_t, QString>;
 
-/// A font face cut down to some of its glyphs and packed, as PDFs hold it.
+/// A compressed subset of a font face, as embedded in PDFs.
 struct PackedFace
 {
-    /// With the tag that tells one cut of a face from another.
+    /// Begins with the tag that distinguishes subsets of the same face.
     QByteArray Name;
-    /// The TrueType program, packed, and its length before.
+    /// The compressed TrueType program, and its length before compression in bytes.
     QByteArray Program;
     qsizetype ProgramLength = 0;
-    /// The array of widths, and the packed map from glyphs to characters.
+    /// The array of widths, and the compressed map from glyphs to characters.
     QByteArray Widths;
     QByteArray ToUnicode;
 };
 
-/// A TrueType face as it goes from card to card. The glyphs that came stay, so that after some
-/// cards nothing is cut and packed any more: digits and letters come again. A cut that grew large
-/// is given up for a new one of what is needed now. Cuts keep the face's own glyph numbers.
+/// A TrueType face and its subset for PDFs. The subset keeps the glyphs of earlier cards, so that
+/// after some cards it contains all letters and digits in use and is not built again. A subset that
+/// has grown large is replaced by one with only the glyphs needed now. Subsets keep the face's own
+/// glyph numbers.
 class PdfFace
 {
 public:
-    /// Lengths in thousandths of the font's size; the box is left, bottom, right, top.
+    /// Lengths in thousandths of the font size; the box is left, bottom, right, top.
     struct Measures
     {
         int Box[4] = {};
@@ -39,16 +40,18 @@ public:
 
     explicit PdfFace(FaceHandle face);
 
+    /// Measures of the whole face.
     const Measures& Sizes() const { return m_sizes; }
     bool Has(std::uint16_t glyph) const { return m_glyphs.contains(glyph); }
-    /// Cuts and packs the face anew unless it has all these.
-    /// @return false where it is more than plain outlines, as coloured and variable faces and those
-    /// of PostScript are, or cannot be cut
+    /// Builds a new subset unless the present one has all these glyphs.
+    /// @return false if the face is not plain TrueType outlines (colour, variable and PostScript
+    /// faces are not) or cannot be subset
     bool Provide(const GlyphTexts& glyphs);
-    /// The text that a provided glyph stands for in all cards of this cut.
+    /// The text that a provided glyph represents in this subset.
     const QString& TextOf(std::uint16_t glyph) const { return m_glyphs.at(glyph).Text; }
-    /// The advance of a provided glyph, in thousandths of the font's size.
+    /// The advance of a provided glyph, in thousandths of the font size.
     double AdvanceOf(std::uint16_t glyph) const { return m_glyphs.at(glyph).Advance; }
+    /// The present subset; valid after `Provide`.
     const PackedFace& Packed() const { return m_packed; }
 
 private:
@@ -76,8 +79,8 @@ private:
     PackedFace m_packed;
 };
 
-/// The face as the cards of this process hold it, for the interface thread. A cache, not a state:
-/// many other faces may drive it out, so a page keeps what it has.
+/// The cached subset of a face; for the main thread. Other faces may displace it from the cache, so
+/// a page must hold the pointer while it needs it.
 std::shared_ptr<PdfFace> PdfFaceOf(const FaceHandle& face);
 
 /// The faces of one page, each provided with all the glyphs of the page.

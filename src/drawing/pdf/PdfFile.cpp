@@ -6,7 +6,7 @@ namespace vantrel {
 
 PdfFile::PdfFile(Sink sink) : m_sink(std::move(sink))
 {
-    // The second line tells programs that carry it that these are no plain characters.
+    // The second line marks the file as binary for programs that transfer it.
     Put("%PDF-1.5\n%\xB5\xED\xAE\xFB\n");
 }
 

@@ -6,25 +6,28 @@
 
 namespace vantrel {
 
-/// A PDF in the making: numbered objects one behind the other, and the table that finds them. It
-/// goes out piece by piece and is never held as a whole here.
+/// Writes a PDF: numbered objects one after the other, then the table of their offsets. The bytes
+/// are passed to a sink and never held as a whole.
 class PdfFile
 {
 public:
-    /// Receives the bytes as they are made; returns false when it cannot take them.
+    /// Receives the bytes in order; returns false if it cannot store them.
     using Sink = std::function<bool(const char* bytes, std::size_t count)>;
 
     explicit PdfFile(Sink sink);
 
-    /// Takes a number for an object that others refer to before it is written.
+    /// Assigns a number to an object that is referred to before it is written.
     int Reserve();
+    /// Writes the object of a reserved number.
     void Write(int object, const QByteArray& body);
+    /// Writes an object. @return its number
     int Add(const QByteArray& body);
-    /// A stream of bytes that are packed already, or need not be.
-    /// @param entries  of its dictionary, without its length
+    /// Writes an object with a stream; the bytes are written unchanged.
+    /// @param entries  entries of its dictionary except its length
+    /// @return the object's number
     int AddStream(const QByteArray& entries, QByteArrayView bytes);
-    /// Writes the table. All numbers must have their objects by then.
-    /// @return false if the sink did not take it all
+    /// Writes the table of offsets. Every reserved number must have been written by then.
+    /// @return false if the sink refused any bytes
     bool End(int catalog, int information);
 
 private:
@@ -34,7 +37,7 @@ private:
     Sink m_sink;
     bool m_isTaken = true;
     qint64 m_length = 0;
-    /// Where each object begins, from number 1 on.
+    /// Offset of each object, from number 1 on.
     std::vector<qint64> m_begins;
 };
 

@@ -14,19 +14,20 @@ constexpr char Packed[] = "/Filter/FlateDecode";
 QByteArray Descriptor(const PdfFace& face, int program)
 {
     const PdfFace::Measures& sizes = face.Sizes();
-    // Glyphs are told by number, which readers call symbolic; of the stem's width nothing is known.
-    QByteArray told =
+    // Flag 4 marks a symbolic font, since glyphs are addressed by number. The stem width is not
+    // known, so a usual value is written.
+    QByteArray text =
         "<</Type/FontDescriptor/FontName/" + face.Packed().Name + "/Flags 4/FontBBox[";
-    AppendNumbers(told, sizes.Box[0], sizes.Box[1], sizes.Box[2], sizes.Box[3]);
-    told += "]/ItalicAngle ";
-    AppendNumber(told, sizes.SlantAngle);
-    told += "/Ascent ";
-    AppendNumber(told, sizes.Ascent);
-    told += "/Descent ";
-    AppendNumber(told, sizes.Descent);
-    told += "/CapHeight ";
-    AppendNumber(told, sizes.Box[3]);
-    return told + "/StemV 80/FontFile2 " + PdfReference(program) + ">>";
+    AppendNumbers(text, sizes.Box[0], sizes.Box[1], sizes.Box[2], sizes.Box[3]);
+    text += "]/ItalicAngle ";
+    AppendNumber(text, sizes.SlantAngle);
+    text += "/Ascent ";
+    AppendNumber(text, sizes.Ascent);
+    text += "/Descent ";
+    AppendNumber(text, sizes.Descent);
+    text += "/CapHeight ";
+    AppendNumber(text, sizes.Box[3]);
+    return text + "/StemV 80/FontFile2 " + PdfReference(program) + ">>";
 }
 
 QByteArray ImageEntries(const QSize& size, QByteArrayView space, QByteArrayView filter)
@@ -36,7 +37,7 @@ QByteArray ImageEntries(const QSize& size, QByteArrayView space, QByteArrayView 
            "/BitsPerComponent 8/Interpolate true" + filter.toByteArray();
 }
 
-/// @return the object that pages call their font
+/// @return the number of the font object
 int AddFace(PdfFile& file, const PdfFace& face)
 {
     const PackedFace& packed = face.Packed();
@@ -54,7 +55,7 @@ int AddFace(PdfFile& file, const PdfFace& face)
                     "]/ToUnicode " + PdfReference(toUnicode) + ">>");
 }
 
-/// @return the object that pages call their picture
+/// @return the number of the image object
 int AddPicture(PdfFile& file, const PictureData& picture)
 {
     const QSize size = picture.Stored.size();
@@ -70,7 +71,7 @@ int AddPicture(PdfFile& file, const PictureData& picture)
     return file.AddStream(entries, pixels.Colors);
 }
 
-/// Names of one kind, counted from 1, with their objects, as a dictionary.
+/// A dictionary that maps names of one kind, numbered from 1, to their objects.
 QByteArray Names(char kind, const std::vector<int>& objects)
 {
     QByteArray names("<<");

@@ -5,13 +5,13 @@ namespace vantrel {
 class PdfContent;
 class PdfFile;
 
-/// Adds the one page of a document with the fonts and pictures it refers to. A JPEG goes in as its
-/// file has it, all else as it was packed once.
+/// Adds the only page of a document with its fonts and pictures. A JPEG is embedded unchanged,
+/// other pictures in compressed form.
 /// @param width,height  in points
-/// @return the object that a reader begins at
+/// @return the number of the document catalog
 int AddOnlyPage(PdfFile& file, const PdfContent& content, double width, double height);
 
-/// Adds what tells who made a document, and when. @return its object
+/// Adds the document information: the creating program and the date. @return its object number
 int AddInformation(PdfFile& file);
 
 } // namespace vantrel

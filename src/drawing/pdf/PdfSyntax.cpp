@@ -37,7 +37,7 @@ QByteArray PdfReference(int object)
 
 QByteArray PackBytes(QByteArrayView bytes)
 {
-    // Qt puts the length before it, in four bytes.
+    // qCompress() prepends the length in four bytes.
     return qCompress(reinterpret_cast<const uchar*>(bytes.data()), bytes.size()).sliced(4);
 }
 

@@ -6,23 +6,23 @@
 
 namespace vantrel {
 
-/// @file What the parts of a PDF are spelled with.
+/// @file Basic elements of PDF syntax. Nothing here fails.
 
-/// A number with as many decimals as it needs, at most four: a hundredth of a printer's dot.
+/// Appends a number with as many decimals as needed, at most four, which is finer than any printer.
 void AppendNumber(QByteArray& out, double number);
-/// Numbers, each with a blank behind it.
+/// Appends numbers, each followed by a blank.
 template <typename... Numbers>
 void AppendNumbers(QByteArray& out, Numbers... numbers)
 {
     ((AppendNumber(out, static_cast<double>(numbers)), out.append(' ')), ...);
 }
-/// Four hexadecimal digits.
+/// Appends four hexadecimal digits.
 void AppendHex(QByteArray& out, std::uint16_t code);
-/// Four for each unit of the text in UTF-16.
+/// Appends four hexadecimal digits for each UTF-16 unit of the text.
 void AppendHex(QByteArray& out, QStringView text);
-/// A reference to an object by its number.
+/// @return a reference to the object of that number
 QByteArray PdfReference(int object);
-/// As the filter `FlateDecode` unpacks it.
+/// Compresses bytes for the filter `FlateDecode`.
 QByteArray PackBytes(QByteArrayView bytes);
 
 } // namespace vantrel

@@ -19,7 +19,7 @@ QString HelpOf(const Command& command)
            QLatin1StringView(command.Purpose) + QLatin1Char('\n');
 }
 
-/// The help of all commands that begin with these words; empty where none does.
+/// The help of all commands that begin with these words; empty if there are none.
 QString HelpOfGroup(const QString& beginning)
 {
     QString help;
@@ -40,7 +40,7 @@ QString HelpOfProgram()
                .arg(Program);
 }
 
-/// Takes options off the words. @return false for one that is unknown
+/// Removes the options from the words. @return false for an unknown option
 bool TakeOptions(QStringList& words, bool& help, bool& version, QString& unknown)
 {
     QStringList plain;
@@ -61,7 +61,7 @@ bool TakeOptions(QStringList& words, bool& help, bool& version, QString& unknown
     return unknown.isEmpty();
 }
 
-/// The command whose words the line begins with, none if there is none.
+/// The command whose words start the line, or null. Removes these words.
 const Command* FindCommand(QStringList& words)
 {
     for (const Command& command : Commands()) {

@@ -6,19 +6,19 @@
 
 namespace vantrel::admin {
 
-/// What a command line asks for: a text to print, a command to run, or nothing that makes sense.
+/// The result of parsing a command line: a text to print, a command to run, or a mistake.
 struct Request
 {
-    /// To be printed as it stands.
+    /// Text to print.
     QString Help;
     const Command* Chosen = nullptr;
     QStringList Arguments;
-    /// What is wrong with the command line, one line.
+    /// Description of an error in the command line, one line.
     QString Mistake;
 };
 
-/// Reads a command line without the program's name. "--" ends the options, so that a name may begin
-/// with "-".
+/// Parses a command line without the program's name. "--" ends the options, so that a name may
+/// begin with "-". Never fails; mistakes are in the result.
 Request ReadCommandLine(const QStringList& words);
 
 } // namespace vantrel::admin

@@ -10,10 +10,10 @@ struct Command
 {
     /// Its words, such as "macro add".
     const char* Name;
-    /// Its arguments in capitals, as the help shows them. All are needed; none where empty.
+    /// Its arguments in capitals, as the help shows them. All are required; empty for none.
     const char* Arguments;
     const char* Purpose;
-    /// Carries it out. Fails with `Failure`.
+    /// Runs the command. Fails with `Failure`.
     void (*Run)(const QStringList& arguments);
 };
 

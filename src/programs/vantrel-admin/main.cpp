@@ -8,7 +8,7 @@ namespace {
 constexpr int ExitFailed = 1;
 constexpr int ExitNotUnderstood = 2;
 
-/// Whatever it is made of, a message is one line.
+/// Prints a message as one line and returns the exit code.
 int EndWith(int code, const QString& message)
 {
     std::fprintf(stderr, "vantrel-admin: %s\n", message.simplified().toLocal8Bit().constData());

@@ -8,14 +8,14 @@ namespace vantrel {
 
 namespace {
 
-/// A signal handler has nothing but process-wide state to reach the event loop by.
+/// A signal handler can reach the event loop only through global state.
 std::array<int, 2> stopPipe{-1, -1};
 constexpr std::array StopSignalNumbers{SIGTERM, SIGINT};
 
 extern "C" void OnStopSignal(int /*number*/)
 {
     const char byte = 1;
-    // A full pipe means that the loop has been told already.
+    // If the pipe is full, the loop has already been notified.
     [[maybe_unused]] const ssize_t written = ::write(stopPipe[1], &byte, 1);
 }
 

@@ -5,7 +5,7 @@
 
 namespace vantrel {
 
-/// Turns SIGTERM and SIGINT into a Qt signal. One process has at most one.
+/// Turns SIGTERM and SIGINT into a Qt signal. A process may have one instance only.
 class StopSignals : public QObject
 {
     Q_OBJECT
@@ -17,6 +17,7 @@ public:
     ~StopSignals() override;
 
 Q_SIGNALS:
+    /// SIGTERM or SIGINT was received.
     void Asked();
 
 private:

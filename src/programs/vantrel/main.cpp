@@ -23,8 +23,8 @@ namespace {
 
 constexpr QLatin1StringView NoDisplayPlatform{"offscreen"};
 
-/// What a host sends without end goes back to the machine with the buffer that held it. Left to
-/// itself the allocator learns from one large buffer to keep the next ones in its heap.
+/// Makes freed large buffers return to the system. By default glibc raises its mmap threshold after
+/// one large buffer and then keeps later ones in its heap.
 void KeepLargeBuffersOutOfTheHeap()
 {
 #ifdef __GLIBC__
@@ -35,7 +35,7 @@ void KeepLargeBuffersOutOfTheHeap()
 #endif
 }
 
-/// A station on a machine without a display runs as well; it only has nothing to show.
+/// Selects the offscreen platform on a machine without a display.
 void ChoosePlatform()
 {
     const bool hasDisplay =
@@ -44,7 +44,7 @@ void ChoosePlatform()
         qputenv("QT_QPA_PLATFORM", NoDisplayPlatform.data());
 }
 
-/// The whole command line as one text, the program's own name left off.
+/// The command line as one text, without the program's name.
 QString CommandLineText(int argc, char** argv)
 {
     QStringList words;
@@ -53,7 +53,8 @@ QString CommandLineText(int argc, char** argv)
     return words.join(QLatin1Char(' '));
 }
 
-/// Fails with `PathNotFound` where the environment names a folder that is none.
+/// The program folder. Fails with `PathNotFound` if the environment variable names a folder that
+/// does not exist.
 QString FindProgramFolder()
 {
     const QString home = qEnvironmentVariable("VANTREL_HOME");
@@ -68,11 +69,11 @@ QString FindProgramFolder()
 
 int RunStation(const QString& commandLine)
 {
-    // 1. Where the station's files are, and who it is.
+    // 1. The program folder and the session number.
     const QString folder = FindProgramFolder();
     const int sessionNumber = ReadCommandLine(commandLine).SessionNumber;
 
-    // 2. What the machine offers: printers, and somebody to ask.
+    // 2. The printers and the operator.
     StationPrinters printers(folder, sessionNumber);
     DesktopOperator desktopOperator;
     UnattendedOperator unattendedOperator;
@@ -84,18 +85,18 @@ int RunStation(const QString& commandLine)
     Session session(folder, stationOperator, printers);
     Main(session, commandLine);
 
-    // 4. The main window. It loads inside the event loop, so that whatever ends the station early
-    // finds a loop to end.
+    // 4. The main window. It loads inside the event loop, so that the station can also be ended
+    // during the load.
     frmMain window(session, attended ? Display::Present : Display::Absent);
     desktopOperator.SetMainWindow(&window);
     desktopOperator.SetCameraDialog([&] { OpenDialog<frmAquireImage2>(session, &window); });
     QMetaObject::invokeMethod(&window, &frmMain::Load, Qt::QueuedConnection);
 
-    // 5. SIGTERM and SIGINT unload it in order.
+    // 5. SIGTERM and SIGINT unload the main window in order.
     const StopSignals stopSignals;
     QObject::connect(&stopSignals, &StopSignals::Asked, &window, &frmMain::Unload);
 
-    // 6. From here on the station lives on events.
+    // 6. The event loop.
     return QCoreApplication::exec();
 }
 
@@ -107,13 +108,13 @@ int main(int argc, char** argv)
     vantrel::KeepNewFilesFromOthers();
     vantrel::KeepLargeBuffersOutOfTheHeap();
     vantrel::ChoosePlatform();
-    // Qt sees the program's name only: the command line is the station's, taken whole.
+    // Qt gets the program's name only, because the station parses the whole command line itself.
     int nameOnly = 1;
     QApplication application(nameOnly, argv);
     // The title of the notification icon. A display name would be put behind every caption.
     QApplication::setApplicationName(QStringLiteral("Vantrel"));
     vantrel::DesktopStyle::Install();
-    // A hidden window is a running station.
+    // A station with hidden windows keeps running.
     QApplication::setQuitOnLastWindowClosed(false);
     try {
         return vantrel::RunStation(vantrel::CommandLineText(argc, argv));

@@ -27,7 +27,7 @@ const char* CodeOf(const CommChoice& row)
 using Codes = std::span<const char* const>;
 using Choices = std::span<const CommChoice>;
 
-/// @return the row whose code is that text, or -1
+/// @return the index of the row with that code, or -1
 template <typename Rows>
 int RowOf(Rows rows, const QString& code)
 {
@@ -97,7 +97,7 @@ void SaveCommBoxes(Session& session, const CommBoxes& boxes)
 {
     StationSettings& settings = session.Settings;
     SaveSetting(session, SettingNumber::Port, boxes.Port);
-    // A text that is no number opens no port, as at the next start.
+    // An invalid number must not open a port, as after the next start.
     settings.Port = 0;
     Skip("port number", [&] { settings.Port = ToLong(boxes.Port); });
     settings.SPort = static_cast<std::uint8_t>(boxes.SelectedSerialPort);

@@ -12,9 +12,10 @@ class SockArray;
 class Comm;
 class Session;
 
-/// @file What the communication settings dialog offers, and what it does, on data.
+/// @file The choices of the communication settings dialog and their effects, independent of its
+/// window.
 
-/// The devices a station passes for. They are port numbers only.
+/// The devices that hosts can send to. They differ only in the TCP port.
 enum class CommDevice { JetDirect = 0, Custom = 1 };
 inline constexpr std::array CommDevices{"HP JetDirect Device", "Custom Port Settings"};
 
@@ -25,7 +26,7 @@ inline constexpr std::array CommSpeeds{"300",   "600",   "1200",   "1800",  "240
                                        "4800",  "7200",  "9600",   "14400", "19200",
                                        "38400", "57600", "115200", "128000"};
 
-/// A choice and its text in the settings text.
+/// A caption in a list and its part of the settings text.
 struct CommChoice
 {
     const char* Caption;
@@ -40,7 +41,7 @@ inline constexpr std::array CommDataBits{CommChoice{"4 Bits", "4"}, CommChoice{"
 inline constexpr std::array CommStopBits{CommChoice{"1", "1"}, CommChoice{"1.5", "1.5"},
                                          CommChoice{"2", "2"}};
 
-/// A kind of flow control and the number it is stored under.
+/// A kind of flow control and its number in the settings file.
 struct CommFlow
 {
     const char* Caption;
@@ -49,7 +50,7 @@ struct CommFlow
 inline constexpr std::array CommFlows{CommFlow{"None", 0}, CommFlow{"Hardware", 2},
                                       CommFlow{"Xon / Xoff", 1}};
 
-/// One of the three ways in: its flag, what is switched when it changes, and its key.
+/// One of the three inputs of the station: its flag, the ports it switches, and its key.
 struct CommFeature
 {
     bool StationSettings::*Flag;
@@ -63,8 +64,7 @@ inline constexpr CommFeature ParallelFeature{&StationSettings::UseParallel, Swit
 inline constexpr CommFeature SerialFeature{&StationSettings::UseSerial, SwitchMode::Serial,
                                            SettingNumber::UseSerial};
 
-/// What stands in the boxes of the dialog. An index counts rows of the tables above; -1 is no
-/// choice.
+/// The values in the dialog. Indexes refer to the tables above; -1 means no choice.
 struct CommBoxes
 {
     QString Port;
@@ -73,30 +73,31 @@ struct CommBoxes
     int DataBits = -1;
     int StopBits = -1;
     int Flow = -1;
-    /// Row of the list of ports plus 1; 0 and what lies above 16 is no row.
+    /// Number of the COM port, 1 to 16; other values select no row.
     std::int16_t SelectedSerialPort = 0;
     std::int16_t SelectedFlowControl = 0;
 };
 
-/// The boxes as the dialog opens: the TCP/IP port and the flow control as stored, the other serial
-/// settings as they are in force.
+/// The values with which the dialog opens: TCP/IP port and flow control as stored, the other serial
+/// settings as in force.
 CommBoxes ReadCommBoxes(const StationSettings& settings, const Comm& comm);
 
-/// Chooses the four parts of a settings text in the boxes; one that is not in its list is no
-/// choice. A text of another number of parts leaves all four empty.
+/// Selects the four parts of a settings text; a part that is not in its list selects nothing. A
+/// text that does not have four parts clears all four.
 void ShowSettingsText(CommBoxes& boxes, const QString& text);
 
-/// The settings text of the boxes; a part without a choice is empty.
+/// The settings text of the selected values; a part without a choice is empty.
 QString GetCommSettings(const CommBoxes& boxes);
 
-/// What the port box shows once a device was chosen.
+/// The text of the port box after a device was selected.
 QString PortOfDevice(const SockArray& sock, CommDevice device);
 
-/// Takes a way in into use or out of it, at once: sets its flag, switches its ports, stores it.
+/// Turns an input on or off at once: sets its flag, switches its ports and stores the setting.
+/// Never fails.
 void UseFeature(Session& session, const CommFeature& feature, bool on);
 
-/// Keeps the boxes and reopens all ports, which cuts connections. Nothing is checked: a TCP/IP port
-/// that is no number is stored as it stands and the old one stays in use.
+/// Stores the values and reopens all ports, which closes connections. The values are not checked:
+/// an invalid TCP/IP port is stored unchanged, and then no port is opened.
 void SaveCommBoxes(Session& session, const CommBoxes& boxes);
 
 } // namespace vantrel

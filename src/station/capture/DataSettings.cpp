@@ -19,7 +19,7 @@ DataSettings PresentDataSettings(const StationSettings& settings)
 
 DataSettings DefaultDataSettings()
 {
-    // The settings table knows the defaults; a key without one starts cleared.
+    // The defaults are those of the settings table; a key without a default is cleared.
     StationSettings fresh;
     for (const SettingNumber number :
          {SettingNumber::DataStart, SettingNumber::DataSeperator, SettingNumber::DataEnd}) {

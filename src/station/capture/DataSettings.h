@@ -8,10 +8,10 @@ namespace vantrel {
 
 class Session;
 
-/// @file What an operator sets about the input. Delimiters and buffering wait for a save; each
-/// filter acts at once.
+/// @file The operator's settings for input. Delimiters and buffering are applied by a save; each
+/// filter takes effect at once.
 
-/// One filter as the list of filters shows it.
+/// One row of the list of filters.
 struct FilterRow
 {
     const char* Caption;
@@ -32,24 +32,24 @@ inline constexpr std::array FilterTable = std::to_array<FilterRow>({
     {"Filter (New Page)", SettingNumber::Filter_NewPage, &Filters::NewPage},
 });
 
-/// Stores a filter and lets it act from the next record on.
+/// Turns a filter on or off from the next record on, and stores it.
 void StoreFilter(Session& session, const FilterRow& row, bool on);
 
-/// What waits for a save.
+/// The settings that a save applies.
 struct DataSettings
 {
     Delimiters Framing;
     bool BufferData = false;
 };
 
-/// What the session has now.
+/// The present settings of the session.
 DataSettings PresentDataSettings(const StationSettings& settings);
-/// What a session has whose keys are absent.
+/// The settings of a session without stored keys.
 DataSettings DefaultDataSettings();
-/// Takes the settings over and stores each.
+/// Applies the settings and stores them. Never fails.
 void SaveDataSettings(Session& session, const DataSettings& settings);
 
-/// Tooltip of a delimiter: as it is written, and with its codes turned into their characters.
+/// Tooltips of a delimiter: as written, and with its codes decoded.
 QString WrittenToolTip(const QString& delimiter);
 QString DecodedToolTip(const QString& delimiter);
 

@@ -27,7 +27,8 @@ void OnDataArrival(Session& session, int index)
     TakeArrival(session, characters, source);
 }
 
-// The buffer knows no origin: the close of any host drops what another has half sent.
+// All hosts share one buffer, so the close of any connection drops a partly received record of
+// another host.
 void OnConnectionClosed(Session& session, int index)
 {
     Skip("close", [&] { session.Sock.Close(index); });

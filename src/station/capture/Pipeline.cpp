@@ -14,8 +14,8 @@ namespace {
 
 constexpr int LastArrivalPanel = 3;
 
-// The buffer keeps the text between the delimiters until the record is done; what arrives meanwhile
-// is appended to that.
+// The buffer keeps the text between the delimiters until the record is processed; characters that
+// arrive in the meantime are appended to it.
 QStringList FrameInput(InputBuffer& input, const StationSettings& settings)
 {
     QString text = input.Text();
@@ -24,7 +24,7 @@ QStringList FrameInput(InputBuffer& input, const StationSettings& settings)
     return values;
 }
 
-// The dialog is not waited for: the card of this record gets the picture that stood before.
+// The dialog is not waited for, so this record's card shows the previous picture.
 void AskForPicture(Operator& stationOperator)
 {
     if (stationOperator.AskYesNo(QStringLiteral("     Take Picture Now?           "),
@@ -44,7 +44,7 @@ void TellLastArrival(StationFace& face, const ArrivalSource& source)
 void ProcessStream(Session& session, QString text)
 {
     session.FieldValues = {};
-    session.Face.TellRecordBegun();
+    session.Face.NotifyRecordBegun();
     session.Operator.LetEventsRun();
     session.InputBuffer.Set(text);
     session.LastRawData = std::move(text);
@@ -66,7 +66,7 @@ void ProcessStream(Session& session, QString text)
 
 void TakeArrival(Session& session, const QString& characters, const ArrivalSource& source)
 {
-    // While the copy shares the buffer's text, appending would copy all that came before.
+    // If the copy still shared the buffer's text, appending would copy the whole text.
     session.LastRawData.clear();
     session.InputBuffer.Append(characters);
     session.LastRawData = session.InputBuffer.Text();

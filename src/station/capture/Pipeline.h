@@ -6,23 +6,23 @@ namespace vantrel {
 
 class Session;
 
-/// The road of one record: frames `text`, pours its values into the open layout and prints the card
-/// if the layout asks for it. A failing step is passed over; the input buffer is empty afterwards.
-/// Lets pending events run.
-/// @param text  by value: mostly it is the input buffer's own, which a close may empty meanwhile
+/// Processes one record: frames `text`, fills its values into the open layout and prints the card
+/// if the layout prints automatically. A failing step is skipped; the input buffer is empty
+/// afterwards. Runs pending events.
+/// @param text  a copy, because a closed connection may empty the input buffer in the meantime
 void ProcessStream(Session& session, QString text);
 
-/// Where characters came from; tells the wording of the last-arrival panel.
+/// The source of characters, as shown in the last-arrival panel.
 struct ArrivalSource
 {
     /// The panel's text, such as "Got Data (TCP/IP)".
     QString Panel;
-    /// What stands in the brackets of its tooltip: a host's address, or a COM port.
+    /// The text in brackets in its tooltip: a host's address, or a COM port.
     QString From;
 };
 
-/// What every port does with new characters: appends them to the input buffer and, if a record is
-/// complete, processes it, keeps it if records are kept, runs the active macro and tells the panel.
+/// Handles new characters of any port: appends them to the input buffer and, if a record is
+/// complete, processes it, buffers it if that is set, runs the active macro and updates the panel.
 void TakeArrival(Session& session, const QString& characters, const ArrivalSource& source);
 
 } // namespace vantrel

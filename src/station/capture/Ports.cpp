@@ -18,7 +18,8 @@ void SwitchSerial(Comm& comm, const StationSettings& settings)
         Skip("open serial port", [&] { comm.SetPortOpen(true); });
 }
 
-// Whether capture is enabled is not asked here: that decides whether a start opens ports at all.
+// Whether capture is enabled is not checked here; it only decides whether ports are opened at the
+// start.
 void SwitchNetwork(Session& session)
 {
     SockArray& sock = session.Sock;
@@ -28,7 +29,7 @@ void SwitchNetwork(Session& session)
         return;
     sock.SetAccess(HostAccess(StationOption(session.ProgramFolder, QStringLiteral("AllowFrom"))));
     sock.SetLocalPort(session.Settings.Port);
-    // An address that cannot be read must not open the station to every network.
+    // An invalid address must not make the station listen on every network.
     Skip("listen", [&] {
         sock.SetLocalAddress(StationOption(session.ProgramFolder, QStringLiteral("BindAddress")));
         sock.Listen();

@@ -8,10 +8,10 @@ namespace {
 
 constexpr char16_t CarriageReturn = u'\r';
 constexpr char16_t LineFeed = u'\n';
-/// "[41]  "
+/// Characters of one code with its blanks, such as "[41]  ".
 constexpr qsizetype LongestCode = 6;
 
-/// Whether a text box begins a new paragraph there.
+/// Whether the character starts a new paragraph in a text box.
 bool EndsLine(QChar character)
 {
     constexpr QStringView lineEnds = u"\r\n\u2029\ufdd0\ufdd1";

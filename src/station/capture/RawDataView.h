@@ -8,31 +8,31 @@ namespace vantrel {
 
 class InputBuffer;
 
-/// @file The last raw input as an operator reads it.
+/// @file The last raw input as it is shown to the operator.
 
-/// @return for each character "[", its code in the code page in upper-case hexadecimal without
-/// leading zero, "]" and two blanks
+/// @return the code of each character in brackets, followed by two blanks. The code is upper-case
+/// hexadecimal without a leading zero
 QString HexText(const QString& raw);
 
-/// Longest row in which a text box gets its text. A longer line costs it seconds to lay out.
+/// The longest row given to a text box, in characters; it would need seconds to lay out longer
+/// ones.
 inline constexpr qsizetype LongestViewRow = 4096;
 
-/// A text cut into rows for a text box.
+/// A text split into rows for a text box.
 struct ViewRows
 {
     /// Rows joined by line feeds.
     QString Text;
-    /// Per row whether it goes on with the line of the row before it, where the text has no line
-    /// end.
+    /// For each row whether it continues the line of the row before.
     std::vector<bool> GoesOn;
 };
 
-/// Cuts a text at its line ends (CR, LF, or both together), and lines above `LongestViewRow` behind
-/// a blank where they have one.
+/// Splits a text at its line ends (CR, LF or both together), and lines longer than `LongestViewRow`
+/// after a blank if they contain one.
 ViewRows CutIntoRows(const QString& text);
 
-/// Throws away the characters that are no record yet, a stuck partial record among them. The last
-/// raw text stays.
+/// Discards the characters in the input buffer, such as an incomplete record. The last raw text is
+/// kept.
 void ClearInput(InputBuffer& input);
 
 } // namespace vantrel

@@ -7,7 +7,8 @@ namespace vantrel {
 
 namespace {
 
-// Whatever happened on the port: one that has lost its device comes here too, mostly with nothing.
+// Called for every event of the port, also when its device was removed; then there is mostly no
+// input.
 void OnCommEvent(Session& session)
 {
     const QString port = QStringLiteral("COM%1").arg(session.Comm.CommPort());

@@ -20,7 +20,7 @@ namespace vantrel {
 
 namespace {
 
-/// A tick, the flag behind it and the key it is kept under.
+/// A menu tick with its flag and its key in the settings file.
 struct StoredTick
 {
     Tick Entry;
@@ -35,7 +35,7 @@ constexpr StoredTick DynamicFieldsTick{Tick::chkAutoAdd, &StationSettings::Dynam
 constexpr StoredTick CaptureTick{Tick::cmdCapEnable, &StationSettings::CaptureEnabled,
                                  SettingNumber::CaptureEnabled};
 
-/// The first session number that leaves the launcher standing.
+/// The first session number whose exit does not close the launcher.
 constexpr int FirstWorkerSession = 2;
 
 bool FlipTick(StationFace& face, Tick tick)
@@ -133,7 +133,7 @@ void ToggleVisible(Session& session)
 {
     const bool visible = !session.Settings.MainVisible;
     session.Settings.MainVisible = visible;
-    session.Face.TellVisibility(visible);
+    session.Face.NotifyVisibility(visible);
     session.Face.SetHideCaption(HideCaption(session.Settings));
     if (visible && !session.CurrentLayoutName.isEmpty())
         session.Document.Show();
@@ -150,7 +150,7 @@ void ExitCommand(Session& session)
         return;
     if (session.SessionNumber < FirstWorkerSession)
         PostCloseToLauncher(session.ProgramFolder);
-    session.Face.TellExitConfirmed();
+    session.Face.NotifyExitConfirmed();
 }
 
 } // namespace vantrel

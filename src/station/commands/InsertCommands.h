@@ -4,9 +4,10 @@ namespace vantrel {
 
 class Session;
 
-/// @file The commands that put a new object onto the card, unselected, at a fixed place. They do
-/// nothing without an open layout and pass over a step that fails.
+/// @file Commands that add a new object at a fixed position on the card, without selecting it. They
+/// do nothing without an open layout. A failing step is skipped.
 
+/// Each adds one object of the kind in its name.
 void InsertDataField(Session& session);
 void InsertText(Session& session);
 void InsertImage(Session& session);

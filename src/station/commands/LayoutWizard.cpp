@@ -16,7 +16,7 @@ namespace {
 constexpr int MostPrinters = 100;
 constexpr std::size_t MostKinds = 99;
 
-/// Where field n stands: n times the step from the top. Twips.
+/// Vertical distance of the fields in twips; field n is n steps from the top.
 constexpr std::int32_t FieldStep = 320;
 constexpr std::int32_t FieldLeft = 200;
 constexpr std::int32_t FieldHeight = 300;
@@ -139,7 +139,7 @@ void BuildWizardLayout(Session& session, const WizardAnswers& answers)
     session.CurrentLayoutName = answers.LayoutName;
     SetUpPrinter(session.Printers, answers);
     Skip("clear document", [&] { ClearDoc(session); });
-    // The page is still that of the parameters from before: the new ones come at the end.
+    // This still uses the previous parameters; the new ones are set at the end.
     Skip("size", [&] { SetSize(session); });
     if (answers.DefaultFont)
         session.Document.DefaultFont = answers.DefaultFont;

@@ -12,10 +12,9 @@ namespace vantrel {
 class Connection;
 class Session;
 
-/// @file What the card design wizard asks for, page by page, and the layout it makes of the
-/// answers.
+/// @file The pages of the card design wizard and the layout it builds from the answers.
 
-/// The pages, by their step. Behind the last one the layout is built.
+/// The pages in order. After the last one the layout is built.
 enum class WizardStep : std::uint8_t {
     Name = 1,
     DefaultFont = 2,
@@ -26,6 +25,7 @@ enum class WizardStep : std::uint8_t {
     Build = 7
 };
 
+/// A page of the wizard with its texts.
 struct WizardPage
 {
     WizardStep Step;
@@ -41,25 +41,25 @@ inline constexpr std::array<WizardPage, 6> WizardPages = {{
     {WizardStep::Summary, "Click \"Finish\" to create your new card layout."},
 }};
 
-/// What the operator has answered so far.
+/// The operator's answers so far.
 struct WizardAnswers
 {
     QString LayoutName;
-    /// None until a sample of it was shown.
+    /// Not set before its sample was shown.
     std::optional<Font> DefaultFont;
-    /// 1 portrait, 2 landscape, 0 none chosen yet.
+    /// 1 portrait, 2 landscape, 0 not yet chosen.
     int Orientation = 0;
     QString PrinterName;
-    /// `DeviceType` of the printer's kind.
+    /// `DeviceType` of the chosen printer type.
     std::int32_t PrinterKind = 0;
     QString PrinterKindName;
     std::int16_t FieldCount = 0;
-    /// A record makes the fields; none is drawn.
+    /// The next record creates the fields, so none are drawn.
     bool DynamicFields = false;
 };
 
-/// Whether a page has its answer; none where the page does not ask for one, and what could be
-/// chosen before stays as it was. `name` is the name as typed so far.
+/// Whether a page has its answer; nothing if the page asks for none, so that the buttons stay as
+/// they are. `name` is the name as typed so far.
 std::optional<bool> IsPageComplete(WizardStep step, const QString& name,
                                    const WizardAnswers& answers);
 
@@ -69,22 +69,24 @@ struct SummaryLine
     const char* Caption;
     QString Value;
 };
+/// The lines of the last page.
 std::vector<SummaryLine> SummaryOf(const WizardAnswers& answers);
 
-/// A kind of printer as the store has it.
+/// A printer type of the database.
 struct WizardPrinterKind
 {
     QString Name;
     QString DeviceType;
 };
 
-/// At most the first 100 of the machine's printers.
+/// Names of the machine's printers, at most 100. Never fails.
 QStringList WizardPrinters(Printers& printers);
-/// At most the first 99 kinds, in the order of the store. A failing read gives those read so far.
+/// The printer types in the order of the database, at most 99. If reading fails, the types read so
+/// far. Never fails.
 std::vector<WizardPrinterKind> WizardPrinterKinds(Connection& layoutDb);
 
-/// Replaces the open document by the new layout, tells the operator to send data, and writes the
-/// layout's parameters; the objects are kept by a save only. What fails is passed over.
+/// Replaces the open document by the new layout, asks the operator to send data and stores the
+/// layout's parameters. The objects are stored only by a later save. A failing step is skipped.
 void BuildWizardLayout(Session& session, const WizardAnswers& answers);
 
 } // namespace vantrel

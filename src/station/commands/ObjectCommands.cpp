@@ -31,7 +31,7 @@ constexpr AlignmentRow AlignmentRows[] = {LeftRow, RightRow, CenterRow};
 constexpr Family ContentFamilies[] = {Family::lbl_DATA, Family::lbl_TEXT, Family::lbl_AUTO,
                                       Family::img_LXV, Family::img_CAM};
 
-/// The element that the selected family and index name; they outlive the selection itself.
+/// The object with the selected family and index, which stay set after the selection is cleared.
 CardObject* NamedElement(const CardDocument& document)
 {
     for (const Family family : ContentFamilies) {
@@ -56,8 +56,9 @@ CardObject& SelectedOrFail(const CardDocument& document)
     return *document.SelectedObject;
 }
 
-/// Asks while the object may go: the station lives on behind the dialog, so `ask` gives that copies
-/// only. `take` gets the answer if there is one and the same object is still selected.
+/// Asks the operator about the selected object. Records are processed while the dialog is open and
+/// may delete the object, so `ask` must pass copies only. `take` is called with the answer if there
+/// is one and the same object is still selected.
 template <typename Ask, typename Take>
 void AskForSelected(Session& session, Ask ask, Take take)
 {

@@ -4,9 +4,10 @@
 
 namespace vantrel {
 
-/// Lets a numbered session of a program folder run, or tells the one that runs to end in order; it
-/// reads this four times a second. Fails with `InvalidCall` for a text that is no number from 0 to
-/// 255, with `PathNotFound` where the folder is not there or cannot be written.
+/// Writes to the status file of a program folder whether a session may run. A running session reads
+/// the file four times a second and ends in order if it may not. Fails with `InvalidCall` if
+/// `session` is not a number from 0 to 255, with `PathNotFound` if the folder does not exist or
+/// cannot be written.
 void SetSessionActive(const QString& folder, const QString& session, bool active);
 
 } // namespace vantrel

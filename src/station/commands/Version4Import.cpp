@@ -11,15 +11,15 @@ namespace vantrel {
 
 namespace {
 
-/// Size of a text before it takes that of its caption, in twips.
+/// Initial size of a text in twips, before it is fitted to its caption.
 constexpr std::int32_t FirstWidth = 1500;
 constexpr std::int32_t FirstHeight = 600;
 
 const QString SettingsSection = QStringLiteral("Settings");
 const QString PictureSection = QStringLiteral("Picture");
 
-/// Where the keys of one kind of text stand: `Prefix`, the word and the number make a key, but the
-/// text itself has a key of its own.
+/// How the keys of one kind of text are built: `Prefix`, a word and the number; the key of the text
+/// itself differs.
 struct TextKeys
 {
     const char* Count;
@@ -30,15 +30,15 @@ struct TextKeys
 constexpr TextKeys FieldKeys{"NumberOfFields", "CardDatafldCaption", "CardDatafld"};
 constexpr TextKeys StaticKeys{"NumberOfText", "Text", "Text"};
 
-/// One text of the file.
+/// One text object of the file.
 struct OldText
 {
     TextLooks Looks;
     ObjectBox Box;
 };
 
-/// A session file of version 4. A missing key reads as the empty text, which no number and no
-/// boolean takes.
+/// A session file of version 4. A missing key reads as the empty text, which fails where a number
+/// or boolean is expected.
 class OldSession
 {
 public:
@@ -90,7 +90,7 @@ void DrawFields(Session& session, const OldSession& old)
         ToInteger(old.Text(SettingsSection, QLatin1StringView(FieldKeys.Count)));
     for (std::int16_t number = 0; number < count; ++number) {
         const OldText text = old.ReadText(FieldKeys, number);
-        // The file counts from 0, the values of a record from 1.
+        // The file counts fields from 0, a record counts values from 1.
         const auto field = static_cast<std::int16_t>(number + 1);
         TakeSizeOfCaption(Draw_DataField(session, field, text.Box, text.Looks));
     }
@@ -110,7 +110,7 @@ void DrawLogo(Session& session, const OldSession& old)
 {
     if (old.Number(PictureSection, QStringLiteral("Checked")) < 1)
         return;
-    // The names of folders were joined by backslashes.
+    // Version 4 wrote paths with backslashes.
     const QString name = old.Text(PictureSection, QStringLiteral("LogoName"))
                              .replace(QLatin1Char('\\'), QLatin1Char('/'));
     const QString path = session.PathInFolder(name);
@@ -131,7 +131,7 @@ void ImportVersion4Session(Session& session, const QString& path)
 {
     if (!QFileInfo(path).isFile())
         return;
-    // One step: the first thing that fails ends it.
+    // The first failure ends the import.
     Skip("import version 4 session", [&] {
         const OldSession old(path);
         DrawFields(session, old);

@@ -6,9 +6,9 @@ namespace vantrel {
 
 class Session;
 
-/// Draws the data fields, static texts and logo of a version 4 session file onto the document as it
-/// stands, whether a layout is open or not. Nothing is saved. Anything that fails ends it silently
-/// at that point, and what was drawn until then stays; a file that is missing draws nothing.
+/// Adds the data fields, static texts and logo of a version 4 session file to the document, even if
+/// no layout is open. Nothing is saved. The first failure silently ends the import; objects added
+/// until then stay. A missing file adds nothing. Never fails.
 void ImportVersion4Session(Session& session, const QString& path);
 
 } // namespace vantrel

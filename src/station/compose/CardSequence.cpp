@@ -11,7 +11,7 @@ namespace vantrel {
 
 namespace {
 
-/// The delimiters of a run, for as long as it lasts.
+/// Sets the delimiters of a run, and restores the station's own at its end.
 class RunDelimiters
 {
 public:
@@ -31,7 +31,7 @@ private:
 QString WithoutDecimals(double value)
 {
     const double whole = RoundHalfToEven(value);
-    // A number that rounds to nothing has no sign.
+    // Avoids "-0".
     return QString::number(whole == 0 ? 0.0 : whole, 'f', 0);
 }
 
@@ -84,8 +84,8 @@ void RunSequence(Session& session, const SequenceOrder& order, const SequencePro
     Skip("card number sequence", [&] {
         const double start = ToDouble(order.Start);
         const double count = ToDouble(order.End) - start;
-        // The number of the end itself is no longer sent. Counting the rows, not the value, ends a
-        // run of numbers too large to rise by one.
+        // The end number itself is not sent. Rows are counted because the value of very large
+        // numbers does not change when 1 is added.
         for (double row = 0; row + 1 <= count; ++row) {
             ProcessStream(session, RecordOfRow(order, MakeSequenceRow(order, start + row)));
             if (!progress(row + 1, count))

@@ -7,41 +7,41 @@ namespace vantrel {
 
 class Session;
 
-/// Schemes of the check digit that a made-up number gets, by the index of their option.
+/// Check digit schemes of generated numbers, by the index of their option.
 enum class SequenceDigit { None = -1, Mod10 = 0, Codabar = 1 };
 
-/// What the operator asks of the card number sequence generator, as it stands in the fields.
+/// The operator's input in the card number sequence generator, as typed.
 struct SequenceOrder
 {
     QString Start;
-    /// The bound: the run goes up to the number before it.
+    /// Exclusive end: the last number sent is the one before it.
     QString End;
     SequenceDigit CheckDigit = SequenceDigit::None;
     bool Spacing = false;
-    /// Digits in a group.
+    /// Number of digits in a group.
     QString DigitCount;
 };
 
-/// One number of a run: with its check digit, and in groups.
+/// One number of a run, with its check digit and in groups.
 struct SequenceRow
 {
     QString Number;
     QString Groups;
 };
 
-/// The row of a number. Fails where the number has no check digit of that scheme, or the groups no
-/// length.
+/// Builds the row of a number. Fails if the check digit cannot be computed, and with `InvalidCall`
+/// if the group length is missing.
 SequenceRow MakeSequenceRow(const SequenceOrder& order, double value);
-/// The text of a row as a host would send it.
+/// The record that is sent for a row, with delimiters.
 QString RecordOfRow(const SequenceOrder& order, const SequenceRow& row);
 
-/// Told after each number how many of how many are done; false ends the run.
+/// Called after each number with the numbers done and the total; returns false to end the run.
 using SequenceProgress = std::function<bool(double done, double count)>;
 
-/// Makes up the numbers and feeds each one through the road of a received record, framed by "<",
-/// "+" and ">" while it lasts; so is a record that a port brings meanwhile. The station's own
-/// delimiters stand again at the end, whatever happens. Numbers that cannot be made end the run in
-/// silence.
+/// Generates the numbers and processes each one like a received record, with the delimiters "<",
+/// "+" and ">". These also apply to records that ports receive during the run. The station's own
+/// delimiters are restored at the end in any case. A number that cannot be generated silently ends
+/// the run.
 void RunSequence(Session& session, const SequenceOrder& order, const SequenceProgress& progress);
 
 } // namespace vantrel

@@ -8,17 +8,17 @@ namespace vantrel {
 
 class FieldValues;
 
-/// @file What the two composers share: trees of elements to drag, and rows they are dropped on.
+/// @file Common parts of the two composers: a tree of elements to drag, and rows to drop them on.
 
-/// How an element of a row looks.
+/// The appearance of an element in a row.
 struct ElementLook
 {
     QString Caption;
-    /// What an element without a caption shows instead: a field's number, a piece of its text.
+    /// Shown by an element without a caption: a field's number or the start of its text.
     QString Mark;
     ColorValue BackColor = ColorWhite;
     ColorValue ForeColor = ColorBlack;
-    /// What it stands for, for whoever cannot see it.
+    /// Name of the element for screen readers.
     QString Name;
 };
 
@@ -26,22 +26,22 @@ struct ElementLook
 struct ElementNode
 {
     QString Text;
-    /// The word that a drag of the node carries, and a drop is told by.
+    /// Identifies the node in a drag and drop.
     QString Key;
-    /// Of the element that a drop of it makes.
+    /// The appearance of the element that a drop of the node creates.
     ElementLook Look = {};
 };
 
-/// The word that begins the key of a data field's node.
+/// Prefix of the key of a data field's node.
 inline constexpr QLatin1StringView DataFieldKey{"KEY="};
 
-/// @return what stands behind `word` in `key`; the empty text where it is not in it
+/// @return the part of `key` after `word`; empty if `key` does not contain `word`
 QString RestOfKey(const QString& key, QLatin1StringView word);
 
-/// @return the text freed of every occurrence of `word`
+/// @return the text without any occurrence of `word`
 QString Without(QString text, QLatin1StringView word);
 
-/// @return the text in one line, each control character as its code in brackets, "[D]" and the like
+/// @return the text with each control character replaced by its code in brackets, such as "[D]"
 QString WithVisibleCodes(const QString& text);
 
 } // namespace vantrel

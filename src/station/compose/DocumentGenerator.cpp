@@ -55,7 +55,7 @@ void RecordList::Build()
             m_viewedField = std::max(FirstField, static_cast<std::int16_t>(count));
         if (!record->Valid)
             continue;
-        // A record without values has nothing to show, and no line.
+        // A record without values gets no line.
         Skip("line of a record", [&] {
             m_lines.push_back({record->DataFields.Item(m_viewedField), record->RawData});
         });

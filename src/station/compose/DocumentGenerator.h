@@ -9,29 +9,31 @@ namespace vantrel {
 struct VT5_BufferedRecordQue;
 class Session;
 
-/// The kept records as the document generator lists them: one value of each.
+/// The document generator's list of buffered records, which shows one value of each.
 class RecordList
 {
 public:
+    /// @param queue  must outlive the list
     explicit RecordList(VT5_BufferedRecordQue& queue);
 
-    /// A valid record of the queue.
+    /// One valid record of the queue.
     struct Line
     {
         QString Text;
         QString RawData;
     };
 
+    /// The lines of the list; valid until it is rebuilt.
     const std::vector<Line>& Lines() const { return m_lines; }
-    /// Which value is shown, from 1.
+    /// Number of the value that is shown, from 1.
     std::int16_t ViewedField() const { return m_viewedField; }
-    /// Shows the next value or the one before. The list is built anew, and a record with fewer
-    /// values pulls the number down to its own.
+    /// Show the next or the previous value and rebuild the list. If a record has fewer values, the
+    /// number is reduced to its last value.
     void ViewNextField();
     void ViewFieldBefore();
-    /// Takes all records out of the view for good; they stay in the queue.
+    /// Removes all records from the list permanently; they stay in the queue.
     void Clear();
-    /// Builds the list anew where the queue has grown. @return whether it did
+    /// Rebuilds the list if the queue has grown. @return whether it was rebuilt
     bool LookForRecords();
 
 private:
@@ -43,9 +45,9 @@ private:
     std::int32_t m_recordCount = 0;
 };
 
-/// Prints a raw record on each of the layouts in turn, as if a port had brought it, but without a
-/// macro. No layout is open afterwards, also where one of them is gone. The record goes through
-/// events: hold nothing of the document across it. What fails is passed over.
+/// Prints a raw record on each of the layouts in order, like a received record but without a macro.
+/// Afterwards no layout is open, even if one of them does not exist. Runs pending events, so the
+/// caller must not hold references into the document. A failing step is skipped.
 void PrintOnLayouts(Session& session, const QString& rawData, const QStringList& layouts);
 
 } // namespace vantrel

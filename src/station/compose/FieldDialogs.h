@@ -8,41 +8,41 @@ namespace vantrel {
 class FieldValues;
 class CardDocument;
 
-/// @file What the dialogs of a data field do: padding, prefix and suffix, filter characters. The
-/// store learns of a change when the layout is saved.
+/// @file The dialogs of a data field: padding, prefix and suffix, filter characters. Changes are
+/// stored when the layout is saved.
 
-/// The opening of the padding dialog forgets pad text, length and direction, not the field.
+/// Called when the padding dialog opens. Resets pad text, length and direction, but not the field.
 void BeginPad(PadResult& pad);
-/// Texts of the dialog's list, one per value of the last record: "Data Field 1" and so on.
+/// Texts of the dialog's list, one for each value of the last record: "Data Field 1" and so on.
 QStringList PadFieldTexts(const FieldValues& values);
-/// A click in that list chooses the field whose number stands in the text.
+/// Selects the field whose number is in the text of the clicked row.
 void ChoosePadField(PadResult& pad, const QString& text);
-/// The length as the dialog shows it: below 1 it reads "BYP", for bypassed.
+/// The length as text; "BYP" (bypassed) if it is below 1.
 QString PadLengthText(int length);
-/// Whether a length can be taken from the text: a 16-bit number.
+/// Whether the text is a valid length: a 16-bit number.
 bool IsPadLength(const QString& text);
-/// Takes over what the dialog shows. Fails with `TypeMismatch` or `Overflow`, and takes nothing,
-/// where the text of the length is no such number, as "BYP" is none.
+/// Stores the dialog's values in `pad`. If the length is not a 16-bit number (such as "BYP"), fails
+/// with `TypeMismatch` or `Overflow` and stores nothing.
 void SavePad(PadResult& pad, const QString& padChars, const QString& lengthText,
              std::int32_t direction);
 
-/// What stands around the value of a data field.
+/// The texts before and after the value of a data field.
 struct PreSuffix
 {
     QString Prefix;
     QString Suffix;
 };
 
-/// Reads them from the data field whose index is selected, whatever family is. Both are empty where
-/// there is no such field.
+/// Reads them from the data field with the selected index, even if an object of another family is
+/// selected. Both are empty if there is no such field.
 PreSuffix SelectedPreSuffix(const CardDocument& document);
-/// Writes them to that field, if there is one.
+/// Writes them to the same field, if it exists.
 void SavePreSuffix(CardDocument& document, const PreSuffix& around);
 
-/// Every character of the text is one that is removed from values, blanks too. Empty where nothing
-/// is selected.
+/// The characters, blanks included, that are removed from values of the selected object. Empty if
+/// nothing is selected.
 QString SelectedFilters(const CardDocument& document);
-/// Writes them to the selected object, if there is one.
+/// Sets these characters on the selected object, if there is one.
 void SaveFilters(CardDocument& document, const QString& characters);
 
 } // namespace vantrel

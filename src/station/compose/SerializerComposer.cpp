@@ -67,7 +67,7 @@ void SerializerComposer::RemoveRemembered()
 
 void SerializerComposer::SaveStreamElements(const QString& filterText)
 {
-    // A record's chain may have closed the layout since the row was read.
+    // A macro may have closed the layout since the row was read.
     if (m_session.CurrentLayoutName.isEmpty())
         return;
     const QString filter = DecodeHexCodes(filterText);

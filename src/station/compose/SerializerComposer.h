@@ -7,36 +7,38 @@ namespace vantrel {
 class Operator;
 class Session;
 
-/// Composes the output stream of the open layout and the filter of its values. Both are read once
-/// and written on saving. Every step of reading and of saving that fails is passed over.
+/// Edits the output stream of the open layout and the filter of its values. Both are read once and
+/// written by a save. A failing step of reading or saving is skipped.
 class SerializerComposer
 {
 public:
-    /// Reads the row and the filter of the open layout.
+    /// Reads the stream and the filter of the open layout.
     explicit SerializerComposer(Session& session);
 
+    /// The nodes of the tree.
     std::vector<ElementNode> Nodes() const;
     const std::vector<StreamElement>& Row() const { return m_row; }
-    /// The element counted from 0; none where the row has no such one.
+    /// The element at an index from 0, or null if there is none.
     StreamElement* Find(int index);
-    /// The filter as it is stored, its codes decoded.
+    /// The stored filter with its codes decoded.
     const QString& Filter() const { return m_filter; }
 
-    /// Appends what a node of this key stands for; nothing for a key that makes no element.
+    /// Appends the element of a node's key; does nothing for a key without an element.
     void Drop(const QString& key);
-    /// Removes all elements; nothing is stored until `SaveStreamElements`.
+    /// Removes all elements in memory; `SaveStreamElements` stores that.
     void Clear();
-    /// Remembers which element, counted from 0, is to be removed.
+    /// Remembers the index, from 0, of the element to remove.
     void Remember(int index) { m_remembered = index; }
-    /// Removes the element remembered, if it is still there.
+    /// Removes the remembered element if it still exists.
     void RemoveRemembered();
 
-    /// Replaces the stored row, and writes the filter to the first page of the layout and into
-    /// memory. Without an open layout there is none to keep them for, and nothing is written.
-    /// @param filterText  as typed, "[HH]" codes among it
+    /// Replaces the stored elements and writes the filter to the layout's first page and to memory.
+    /// Writes nothing without an open layout.
+    /// @param filterText  as typed, may contain "[HH]" codes
     void SaveStreamElements(const QString& filterText);
 
-    /// The line that would be sent if the row were saved now. Raises no number, changes nothing.
+    /// The line that would be sent if the elements were saved now. Does not raise automatic
+    /// numbers.
     QString Preview(const QString& filterText) const;
 
 private:
@@ -53,7 +55,7 @@ private:
     int m_remembered = None;
 };
 
-/// Asks for the text of a text element. Events run meanwhile. @return empty where it is cancelled
+/// Asks for the text of a text element; runs events. @return empty if cancelled
 QString AskStreamText(Operator& stationOperator);
 
 } // namespace vantrel

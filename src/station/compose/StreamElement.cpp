@@ -19,7 +19,7 @@ constexpr ColorValue FieldColor = 14129507;
 constexpr ColorValue HexColor = 65535;
 constexpr ColorValue AutoNumberColor = 12883333;
 
-/// What each kind is called and looks like; `Tag` is empty where it holds a number as well.
+/// Name and appearance of each kind; `Tag` is empty if the element's tag also contains a number.
 struct KindForm
 {
     std::int32_t Kind;
@@ -65,7 +65,7 @@ const KindForm* FormOfTag(const QString& tag)
     return nullptr;
 }
 
-/// Kinds that the tree offers, and one whose drop adds nothing.
+/// The kinds in the tree. Dropping one of them adds nothing.
 constexpr struct
 {
     QLatin1StringView Text;

@@ -14,7 +14,7 @@ namespace {
 constexpr QString LayoutParamsRecord::*TrackTexts[TrackCount] = {
     &LayoutParamsRecord::Track1, &LayoutParamsRecord::Track2, &LayoutParamsRecord::Track3};
 
-/// The token at which the evaluation of a formula ends before its time, if it does.
+/// The token at which the evaluation of a formula fails, if it does.
 std::optional<QString> UnreadableToken(const QString& formula, const FieldValues& values)
 {
     qsizetype read = 0;

@@ -10,50 +10,53 @@ class Session;
 
 inline constexpr int TrackCount = 3;
 
-/// What a track would carry with the last record, shown while it is composed.
+/// Preview of a track with the values of the last record.
 struct TrackPreview
 {
-    /// What goes onto the stripe, without the printer's command text around it.
+    /// The data for the stripe, without the printer's command text around it.
     QString Text;
-    /// Why there is nothing, where that is so.
+    /// The reason if there is no data.
     QString Remark;
 };
 
-/// Composes the formulas of the page's three tracks. Rows are read once and written on saving; in
-/// between nothing of the page changes. A track number other than 1 to 3 fails with
-/// `SubscriptOutOfRange`.
+/// Edits the formulas of the page's three tracks. They are read once and written by a save; the
+/// page does not change in between. A track number outside 1 to 3 fails with `SubscriptOutOfRange`.
 class TrackComposer
 {
 public:
-    /// Reads the rows of the page that is open.
+    /// Reads the formulas of the open page.
     explicit TrackComposer(Session& session);
 
-    /// Whether there is a layout to compose for.
+    /// Whether a layout is open.
     bool HasLayout() const;
+    /// The nodes of the tree.
     std::vector<ElementNode> Nodes() const;
 
+    /// The elements of a track, 1 to 3.
     const TrackElements& Row(int track) const;
-    /// The element of a row, counted from 0; none where the row has no such one.
+    /// The element of a track at an index from 0, or null if there is none.
     TrackElement* Find(int track, int index);
-    /// 0 for none, else 1 to 3.
+    /// The selected track, 1 to 3, or 0 for none.
     int SelectedTrack() const { return m_selectedTrack; }
     void Select(int track);
 
-    /// Appends an element to a row.
+    /// Appends an element to a track.
     void AddTrackElement(int track, TokenKind kind, const QString& text);
-    /// Selects the row and appends what a node of this key stands for.
+    /// Selects the track and appends the element of a node's key.
     void Drop(int track, const QString& key);
-    /// Gives a formatted field what the padding dialog left, and forgets that, but for the field.
+    /// Sets the padding of a formatted field from the result of the padding dialog, then resets the
+    /// result except for the field.
     void TakePad(int track, int index);
-    /// Removes all elements of the selected row; without one the operator is told to select it.
+    /// Removes all elements of the selected track. If none is selected, the operator is asked to
+    /// select one.
     void ClearTrack();
 
-    /// Writes one row into the page's parameters. @return the formula
+    /// Writes the formula of one track into the page's parameters. @return the formula
     QString Ostrand_Encode(std::int16_t track);
-    /// Writes all rows and stores the page's parameters. Fails like `SaveLayoutParams`.
+    /// Writes all formulas and stores the page's parameters. Fails like `SaveLayoutParams`.
     void Save();
 
-    /// What the row would give if it were saved now; changes nothing.
+    /// The data of the track if it were saved now; changes nothing.
     TrackPreview Preview(int track) const;
 
 private:
@@ -64,7 +67,7 @@ private:
     int m_selectedTrack = 0;
 };
 
-/// Asks for the text of a literal. Events run meanwhile. @return empty where it is cancelled
+/// Asks for the text of a literal; runs events. @return empty if cancelled
 QString AskStaticText(Operator& stationOperator, const QString& present);
 
 } // namespace vantrel

@@ -19,7 +19,7 @@ constexpr QLatin1StringView EmptyTextWord{"TEXT"};
 constexpr QLatin1StringView AutoNumberKey{"ANUM="};
 constexpr QLatin1StringView CurrentTextTip{"Current Text Value Is   :   "};
 
-/// What an element keeps of the token it is read from.
+/// The part of its token that an element keeps.
 enum class Kept { Token, Word, WithoutWord };
 
 struct ReadRule
@@ -30,7 +30,7 @@ struct ReadRule
     QLatin1StringView Word = {};
 };
 
-/// In the order of the search; the first word found decides.
+/// In the order of the search; the first word found decides the kind.
 constexpr ReadRule ReadRules[] = {
     {DataFieldWord, TokenKind::DataField, Kept::Token},
     {SeparatorWord, TokenKind::Separator, Kept::Word, SeparatorWord},
@@ -41,7 +41,7 @@ constexpr ReadRule ReadRules[] = {
     {FormattedFieldWord, TokenKind::FormattedField, Kept::WithoutWord},
 };
 
-/// What each kind looks like, and whether it is written.
+/// Appearance of each kind, and whether it is written to the formula.
 struct KindForm
 {
     TokenKind Kind;
@@ -90,7 +90,7 @@ constexpr KeyRule KeyRules[] = {
     {FormattedFieldWord, TokenKind::FormattedField},
 };
 
-/// Kinds that the tree offers. "EBT" has no node.
+/// The kinds in the tree; "EBT" has no node.
 constexpr KeyRule FixedNodes[] = {
     {SeparatorWord, TokenKind::Separator},
     {EmptyTextWord, TokenKind::Literal},

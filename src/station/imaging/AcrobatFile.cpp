@@ -17,7 +17,7 @@ namespace vantrel {
 namespace {
 
 constexpr double DotsPerInch = 300;
-/// A page beyond this is no card; its picture would eat the memory of the machine.
+/// Larger pages are refused to limit the memory of the picture.
 constexpr double MostPixels = 64e6;
 
 bool IsConversionOn(const QString& programFolder)
@@ -39,7 +39,7 @@ QImage FirstPage(const QString& path)
     const QImage drawn = document.render(0, pixels.toSize().expandedTo({1, 1}));
     if (drawn.isNull())
         throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
-    // What a page leaves free is paper.
+    // Empty areas of the page become white.
     QImage page(drawn.size(), QImage::Format_RGB32);
     page.fill(Qt::white);
     QPainter(&page).drawImage(0, 0, drawn);
@@ -48,8 +48,8 @@ QImage FirstPage(const QString& path)
     return page;
 }
 
-/// Writes a PNG under the first free of "NAME.png", "NAME 2.png" and so on: layouts know their
-/// pictures by path, so none is ever replaced.
+/// Writes a PNG under the first free name of "NAME.png", "NAME 2.png" and so on. Existing pictures
+/// are never replaced, because layouts refer to them by path.
 QString WritePng(const QString& programFolder, const QImage& image, const QString& name)
 {
     QTemporaryFile file(PathIn(programFolder, QStringLiteral(".page-XXXXXX.part")));

@@ -13,7 +13,7 @@ void SetBackImage(Session& session, const QString& path)
 {
     if (!QFileInfo(path).isFile())
         return;
-    // One step: it ends in silence wherever it fails.
+    // The first failure silently ends the command.
     Skip("back image", [&] {
         EnsureDocument(session);
         session.Document.Tag = path;
@@ -44,7 +44,7 @@ void ImportAcrobatFile(Session& session, const QString& path)
         session.CurrentParams.BackImg1Picture = LoadPicture(image);
         RePaint(session.Document);
     } catch (const Failure& failure) {
-        TellSkipped("import PDF file", failure);
+        LogSkipped("import PDF file", failure);
         session.Operator.ShowAppMessage(
             QStringLiteral("There was an error converting some or all of the pages of the selected "
                            "Acrobat Reader file. \r\n"

@@ -6,19 +6,19 @@ namespace vantrel {
 
 class Session;
 
-/// @file The picture painted under all objects of a page, which prints with the card.
+/// @file The back image of a page, which is printed under all objects.
 
-/// Gives the open page a back image from a picture file. The layout's parameters keep it at the
-/// next save. A file that is missing changes nothing; one that is no picture leaves its path on the
-/// document. Fails with nothing.
+/// Sets a picture file as the back image of the open page; the next save stores it. A missing file
+/// changes nothing; the path of a file that is not a picture stays on the document. Never fails.
 void SetBackImage(Session& session, const QString& path);
 
-/// Drops both back images of the page and writes its parameters at once. Does nothing without a
+/// Clears both back images of the page and stores its parameters at once. Does nothing without a
 /// layout. Fails like `SaveLayoutParams`.
 void ClearBackImages(Session& session);
 
-/// Gives the open page a back image from a PDF file by way of `ConvertAcrobatFile`, and tells the
-/// operator where that fails. Without a conversion the page loses its first back image.
+/// Sets a PDF file, converted by `ConvertAcrobatFile`, as the back image of the open page. A failed
+/// conversion is reported to the operator. If the import is off, the page's first back image is
+/// removed.
 void ImportAcrobatFile(Session& session, const QString& path);
 
 } // namespace vantrel

@@ -11,7 +11,7 @@ void FolderCamera::Expose(int& /*flashMode*/, int& /*mode*/, int& /*third*/)
         const QFileInfoList newestFirst =
             QDir(m_folder).entryInfoList(QDir::Files | QDir::Readable, QDir::Time);
         for (const QFileInfo& file : newestFirst) {
-            // A file that another device is still writing is no picture yet.
+            // A file that is still being written is not a valid picture yet.
             if (Skip("picture of the folder",
                      [&] { Q_EMIT PictureAvailable(LoadPicture(file.filePath())); }))
                 return;

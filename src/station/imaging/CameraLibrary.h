@@ -5,24 +5,25 @@
 
 namespace vantrel {
 
-/// A camera, as the station knows one: it is asked for a picture and delivers it later, or never.
+/// A camera: it is asked for a picture and delivers it later or never.
 class Cam : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Asks for one picture and returns at once. `mode` is always 8; the third number is neither
-    /// set nor read by the caller. A camera that cannot answer stays silent.
+    /// Requests one picture and returns at once; `PictureAvailable` delivers it. `mode` is always
+    /// 8; the caller neither sets nor reads `third`. A camera without a picture emits nothing.
     virtual void Expose(int& flashMode, int& mode, int& third) = 0;
-    /// What an operator is to know where no such camera is there; empty where one is.
+    /// Message for the operator if the camera is not available; otherwise empty.
     virtual QString Absence() const { return {}; }
 
 Q_SIGNALS:
+    /// Delivers a requested picture.
     void PictureAvailable(const vantrel::Picture& picture);
 };
 
-/// Delivers the newest picture of a folder, for stations fed by another device. A folder without a
-/// picture that can be read delivers none.
+/// Delivers the newest picture of a folder, for pictures that another device provides. Delivers
+/// nothing if the folder has no readable picture.
 class FolderCamera : public Cam
 {
 public:

@@ -6,9 +6,9 @@ namespace vantrel {
 
 class CardDocument;
 
-/// Puts a picture file into the selected image object, which takes the picture's own size in
-/// hundredths of a millimetre as its size in twips, and so comes in at 57 percent. A file that is
-/// no picture, or no image object selected, changes nothing. Fails with nothing.
+/// Loads a picture file into the selected image object. The picture's size in hundredths of a
+/// millimetre becomes the object's size in twips, so it appears at 57 percent of its own size.
+/// Nothing changes if the file is not a picture or no image object is selected. Never fails.
 void ChooseImage(CardDocument& document, const QString& path);
 
 } // namespace vantrel

@@ -22,7 +22,7 @@ const QString VerticalKey = QStringLiteral("ViewportV");
 constexpr float LowestLevel = 1.0F;
 constexpr float ZoomStep = 0.1F;
 constexpr int DefaultFlashMode = 4;
-/// A picture zoomed beyond this would eat the memory of the machine; nothing of it is shown.
+/// The most pixels of a zoomed picture; a larger one is not shown, to limit memory.
 constexpr double MostPixels = 64e6;
 
 Q_LOGGING_CATEGORY(cameraLog, "vantrel.camera", QtCriticalMsg)
@@ -32,13 +32,13 @@ int Rounded(double value)
     return RoundToLong(value);
 }
 
-/// Twice a length, in 16 bits.
+/// Twice a length; fails if it does not fit 16 bits.
 std::int16_t Doubled(std::int16_t length)
 {
     return ToInteger(QVariant(2 * static_cast<int>(length)));
 }
 
-/// The end of a scroll bar takes 16 bits.
+/// The maximum of a scroll bar, which must fit 16 bits.
 int ScrollEnd(double value)
 {
     const int end = Rounded(value);
@@ -68,7 +68,7 @@ ImageCapture::ImageCapture(Session& session, ScreenScale scale, std::unique_ptr<
         m_level = static_cast<float>(
             ToDouble(m_settings->value(LevelKey, QStringLiteral("1")).toString()));
     });
-    // The axes are crossed; on a screen with equal factors nobody sees it.
+    // Width and height are swapped here, which has no effect on a screen with equal factors.
     m_viewportPixels = {Rounded(m_viewportTwips.width() / m_scale.TwipsPerPixelY),
                         Rounded(m_viewportTwips.height() / m_scale.TwipsPerPixelX)};
     Skip("flash mode", [&] { m_flashMode = ToLong(m_settings->value(FlashModeKey).toString()); });
@@ -119,7 +119,7 @@ QImage ImageCapture::Shown(QSize controlTwips)
     const double height = controlTwips.height() * level / m_scale.TwipsPerPixelY;
     if (width * height > MostPixels)
         return {};
-    // Always from the raw picture, so that zooming in and out loses nothing.
+    // Scaled from the raw picture each time, so that repeated zooming loses no quality.
     return raw.scaled({Rounded(width), Rounded(height)}, Qt::IgnoreAspectRatio,
                       Qt::SmoothTransformation);
 }

@@ -11,60 +11,64 @@ namespace vantrel {
 class CardDocument;
 class Session;
 
-/// Twips to a pixel of the screen the capture dialog stands on.
+/// Twips per pixel of the screen that shows the capture dialog.
 struct ScreenScale
 {
     double TwipsPerPixelX = 15;
     double TwipsPerPixelY = 15;
 };
 
-/// Where the capture dialog keeps what belongs to the user.
+/// The user's own settings of the capture dialog.
 std::unique_ptr<QSettings> CaptureSettings();
 
-/// The rules of the capture dialog: what it shows of the raw picture, and what it takes of that.
+/// The logic of the capture dialog: how it shows the raw picture and which part it uses.
 class ImageCapture
 {
 public:
-    /// Reads the user's settings and works out the viewport. What cannot be read is passed over.
+    /// Reads the user's settings and computes the viewport. Invalid settings are skipped.
     ImageCapture(Session& session, ScreenScale scale, std::unique_ptr<QSettings> settings);
 
-    /// The flash mode an exposure begins with; at the opening there is no default, before each
-    /// later one it is 4.
+    /// The flash mode in the user's settings, as read at the opening and again before each later
+    /// exposure. If it is not set, it is 0 at the opening and 4 later.
     int FlashModeAtOpening() const { return m_flashMode; }
     int ReadFlashMode();
-    /// Whether the live viewport is switched off.
+    /// Whether the live viewport is off.
     bool Preview() const { return m_preview; }
     float Level() const { return m_level; }
-    /// Size of the viewport: in twips, twice that of the largest camera object, and in pixels, its
-    /// axes crossed.
+    /// Size of the viewport: in twips twice that of the largest camera object, and in pixels with
+    /// width and height factors swapped.
     QSize ViewportTwips() const { return m_viewportTwips; }
     QSize ViewportPixels() const { return m_viewportPixels; }
 
+    /// Sets the raw picture.
     void TakeRawPicture(const Picture& picture);
+    /// Change the zoom level or reset it.
     void ZoomIn();
     void ZoomOut();
     void ResetZoom();
 
-    /// The raw picture as it is shown in a control of that size in twips, at the present level,
-    /// which is raised to 1 first. Empty without a raw picture, and at a level that makes more of
-    /// it than a memory holds.
+    /// The raw picture scaled for a control of the given size in twips at the present zoom level,
+    /// which is first raised to at least 1. Empty without a raw picture, or if the result would be
+    /// too large.
     QImage Shown(QSize controlTwips);
-    /// Ends of the scroll bars: half the raw picture's height for the horizontal one, half its
-    /// width for the vertical one, in hundredths of a millimetre. Fails with `Overflow` beyond 16
+    /// Maximum of the scroll bars in hundredths of a millimetre: half the raw picture's height for
+    /// the horizontal one, half its width for the vertical one. Fail with `Overflow` beyond 16
     /// bits.
     int HorizontalMaximum() const;
     int VerticalMaximum() const;
 
-    /// The rectangle of the viewport's size around a point of the screen, kept on the desktop.
+    /// A rectangle of the viewport's size around a point of the screen, moved to lie on the
+    /// desktop.
     QRect AimAt(QPoint pointer, QRect desktop) const;
-    /// The same in the coordinates of the picture shown. Nothing takes it; the point goes to the
-    /// logging category "vantrel.camera".
+    /// The same rectangle in the coordinates of the shown picture. The result is not used; the
+    /// point is written to the logging category "vantrel.camera".
     QRect SourceAt(QPointF pointerTwips, QSize controlTwips, QSize pictureHundredths) const;
 
-    /// Keeps the cut-out as the camera image and gives it to the open layout's camera objects.
+    /// Stores the cropped picture as the camera image and sets it on the open layout's camera
+    /// objects.
     void Accept(const QImage& cutOut);
-    /// Keeps the level for the next opening, and beside it where the scroll bars stand, which
-    /// nothing reads back: a new opening has them at 0.
+    /// Stores the zoom level for the next opening. The positions of the scroll bars are stored too,
+    /// but not read; they always start at 0.
     void SaveZoom(QPoint scrolled);
 
 private:
@@ -78,7 +82,7 @@ private:
     QSize m_viewportPixels;
 };
 
-/// Gives the picture to all camera objects of the document.
+/// Sets the picture of all camera objects of the document.
 void SetCamImages(CardDocument& document, const Picture& picture);
 
 } // namespace vantrel

@@ -14,7 +14,7 @@ constexpr ColorValue NextToBlack = 1;
 void SetWorkspaceColor(Session& session, ColorValue color)
 {
     session.Settings.Background = static_cast<double>(color == ColorBlack ? NextToBlack : color);
-    session.Face.TellBackground();
+    session.Face.NotifyBackground();
     SaveSetting(session, SettingNumber::Background, QString::number(color));
 }
 
@@ -24,13 +24,13 @@ void SetWorkspacePicture(Session& session, const QString& path)
         Skip("background picture", [&] { session.Settings.Background = LoadPicture(path); });
         SaveSetting(session, SettingNumber::Background, path);
     }
-    session.Face.TellBackground();
+    session.Face.NotifyBackground();
 }
 
 void ResetWorkspace(Session& session)
 {
     session.Settings.Background = static_cast<double>(ColorBlack);
-    session.Face.TellBackground();
+    session.Face.NotifyBackground();
     SaveSetting(session, SettingNumber::Background, QStringLiteral("0"));
 }
 

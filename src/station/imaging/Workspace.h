@@ -8,19 +8,17 @@ namespace vantrel {
 struct StationSettings;
 class Session;
 
-/// @file The main window's own background, which decorates the workspace and is kept as a setting.
+/// @file The background of the main window, which is stored as a setting.
 
-/// Paints the workspace in a colour and keeps it. Pure black is kept as 0 and shown as the colour
-/// 1, one step away.
+/// Sets and stores a background colour. Pure black is stored as 0 and shown as colour 1.
 void SetWorkspaceColor(Session& session, ColorValue color);
-/// Paints the workspace with a picture file and keeps its path. A file that is missing changes
-/// nothing; one that is no picture leaves the earlier picture, but its path is kept.
+/// Sets a picture file as the background and stores its path. A missing file changes nothing; for a
+/// file that is not a picture the path is stored, but the earlier picture stays.
 void SetWorkspacePicture(Session& session, const QString& path);
-/// Gives the workspace the look of the desktop again.
+/// Restores the default background of the desktop.
 void ResetWorkspace(Session& session);
 
-/// The colour that the workspace has at present, for a dialog to begin with; black where it has
-/// none.
+/// The present background colour, as the initial value of a dialog; black if there is none.
 ColorValue WorkspaceColor(const StationSettings& settings);
 
 } // namespace vantrel

@@ -17,7 +17,7 @@ constexpr bool InEllipse(int x, int y, int centreX, int centreY, int radiusX, in
     return dx * dx + dy * dy <= radiusX * radiusX * radiusY * radiusY;
 }
 
-/// Head and shoulders of nobody in particular.
+/// Draws a silhouette of head and shoulders.
 QImage DrawFigure()
 {
     QImage image(PlaceholderWidth, PlaceholderHeight, QImage::Format_RGB32);

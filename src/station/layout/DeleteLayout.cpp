@@ -21,7 +21,7 @@ void DeleteRows(Connection& layoutDb, const QString& statement)
 
 void DeleteLayoutRows(Session& session, const QString& layoutName)
 {
-    // A copy: the close empties the open layout's name.
+    // A copy, because closing the layout clears the name that `layoutName` may refer to.
     const QString name = layoutName;
     CloseLayout(session);
     Skip("delete objects", [&] { DeleteRows(session.LayoutDb, ObjectsOfLayout(name)); });

@@ -6,8 +6,8 @@ namespace vantrel {
 
 class Session;
 
-/// Closes the open layout and deletes the named one's objects and parameters from the store. Its
-/// serializer pattern and its place in macros stay behind. A failing step is passed over.
+/// Closes the open layout and deletes the objects and parameters of the named layout from the
+/// database. Its output stream and its entries in macros stay. A failing step is skipped.
 void DeleteLayoutRows(Session& session, const QString& layoutName);
 
 } // namespace vantrel

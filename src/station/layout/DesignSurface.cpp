@@ -9,7 +9,7 @@ namespace vantrel {
 
 namespace {
 
-/// A side of the rectangle that a grip moves along an axis, if any.
+/// The side of the rectangle that a grip moves along one axis; null if it moves none.
 using Side = std::int32_t CRect::*;
 
 struct GripRow
@@ -35,7 +35,7 @@ void DrawDragRect(const CardDocument& document, DesignScreen& screen)
     screen.InvertOutline(document.Drag.m_DragRect);
 }
 
-/// Lays the drag's rectangle around the object, on the screen.
+/// Sets the drag rectangle to the object's box, in screen pixels.
 void OutlineObject(CardDocument& document, const DesignScreen& screen, const CardObject& object)
 {
     CRect& rectangle = document.Drag.m_DragRect;

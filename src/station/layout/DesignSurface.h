@@ -9,7 +9,7 @@ class CardObject;
 class CardDocument;
 class StationFace;
 
-/// What a drag asks of the window that shows the document.
+/// What a drag needs from the window that shows the document.
 class DesignScreen
 {
 public:
@@ -21,46 +21,48 @@ public:
         std::int32_t Y = 0;
     };
 
-    /// The pointer in screen pixels; inside the form while a drag is on.
+    /// Position of the pointer in screen pixels; inside the form during a drag.
     virtual Point Cursor() const = 0;
     virtual FormOnScreen Form() const = 0;
-    /// Inverts the outline of a rectangle on the screen: the same one twice leaves no trace.
+    /// Inverts the outline of a rectangle on the screen; inverting it again removes it.
     virtual void InvertOutline(const CRect& rectangle) = 0;
-    /// Keeps the mouse with the form and the pointer inside it, or lets both go.
+    /// Capture the mouse and confine the pointer to the form, or release both.
     virtual void CaptureMouse() = 0;
     virtual void ReleaseMouse() = 0;
-    /// Shows what has changed before it goes on.
+    /// Repaints the form immediately.
     virtual void UpdateForm() = 0;
     virtual void CloseSizeDialog() = 0;
 };
 
 enum class MouseButton { Left, Right, Other };
-/// Whether a shift, control or alternate key is held.
+/// Whether a Shift, Control or Alt key is held.
 enum class ShiftState { None, Held };
 
-/// Which pointer shape stands over a grip.
+/// Shape of the pointer over a grip.
 enum class GripCursor { NorthWest, NorthSouth, NorthEast, EastWest };
+/// @param grip  0 to 7, clockwise from the upper left
 GripCursor CursorOfGrip(int grip);
 
-/// @file What the operator's mouse does to the page: selecting, moving, sizing. Routines that find
-/// the selected object gone, as after a record that reloaded the page, leave it at that.
+/// @file Selecting, moving and resizing objects with the mouse. If the selected object no longer
+/// exists, for example because a record has reloaded the page, these functions do nothing. They
+/// never fail.
 
-/// A press on a card object: selects it and begins to move it, or opens its menu.
+/// Handles a press on a card object: selects it and starts to move it, or opens its menu.
 void PressObject(CardDocument& document, StationFace& face, DesignScreen& screen,
                  CardObject& object, MouseButton button, ShiftState shift);
-/// A press on a grip begins to size the selected object.
+/// Handles a press on a grip, 0 to 7: starts to resize the selected object.
 void PressHandle(CardDocument& document, DesignScreen& screen, int grip);
-/// A press on the empty page ends the selection.
+/// Handles a press on the empty page: clears the selection.
 void PressForm(CardDocument& document);
-/// The mouse has moved over the form, with or without a drag.
+/// Handles a move of the mouse over the form.
 void MoveMouse(CardDocument& document, DesignScreen& screen);
-/// A button was released over the form: the left one ends a drag, the right one opens a menu.
+/// Handles a button release over the form: the left button ends a drag, the right one opens a menu.
 void ReleaseButton(CardDocument& document, StationFace& face, DesignScreen& screen,
                    MouseButton button);
 
-/// Begins to move the object.
+/// Starts to move the object.
 void DragBegin(CardDocument& document, DesignScreen& screen, CardObject& object);
-/// Ends the selection and whatever drag was on.
+/// Clears the selection and ends any drag.
 void DragEnd(CardDocument& document);
 
 } // namespace vantrel

@@ -5,15 +5,16 @@ namespace vantrel {
 class CardDocument;
 class Session;
 
-/// Makes the document form if it is not there: its place, the printer's page as its size, an empty
-/// selection and the field menu.
+/// Creates the document form if it does not exist, with its position, the size of the printer's
+/// page, no selection and the field menu. A failing step is skipped.
 void EnsureDocument(Session& session);
 
-/// Fits the form to the page of the selected printer, by the kind of printer; at least 2000 twips
-/// each way. Fails with `PrinterError` where the printer does not answer.
+/// Sets the size of the form according to the printer type, usually to the page of the selected
+/// printer, and to at least 2000 twips in each direction. Fails with `PrinterError` if the printer
+/// cannot be queried.
 void SetSize(Session& session);
 
-/// Asks for the page to be painted anew, as after a change of the back image.
+/// Requests a repaint of the page, for example after a change of the back image.
 void RePaint(CardDocument& document);
 
 } // namespace vantrel

@@ -11,7 +11,7 @@ namespace vantrel {
 
 namespace {
 
-/// Room left and right of a number that was widened to fit, in twips.
+/// Total margin added to the width of an automatic number, in twips.
 constexpr double NumberMargin = 100;
 
 CardObject& NewObject(Session& session, Family family)
@@ -35,7 +35,7 @@ CardObject& Finish(CardDocument& document, CardObject& object)
     return object;
 }
 
-/// What all texts have in common; they begin transparent and left aligned, whatever is asked for.
+/// Sets the properties common to all texts. They are always transparent and left aligned at first.
 void DressText(const CardDocument& document, CardObject& object, const ObjectBox& box,
                const TextLooks& looks)
 {
@@ -100,7 +100,7 @@ CardObject& Draw_AutoNumber(Session& session, double cSeed, const ObjectBox& box
     DressText(session.Document, object, box, looks);
     object.SetCaption(looks.cCaption.isEmpty() ? object.DataField : looks.cCaption);
     object.LinkItem = Marker::AutoNumber;
-    // Measured in the form's own font, not in the object's.
+    // Measured in the form's default font instead of the object's font.
     const double textWidth = PageCanvas::TextWidth(object.Caption(), Font());
     if (textWidth > static_cast<double>(object.Width))
         object.Width = static_cast<float>(textWidth + NumberMargin);

@@ -7,7 +7,7 @@ namespace vantrel {
 class CardDocument;
 class Session;
 
-/// Where an object is put, in twips.
+/// Position and size of a new object, in twips.
 struct ObjectBox
 {
     std::int32_t cTop = 0;
@@ -16,8 +16,8 @@ struct ObjectBox
     std::int32_t cWidth = 0;
 };
 
-/// The looks a creation routine is given. `cBackStyle`, `cAlignment` and `cVisible` have no effect
-/// on texts: they are always transparent, left aligned and visible at first.
+/// Appearance of a new text. `cBackStyle`, `cAlignment` and `cVisible` have no effect: new texts
+/// are always transparent, left aligned and visible.
 struct TextLooks
 {
     ColorValue cBackColor = ColorWhite;
@@ -31,25 +31,25 @@ struct TextLooks
     std::int16_t cAlignment = 1;
 };
 
-/// @file Every card object is made by one of these, on top of the others. The returned reference is
-/// valid until the next clear.
+/// @file Functions that create card objects, on top of the existing ones. The returned reference is
+/// valid until the document is cleared.
 
-/// A text that receives one value of the record.
+/// Creates a data field, a text that receives one value of the record; `FieldIndex` counts from 1.
 CardObject& Draw_DataField(Session& session, std::int16_t FieldIndex, const ObjectBox& box,
                            const TextLooks& looks);
-/// A static text; without a caption it is called "Static Text " and its number.
+/// Creates a static text. Without a caption it shows "Static Text " and its number.
 CardObject& Draw_Label(Session& session, const ObjectBox& box, const TextLooks& looks);
-/// A number that rises with every card; widened to hold its caption.
+/// Creates an automatic number, which rises with every card. It is widened to fit its caption.
 CardObject& Draw_AutoNumber(Session& session, double cSeed, const ObjectBox& box,
                             const TextLooks& looks);
-/// A picture from a file, stretched to its box.
+/// Creates an image from a picture file, stretched to its box.
 CardObject& Draw_Image(Session& session, const ObjectBox& box, std::int16_t cBorderStyle,
                        const Picture& cPicture, bool cVisible, const QString& sPath);
-/// The place of a camera picture; without one it shows the placeholder.
+/// Creates a camera object. Without a camera picture it shows the placeholder.
 CardObject& Draw_CamView(Session& session, const ObjectBox& box, std::int16_t cBorderStyle,
                          const Picture& cPicture, bool cVisible, const QString& sPath);
 
-/// The picture a camera object shows until one was taken.
+/// The picture that a camera object shows before one was taken.
 const Picture& CameraPlaceholder();
 
 /// Whether the open page has a camera object.

@@ -11,7 +11,7 @@ namespace vantrel {
 
 namespace {
 
-/// Where the fields that a record makes for itself stand, in twips.
+/// Vertical distance of the fields that a record creates, in twips.
 constexpr int DynamicFieldStep = 320;
 constexpr int DynamicFieldLeft = 200;
 constexpr int DynamicFieldHeight = 300;
@@ -30,7 +30,7 @@ void MakeDynamicField(Session& session, int valueIndex, int fieldNumber, const Q
     Draw_DataField(session, ToInteger(number), box, looks).SetCaption(value);
 }
 
-// As many values as the page has camera objects make no field: the count goes on behind them.
+// Creates the fields. The first values, as many as the page has camera objects, get no field.
 void MakeDynamicFields(Session& session)
 {
     int fieldsMade = 0;
@@ -55,7 +55,7 @@ void ReapplyFieldValues(Session& session)
     FillCameraImages(session.Document, session.CameraImage);
     if (session.Settings.DynamicFields)
         MakeDynamicFields(session);
-    // One record only; the stored key keeps its value until the station ends.
+    // For one record only; the stored key keeps its value until the station ends.
     session.Settings.DynamicFields = false;
     session.Face.SetTick(Tick::chkAutoAdd, false);
     session.Document.Refresh();
@@ -65,7 +65,8 @@ void BuildFieldMenu(StationFace& face, const FieldValues& values)
 {
     FieldMenu menu;
     menu.Values = values;
-    // With no values the entry for sending stays as it was; else it goes by the last one made.
+    // Without values the entry for sending is unchanged; otherwise it is visible for a single value
+    // only.
     menu.SendEntryVisible = menu.Count() == 0 ? face.Fields().SendEntryVisible : menu.Count() == 1;
     face.SetFields(menu);
 }

@@ -6,12 +6,12 @@ class StationFace;
 class FieldValues;
 class Session;
 
-/// Pours the values of the last record into the objects of the open page. A failing step is passed
-/// over, and what the object before left in hand carries over; with dynamic fields on it makes a
-/// field for each value, once.
+/// Fills the values of the last record into the objects of the open page. If dynamic fields are on,
+/// it first creates a field for each value, for one record only. A failing step is skipped; the
+/// field then uses the value, prefix or suffix of the field before.
 void ReapplyFieldValues(Session& session);
 
-/// Rebuilds the list of the last record's values that the operator can choose from.
+/// Rebuilds the menu of the last record's values.
 void BuildFieldMenu(StationFace& face, const FieldValues& values);
 
 } // namespace vantrel

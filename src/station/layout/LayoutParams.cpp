@@ -13,7 +13,7 @@ namespace vantrel {
 
 namespace {
 
-/// What a page without a row does not inherit from the page before it.
+/// Resets what a page without a row does not inherit from the previous page.
 void ResetPageOwn(LayoutParamsRecord& params)
 {
     params.Encode = false;
@@ -23,7 +23,7 @@ void ResetPageOwn(LayoutParamsRecord& params)
     ResetBackImages(params);
 }
 
-/// A picture that cannot be read leaves its path, so that the next save keeps it.
+/// The path of an unreadable picture is kept, so that the next save does not lose it.
 void ReadBackImage(LayoutParamsRecord& params, const Recordset& row)
 {
     const QVariant path = row.Value(QStringLiteral("BackImg1"));
@@ -47,7 +47,7 @@ void ReadRow(LayoutParamsRecord& params, const Recordset& row)
     Skip("track 2", [&] { params.Track2 = ToText(value(QStringLiteral("Track2"))); });
     Skip("track 3", [&] { params.Track3 = ToText(value(QStringLiteral("Track3"))); });
     Skip("filter", [&] { params.Filter = JoinedText(value(QStringLiteral("Filter"))); });
-    // The zero in front makes a number of a null.
+    // The leading zero turns a null into a valid number.
     Skip("copies", [&] {
         params.PrinterCopies =
             ToInteger(QLatin1Char('0') + JoinedText(value(QStringLiteral("PrinterCopies"))));
@@ -72,7 +72,7 @@ void FillRow(const QString& layoutName, const LayoutParamsRecord& params, Record
     row.SetValue(QStringLiteral("AutoSpool"), params.AutoSpool);
 }
 
-/// Where no printer has the page's device name, the current one stays.
+/// Makes the page's printer current; if no printer has its name, the current one stays.
 void SelectPrinter(Session& session)
 {
     const LayoutParamsRecord& params = session.CurrentParams;
@@ -105,7 +105,7 @@ void LoadLayoutParams(Session& session)
         row.Open(ParamsOfPage(session.CurrentLayoutName, params.PageIndex), CursorLock::Optimistic);
         found = !row.IsEof();
     });
-    // Without a row there is nothing to read: the page inherits what the record held.
+    // A page without a row inherits the parameters in memory.
     if (found)
         ReadRow(params, row);
     Skip("count pages",
@@ -121,7 +121,7 @@ void LoadLayoutParams(Session& session)
 void SaveLayoutParams(Connection& layoutDb, const QString& layoutName,
                       const LayoutParamsRecord& params)
 {
-    // A record's chain may have closed the layout under a dialog.
+    // A macro may have closed the layout while a dialog was open.
     if (layoutName.isEmpty())
         return;
     const QString statement = ParamsOfPage(layoutName, params.PageIndex);
@@ -132,7 +132,7 @@ void SaveLayoutParams(Connection& layoutDb, const QString& layoutName,
         FillRow(layoutName, params, row);
         if (row.UpdateUnlessFound())
             return;
-        // Another session has made the page's row in between: it is changed like any other.
+        // Another session has added the page's row in the meantime, so that row is changed.
         row.Open(statement, CursorLock::Optimistic);
     }
     FillRow(layoutName, params, row);

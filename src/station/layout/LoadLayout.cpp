@@ -13,7 +13,7 @@ namespace vantrel {
 
 namespace {
 
-/// Row order becomes stacking order.
+/// Creates the objects; the order of the rows becomes the stacking order.
 void LoadObjects(Session& session)
 {
     Recordset rows(session.LayoutDb);
@@ -22,10 +22,10 @@ void LoadObjects(Session& session)
     });
     if (!opened)
         return;
-    // A page without objects leaves a hidden form hidden.
+    // A page without objects does not show a hidden form.
     if (!rows.IsEof())
         session.Document.Show();
-    // A row that makes no object costs its own alone.
+    // A row that cannot be loaded does not affect the other rows.
     for (; !rows.IsEof(); rows.MoveNext())
         Skip("object", [&] { RowToObject(session, rows); });
 }
@@ -55,7 +55,7 @@ bool LoadLayout(Session& session, const QString& layoutName)
     LayoutParamsRecord& params = session.CurrentParams;
     Skip("size", [&] { SetSize(session); });
     session.Face.SetTick(Tick::chkAutoSpool, params.AutoSpool);
-    // The print finds the back image by the form's own tag.
+    // Printing takes the back image from the form's tag.
     if (!params.BackImg1Path.isEmpty())
         session.Document.Tag = params.BackImg1Path;
     LoadObjects(session);

@@ -6,23 +6,24 @@ namespace vantrel {
 
 class Session;
 
-/// Whether any object of that layout is stored. Where none is, the open layout's name is emptied.
-/// Never fails; a failing query leaves the name and says no.
+/// Whether the layout has any object in the database. If it has none, the name of the open layout
+/// is cleared. Never fails; if the query fails, the name stays and the result is false.
 bool DoesLayoutExist(Session& session, const QString& layoutName);
 
-/// Rebuilds the document from the rows of the page that `CurrentParams` points at, with the page's
-/// parameters and back image. A failing step is passed over.
-/// @return false, with the old objects in place, where no such layout exists
+/// Loads page `CurrentParams.PageIndex` of a layout with its objects, parameters and back image. A
+/// failing step is skipped.
+/// @return false, with the old objects unchanged, if the layout does not exist
 bool LoadLayout(Session& session, const QString& layoutName);
-/// The same with the layout's first page. A page left over from another layout may have no
-/// parameters in this one: it would go by the printer and the copies of that other layout.
+/// Loads the first page of a layout. A page number left from another layout may have no parameters
+/// in this one, and would be printed with the printer and the copies of the other layout.
 bool LoadFirstPage(Session& session, const QString& layoutName);
 
-/// Empties the form and resets the back images; the two differ in the order of that only.
+/// Deletes the card content and clears the back images; the two differ only in the order.
 void ClearDoc(Session& session);
 void ClearDoc_Ex(Session& session);
 
-/// Ends the layout: parameters to their defaults, caption plain, document unloaded. Does not ask.
+/// Closes the layout without confirmation: resets the parameters and the caption and unloads the
+/// document.
 void CloseLayout(Session& session);
 
 } // namespace vantrel

@@ -13,7 +13,7 @@ namespace vantrel {
 
 namespace {
 
-/// The hourglass for the length of a scope.
+/// Shows the busy pointer for the duration of a scope.
 class BusyPointer
 {
 public:
@@ -33,7 +33,7 @@ void StepPage(Session& session, int step)
 {
     LayoutParamsRecord& params = session.CurrentParams;
     params.PageIndex = static_cast<std::int16_t>(params.PageIndex + step);
-    // A copy: the load empties the open layout's name where the layout is gone.
+    // A copy, because the load clears the session's name if the layout no longer exists.
     const QString layoutName = session.CurrentLayoutName;
     LoadLayout(session, layoutName);
     RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);

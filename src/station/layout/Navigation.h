@@ -7,17 +7,17 @@ namespace vantrel {
 class Connection;
 class Session;
 
-/// @file How the operator moves between the pages of a layout and between layouts.
+/// @file Moving between the pages of a layout and between layouts.
 
-/// Loads the next page of the open layout, where there is one, and pours the last record into it.
+/// Loads the next page of the open layout, if there is one, and fills the last record into it.
 void NextPage(Session& session);
-/// Loads the page before, where there is one, and pours the last record into it.
+/// Loads the previous page, if there is one, and fills the last record into it.
 void PreviousPage(Session& session);
 
-/// The layouts that have at least one object stored, by name. Fails like `Recordset`.
+/// Names of the layouts that have at least one stored object, sorted. Fails like `Recordset`.
 QStringList LayoutNames(Connection& layoutDb);
-/// Opens a layout at its first page and shows the document; also where the layout is gone
-/// meanwhile, which leaves the old objects and an empty name.
+/// Opens a layout at its first page and shows the document. If the layout no longer exists, the
+/// document shows the old objects and no layout is open.
 void OpenLayout(Session& session, const QString& layoutName);
 
 } // namespace vantrel

@@ -22,7 +22,7 @@ constexpr ObjectEntry HiddenForImages[] = {
     ObjectEntry::cmdAdjustText, ObjectEntry::s250,           ObjectEntry::cmdAdjustTextColor};
 
 /// The word of a check digit and the entries it ticks. `cmdAutoMod10` is cleared with the others
-/// and ticked by none.
+/// but never ticked.
 struct TickRow
 {
     QLatin1StringView Word;
@@ -58,7 +58,7 @@ void TickCheckDigit(StationFace& face, const QString& word)
     for (const TickRow& row : TickRows) {
         if (row.Word != word)
             continue;
-        // Only the empty choice clears: what another word has ticked before stays.
+        // Only the empty word clears the ticks; ticks of another word stay.
         for (const Tick tick : row.Ticks)
             face.SetTick(tick, true);
         return;

@@ -6,11 +6,11 @@ class CardObject;
 class CardDocument;
 class StationFace;
 
-/// Shapes the commands for the selected object: which of them show, by its kind, and which carry a
-/// tick, by its values. A static text and an image leave the ticks of the object before.
+/// Updates the menu for the selected object: its kind decides which entries are visible, its values
+/// decide which are ticked. For static texts and images the ticks of the previous object stay.
 void UpdateObjectMenu(StationFace& face, const CardDocument& document, const CardObject& object);
 
-/// The look at the selection, ten times a second: its commands can be reached while there is one.
+/// Enables the object menu while an object is selected. Called ten times a second.
 void TickObjectMenu(StationFace& face, const CardDocument& document);
 
 } // namespace vantrel

@@ -12,7 +12,7 @@ namespace vantrel {
 
 namespace {
 
-/// A column takes its value in a step of its own.
+/// Sets one column; a failure that a save allows leaves it null.
 void Write(Recordset& rows, const QString& column, const QVariant& value)
 {
     SaveStep("write column", [&] { rows.SetValue(column, value); });
@@ -41,7 +41,7 @@ const QString& Piece(const QStringList& pieces, qsizetype number)
     return pieces[number];
 }
 
-/// An empty text has no pieces, so that a field without prefix and suffix leaves both null.
+/// An empty text has no parts, so both columns stay null for a field without prefix and suffix.
 void WritePrefixAndSuffix(const CardObject& object, Recordset& rows)
 {
     const QStringList pieces =
@@ -68,7 +68,7 @@ void WriteKindOfText(const CardObject& object, Recordset& rows)
     }
 }
 
-/// The store keeps a font's size with four decimals.
+/// Rounds a font size to the four decimals of the stored format.
 double FourDecimals(double value)
 {
     constexpr double scale = 10000;
@@ -85,14 +85,14 @@ void WriteFont(const Font& font, Recordset& rows)
     Write(rows, QStringLiteral("C_FontStrikethrough"), font.Strikethrough);
 }
 
-/// The row the cursor stands on, or a new one behind the last.
+/// Clears the current row, or adds a new one after the last.
 void BeginRow(Recordset& rows)
 {
     SaveStep("begin row", [&] {
         if (rows.IsEof())
             rows.AddNew();
         else
-            rows.BeginAnew();
+            rows.ClearRow();
     });
 }
 
@@ -117,7 +117,7 @@ void WriteText(const CardObject& object, const Font& font, const PageKey& key, R
     EndRow(rows);
 }
 
-/// A file that is gone at this moment loses its path for good.
+/// If the file does not exist now, its path is not stored and so is lost.
 void WriteImage(const CardObject& object, const PageKey& key, Recordset& rows)
 {
     BeginRow(rows);

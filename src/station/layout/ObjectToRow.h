@@ -6,8 +6,8 @@ class CardObject;
 class Recordset;
 struct PageKey;
 
-/// Puts an object into the row the cursor stands on, whatever that held, or into a new one behind
-/// the last, and goes on to the next. What is neither a text nor an image takes no row. Fails like
+/// Writes an object to the current row, replacing its contents, or to a new row after the last, and
+/// moves to the next row. An object that is neither a text nor an image is not written. Fails like
 /// `Recordset`.
 void ObjectToRow(const CardObject& object, const PageKey& key, Recordset& rows);
 

@@ -7,7 +7,7 @@ namespace vantrel {
 
 class Session;
 
-/// One page of one layout, as its rows know it.
+/// The key of one page of one layout; pages count from 1.
 struct PageKey
 {
     QString LayoutName;
@@ -16,7 +16,7 @@ struct PageKey
     friend bool operator==(const PageKey&, const PageKey&) = default;
 };
 
-/// The page that is open; its layout has no name where none is.
+/// The open page; the layout name is empty if no layout is open.
 PageKey PageOnForm(const Session& session);
 
 } // namespace vantrel

@@ -35,8 +35,8 @@ void MoveDownObjectsAbove(Connection& store, std::int16_t page)
     }
 }
 
-/// Asks about the page that is open. A record may open another behind the question, or none, and
-/// the answer is not meant for that.
+/// Asks for confirmation. A record may change the open page while the question is shown; the answer
+/// then does not apply.
 bool IsAgreedTo(Session& session, const QString& question, const QString& title)
 {
     const PageKey asked = PageOnForm(session);
@@ -79,14 +79,14 @@ bool DeletePage(Session& session)
     if (!IsAgreedTo(session, QStringLiteral("Delete this page permanently?"),
                     QStringLiteral("Delete Page?")))
         return false;
-    // The number goes from all layouts, whichever is open.
+    // The page number is deleted from all layouts.
     DeleteObjectsOf(session.LayoutDb, params.PageIndex);
     MoveDownObjectsAbove(session.LayoutDb, params.PageIndex);
     --params.PageCount;
     params.PageIndex =
         params.PageIndex > 2 ? static_cast<std::int16_t>(params.PageIndex - 1) : FirstPage;
     SaveLayoutParams(session.LayoutDb, session.CurrentLayoutName, session.CurrentParams);
-    // A copy: the load empties the open layout's name where the layout is gone.
+    // A copy, because the load clears the session's name if the layout no longer exists.
     const QString layoutName = session.CurrentLayoutName;
     LoadLayout(session, layoutName);
     RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);

@@ -6,19 +6,17 @@ class StationFace;
 struct LayoutParamsRecord;
 class Session;
 
-/// Tells in the status bar which page of which layout is on the form; a page beyond the count is a
-/// new one.
+/// Shows the layout and the page number in the status bar; a page above the count is shown as new.
 void RefreshData(StationFace& face, const QString& layoutName, const LayoutParamsRecord& params);
 
-/// Goes to a new, empty page behind the last one. It exists on the form only until it is saved, and
-/// keeps the parameters of the page before but for the back images.
+/// Moves to a new, empty page after the last one. It exists only in memory until it is saved. It
+/// inherits the parameters of the previous page except the back images.
 bool NewPage(Session& session);
 
-/// Asks, then deletes the page on the form: its number goes from all layouts of the store, and the
-/// higher pages of all of them move down by one. The only page is cleared on the form instead.
-/// Where another page is open by the time of the answer, nothing is deleted.
-/// @return whether the operator did not refuse. Fails like `Recordset`; what was deleted or
-/// moved until then stays so.
+/// Deletes the open page after confirmation. The page number is deleted from all layouts of the
+/// database, and higher pages of all layouts move down by one. If it is the only page, it is only
+/// cleared in memory. If another page is open when the answer arrives, nothing is deleted.
+/// @return false if the operator refused. Fails like `Recordset`; changes made until then stay
 bool DeletePage(Session& session);
 
 } // namespace vantrel

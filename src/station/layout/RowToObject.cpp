@@ -11,7 +11,7 @@ namespace vantrel {
 
 namespace {
 
-/// The value, or a null where the store does not give it.
+/// The value of a column, or null if it cannot be read.
 QVariant ValueOf(const Recordset& row, const QString& column)
 {
     QVariant value;
@@ -24,7 +24,7 @@ QString TextOf(const Recordset& row, const QString& column)
     return JoinedText(ValueOf(row, column));
 }
 
-/// Carries a step out with the value of a column, unless that is null.
+/// Calls a step with the value of a column unless it is null.
 template <typename Step>
 void WithValue(const Recordset& row, const QString& column, Step&& step)
 {
@@ -73,7 +73,7 @@ void ApplyAlignment(const Recordset& row, CardObject& object)
               [&](const auto& v) { object.Alignment = ToInteger(v); });
 }
 
-/// Where a row holds two true flags, the later word wins.
+/// If several flags of a row are true, the last one applies.
 void ApplyCheckDigit(const Recordset& row, CardObject& object)
 {
     const auto apply = [&](const QString& column, QLatin1StringView word) {
@@ -116,7 +116,7 @@ void RowToStaticText(Session& session, const Recordset& row)
     ApplyAlignment(row, Draw_Label(session, BoxOf(row), looks));
 }
 
-/// A file that cannot be read gives an empty image that keeps its path.
+/// A file that cannot be read gives an empty image, which keeps the path.
 void RowToImage(Session& session, const Recordset& row)
 {
     const QString path = TextOf(row, QStringLiteral("C_ImagePath"));

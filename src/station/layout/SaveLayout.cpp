@@ -24,9 +24,9 @@ void DeleteRest(Recordset& rows)
         SaveStep("delete row", [&] { rows.Delete(); });
 }
 
-/// Puts the objects of the form in place of the page's rows. A row is not deleted and added again
-/// but begun anew in its place, so that what is as it was costs nothing: mostly a number has risen
-/// and all else stands.
+/// Replaces the page's rows by the objects in memory. Existing rows are overwritten instead of
+/// being deleted and added again, so that unchanged rows are not written. Mostly only an automatic
+/// number has changed.
 /// @return how many objects are card content
 int ReplaceRows(Session& session)
 {
@@ -34,8 +34,9 @@ int ReplaceRows(Session& session)
     Recordset rows(session.LayoutDb);
     SaveStep("open page",
              [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });
-    // What was written before a failure stands, and none of the rows that were there before. But
-    // where the store has taken the transaction back, each deletion would be lasting at once.
+    // After a failure the rows written so far stay, and the remaining old rows are deleted. This
+    // must not happen if SQLite has rolled back the transaction, because each deletion would then
+    // be committed at once.
     auto deleteRest = qScopeGuard([&] {
         if (session.LayoutDb.InTransaction())
             Skip("delete old rows", [&] { DeleteRest(rows); });
@@ -66,15 +67,15 @@ int StorePage(Session& session)
     return counter;
 }
 
-/// For this session the transaction stays open, and the next save begins inside it. For the others
-/// the page is as it was, and they wait for nothing, however long the box stands open.
+/// For this session the transaction stays open, and the next save starts inside it. Other sessions
+/// see the page unchanged and do not have to wait while the message box is open.
 void SetAside(Session& session)
 {
     const PageKey key = PageOnForm(session);
     Skip("set aside", [&] { session.LayoutDb.SetAside(ObjectsOfPage(key.LayoutName, key.Page)); });
 }
 
-/// A page saved empty is gone: the one before it is shown.
+/// A page that was saved without objects no longer exists, so the previous page is shown.
 void LeaveEmptyPage(Session& session)
 {
     LayoutParamsRecord& params = session.CurrentParams;
@@ -85,7 +86,7 @@ void LeaveEmptyPage(Session& session)
                                     QStringLiteral("No objects found"), AppMessageButtons::OkOnly);
 }
 
-void TellSaved(Session& session)
+void ReportSaved(Session& session)
 {
     session.Operator.ShowAppMessage(QStringLiteral("Document ( ") + session.CurrentLayoutName +
                                         QStringLiteral(" ) Sucessfully Saved."),
@@ -112,7 +113,7 @@ bool SaveLayout(Session& session, SaveMessages messages)
         return false;
     }
     if (messages == SaveMessages::Shown)
-        TellSaved(session);
+        ReportSaved(session);
     return true;
 }
 

@@ -4,13 +4,13 @@ namespace vantrel {
 
 class Session;
 
-/// Whether a save tells the operator that it was done.
+/// Whether a successful save is reported to the operator.
 enum class SaveMessages { Shown, Silent };
 
-/// Writes the page on the form to the store: its parameters, then all its objects, replacing the
-/// page's rows in one transaction. Shows a box on failure, and on a page without objects. One that
-/// fails leaves the page's rows in the file as they were.
-/// @return true where the rows were committed and at least one object was written
+/// Saves the page in memory: its parameters, then all its objects, which replace the page's rows in
+/// one transaction. Shows a message box on failure, and for a page without objects. After a failure
+/// the page's rows in the file are unchanged.
+/// @return true if the rows were committed and at least one object was written
 bool SaveLayout(Session& session, SaveMessages messages);
 
 } // namespace vantrel

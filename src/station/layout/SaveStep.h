@@ -5,9 +5,9 @@
 
 namespace vantrel {
 
-/// Runs one step of a save. Two failures belong to its normal course, a font that an image has not
-/// and a prefix or suffix that a field has not: they are passed over, and the column stays null.
-/// Any other goes through and ends the save.
+/// Runs one step of a save. Two failures are expected and skipped, which leaves the column null: an
+/// image has no font, and a field may have no prefix or suffix. Any other failure is thrown and
+/// ends the save.
 template <typename Step>
 void SaveStep(const char* step, Step&& run)
 {
@@ -17,7 +17,7 @@ void SaveStep(const char* step, Step&& run)
         if (failure.Number() != FailureNumber::SubscriptOutOfRange &&
             failure.Number() != FailureNumber::PropertyNotSupported)
             throw;
-        TellSkipped(step, failure);
+        LogSkipped(step, failure);
     }
 }
 

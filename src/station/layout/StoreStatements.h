@@ -5,39 +5,44 @@
 
 namespace vantrel {
 
-/// @file What the layout routines ask the store. Names are joined in as they are: one with an
-/// apostrophe makes a statement the store does not take.
+/// @file The statements of the layout functions. Names are inserted unescaped; a name with an
+/// apostrophe makes a statement that fails with `StatementInvalid`.
 
+/// All objects of a layout.
 inline QString ObjectsOfLayout(const QString& layoutName)
 {
     return QStringLiteral("SELECT * FROM [Controls] WHERE [LayoutName] = '") + layoutName +
            QLatin1Char('\'');
 }
 
+/// All objects of one page.
 inline QString ObjectsOfPage(const QString& layoutName, std::int16_t page)
 {
     return ObjectsOfLayout(layoutName) + QStringLiteral(" AND [Page] = ") + QString::number(page);
 }
 
+/// The page numbers of a layout.
 inline QString PagesOfLayout(const QString& layoutName)
 {
     return QStringLiteral("SELECT DISTINCT [Page] FROM [Controls] WHERE [LayoutName] = '") +
            layoutName + QLatin1Char('\'');
 }
 
+/// The parameters of all pages of a layout.
 inline QString ParamsOfLayout(const QString& layoutName)
 {
     return QStringLiteral("SELECT * FROM [LayoutParams] WHERE [LayoutName] = '") + layoutName +
            QLatin1Char('\'');
 }
 
+/// The parameters of one page.
 inline QString ParamsOfPage(const QString& layoutName, std::int16_t page)
 {
     return ParamsOfLayout(layoutName) + QStringLiteral(" AND [PageIndex] = ") +
            QString::number(page);
 }
 
-/// The key and the filter of a layout's pages; the first row holds the filter that is edited.
+/// Key and filter of a layout's pages; the filter of the first row is the one that is edited.
 inline QString FilterOfLayout(const QString& layoutName)
 {
     return QStringLiteral("SELECT [ID], [Filter] FROM [LayoutParams] WHERE [LayoutName] = '") +

@@ -10,7 +10,8 @@ namespace vantrel {
 
 namespace {
 
-/// Insertion makes the order of the chain, so that it is the order of these names.
+/// Replaces the layouts of a macro. They run in the order of insertion, which is the order of these
+/// names.
 void ReplaceLayouts(Connection& layoutDb, std::int32_t id, const QStringList& layouts)
 {
     Recordset rows(layoutDb);

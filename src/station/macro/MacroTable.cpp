@@ -17,8 +17,8 @@ const QString NameColumn = QStringLiteral("MacroName");
     throw Failure(FailureNumber::InvalidCall, why);
 }
 
-/// The station joins a macro's name into a statement and keeps it in its settings file: a name that
-/// does not survive both could be listed but never run.
+/// A macro's name is inserted into a statement and stored in the settings file. A name that is not
+/// valid in both could be listed but never run.
 void RequireUsableName(const QString& name)
 {
     if (name.isEmpty())
@@ -40,7 +40,7 @@ void RequireUsableName(const QString& name)
         Refuse(QStringLiteral("A macro's name cannot hold characters outside of code page 1252."));
 }
 
-/// Stands a cursor over all macros on the one of that name.
+/// Moves a cursor over all macros to the one of that name. @return false if there is none
 bool Find(Recordset& macros, const QString& name)
 {
     macros.Open(QStringLiteral("SELECT * FROM [Macros]"), CursorLock::Optimistic);
@@ -73,8 +73,8 @@ qlonglong NextId(Connection& connection)
     return highest + 1;
 }
 
-/// Changes the tables under the write lock. A refusal comes before the first write, so the commit
-/// behind it only gives the lock back.
+/// Changes the tables under the write lock. `change` must check everything before its first write,
+/// because the commit after a failure only releases the lock.
 template <typename Change>
 void InTransaction(Connection& connection, Change&& change)
 {

@@ -18,14 +18,14 @@ Q_LOGGING_CATEGORY(macroLog, "vantrel.macro", QtCriticalMsg)
 std::int32_t MacroId(Connection& layoutDb, const QString& name)
 {
     Recordset macros(layoutDb);
-    // The name goes in as it stands: one with an apostrophe is never found.
+    // The name is inserted unescaped, so a name with an apostrophe is never found.
     macros.Open(QStringLiteral("SELECT [ID] FROM [Macros] WHERE [MacroName] = '") + name +
                 QLatin1Char('\''));
     return ToLong(macros.Value(QStringLiteral("ID")));
 }
 
-/// All names at once, since no cursor may stay open while the cards print. A row without a name
-/// repeats the one before.
+/// Reads all names first, because no cursor may be open while the cards print. A row without a name
+/// repeats the previous name.
 QStringList LayoutsOfMacro(Connection& layoutDb, std::int32_t id)
 {
     QStringList names;
@@ -41,7 +41,7 @@ QStringList LayoutsOfMacro(Connection& layoutDb, std::int32_t id)
     return names;
 }
 
-/// A layout that is gone has its turn like any other.
+/// Also called for a layout that no longer exists.
 void PrintOnLayout(Session& session, const QString& layoutName)
 {
     qCDebug(macroLog).noquote() << "Macro Engine Layout =" << layoutName;

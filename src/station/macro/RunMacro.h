@@ -6,10 +6,10 @@ namespace vantrel {
 
 class Session;
 
-/// Prints the last record on every layout of the named macro, in row order, whatever the layouts'
-/// own automatic printing says; no layout is open behind it. A failing step is passed over: a name
-/// that is not found prints nothing, a layout that is gone has an empty turn. The logging category
-/// `vantrel.macro`, off by default, tells the layouts as they come.
+/// Prints the last record on every layout of the macro, in row order, even if automatic printing is
+/// off for a layout. Afterwards no layout is open. A failing step is skipped: an unknown macro
+/// prints nothing, and a layout that no longer exists is skipped. The logging category
+/// `vantrel.macro`, off by default, logs each layout.
 void RunMacro(Session& session, const QString& name);
 
 } // namespace vantrel

@@ -9,7 +9,8 @@ namespace vantrel {
 
 namespace {
 
-/// The magnetic font is chosen before the first token is evaluated; what fails leaves it chosen.
+/// Prints each token on a line of its own. The magnetic font is set before the first token is
+/// evaluated and stays set after a failure.
 void PrintTokens(Printer& printer, const StripeTrack& track, const QString& formula,
                  const FieldValues& values)
 {
@@ -22,13 +23,13 @@ void PrintTokens(Printer& printer, const StripeTrack& track, const QString& form
     printer.SetFontName(OpeningFontName);
 }
 
-/// A station without a printer prints on nothing all the same: the track is evaluated first.
-bool TravelsBesideThePage(Printers& printers, const StripeTrack& track)
+/// Without a printer this is false instead of a failure, because the track must be evaluated first.
+bool IsSentBesidePage(Printers& printers, const StripeTrack& track)
 {
-    bool travels = false;
+    bool beside = false;
     Skip("channel of the stripe",
-         [&] { travels = printers.Current().CarriesStripe(track.Number()); });
-    return travels;
+         [&] { beside = printers.Current().CarriesStripe(track.Number()); });
+    return beside;
 }
 
 } // namespace
@@ -42,16 +43,16 @@ void EncodeData(Printers& printers, std::int32_t printerType, const FieldValues&
         return;
     }
     const StripeTrack track(*family, trackNumber);
-    const bool travels = TravelsBesideThePage(printers, track);
-    if (!travels && track.Form() == SentAs::LinePerToken) {
+    const bool beside = IsSentBesidePage(printers, track);
+    if (!beside && track.Form() == SentAs::LinePerToken) {
         PrintTokens(printers.Current(), track, formula, values);
         return;
     }
-    // A track without a single character is not sent: head and tail alone say nothing.
+    // An empty track is not sent.
     const QString body = track.Body(formula, values, MachineDecimalSeparator());
     if (body.isEmpty())
         return;
-    if (travels)
+    if (beside)
         printers.Current().SendStripe(track.Number(), track.Line(body));
     else
         printers.Current().Print(track.Line(body));

@@ -14,7 +14,8 @@ namespace vantrel {
 
 namespace {
 
-/// Where no printer has the wanted name, the current one stays and gets the job.
+/// Makes the layout's printer current; if there is none of that name, the job goes to the current
+/// one.
 void ChoosePrinter(Printers& printers, const LayoutParamsRecord& params)
 {
     const QString& wanted = params.PrinterDevice;

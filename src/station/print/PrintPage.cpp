@@ -14,17 +14,17 @@ namespace vantrel {
 
 namespace {
 
-/// One step on the current printer; where there is none it fails like any other and is passed over.
+/// Runs one operation on the current printer. A failure, such as a missing printer, is skipped.
 template <typename Operation>
 void OnPrinter(Printers& printers, const char* step, Operation&& operation)
 {
     Skip(step, [&] { operation(printers.Current()); });
 }
 
-/// The blank line opens the page; stripe text stands on the line below it.
+/// A blank line opens the page; stripe text is printed on the line below it.
 void OpenPage(Printers& printers, const QString& layoutName, std::int16_t page)
 {
-    // Both at once: the name may hold the likes of "%1" itself.
+    // Both arguments in one call, because the name itself may contain "%1".
     const QString title = QStringLiteral("%1 - Page %2").arg(layoutName, QString::number(page));
     OnPrinter(printers, "job title", [&](Printer& printer) { printer.SetJobTitle(title); });
     OnPrinter(printers, "font name",
@@ -41,7 +41,7 @@ void PrintTracks(Printers& printers, const LayoutParamsRecord& params, const Fie
     Skip("track 3", [&] { EncodeData(printers, params.PrinterType, values, params.Track3, 3); });
 }
 
-/// The back image is stretched to the page, with no regard to its proportions.
+/// Stretches the back image to the page without keeping its proportions.
 void PrintBackImage(Printers& printers, const CardDocument& document)
 {
     const QString path = document.Tag;
@@ -56,7 +56,7 @@ void PrintBackImage(Printers& printers, const CardDocument& document)
     });
 }
 
-/// The first family selects the font anew, so that a driver's magnetic font never stays in force.
+/// Sets another family first, so that a driver's magnetic font never stays selected.
 void CopyFont(Printers& printers, const Font& font)
 {
     OnPrinter(printers, "reset font", [](Printer& p) { p.SetFontName(p.Fonts(1)); });
@@ -95,7 +95,7 @@ void PrintImage(Printers& printers, const CardObject& image)
     });
 }
 
-/// Later objects print over earlier ones.
+/// Later objects are printed over earlier ones.
 void PrintObjects(Printers& printers, const CardDocument& document)
 {
     for (const auto& object : document.Objects()) {
@@ -117,7 +117,7 @@ void PrintCard_Ex(Session& session)
     PrintBackImage(session.Printers, session.Document);
     PrintObjects(session.Printers, session.Document);
     OnPrinter(session.Printers, "end of job", [](Printer& printer) { printer.EndDoc(); });
-    // The next page reloads from the store and takes its raised numbers from there.
+    // The next page loads its numbers from the database.
     Skip("save numbers", [&] { SaveLayout(session, SaveMessages::Silent); });
     if (session.Settings.MainVisible) {
         session.Document.Refresh();

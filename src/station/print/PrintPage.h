@@ -4,8 +4,8 @@ namespace vantrel {
 
 class Session;
 
-/// Prints the page that is open as one job, then saves it. Called by `PrintCard` only. A failing
-/// step is passed over, printer by printer step.
+/// Prints the open page as one job, then saves it. Called by `PrintCard` only. Every printer
+/// operation that fails is skipped.
 void PrintCard_Ex(Session& session);
 
 } // namespace vantrel

@@ -25,7 +25,7 @@ void SaveOrientation(Session& session, std::int32_t orientation)
     session.CurrentParams.PrinterOrientation = orientation;
 }
 
-/// A count beyond 16 bits fails.
+/// Converts a count; fails if it does not fit 16 bits.
 std::int16_t CopiesOf(int count)
 {
     return ToInteger(QVariant(count));
@@ -82,21 +82,21 @@ OrientationOption OptionOf(std::int32_t orientation)
 void SavePrinterChoice(Session& session, const PrinterChoice& choice)
 {
     LayoutParamsRecord& params = session.CurrentParams;
-    // 1. The printer, where it is still there.
+    // 1. The printer, if it still exists.
     if (session.Printers.DeviceNames().contains(choice.DeviceName))
         Skip("choose printer", [&] { session.Printers.MakeCurrent(choice.DeviceName); });
 
-    // 2. Its orientation, and the layout's.
+    // 2. The orientation of the printer and of the layout.
     if (choice.Orientation == OrientationOption::Portrait)
         SaveOrientation(session, OrientationPortrait);
     else if (choice.Orientation == OrientationOption::Landscape)
         SaveOrientation(session, OrientationLandscape);
 
-    // 3. The document's size, by the kind that the layout still has.
+    // 3. The document's size, still by the layout's old printer type.
     if (choice.ForceResize)
         Skip("force resize", [&] { SetSize(session); });
 
-    // 4. What the layout keeps.
+    // 4. The layout's parameters.
     params.PrinterDevice = choice.DeviceName;
     Skip("printer kind", [&] { params.PrinterType = ToLong(choice.KindTag); });
     Skip("copies", [&] { params.PrinterCopies = CopiesOf(choice.Copies); });

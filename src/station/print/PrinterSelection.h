@@ -11,12 +11,13 @@ class Printers;
 class Connection;
 class Session;
 
-/// @file The rules of the printer selection: what its two lists show, and what saving does.
+/// @file The logic of the printer selection: the contents of its two lists, and saving.
 
-/// One of the machine's printers as it was when it was looked at.
+/// The state of one of the machine's printers at the time of the query.
 struct PrinterListRow
 {
-    /// Name of the row: "True" for a running printer, "False" for a paused one, then the device.
+    /// Key of the row: "True" for a running printer or "False" for a paused one, followed by the
+    /// device name.
     QString Key;
     QString DeviceName;
     bool AcceptsJobs = true;
@@ -25,27 +26,27 @@ struct PrinterListRow
     QString Jobs;
 };
 
-/// Looks at one printer's queue. Never fails.
+/// Queries the state of one printer's queue. Never fails.
 PrinterListRow LookAtPrinter(Printers& printers, const QString& deviceName);
 
-/// One kind of printer that a layout can be made for.
+/// One printer type of the database.
 struct PrinterKindRow
 {
     QString Name;
-    /// The kind's code as text.
+    /// The code of the type as text.
     QString Tag;
     /// "Driver Support" or "No".
     QString ColorCapable;
     QString DualSided;
 };
 
-/// The kinds in their display order. What cannot be read is passed over.
+/// The printer types in display order. Rows that cannot be read are skipped. Never fails.
 std::vector<PrinterKindRow> ReadPrinterKinds(Connection& layoutDb);
 
-/// @return whether a kind's output is set up in a dialog of its own: the serialized one
+/// @return whether the type has a dialog of its own for its output; only the serialized type has
 bool IsConfigurable(const QString& kindTag);
 
-/// The options of the orientation. The last one leaves both printer and layout as they are.
+/// The orientation options. `Default` changes neither the printer nor the layout.
 enum class OrientationOption { Portrait = 0, Landscape = 1, Default = 2 };
 
 /// @return the option that shows a stored orientation
@@ -54,19 +55,19 @@ OrientationOption OptionOf(std::int32_t orientation);
 /// What the operator has chosen.
 struct PrinterChoice
 {
-    /// Empty where no printer is selected.
+    /// Empty if no printer is selected.
     QString DeviceName;
-    /// Empty where no kind is selected.
+    /// Empty if no printer type is selected.
     QString KindTag;
     OrientationOption Orientation = OrientationOption::Default;
     int Copies = 1;
-    /// Bring the document to the size of its printer's page, by the kind it had before.
+    /// Set the document to the size of its printer's page, by the previous printer type.
     bool ForceResize = false;
 };
 
-/// Makes the chosen printer current and writes the choice into the open layout's page, in memory
-/// and in the store. What fails is passed over: a printer that is gone is stored all the same,
-/// without a kind the kind stays.
+/// Makes the chosen printer current and stores the choice in the open layout's page, in memory and
+/// in the database. A failing step is skipped: a printer that no longer exists is stored as well.
+/// Without a chosen type the type stays.
 void SavePrinterChoice(Session& session, const PrinterChoice& choice);
 
 } // namespace vantrel

@@ -11,7 +11,8 @@ namespace vantrel {
 
 namespace {
 
-/// In characters: room for any value there is, and not for as many of it as a pattern may name.
+/// The most characters of an output: enough for any single value, but a pattern may not repeat a
+/// long value without limit.
 constexpr qsizetype LongestOutput = qsizetype{1} << 28;
 
 void AppendPattern(Session& session, QString& text)

@@ -6,9 +6,9 @@ namespace vantrel {
 
 class Session;
 
-/// Builds one serialized output for a layout whose printer takes a line of data: raises the
-/// automatic numbers of the open page, then renders the layout's pattern with the values of the
-/// last record. The result begins with one blank. A failing step is passed over.
+/// Builds the line of data for a printer type with serialized output: raises the automatic numbers
+/// of the open page, then renders the layout's output stream with the values of the last record.
+/// The result starts with one blank. A failing step is skipped.
 QString BuildSerializerPattern(Session& session);
 
 } // namespace vantrel

@@ -9,7 +9,7 @@ namespace vantrel {
 class FieldValues;
 class Recordset;
 
-/// Kinds of elements of a layout's output stream, as the store numbers them.
+/// Kinds of elements of a layout's output stream, by their numbers in the database.
 namespace StreamKind {
 inline constexpr std::int32_t DataField = 0;
 inline constexpr std::int32_t Text = 1;
@@ -17,23 +17,24 @@ inline constexpr std::int32_t Hex = 2;
 inline constexpr std::int32_t Start = 3;
 inline constexpr std::int32_t Stop = 4;
 inline constexpr std::int32_t CarriageReturn = 5;
-/// In a row on the screen only: the store has no such kind.
+/// Used in the composer only; it is never stored.
 inline constexpr std::int32_t AutoNumber = 6;
 } // namespace StreamKind
 
-/// What the store keeps of one element; nulls among it.
+/// The stored columns of one element; each may be null.
 struct StoredStreamElement
 {
     QVariant ElementType;
     QVariant ElementData;
 };
 
-/// Reads the element in the cursor's current row. Fails like `Recordset`.
+/// Reads the element of the cursor's current row. Fails like `Recordset`.
 StoredStreamElement ReadStreamElement(const Recordset& rows);
 
-/// What one element adds to the output; kinds that render nothing add nothing, hex codes among
-/// them. Fails where a data field's number is no number or the record has no such value.
-/// @param filter  characters taken out of a data field's value
+/// The text that one element adds to the output. Some kinds, such as hex codes, add nothing. Fails
+/// with `TypeMismatch` or `Overflow` if a data field's number is invalid, with
+/// `SubscriptOutOfRange` if the record has no such value.
+/// @param filter  characters that are removed from a data field's value
 QString RenderStreamElement(const StoredStreamElement& element, const QString& filter,
                             const FieldValues& values);
 

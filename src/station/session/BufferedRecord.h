@@ -10,7 +10,7 @@ namespace vantrel {
 
 struct StationSettings;
 
-/// One kept record.
+/// One buffered record.
 struct VT5_BufferedRecord
 {
     FieldValues DataFields;
@@ -23,24 +23,26 @@ struct VT5_BufferedRecord
     bool Valid = false;
     QVariant Stream_Stop;
 
-    /// Fills the record from a raw text, without framing it: what stood around the delimiters
-    /// becomes part of the first or last value. The caller's text loses its delimiters too.
+    /// Fills the record from a raw text without framing: text outside the delimiters becomes part
+    /// of the first or last value. The delimiters are also removed from the caller's text.
     /// @return false for an empty text; the record stays empty then
     bool Create_From_Stream(const StationSettings& settings, QString& text);
 };
 
-/// The kept records, in order of arrival; memory only.
+/// The buffered records in order of arrival; they are kept in memory only.
 struct VT5_BufferedRecordQue
 {
     std::vector<std::shared_ptr<VT5_BufferedRecord>> BufferedRecords;
     std::int32_t RecordCount = 0;
 
+    /// Appends a record.
     bool AddRecord(std::shared_ptr<VT5_BufferedRecord> record);
+    /// Deletes all records.
     bool FlushRecords();
 };
 
-/// Makes a record of `text` and adds it to the session's queue, filled or not. `text` loses its
-/// delimiters.
+/// Creates a record from `text` and adds it to the queue, even if it is empty. The delimiters are
+/// removed from `text`.
 void BufferRecord(VT5_BufferedRecordQue& queue, const StationSettings& settings, QString& text);
 
 } // namespace vantrel

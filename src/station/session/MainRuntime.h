@@ -8,10 +8,10 @@ struct LayoutParamsRecord;
 struct StationSettings;
 class Session;
 
-/// @file What the main window does when it comes, while it stands, and when it goes. The window
-/// calls these and mirrors the station's face.
+/// @file What the main window does on load, periodically and on unload. The window calls these
+/// functions and shows the state in `StationFace`.
 
-/// The window's place and size in twips.
+/// Position and size of the window in twips.
 struct Geometry
 {
     int Top = 0;
@@ -20,36 +20,37 @@ struct Geometry
     int Width = 0;
 };
 
-/// "6.0", the running program's version.
+/// The program's version, such as "6.0".
 QString VersionText();
-/// Caption without a layout: " Ostrand Vantrel v6.0" at start, " Vantrel v6.0" once a layout was
-/// loaded or closed.
+/// Captions without a layout: " Ostrand Vantrel v6.0" at the start, " Vantrel v6.0" after a layout
+/// was loaded or closed.
 QString StartCaption();
 QString PlainCaption();
-/// Caption of the command that tells about the program: "About Ostrand Vantrel v6.0".
+/// Caption of the About command: "About Ostrand Vantrel v6.0".
 QString AboutCaption();
-/// `caption` with the open layout and its printer behind it.
+/// `caption` followed by the open layout and its printer.
 QString CaptionWithLayout(const QString& layoutName, const LayoutParamsRecord& params,
                           const QString& caption);
 /// "Current Printer = " and the printer of the open layout.
 QString LayoutStatusText(const LayoutParamsRecord& params);
-/// Caption of the command that hides or shows the windows, by the present state.
+/// Caption of the command that hides or shows the windows, for the present state.
 QString HideCaption(const StationSettings& settings);
 
-/// The load of the main window: caption, ticks, the last layout, the ports. A failing step is
-/// passed over.
+/// Called when the main window loads: sets caption and ticks, opens the last layout and the ports.
+/// A failing step is skipped.
 void LoadMain(Session& session);
 
-/// One look at the status file. @return what the window is to do. Fails with `TypeMismatch` where a
-/// value there is no boolean; nothing passes that over.
+/// Reads the status file and shows or hides the windows accordingly. @return whether the window
+/// must unload. Fails with `TypeMismatch` if a value there is not a boolean; this failure is not
+/// skipped and ends the station.
 enum class StatusVerdict { Stay, Unload };
 StatusVerdict ReadSessionStatus(Session& session);
 
-/// The two-second tick of the status bar. Lets pending events run.
+/// Updates the status bar; called every two seconds. Runs pending events.
 void TickStatusBar(Session& session);
 
-/// Keeps what the next start needs and takes the notification icon away. `geometry` is none for a
-/// minimised window.
+/// Called when the main window unloads: stores the settings for the next start and removes the
+/// notification icon. `geometry` is null for a minimised window.
 void UnloadMain(Session& session, const Geometry* geometry);
 
 } // namespace vantrel

@@ -5,7 +5,7 @@
 
 namespace vantrel {
 
-/// @file What of the menus changes while the station runs, as plain state.
+/// @file The state of the menus that changes while the station runs.
 
 /// Menu entries that carry a tick.
 enum class Tick {
@@ -26,7 +26,7 @@ enum class Tick {
 };
 inline constexpr int TickCount = 14;
 
-/// Entries of `mnuProperties` that come and go with the object selected.
+/// Entries of `mnuProperties` whose visibility depends on the selected object.
 enum class ObjectEntry {
     cmdSetFont,
     cmdAdjustText,
@@ -45,19 +45,20 @@ enum class ObjectEntry {
 };
 inline constexpr int ObjectEntryCount = 14;
 
-/// Menus that open at the pointer.
+/// Menus that can open at the pointer.
 enum class PopUp { mnuFile, mnuData, mnuProperties, mnuDataFields, mnuBack, mnuAutoNumber };
 
-/// The list of the last record's values as the menu shows it.
+/// The menu of the last record's values.
 struct FieldMenu
 {
-    /// One element for each; made to captions only where somebody looks.
+    /// One entry for each value; captions are built on demand.
     FieldValues Values;
-    /// Whether the entry "Send a data stream..." shows.
+    /// Whether the entry "Send a data stream..." is visible.
     bool SendEntryVisible = true;
 
+    /// Number of entries.
     int Count() const { return Values.Count(); }
-    /// The caption of an element from 1 on, such as "Data Field 1        =      A".
+    /// The caption of an entry, counted from 1, such as "Data Field 1        =      A".
     QString Caption(int number) const;
 };
 

@@ -17,22 +17,22 @@ namespace vantrel {
 class Operator;
 class Printers;
 
-/// @return a name in a folder, which has no slash at its end
+/// @return the path of `name` in `folder`, which must have no slash at its end
 QString PathIn(const QString& folder, const QString& name);
 
-/// All that one station process holds: made once in `main` and handed on by reference. It is data;
-/// the verbs are free routines. Tests make as many as they like.
+/// The whole state of one station process. It is created once in `main` and passed by reference to
+/// the functions that work on it. Tests may create several.
 class Session
 {
 public:
-    /// @param programFolder  where the database and the settings files are, without a slash at its
+    /// @param programFolder  folder of the database and the settings files, without a slash at its
     /// end
     Session(QString programFolder, vantrel::Operator& stationOperator, vantrel::Printers& printers);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     ~Session();
 
-    /// @return a name in the program folder
+    /// @return the path of `name` in the program folder
     QString PathInFolder(const QString& name) const;
 
     const QString ProgramFolder;
@@ -40,15 +40,16 @@ public:
     vantrel::Printers& Printers;
 
     std::uint8_t SessionNumber = 1;
-    /// This process shows the notification icon: it was started without a number.
+    /// Whether this process shows the notification icon; true if it was started without a session
+    /// number.
     bool OwnsTrayIcon = true;
 
     StationSettings Settings;
     StationFace Face;
 
-    /// Characters of all ports together that are no record yet.
+    /// Received characters of all ports that are not yet a complete record.
     vantrel::InputBuffer InputBuffer;
-    /// The last raw text, kept after the buffer is cleared. Shares the buffer's memory.
+    /// The last raw text, which is kept after the buffer is cleared. It shares the buffer's memory.
     QString LastRawData;
     vantrel::FieldValues FieldValues;
     VT5_BufferedRecordQue RecordQueue;
@@ -62,9 +63,9 @@ public:
     CardDocument Document;
     /// The last accepted camera picture.
     Picture CameraImage;
-    /// The last picture of the camera or of a file, whole.
+    /// The last uncropped picture of the camera or of a file.
     Picture RawPicture;
-    /// What the padding dialog left.
+    /// The result of the padding dialog.
     PadResult Pad;
 };
 

@@ -8,7 +8,7 @@ namespace vantrel {
 
 namespace {
 
-/// A launcher may never have written the file: an absent key reads as True.
+/// A missing key reads as True, because no launcher may have written the file.
 bool ReadFlag(const ESet2& file, const QString& section, const QString& key)
 {
     return ToBoolean(file.ReadSetting(section, key, QStringLiteral("True")).value_or(QString()));
@@ -27,7 +27,7 @@ StatusVerdict ReadSessionStatus(Session& session)
         return StatusVerdict::Unload;
     if (visible != session.Settings.MainVisible) {
         session.Settings.MainVisible = visible;
-        session.Face.TellVisibility(visible);
+        session.Face.NotifyVisibility(visible);
         SaveSetting(session, SettingNumber::Visible, BooleanText(visible));
     }
     return StatusVerdict::Stay;

@@ -9,13 +9,13 @@ namespace vantrel {
 
 namespace {
 
-/// Joined to the folder's path with a slash where it is read, and without one where it is written:
-/// the file that is read belongs to the launcher, so what a station writes never steers it.
+/// For reading it is appended to the folder's path with a slash, for writing without one. The file
+/// that is read belongs to the launcher, so a station's own writes never control it.
 constexpr QLatin1StringView statusFileName("SessionStatus.ini");
 
 void FailWithoutFilename(const QString& filename)
 {
-    // A write names the same source as a read.
+    // Writes deliberately report the same source as reads.
     if (filename.isEmpty())
         throw Failure(FailureNumber::IniFilenameNotSet, QStringLiteral("INI filename not set!"),
                       QStringLiteral("ReadSetting"));

@@ -7,18 +7,18 @@ namespace vantrel {
 
 class Session;
 
-/// The settings file class: one file, keys in sections.
+/// One settings file with keys in sections.
 class ESet2
 {
 public:
     virtual ~ESet2() = default;
 
-    /// @return the value, at most 255 characters; `absent` (or no text where none is given) where
-    /// the key is missing. Fails with `IniFilenameNotSet` without a file name.
+    /// @return the value, at most 255 characters, or `absent` if the key is missing. Fails with
+    /// `IniFilenameNotSet` if no file name is set.
     virtual std::optional<QString> ReadSetting(const QString& section, const QString& key,
                                                const std::optional<QString>& absent = {}) const;
     /// Writes a value; line feeds become blanks, carriage returns stay. Fails with
-    /// `IniFilenameNotSet` without a file name; a file that cannot be written is passed over.
+    /// `IniFilenameNotSet` if no file name is set; a file that cannot be written is ignored.
     virtual void WriteSetting(const QString& section, const QString& key, const QString& value);
     virtual const QString& INI_Filename() const { return m_filename; }
     virtual void SetINI_Filename(const QString& filename) { m_filename = filename; }
@@ -27,7 +27,7 @@ private:
     QString m_filename;
 };
 
-/// The numbers by which a key is saved.
+/// The numbers that identify keys in `SaveSetting`.
 enum class SettingNumber : std::int32_t {
     DynamicLayouts = 0,
     DynamicFields = 1,
@@ -64,7 +64,7 @@ enum class SettingNumber : std::int32_t {
     ActiveMacro = 34
 };
 
-/// "Session " and the number.
+/// Name of a session's section: "Session " and the number.
 QString SessionSection(std::uint8_t number);
 QString SessionSection(const Session& session);
 /// Path of "Vantrel 6.ini" in the program folder.
@@ -72,15 +72,16 @@ QString SettingsPath(const QString& programFolder);
 /// Path of the "SessionStatus.ini" that a launcher writes and the station reads.
 QString SessionStatusPath(const QString& programFolder);
 
-/// A key of the section "Station" of the settings file, which all sessions share; empty where it is
-/// missing. These are options that are off until somebody writes them there.
+/// The value of a key in the section "Station" of the settings file, which all sessions share;
+/// empty if it is missing. These options are off unless set there. Never fails.
 QString StationOption(const QString& programFolder, const QString& key);
 
-/// Reads the session's keys into memory. A bad value leaves its variable as it was; nothing fails.
+/// Reads the session's keys into memory. An invalid value leaves its variable unchanged. Never
+/// fails.
 void LoadSettings(Session& session);
-/// Empties what a load must not inherit.
+/// Clears the variables that a load must not inherit.
 void ClearSettings(StationSettings& settings);
-/// Writes one key at once. A number outside the table writes nothing. Fails with nothing.
+/// Writes one key to the file at once. An unknown number writes nothing. Never fails.
 void SaveSetting(Session& session, std::int32_t number, const QString& value);
 void SaveSetting(Session& session, SettingNumber number, const QString& value);
 

@@ -6,7 +6,7 @@ namespace vantrel {
 
 namespace {
 
-/// A key that is read outside the table of a session.
+/// A key that is not in the table of session settings.
 struct KeyRow
 {
     const char* Key;

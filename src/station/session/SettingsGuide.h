@@ -4,8 +4,8 @@
 
 namespace vantrel {
 
-/// Tells every key of the settings files, as Markdown. Keys and defaults of a session come from the
-/// table they are read by, so that what is told is what is read.
+/// Describes every key of the settings files, as Markdown. Keys and defaults of a session are taken
+/// from the table by which they are read.
 QString SettingsGuide();
 
 } // namespace vantrel

@@ -6,25 +6,27 @@
 
 namespace vantrel {
 
-/// One key of the settings files: how it is saved, and how its text is read into memory. The type
-/// of its variable is the conversion of the text.
+/// One key of the settings files, and how its text is converted into its variable; the variable's
+/// type decides the conversion.
 struct SettingRow
 {
-    /// Takes the text into its variable; fails as the conversions do, and leaves the variable then.
+    /// Converts the text into its variable. Fails like the conversions in `Convert.h` and then
+    /// leaves the variable unchanged.
     using Reader = void (*)(StationSettings& settings, const QString& text);
 
     SettingNumber Number;
     const char* Key;
-    /// Null where an absent key leaves its variable as it was.
+    /// Null if a missing key leaves its variable unchanged.
     const char* Default;
-    /// Null for a key that is written only.
+    /// Null for a key that is only written.
     Reader Read;
-    /// For the administrator, as the page of settings prints it.
+    /// Description for administrators, printed in the settings guide.
     const char* Meaning;
 };
 
 namespace SettingReaders {
 
+/// Convert a text into a variable of any type of setting. Fail like the conversions in `Convert.h`.
 inline void Take(const QString& text, QString& variable)
 {
     variable = text;
@@ -45,10 +47,11 @@ inline void Take(const QString& text, std::uint8_t& variable)
 {
     variable = ToByte(text);
 }
-/// An existing file is a picture, a number is a colour, anything else is no background.
+/// The path of an existing file gives a picture, a number gives a colour, anything else no
+/// background.
 void Take(const QString& text, BackgroundSetting& variable);
 
-/// Reads into the member that a path of member pointers leads to.
+/// Converts the text into the member at the end of a path of member pointers.
 template <auto... Path>
 void Into(StationSettings& settings, const QString& text)
 {
@@ -57,7 +60,7 @@ void Into(StationSettings& settings, const QString& text)
 
 } // namespace SettingReaders
 
-/// All keys, in the order of their numbers; none stands at 31 and 33.
+/// All keys in the order of their numbers; 31 and 33 are not used.
 inline constexpr std::array SettingsTable = [] {
     using enum SettingNumber;
     using S = StationSettings;
@@ -114,7 +117,7 @@ inline constexpr std::array SettingsReadOrder = [] {
          Filter_NewPage});
 }();
 
-/// @return the row of a number, null where the table has none
+/// @return the row of a number, or null if there is none
 constexpr const SettingRow* FindSettingRow(std::int32_t number)
 {
     for (const SettingRow& row : SettingsTable) {

@@ -5,7 +5,7 @@ namespace vantrel {
 
 QString FieldMenu::Caption(int number) const
 {
-    // The blanks differ so that numbers of two digits line up.
+    // Numbers of one and of two digits get different blanks so that the entries line up.
     const QString equals =
         number < 10 ? QStringLiteral("        =      ") : QStringLiteral("      =      ");
     return QStringLiteral("Data Field ") + QString::number(number) + equals + Values.Item(number);

@@ -10,10 +10,10 @@
 
 namespace vantrel {
 
-/// Images of the notification icon. `NoHandle` is a picture that is none.
+/// Images of the notification icon. `NoHandle` is an empty picture.
 enum class TrayImage { NoHandle = 0, Waiting = 1, Flash = 2, Disabled = 3 };
 
-/// Tips of the notification icon.
+/// Tooltips of the notification icon.
 namespace TrayTip {
 inline constexpr QLatin1StringView Added{"Vantrel Version 6"};
 inline constexpr QLatin1StringView Waiting{"Vantrel v5 (Waiting...)"};
@@ -28,11 +28,11 @@ struct Panel
     QString ToolTip;
 };
 
-/// What the main window's background is: nothing, a colour number, or a picture.
+/// Background of the main window: none, a colour number, or a picture.
 using BackgroundSetting = std::variant<std::monostate, double, Picture>;
 
-/// What the main window, its menus and the notification icon show, as plain state. The engine
-/// writes it, the desktop mirrors it; direct signals keep the order.
+/// The state that the main window, its menus and the notification icon show. The engine writes it,
+/// and the desktop follows its signals, which are emitted directly and so in order.
 class StationFace : public QObject
 {
     Q_OBJECT
@@ -48,6 +48,7 @@ public:
     void SetPanelText(int number, const QString& text);
     void SetPanelToolTip(int number, const QString& text);
 
+    /// Whether a menu entry is ticked.
     bool IsTicked(Tick tick) const { return m_ticks[static_cast<std::size_t>(tick)]; }
     void SetTick(Tick tick, bool on);
 
@@ -56,35 +57,38 @@ public:
         return m_entries[static_cast<std::size_t>(entry)];
     }
     void SetEntryVisible(ObjectEntry entry, bool visible);
-    /// Whether `mnuProperties` can be opened: an object is selected.
+    /// Whether `mnuProperties` can be opened; true while an object is selected.
     bool PropertiesEnabled() const { return m_propertiesEnabled; }
     void SetPropertiesEnabled(bool enabled);
     /// Caption of the entry that hides or shows the windows.
     const QString& HideCaption() const { return m_hideCaption; }
     void SetHideCaption(const QString& text);
-    /// Asks for a menu to open where the pointer is.
+    /// Requests that a menu opens at the pointer.
     void AskPopUp(PopUp menu) { Q_EMIT PopUpAsked(menu); }
 
+    /// Image and tooltip of the notification icon.
     TrayImage TrayPicture() const { return m_trayImage; }
     const QString& TrayTip() const { return m_trayTip; }
     void SetTray(TrayImage image, const QString& tip);
-    /// Whether this session has put the icon into the notification area.
+    /// Whether this session shows its icon in the notification area.
     bool IsTrayShown() const { return m_trayShown; }
     void SetTrayShown(bool shown);
 
+    /// The menu of the last record's values.
     const FieldMenu& Fields() const { return m_fields; }
     void SetFields(const FieldMenu& fields);
 
-    /// Tells that the station shows or hides its windows from now on.
-    void TellVisibility(bool visible) { Q_EMIT VisibilityChanged(visible); }
-    /// Tells that the background setting has changed.
-    void TellBackground() { Q_EMIT BackgroundChanged(); }
-    /// Tells that a record has begun: the icon flashes.
-    void TellRecordBegun() { Q_EMIT RecordBegun(); }
-    /// Tells that the operator has confirmed that the station is to end.
-    void TellExitConfirmed() { Q_EMIT ExitConfirmed(); }
+    /// Signals that the station's windows are to be shown or hidden.
+    void NotifyVisibility(bool visible) { Q_EMIT VisibilityChanged(visible); }
+    /// Signals that the background setting has changed.
+    void NotifyBackground() { Q_EMIT BackgroundChanged(); }
+    /// Signals that the processing of a record starts; the icon flashes.
+    void NotifyRecordBegun() { Q_EMIT RecordBegun(); }
+    /// Signals that the operator has confirmed the exit.
+    void NotifyExitConfirmed() { Q_EMIT ExitConfirmed(); }
 
 Q_SIGNALS:
+    /// Each is emitted when the state of the same name has changed, or was requested above.
     void CaptionChanged(const QString& text);
     void PanelChanged(int number);
     void TickChanged(vantrel::Tick tick, bool on);

@@ -7,14 +7,14 @@
 
 namespace vantrel {
 
-/// The session's settings in memory, under the names of their keys (`MainVisible` is the key
-/// `Visible`). Read at start, changed by dialogs and commands.
+/// The session's settings in memory, named like their keys (`MainVisible` is the key `Visible`).
+/// They are read at the start and changed by dialogs and commands.
 struct StationSettings
 {
     bool DynamicLayouts = false;
     bool DynamicFields = false;
     QString LastLayout;
-    /// Main window geometry, twips.
+    /// Position and size of the main window in twips.
     std::int32_t MWidth = 0;
     std::int32_t MHeight = 0;
     std::int32_t MTop = 0;

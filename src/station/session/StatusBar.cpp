@@ -21,7 +21,7 @@ QString LayoutPanelText(const QString& layoutName, const LayoutParamsRecord& par
 void TickStatusBar(Session& session)
 {
     const StationSettings& settings = session.Settings;
-    // A station on its serial port alone keeps the text that stands in panel 1.
+    // If only the serial port is in use, panel 1 keeps its text.
     if (settings.UseIP) {
         session.Face.SetPanelText(1, QStringLiteral("TCP/IP Active (") + session.Sock.LocalIP() +
                                          QLatin1Char(')'));

@@ -5,7 +5,7 @@ namespace vantrel {
 
 namespace {
 
-/// Characters of a tip, the code 0 behind them not counted.
+/// The most characters of a tooltip.
 constexpr qsizetype LongestTip = 63;
 
 } // namespace

@@ -7,32 +7,31 @@ namespace vantrel {
 
 struct StationSettings;
 
-/// @file The notification icon as the station's data: what it shows, and its flash after a record.
+/// @file The state of the notification icon: its image, its tooltip, and flashing after a record.
 
-/// Ticks that show the flash; the next one ends it.
+/// Number of ticks that show the flash; the next tick ends it.
 inline constexpr std::int16_t FlashTicks = 25;
 
-/// What the flash keeps between its ticks.
+/// State of the flash between ticks.
 struct Flash
 {
     bool FlashState = false;
     std::int16_t FlashCount = 0;
 };
 
-/// One tick of 100 ms after a record began: the icon goes to and fro between two images, and in the
-/// end waits again, whether capture is on or not. @return whether there is a next tick
+/// One 100 ms tick after a record has started: the icon alternates between two images and finally
+/// shows the waiting image, even if capture is off. @return whether another tick follows
 bool TickFlash(StationFace& face, Flash& flash);
 
-/// Shows the icon, disabled.
+/// Shows the icon with the disabled image.
 void AddTrayIcon(StationFace& face);
-/// Changes image and tip. A tip is cut to what the icon can hold; an empty one is that of a waiting
-/// station. `TrayImage::NoHandle` leaves the image that is there. Nothing shows in a session that
-/// has not added the icon.
+/// Sets image and tooltip. A long tooltip is cut; an empty one becomes that of a waiting station.
+/// `TrayImage::NoHandle` keeps the image. Has no effect if the session has not added the icon.
 void SetTrayIcon(StationFace& face, TrayImage image, const QString& tip);
-/// Takes the icon away, where there is one.
+/// Removes the icon if it is shown.
 void RemoveTrayIcon(StationFace& face);
 
-/// The icon by the ports in use.
+/// Sets the image and tooltip according to the ports in use.
 void UpdateTrayState(StationFace& face, const StationSettings& settings);
 
 } // namespace vantrel

@@ -4,8 +4,9 @@
 
 namespace vantrel {
 
-/// The operator of a station without a display. A box nobody can see must not hold up the records
-/// behind it: each is told on stderr and answered at once, a question with No.
+/// The operator of a station without a display. Message boxes must not block the processing of
+/// records, so each message is written to stderr and answered at once; questions are answered with
+/// No.
 class UnattendedOperator : public Operator
 {
 public:
@@ -13,13 +14,13 @@ public:
                         AppMessageButtons buttons) override;
     void MessageBox(const QString& text, const QString& title, BoxIcon icon) override;
     bool AskYesNo(const QString& text, const QString& title) override;
-    /// Nobody to ask: told and answered No.
+    /// Written to stderr and answered with No.
     BoxAnswer AskYesNoCancel(const QString& text, const QString& title) override;
-    /// These are cancelled at once.
+    /// These dialogs are cancelled at once.
     QString InputBox(const QString& prompt, const QString& title, const QString& present) override;
     std::optional<Font> AskFont(const Font& /*present*/) override { return std::nullopt; }
     std::optional<ColorValue> AskColor(ColorValue /*present*/) override { return std::nullopt; }
-    /// Without a display there is nothing to open.
+    /// Does nothing.
     void OpenCameraDialog() override {}
     void LetEventsRun() override;
     void ShowBusyPointer(bool /*busy*/) override {}

@@ -7,19 +7,20 @@ namespace vantrel {
 
 class Session;
 
-/// What the command line says of a process.
+/// The session number and options of a command line.
 struct CommandLine
 {
     std::uint8_t SessionNumber = 1;
     bool OwnsTrayIcon = true;
 };
 
-/// A numeric text gives that session, without a notification icon; anything else gives session 1
-/// with one. A number that does not fit 8 bits gives session 1 without one.
+/// Parses a command line. A number selects that session, without a notification icon; any other
+/// text selects session 1 with the icon. A number that does not fit 8 bits selects session 1
+/// without the icon. Never fails.
 CommandLine ReadCommandLine(const QString& text);
 
-/// Sets a session up before its main window: who it is, the database, the settings. A failing step
-/// is passed over.
+/// Initializes a session before its main window: session number, database and settings. A failing
+/// step is skipped.
 void Main(Session& session, const QString& commandLine);
 
 /// Opens the layout database of the program folder. Fails like `Connection::Open`.

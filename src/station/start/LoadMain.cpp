@@ -42,7 +42,7 @@ void LoadMain(Session& session)
     if (session.Settings.CaptureEnabled)
         SwitchPorts(session, SwitchMode::All);
     session.Face.SetHideCaption(HideCaption(session.Settings));
-    // No session publishes its window's handle: the key for it stays unwritten.
+    // The key for the window's handle is deliberately not written.
     TickStatusBar(session);
     session.Face.SetPropertiesEnabled(false);
     session.Operator.LetEventsRun();
