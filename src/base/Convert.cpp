@@ -119,7 +119,7 @@ double NumberOf(const QVariant& value)
     return number;
 }
 
-/// Reads the digits behind a prefix such as "&H".
+/// Reads the digits after a prefix such as "&H".
 double DigitsToBase(QStringView digits, int base)
 {
     double number = 0.0;

@@ -70,7 +70,7 @@ bool WalkSegments(QByteArrayView file, Visit visit)
         if (ByteAt(file, at) != 0xFF)
             return false;
         const int marker = ByteAt(file, at + 1);
-        if (marker == 0xFF) { // any number of fill bytes may stand before a marker
+        if (marker == 0xFF) { // fill bytes may precede a marker
             ++at;
             continue;
         }

@@ -53,7 +53,7 @@ void Comm::SetPortOpen(bool open)
         return;
     }
     if (m_line != nullptr)
-        throw Failure(FailureNumber::InvalidCall, QStringLiteral("The port is open already"));
+        throw Failure(FailureNumber::InvalidCall, QStringLiteral("The port is already open"));
     m_line = m_maker(DevicePath()).release();
     m_line->setParent(this);
     Adjust();

@@ -21,7 +21,7 @@ constexpr std::int32_t MostDataBits = 8;
 
 [[noreturn]] void Refuse()
 {
-    throw Failure(FailureNumber::InvalidCall, QStringLiteral("No settings of a serial port"));
+    throw Failure(FailureNumber::InvalidCall, QStringLiteral("Invalid serial port settings"));
 }
 
 void Require(bool holds)

@@ -174,7 +174,7 @@ void SockArray::SetLocalAddress(const QString& address)
     const QHostAddress wanted =
         address.isEmpty() ? QHostAddress(QHostAddress::Any) : QHostAddress(address);
     if (wanted.isNull())
-        throw NotPossible(QStringLiteral("No such address"));
+        throw NotPossible(QStringLiteral("Invalid address"));
     m_d->Address = wanted;
 }
 
@@ -191,10 +191,10 @@ int SockArray::LocalPort() const
 void SockArray::Listen()
 {
     if (m_d->Listener.IsListening())
-        throw NotPossible(QStringLiteral("The socket listens already"));
+        throw NotPossible(QStringLiteral("The socket is already listening"));
     // For port 0 the system would choose a port that no host knows.
     if (m_d->Port < LowestPort || m_d->Port > HighestPort)
-        throw NotPossible(QStringLiteral("No such port"));
+        throw NotPossible(QStringLiteral("Invalid port number"));
     if (!m_d->Listener.Listen(m_d->Address, m_d->Port))
         throw NotPossible(m_d->Listener.ErrorText());
 }
@@ -202,7 +202,7 @@ void SockArray::Listen()
 void SockArray::Load(int index)
 {
     if (index != HighestIndex() + 1)
-        throw NotPossible(QStringLiteral("The socket cannot be made"));
+        throw NotPossible(QStringLiteral("The socket cannot be created"));
     m_d->Lines.push_back(nullptr);
 }
 

@@ -45,7 +45,7 @@ void DrawEmblem(const Sketch& card, double x, double y, double radius, Sketch::I
     card.Ellipse(0, 0, 96, 96);
     card.Line(5, ink);
 
-    card.MoveTo(2, -66); // The mainsail, its leech blown round.
+    card.MoveTo(2, -66); // The mainsail.
     card.CurveTo(38, -30, 50, 0, 52, 26);
     card.LineTo(2, 26);
     card.ClosePath();
@@ -90,7 +90,7 @@ QImage DrawCardFront()
     card.Fill(Brass);
     DrawEmblem(card, 486, BandHeight / 2, 275, Brass);
 
-    for (int i = 6; i >= 1; --i) { // The photo stands a little above the paper.
+    for (int i = 6; i >= 1; --i) { // A soft shadow around the photo.
         card.RoundedRectangle(220 - 6 * i, 1142 - 4 * i, 1240 + 12 * i, 1630 + 12 * i, 20 + 6 * i);
         card.Fill({NavyDeep.Color, 0.022});
     }
@@ -107,7 +107,7 @@ QImage DrawCardBack()
     card.FillDown(300, {0x26292E}, 860, {0x17191C});
     DrawEmblem(card, 4030, 1550, 470, {Navy.Color, 0.10});
 
-    card.RoundedRectangle(220, 2070, 2700, 370, 24); // Where the member signs.
+    card.RoundedRectangle(220, 2070, 2700, 370, 24); // The signature panel.
     card.Fill({0xFFFFFF});
     for (int line = 1; line < 6; ++line) {
         card.MoveTo(250, 2070 + 61.7 * line);

@@ -101,14 +101,14 @@ QImage DrawBadge()
                    {card.Width(), HeadHeight + 4},
                    {0, HeadHeight + 4}});
     card.Fill({Sky.Color, 0.55});
-    for (int i = 5; i >= 1; --i) { // The photo stands a little above the card.
+    for (int i = 5; i >= 1; --i) { // A soft shadow around the photo.
         card.RoundedRectangle(730 - 6 * i, 812 - 4 * i, 1600 + 12 * i, 2096 + 12 * i, 40 + 6 * i);
         card.Fill({0x000000, 0.03});
     }
     card.RoundedRectangle(730, 800, 1600, 2096, 40);
     card.Fill(White);
     Band(card, card.Height() - 330, 330, Teal, TealDeep);
-    card.RoundedRectangle(1330, 110, 400, 90, 45); // Where the clip goes through.
+    card.RoundedRectangle(1330, 110, 400, 90, 45); // The slot for the clip.
     card.Fill(White);
     return card.Image();
 }

@@ -16,7 +16,7 @@ const CursorRow& Recordset::Private::Current() const
     Opened();
     if (IsEof() || CurrentDeleted)
         throw Failure(FailureNumber::NoCurrentRecord,
-                      QStringLiteral("The cursor stands on no row."));
+                      QStringLiteral("The cursor has no current row."));
     return (*Rows)[At];
 }
 
@@ -99,7 +99,7 @@ void Recordset::MoveNext()
     m_d->DropChanges();
     if (m_d->IsEof())
         throw Failure(FailureNumber::NoCurrentRecord,
-                      QStringLiteral("The cursor is behind its last row."));
+                      QStringLiteral("The cursor is past its last row."));
     ++m_d->At;
     m_d->CurrentDeleted = false;
 }
