@@ -65,7 +65,7 @@ const KindForm* FormOfTag(const QString& tag)
     return nullptr;
 }
 
-/// The kinds in the tree. Dropping one of them adds nothing.
+/// The kinds in the tree. One of these kinds adds nothing when it is dropped.
 constexpr struct
 {
     QLatin1StringView Text;

@@ -24,10 +24,11 @@ struct StreamElement
     void SetText(const QString& text);
 };
 
-/// Creates an element. An empty tag or link leaves the default of the kind.
+/// Creates an element. Its tag or text stays empty if the argument is empty.
 StreamElement MakeStreamElement(std::int32_t kind, const QString& tag, const QString& link);
 
-/// Converts a stored element; nothing if its kind is null. Fails if its kind is not a number.
+/// Converts a stored element; nothing if its kind is null or unknown. Fails with `TypeMismatch` or
+/// `Overflow` if its kind is not a 32-bit number.
 std::optional<StreamElement> StreamElementOf(const StoredStreamElement& stored);
 /// The element that a drop of this key creates; nothing for any other key, including "FD".
 std::optional<StreamElement> StreamElementOfKey(const QString& key);
