@@ -7,13 +7,13 @@
 using namespace vantrel;
 using test::FailureOf;
 
-TEST(Convert, TextsThatAreNumbers)
+TEST(Convert, TextsThatAreNumbersAreRecognised)
 {
     for (const char* text : {"1", "-1", "+1", " 12 ", "1.5", ".5", "5.", "1E3", "1e-3", "007"})
         EXPECT_TRUE(IsNumeric(QString::fromLatin1(text))) << text;
 }
 
-TEST(Convert, TextsThatAreNoNumbers)
+TEST(Convert, TextsThatAreNoNumbersAreRecognised)
 {
     for (const char* text : {"", " ", "-", ".", "abc", "1a", "1 2", "--1", "1E", "1E+", "nan",
                              "inf", "0x10", "1,5", "\t1", "1E999"})
@@ -88,7 +88,7 @@ TEST(Convert, StoreValuesConvertByWhatTheyHold)
     EXPECT_EQ(FailureOf([] { ToLong(QVariant(QStringList())); }), FailureNumber::TypeMismatch);
 }
 
-TEST(Convert, ANullFailsExceptWhereItIsJoinedToTheEmptyText)
+TEST(Convert, ANullFailsUnlessItIsJoinedToTheEmptyText)
 {
     const QVariant null;
     EXPECT_EQ(FailureOf([&] { ToLong(null); }), FailureNumber::InvalidUseOfNull);

@@ -13,7 +13,7 @@ void Write(const QString& path, const QByteArray& bytes)
     file.write(bytes);
 }
 
-TEST(FileStamp, StaysWhileTheFileDoes)
+TEST(FileStamp, StaysTheSameWhileTheFileIsUnchanged)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.txt"));
@@ -22,7 +22,7 @@ TEST(FileStamp, StaysWhileTheFileDoes)
     EXPECT_EQ(StampOfFile(path), StampOfFile(path));
 }
 
-TEST(FileStamp, TellsAFileThatWasPutInThePlaceOfAnother)
+TEST(FileStamp, ChangesWhenAnotherFileReplacesIt)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.txt"));
@@ -35,7 +35,7 @@ TEST(FileStamp, TellsAFileThatWasPutInThePlaceOfAnother)
     EXPECT_NE(StampOfFile(path), before);
 }
 
-TEST(FileStamp, OfNoFileIsTheEmptyOne)
+TEST(FileStamp, IsEmptyForAMissingFile)
 {
     const QTemporaryDir folder;
     EXPECT_EQ(StampOfFile(folder.filePath(QStringLiteral("none"))), FileStamp());

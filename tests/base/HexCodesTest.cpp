@@ -15,12 +15,12 @@ TEST(HexCodes, EveryCodeFrom1To255IsDecoded)
     }
 }
 
-TEST(HexCodes, NamedControlCharacters)
+TEST(HexCodes, NamesOfControlCharactersAreDecoded)
 {
     EXPECT_EQ(DecodeHexCodes(QStringLiteral("[D][A][2][1B]")), QStringLiteral("\r\n\x02\x1B"));
 }
 
-TEST(HexCodes, OtherWritingsStay)
+TEST(HexCodes, OtherSpellingsAreLeftAsTheyAre)
 {
     for (const char* text :
          {"", "[1b]", "[0D]", "[0]", "[100]", "[]", "[G]", "[ D]", "[D", "D]", "]D[", "AB"})

@@ -92,7 +92,7 @@ TEST_F(Profile, BlanksAroundNamesAndValuesAreTrimmed)
     EXPECT_EQ(Read("A", "x"), QStringLiteral("a b"));
 }
 
-TEST_F(Profile, OnePairOfEqualQuotesIsTakenOff)
+TEST_F(Profile, OnePairOfEqualQuotesIsRemoved)
 {
     Put("[A]\na=\" b \"\nb='c'\nc=\"d'\nd=\"\ne=\"\"f\"\"\nf=\"\"\n");
     EXPECT_EQ(Read("A", "a"), QStringLiteral(" b "));
@@ -161,7 +161,7 @@ TEST_F(Profile, TheFirstOfRepeatedKeysCounts)
     EXPECT_EQ(Bytes(), QByteArray("[A]\nx=9\r\nx=2\nz=8\r\n[B]\n[A]\nx=3\ny=4\n"));
 }
 
-TEST_F(Profile, ABrokenFileYieldsWhatIsGoodInIt)
+TEST_F(Profile, TheValidLinesOfABrokenFileAreRead)
 {
     QByteArray bytes = QByteArrayLiteral("x=above\n=nameless\n\0\x01\xFF[\n[A\nx=1\n\0\0=\0\n"
                                          "[B]]\ny=\x80\0z\n[");

@@ -28,7 +28,7 @@ TEST(Text, TheEmptyTextIsFoundWhereTheSearchStarts)
     EXPECT_EQ(InStr(1, QString(), QString()), 0);
 }
 
-TEST(Text, CutsTakeWhatThereIs)
+TEST(Text, ACutBeyondTheEndGivesWhatThereIs)
 {
     EXPECT_EQ(Mid(QStringLiteral("abc"), 2, 1), QStringLiteral("b"));
     EXPECT_EQ(Mid(QStringLiteral("abc"), 2, 9), QStringLiteral("bc"));

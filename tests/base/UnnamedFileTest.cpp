@@ -31,7 +31,7 @@ const QByteArray Card(100'000, 'c');
 
 } // namespace
 
-TEST_P(UnnamedFileTest, APlacedFileIsWholeAndAlone)
+TEST_P(UnnamedFileTest, AFilePutInPlaceIsWholeAndTheOnlyOne)
 {
     {
         UnnamedFile file(m_folder.path(), GetParam());
@@ -43,7 +43,7 @@ TEST_P(UnnamedFileTest, APlacedFileIsWholeAndAlone)
     EXPECT_EQ(BytesOf(QStringLiteral("card")), Card);
 }
 
-TEST_P(UnnamedFileTest, AFileThatIsGivenUpLeavesNothing)
+TEST_P(UnnamedFileTest, AnAbandonedFileLeavesNothingBehind)
 {
     {
         UnnamedFile file(m_folder.path(), GetParam());

@@ -72,7 +72,7 @@ TEST(AutoNumber, AnyOtherObjectIsLeftAlone)
     }
 }
 
-TEST(AutoNumber, WhatIsNoNumberFailsAndStays)
+TEST(AutoNumber, ACaptionThatIsNoNumberFailsAndStays)
 {
     CardObject object = Number(QStringLiteral("A1"));
     try {

@@ -38,7 +38,7 @@ TEST(CRect, TakesTheBoxOfAnObjectInWholeTwips)
     EXPECT_EQ(rectangle, Sides(100, 202, 401, 301));
 }
 
-TEST(CRect, ALengthThatDoesNotFitLeavesItsSide)
+TEST(CRect, ALengthThatDoesNotFitLeavesItsSideUnchanged)
 {
     CardObject object(Family::lbl_DATA, 1);
     object.Left = 1e30F;

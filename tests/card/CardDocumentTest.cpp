@@ -170,7 +170,7 @@ TEST(CardDocument, UnloadForgetsWhatTheFormHeld)
     EXPECT_EQ(document.Add(Family::lbl_TEXT).Index(), 1);
 }
 
-TEST(CardDocument, TellsWhenItIsShownHiddenAndChanged)
+TEST(CardDocument, SignalsWhenItIsShownHiddenAndChanged)
 {
     CardDocument document;
     QStringList told;

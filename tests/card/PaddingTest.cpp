@@ -28,12 +28,12 @@ TEST(Padding, ALongerPadTextOvershoots)
     EXPECT_EQ(PadValue(QStringLiteral("12"), 4, QStringLiteral("ab"), 1), QStringLiteral("12abab"));
 }
 
-TEST(Padding, AnEmptyPadTextLeavesTheValue)
+TEST(Padding, AnEmptyPadTextLeavesTheValueUnchanged)
 {
     EXPECT_EQ(PadValue(QStringLiteral("12"), 4, QString(), 0), QStringLiteral("12"));
 }
 
-TEST(Padding, AnyOtherDirectionLeavesTheValue)
+TEST(Padding, AnyOtherDirectionLeavesTheValueUnchanged)
 {
     for (const int direction : {2, -1, 100000})
         EXPECT_EQ(PadValue(QStringLiteral("1234"), 8, QStringLiteral("0"), direction),

@@ -278,13 +278,13 @@ TEST(EvaluateTrack, AFormattedFieldOfAnotherDirectionStaysAsItIs)
               QStringList(QStringLiteral("12")));
 }
 
-TEST(EvaluateTrack, APadTextWithTheWordLosesIt)
+TEST(EvaluateTrack, APadTextLosesTheWordOfItsToken)
 {
     EXPECT_EQ(Given(QStringLiteral("FDxFDy^4^0^1"), {QStringLiteral("ab")}),
               QStringList(QStringLiteral("xyxyab")));
 }
 
-TEST(EvaluateTrack, OfAFormattedFieldTheFirstFourPartsCount)
+TEST(EvaluateTrack, OnlyTheFirstFourPartsOfAFormattedFieldCount)
 {
     EXPECT_EQ(Given(QStringLiteral("FD0^4^0^1^9^x"), {QStringLiteral("12")}),
               QStringList(QStringLiteral("0012")));
@@ -293,7 +293,7 @@ TEST(EvaluateTrack, OfAFormattedFieldTheFirstFourPartsCount)
               FailureNumber::TypeMismatch);
 }
 
-TEST(EvaluateTrack, AFormattedFieldThatIsNotWholeFails)
+TEST(EvaluateTrack, AnIncompleteFormattedFieldFails)
 {
     struct Row
     {
@@ -321,7 +321,7 @@ TEST(EvaluateTrack, AFormattedFieldThatIsNotWholeFails)
     EXPECT_EQ(walked, 11);
 }
 
-TEST(EvaluateTrack, WhatStandsBeforeAFailureHasBeenHandedOn)
+TEST(EvaluateTrack, TheTokensBeforeAFailureHaveBeenHandedOn)
 {
     QStringList given;
     const auto sink = [&](TokenKind, const QString& text) { given.append(text); };
@@ -359,7 +359,7 @@ TEST(EvaluateTrack, AFormulaThatWouldFillTheMemoryFails)
     EXPECT_LE(given, LongestTrack);
 }
 
-TEST(EvaluateTrack, AFormulaReadsALongValueOnlySoOften)
+TEST(EvaluateTrack, AFormulaReadsALongValueALimitedNumberOfTimes)
 {
     // Nothing is left of the value on the track, so only what is read can end it.
     const QString cleanedAway(1'000'000, QLatin1Char('?'));

@@ -24,7 +24,7 @@ public Q_SLOTS:
     void Open(const QUrl& address) { Opened.append(address); }
 };
 
-TEST(About, TellsTitleAndVersionAndOpensTheWebSite)
+TEST(About, ShowsTitleAndVersionAndOpensTheWebSite)
 {
     Browser browser;
     DesktopStation station;

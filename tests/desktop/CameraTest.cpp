@@ -208,7 +208,7 @@ TEST(CameraDialog, SaveZoomStoresWhereTheScrollBarsStand)
     CaptureSettings()->remove(QString());
 }
 
-TEST(CameraDialog, TakePictureStartsAtTheWholeAgain)
+TEST(CameraDialog, TakePictureShowsTheWholePictureAgain)
 {
     CameraStation station;
     station.Open();
@@ -309,7 +309,7 @@ TEST(CameraDialog, TheObjectsMenuOpensItToo)
     EXPECT_TRUE(station.Get<frmAquireImage2>("frmAquireImage2").isVisible());
 }
 
-TEST(CameraDialog, ARecordMayCallItUpAndTakesThePictureFromBefore)
+TEST(CameraDialog, ARecordMayOpenItAndTheEarlierPictureStays)
 {
     CameraStation station;
     DesktopOperator asked;

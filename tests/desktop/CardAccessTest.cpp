@@ -13,7 +13,7 @@ namespace vantrel::test {
 namespace {
 
 /// The designer, heard instead of seen.
-class ToldCard : public Designer
+class AccessibleCard : public Designer
 {
 public:
     QAccessibleInterface& Card() const { return *QAccessible::queryAccessibleInterface(Form); }
@@ -34,9 +34,9 @@ public:
     }
 };
 
-TEST(ToldCard, EachObjectHasItsRoleItsNameAndItsKind)
+TEST(AccessibleCard, EachObjectHasItsRoleItsNameAndItsKind)
 {
-    ToldCard designer;
+    AccessibleCard designer;
     AddImage(designer.Session, QString());
     AddText(designer.Session, QStringLiteral("  "));
     EXPECT_EQ(designer.Objects(), (QStringList{QStringLiteral("text|Visitor|Static Text"),
@@ -47,9 +47,9 @@ TEST(ToldCard, EachObjectHasItsRoleItsNameAndItsKind)
     EXPECT_EQ(designer.Card().text(QAccessible::Name), QStringLiteral("Card"));
 }
 
-TEST(ToldCard, AnObjectStandsWhereItIsSeen)
+TEST(AccessibleCard, AnObjectIsReportedWhereItIsSeen)
 {
-    ToldCard designer;
+    AccessibleCard designer;
     const QRect box(designer.Form->mapToGlobal(designer.At(400, 300)),
                     QSize(ScreenPixels(1500), ScreenPixels(300)));
     EXPECT_EQ(designer.Card().child(0)->rect(), box);
@@ -63,9 +63,9 @@ TEST(ToldCard, AnObjectStandsWhereItIsSeen)
     EXPECT_FALSE(designer.Card().child(1)->state().selected);
 }
 
-TEST(ToldCard, AnObjectStaysTheSameOneThroughARecord)
+TEST(AccessibleCard, AnObjectStaysTheSameWhenARecordArrives)
 {
-    ToldCard designer;
+    AccessibleCard designer;
     QAccessibleInterface* const field = designer.Card().child(1);
     EXPECT_EQ(designer.Card().indexOfChild(field), 1);
     EXPECT_EQ(field->parent(), &designer.Card());
@@ -76,9 +76,9 @@ TEST(ToldCard, AnObjectStaysTheSameOneThroughARecord)
     EXPECT_EQ(field->text(QAccessible::Name), QStringLiteral("Anna"));
 }
 
-TEST(ToldCard, AnObjectThatHasGoneIsToldNoMore)
+TEST(AccessibleCard, AnObjectThatHasGoneIsNoLongerReported)
 {
-    ToldCard designer;
+    AccessibleCard designer;
     QAccessibleInterface* const text = designer.Card().child(0);
     designer.Session.Document.Remove(designer.Object(Family::lbl_TEXT));
     EXPECT_EQ(designer.Objects(), (QStringList{QStringLiteral("text|Data Field 1|Data Field"),
@@ -91,9 +91,9 @@ TEST(ToldCard, AnObjectThatHasGoneIsToldNoMore)
     EXPECT_EQ(designer.Objects(), QStringList());
 }
 
-TEST(ToldCard, NothingIsKeptOfAnObjectThatHasGone)
+TEST(AccessibleCard, NothingIsKeptOfAnObjectThatHasGone)
 {
-    ToldCard designer;
+    AccessibleCard designer;
     const QAccessible::Id text = QAccessible::uniqueId(designer.Card().child(0));
     const QAccessible::Id field = QAccessible::uniqueId(designer.Card().child(1));
     designer.Session.Document.Remove(designer.Object(Family::lbl_TEXT));
@@ -102,9 +102,9 @@ TEST(ToldCard, NothingIsKeptOfAnObjectThatHasGone)
     EXPECT_EQ(QAccessible::accessibleInterface(field), designer.Card().child(0));
 }
 
-TEST(ToldCard, APopUpMenuStandsBelowTheMainWindowWhileItIsOpen)
+TEST(AccessibleCard, AnOpenPopUpMenuIsAChildOfTheMainWindow)
 {
-    ToldCard designer;
+    AccessibleCard designer;
     for (const char* name : {"mnuBack", "mnuAutoNumber"}) {
         auto& menu = designer.Get<QMenu>(name);
         QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(&menu);

@@ -5,7 +5,7 @@
 namespace vantrel::test {
 namespace {
 
-TEST_F(CommSettingsWindow, JetDirectDeviceIsPort9100AndStoredSo)
+TEST_F(CommSettingsWindow, JetDirectDeviceIsStoredAsPort9100)
 {
     Open();
     Press("chkUseIP");
@@ -87,7 +87,7 @@ TEST_F(CommSettingsWindow, SavingWithoutAPortRowKeepsTheNumber)
     }
 }
 
-TEST_F(CommSettingsWindow, SerialChoicesWaitForTheButton)
+TEST_F(CommSettingsWindow, SerialChoicesAreStoredByTheButton)
 {
     const PtyPair cable(Device());
     Open();
@@ -138,7 +138,7 @@ TEST_F(CommSettingsWindow, FourDataBitsComeBackAsWhatThePortHas)
     EXPECT_EQ(Get<QComboBox>("cbxDataBits").currentText(), QStringLiteral("8 Bits"));
 }
 
-TEST_F(CommSettingsWindow, CancelKeepsWhatTheBoxesDidAndNothingElse)
+TEST_F(CommSettingsWindow, CancelKeepsTheEffectOfTheFeatureBoxesOnly)
 {
     for (const bool byKey : {false, true}) {
         const PtyPair cable(Device());
@@ -184,7 +184,7 @@ void Toggle(QWidget& control)
     told->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
 }
 
-TEST_F(CommSettingsWindow, AFeatureToggledWithoutAPressIsUsedAtOnce)
+TEST_F(CommSettingsWindow, AFeatureToggledByAScreenReaderIsUsedAtOnce)
 {
     Open();
     ASSERT_FALSE(Session.Settings.UseIP);
@@ -198,7 +198,7 @@ TEST_F(CommSettingsWindow, AFeatureToggledWithoutAPressIsUsedAtOnce)
     EXPECT_FALSE(Get<QLineEdit>("txtPort").isEnabled());
 }
 
-TEST_F(CommSettingsWindow, AFlowControlToggledWithoutAPressIsSaved)
+TEST_F(CommSettingsWindow, AFlowControlToggledByAScreenReaderIsSaved)
 {
     Session.Settings.SFlowCtrl = 0;
     Open();

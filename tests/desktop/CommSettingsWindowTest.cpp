@@ -79,7 +79,7 @@ TEST_F(CommSettingsWindow, OpensOnWhatIsInForce)
     EXPECT_EQ(Ticked(), QList<int>{2});
 }
 
-TEST_F(CommSettingsWindow, StandsByTheSizeOfTheMainWindowAlone)
+TEST_F(CommSettingsWindow, IsPlacedByTheSizeOfTheMainWindowOnly)
 {
     Open();
     const QSize main = Station.Window.frameSize();
@@ -87,7 +87,7 @@ TEST_F(CommSettingsWindow, StandsByTheSizeOfTheMainWindowAlone)
     EXPECT_EQ(Dialog->y(), (main.height() - Dialog->height()) / 2 - ScreenPixels(400));
 }
 
-TEST_F(CommSettingsWindow, OpeningRunsTheThreeBoxes)
+TEST_F(CommSettingsWindow, OpeningAppliesTheThreeFeatureBoxes)
 {
     const PtyPair cable(Device());
     Session.Settings.UseIP = true;

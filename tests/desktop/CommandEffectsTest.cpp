@@ -73,7 +73,7 @@ TEST_F(CommandEffect, ThreeEntriesDeleteTheSelectedObject)
     }
 }
 
-TEST_F(CommandEffect, DeleteAllTakesTheDataFields)
+TEST_F(CommandEffect, DeleteAllRemovesTheDataFields)
 {
     Station.Operator.BoxAnswers = {BoxAnswer::Yes};
     Station.Choose("cmdDeleteAll");
@@ -230,7 +230,7 @@ TEST_F(CommandEffect, EachPopUpOpensItsMenu)
     }
 }
 
-TEST_F(CommandEffect, EntriesFollowWhatTheStationTells)
+TEST_F(CommandEffect, EntriesFollowTheFaceOfTheStation)
 {
     StationFace& face = Station.Session.Face;
     const std::pair<ObjectEntry, const char*> rows[] = {

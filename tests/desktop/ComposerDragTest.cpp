@@ -80,7 +80,7 @@ protected:
     QPointer<frmEncoding> Onto;
 };
 
-TEST_F(ComposerDrag, ATrackWhoseComposerClosesIsLeftByTheDrag)
+TEST_F(ComposerDrag, TheDragLeavesATrackWhoseComposerCloses)
 {
     WhileDragging([&] {
         CarryOntoTrack();
@@ -105,7 +105,7 @@ TEST_F(ComposerDrag, AComposerThatClosesLivesUntilItsDragHasEnded)
     EXPECT_TRUE(EventsUntil([&] { return From.isNull(); }));
 }
 
-TEST_F(ComposerDrag, AComposerOpenedAnewInItsOwnDragStays)
+TEST_F(ComposerDrag, AComposerReopenedDuringItsOwnDragStaysOpen)
 {
     WhileDragging([&] {
         From->close();

@@ -69,7 +69,7 @@ TEST(DataSettingsWindow, ShowsWhatTheSessionHas)
     }
 }
 
-TEST(DataSettingsWindow, StandsByTheSizeOfTheMainWindowAlone)
+TEST(DataSettingsWindow, IsPlacedByTheSizeOfTheMainWindowOnly)
 {
     DataSettingsWindow station;
     const QSize main = station.Window.frameSize();
@@ -97,7 +97,7 @@ TEST(DataSettingsWindow, AToolTipIsDecodedFromTheFirstChangeOn)
     }
 }
 
-TEST(DataSettingsWindow, AToolTipTakesADelimiterForNoMarkup)
+TEST(DataSettingsWindow, AToolTipShowsADelimiterThatLooksLikeMarkup)
 {
     DataSettingsWindow station;
     QLineEdit& box = station.Box("txtEnd");
@@ -107,7 +107,7 @@ TEST(DataSettingsWindow, AToolTipTakesADelimiterForNoMarkup)
     QToolTip::hideText();
 }
 
-TEST(DataSettingsWindow, AFilterTickedStandsThoughTheDialogIsCancelled)
+TEST(DataSettingsWindow, ATickedFilterStaysAfterACancel)
 {
     DataSettingsWindow station;
     station.On<QListWidget>("lstFilters").item(0)->setCheckState(Qt::Checked);
@@ -153,7 +153,7 @@ TEST(DataSettingsWindow, AFilterActsOnTheNextRecordWhileTheDialogIsOpen)
     EXPECT_EQ(station.Session.FieldValues.Item(1), QStringLiteral("a b"));
 }
 
-TEST(DataSettingsWindow, DelimitersAndBufferingWaitForTheButton)
+TEST(DataSettingsWindow, DelimitersAndBufferingAreStoredByTheButton)
 {
     DataSettingsWindow station;
     station.Box("txtStart").setText(QStringLiteral("{"));
@@ -187,7 +187,7 @@ TEST(DataSettingsWindow, ACancelLeavesDelimitersAsTheyWere)
     EXPECT_EQ(station.Stored("DataStart"), QStringLiteral("(absent)"));
 }
 
-TEST(DataSettingsWindow, DefaultsComeIntoTheBoxesAndWaitForTheButton)
+TEST(DataSettingsWindow, DefaultsFillTheBoxesAndAreStoredByTheButton)
 {
     DataSettingsWindow station;
     station.Press("cmdDefault");

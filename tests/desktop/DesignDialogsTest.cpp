@@ -70,7 +70,7 @@ TEST(SizeDialog, TheArrowKeysStepTheFieldTheyArePressedIn)
     EXPECT_EQ(text.Top, 299);
 }
 
-TEST(SizeDialog, StepsNothingOnceItsObjectHasGone)
+TEST(SizeDialog, ChangesNothingOnceItsObjectHasGone)
 {
     Designer designer;
     frmSize& dialog = OpenSizeDialog(designer);

@@ -59,7 +59,7 @@ TEST_F(FieldDialogTest, PrefixAndSuffixReachTheCardAndTheStore)
     EXPECT_EQ(Field().ToolTipText, QStringLiteral("A\rZ"));
 }
 
-TEST_F(FieldDialogTest, CancelOfPrefixAndSuffixHasNoActionAndTheFrameLeaves)
+TEST_F(FieldDialogTest, CancelOfPrefixAndSuffixDoesNothingAndTheTitleBarCloses)
 {
     Field().ToolTipText = QStringLiteral("A\rZ");
     Station.Choose("cmdPreSuffix");

@@ -238,7 +238,7 @@ TEST(FileCommands, ImportDrawsAnOldSession)
               QStringLiteral("Pool"));
 }
 
-TEST(FileCommands, ACancelledImportDrawsNothingAlsoAfterOneThatDid)
+TEST(FileCommands, ACancelledImportDrawsNothingEvenAfterAnEarlierImport)
 {
     FileStation station;
     const QString path = station.Session.PathInFolder(QStringLiteral("Old.ini"));

@@ -86,7 +86,7 @@ std::string ReadWrongly(const QList<QWidget*>& order, const QWidget& window)
     return wrong;
 }
 
-TEST_P(KeyboardReach, TabGoesAsOneReads)
+TEST_P(KeyboardReach, TabFollowsTheReadingOrder)
 {
     QWidget& window = Open();
     OnEachFace(window, [&] {

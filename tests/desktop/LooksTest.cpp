@@ -241,7 +241,7 @@ TEST_F(LooksWhenColoursChange, TheNavigatorIsSeenOnEveryColourOfTheWorkspace)
     }
 }
 
-TEST_F(LooksWhenColoursChange, PrintersHaveTheirIconsAnew)
+TEST_F(LooksWhenColoursChange, PrinterIconsAreDrawnAnew)
 {
     OpenPrinterSelection(Station.Session, &Station.Window);
     const auto& printers = Station.Get<QTreeWidget>("lvwPrinters");

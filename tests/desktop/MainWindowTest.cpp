@@ -30,7 +30,7 @@ TEST(MainWindow, HasNoCloseBoxAndNoCloseCommand)
     EXPECT_TRUE(station.Window.isVisible());
 }
 
-TEST(MainWindow, TakesItsPlaceInTwips)
+TEST(MainWindow, IsPlacedInTwips)
 {
     DesktopStation station;
     station.Load();
@@ -53,7 +53,7 @@ TEST(MainWindow, ShowsTheStationsFace)
     EXPECT_EQ(station.Get<QLabel>("SB3").toolTip(), QStringLiteral("from there"));
 }
 
-TEST(MainWindow, APressOnTheFirstPanelCopiesItsTextIntoItsToolTip)
+TEST(MainWindow, AClickOnTheFirstPanelCopiesItsTextIntoItsToolTip)
 {
     DesktopStation station;
     station.Load();
@@ -105,7 +105,7 @@ TEST(MainWindow, ALongTextOfAPanelEndsInAnEllipsis)
     EXPECT_TRUE(ends);
 }
 
-TEST(MainWindow, ThePointerOnAPanelThatIsCutOffTellsItWhole)
+TEST(MainWindow, APanelThatCutsItsTextOffShowsItWholeInAToolTip)
 {
     LongPanel station;
     EXPECT_EQ(station.TipOnPanel(), Qt::convertFromPlainText(station.Text));
@@ -116,7 +116,7 @@ TEST(MainWindow, ThePointerOnAPanelThatIsCutOffTellsItWhole)
     QToolTip::hideText();
 }
 
-TEST(MainWindow, ThePointerOnAPanelThatHasRoomTellsNothing)
+TEST(MainWindow, APanelWithRoomForItsTextShowsNoToolTip)
 {
     LongPanel station;
     station.Session.Face.SetPanelText(2, QStringLiteral("Layout (None)"));
@@ -175,7 +175,7 @@ TEST(MainWindow, TheStatusFileUndoesTheHideCommand)
     EXPECT_EQ(station.Get<QAction>("cmdHide").text(), QStringLiteral("Show Vantrel..."));
 }
 
-TEST(MainWindow, AnInactiveSessionUnloadsAndEndsWithZero)
+TEST(MainWindow, AnInactiveSessionUnloadsAndEndsWithExitCodeZero)
 {
     DesktopStation station;
     station.WithLayout();
@@ -191,7 +191,7 @@ TEST(MainWindow, AnInactiveSessionUnloadsAndEndsWithZero)
     EXPECT_EQ(Stored(station.Session, "LastLayout"), QStringLiteral("Badge"));
 }
 
-TEST(MainWindow, AMinimisedWindowLeavesTheStoredPlaceAsItWas)
+TEST(MainWindow, AMinimisedWindowLeavesItsStoredPlaceUnchanged)
 {
     DesktopStation station;
     station.Load();
@@ -208,7 +208,7 @@ TEST(MainWindow, AWindowThatNeverLoadedStoresNothing)
     EXPECT_EQ(Stored(station.Session, "LastLayout"), QStringLiteral("(absent)"));
 }
 
-TEST(MainWindow, AStatusThatIsNoBooleanEndsTheStationWithOne)
+TEST(MainWindow, AStatusThatIsNoBooleanEndsTheStationWithExitCodeOne)
 {
     DesktopStation station;
     station.WriteStatus(QStringLiteral("Visible"), QStringLiteral("perhaps"));

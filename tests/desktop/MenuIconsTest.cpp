@@ -37,7 +37,7 @@ QImage Drawn(const QIcon& icon, int size)
     return icon.pixmap(QSize(size, size), 1.0).toImage();
 }
 
-TEST(MenuIcons, StandBeforeTheEntriesToldAndNoOthers)
+TEST(MenuIcons, AreShownBeforeTheEntriesOfTheTableOnly)
 {
     EXPECT_EQ(std::size(IconRows), 18U);
     DesktopStation station;
@@ -80,7 +80,7 @@ double Luminance(const QColor& color)
            0.0722 * linear(color.blueF());
 }
 
-TEST(MenuIcons, StandOutOnLightAndOnDark)
+TEST(MenuIcons, AreLegibleOnLightAndOnDark)
 {
     constexpr double leastContrast = 3.0;
     const double light = Luminance(Qt::white);

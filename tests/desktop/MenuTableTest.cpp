@@ -194,7 +194,7 @@ void ExpectRow(const QAction& action, const Row& row)
     }
 }
 
-TEST(MenuTable, StandsAsTold)
+TEST(MenuTable, ContainsEveryMenuAndEntryInItsOrder)
 {
     DesktopStation station;
     std::size_t rows = 0;

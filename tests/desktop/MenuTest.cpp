@@ -43,7 +43,7 @@ TEST(Menu, PrintPrintsTheCard)
               QStringLiteral("Anna"));
 }
 
-TEST(Menu, SaveTellsThatItWasDone)
+TEST(Menu, SaveReportsThatItIsDone)
 {
     DesktopStation station;
     station.WithLayout();
@@ -124,7 +124,7 @@ TEST(Menu, TicksFollowTheStation)
     EXPECT_TRUE(station.Get<QAction>("chkAutoAdd").isChecked());
 }
 
-TEST(Menu, HideHidesTheWindowAndTurnsItsCaption)
+TEST(Menu, HideHidesTheWindowAndChangesItsCaptionToShow)
 {
     DesktopStation station;
     station.Load();

@@ -58,7 +58,7 @@ TEST(MessageBox, AsksYesOrNo)
     EXPECT_FALSE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::YesNo));
 }
 
-TEST(MessageBox, WithoutANoItReadsOk)
+TEST(MessageBox, WithoutANoButtonTheOtherReadsOk)
 {
     DesktopOperator desk;
     WithNextBox([](QWidget& box) {
@@ -69,7 +69,7 @@ TEST(MessageBox, WithoutANoItReadsOk)
     EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("Done"), QString(), AppMessageButtons::OkOnly));
 }
 
-TEST(MessageBox, EscapeAnswersNoButNeverOk)
+TEST(MessageBox, EscapeAnswersNoAndNeverOk)
 {
     DesktopOperator desk;
     WithNextBox([](QWidget& box) { SendKey(box, Qt::Key_Escape); });
@@ -91,7 +91,7 @@ TEST(MessageBox, HasNoCloseCommand)
     EXPECT_TRUE(box.isVisible());
 }
 
-TEST(MessageBox, StandsInTheMiddleOfTheMainWindow)
+TEST(MessageBox, IsPlacedInTheMiddleOfTheMainWindow)
 {
     DesktopStation station;
     station.Load();

@@ -16,7 +16,7 @@ protected:
     FullStation Station;
 };
 
-TEST_P(NoDatabase, TheWindowOpensAllTheSame)
+TEST_P(NoDatabase, TheWindowStillOpens)
 {
     QWidget* window = nullptr;
     EXPECT_EQ(FailureOf([&] { window = &GetParam().Open(Station); }), 0);

@@ -94,7 +94,7 @@ TEST_F(PadDialogTest, ALengthMustBeChosenBeforeItSaves)
     });
 }
 
-TEST_F(PadDialogTest, ALengthThatIsPutThereIsLookedAtLikeATypedOne)
+TEST_F(PadDialogTest, ALengthSetByAScreenReaderIsCheckedLikeATypedOne)
 {
     Show(QString(), 8, 0, [this] {
         // As a screen reader does it, without the keyboard.
@@ -140,7 +140,7 @@ TEST_F(PadDialogTest, ACancelLeavesWhatTheLoadSetAndTheChosenField)
     EXPECT_EQ(Result().PadField, 2);
 }
 
-TEST_F(PadDialogTest, ADirectionThatIsNoneStays)
+TEST_F(PadDialogTest, AnInvalidDirectionStays)
 {
     Show(QStringLiteral("0"), 8, 2, [this] {
         EXPECT_FALSE(Get<QRadioButton>("optDirection(0)").isChecked());

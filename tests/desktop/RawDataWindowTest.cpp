@@ -33,7 +33,7 @@ QString Clipboard()
     return QApplication::clipboard()->text();
 }
 
-TEST(RawDataWindow, OpensAsTextByTheSizeOfTheMainWindow)
+TEST(RawDataWindow, ShowsTextAtFirstAndIsPlacedByTheSizeOfTheMainWindow)
 {
     RawDataWindow station;
     EXPECT_TRUE(station.Window->isVisible());
@@ -46,7 +46,7 @@ TEST(RawDataWindow, OpensAsTextByTheSizeOfTheMainWindow)
               QPoint((main.width() - own.width()) / 2, (main.height() - own.height()) / 2 - 27));
 }
 
-TEST(RawDataWindow, ShowsCodesAndTextByTurns)
+TEST(RawDataWindow, ShowsCodesAndTextAlternately)
 {
     RawDataWindow station(QStringLiteral("A\r\n"));
     station.Press("cmdHex");
@@ -79,7 +79,7 @@ TEST(RawDataWindow, CopiesWhatItShows)
     EXPECT_EQ(Clipboard(), QStringLiteral("[41]  [D]  [A]  [42]  "));
 }
 
-TEST(RawDataWindow, ACopyOfALongTextHasNoRowEndsOfTheView)
+TEST(RawDataWindow, ACopyOfALongTextHasNoneOfTheLineBreaksOfTheView)
 {
     const QString raw(50000, QLatin1Char('z'));
     RawDataWindow station(raw);
@@ -126,7 +126,7 @@ TEST(RawDataWindow, AClearThrowsAwayAPartialRecordButNotTheRawText)
     EXPECT_EQ(records, 0);
 }
 
-TEST(RawDataWindow, AMegabyteShowsWholeInCodes)
+TEST(RawDataWindow, AMegabyteIsShownInFullAsCodes)
 {
     const QString raw(1 << 20, QLatin1Char('A'));
     RawDataWindow station(raw);
@@ -135,7 +135,7 @@ TEST(RawDataWindow, AMegabyteShowsWholeInCodes)
     EXPECT_EQ(station.Data->toPlainText().remove(QLatin1Char('\n')), HexText(raw));
 }
 
-TEST(RawDataWindow, ARecordKeptHasLostItsDelimitersInTheView)
+TEST(RawDataWindow, ABufferedRecordShowsWithoutItsDelimiters)
 {
     RawDataWindow station;
     station.Session.Settings.BufferData = true;

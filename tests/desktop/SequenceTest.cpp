@@ -86,7 +86,7 @@ TEST(SequenceWindow, ShowsItsFieldsReady)
     EXPECT_FALSE(window.On<QRadioButton>("rdoType(1)").isEnabled());
 }
 
-TEST(SequenceWindow, TheCheckDigitTurnsItsSchemesOnAndOff)
+TEST(SequenceWindow, TheCheckDigitBoxEnablesAndDisablesItsSchemes)
 {
     SequenceWindow window;
     window.Click("chkGenCheckDigit");
@@ -120,7 +120,7 @@ TEST(SequenceWindow, TheArrowsSetTheDigitsOfAGroup)
     EXPECT_EQ(window.On<QLineEdit>("txtDigitCount").text(), QStringLiteral("3"));
 }
 
-TEST(SequenceWindow, TellsHowFarTheRunIs)
+TEST(SequenceWindow, ShowsTheProgressOfTheRun)
 {
     SequenceWindow window;
     window.On<QLineEdit>("txtStart").setText(QStringLiteral("1"));
@@ -137,7 +137,7 @@ TEST(SequenceWindow, TellsHowFarTheRunIs)
                                  QStringLiteral("2 of 3")}));
 }
 
-TEST(SequenceWindow, ClosingItEndsTheRunBehindTheCardInHand)
+TEST(SequenceWindow, ClosingItEndsTheRunAfterThePresentCard)
 {
     SequenceWindow window;
     window.On<QLineEdit>("txtStart").setText(QStringLiteral("1"));
@@ -153,7 +153,7 @@ TEST(SequenceWindow, ClosingItEndsTheRunBehindTheCardInHand)
     EXPECT_TRUE(EventsUntil([&] { return window.Window_.isNull(); }));
 }
 
-TEST(SequenceWindow, TheEndOfTheStationEndsTheRunBehindTheCardInHand)
+TEST(SequenceWindow, TheEndOfTheStationEndsTheRunAfterThePresentCard)
 {
     SequenceWindow window;
     window.On<QLineEdit>("txtStart").setText(QStringLiteral("1"));
@@ -255,7 +255,7 @@ TEST(FormsWindow, PrintsTheChosenRecordOnTheMarkedLayouts)
     EXPECT_EQ(window.Window_->windowTitle(), QStringLiteral("  Document Generator"));
 }
 
-TEST(FormsWindow, NothingMarkedOnlySetsTheCaption)
+TEST(FormsWindow, PrintWithoutAMarkedLayoutOnlySetsTheCaption)
 {
     FormsWindow window;
     window.Keep("<Anna+7>");
@@ -267,7 +267,7 @@ TEST(FormsWindow, NothingMarkedOnlySetsTheCaption)
     EXPECT_EQ(window.Window_->windowTitle(), QStringLiteral("  Document Generator"));
 }
 
-TEST(FormsWindow, StandsOverTheMainWindow500TwipsAboveItsCentre)
+TEST(FormsWindow, IsPlaced500TwipsAboveTheCentreOfTheMainWindow)
 {
     FormsWindow window;
     window.Open();
@@ -302,7 +302,7 @@ TEST(FormsWindow, OpensWithoutADatabase)
     EXPECT_EQ(window.On<QListWidget>("lstLayouts").count(), 0);
 }
 
-TEST(FormsWindow, CannotBeToldToPrintAgainWhileItPrints)
+TEST(FormsWindow, ItsPrintButtonIsDisabledWhileItPrints)
 {
     FormsWindow window;
     window.Keep("<Anna+7>");

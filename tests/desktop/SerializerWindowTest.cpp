@@ -86,7 +86,7 @@ TEST_F(SerializerWindow, ThePrinterSelectionOpensItForASerializedLayout)
     EXPECT_TRUE(Station.Get<frmSerialize>("frmSerialize").isVisible());
 }
 
-TEST_F(SerializerWindow, WhatIsDraggedIsStoredFilteredAndSent)
+TEST_F(SerializerWindow, DraggedElementsAreStoredFilteredAndSent)
 {
     Drag(u"Data Start");
     Drag(u"Data Field 1        (12-3)");

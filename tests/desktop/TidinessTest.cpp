@@ -57,7 +57,7 @@ protected:
     FullStation Station;
 };
 
-TEST_P(Tidiness, RowsOfListsHaveAirBetweenThem)
+TEST_P(Tidiness, RowsOfListsHaveSpaceBetweenThem)
 {
     QWidget& window = Open();
     OnEachFace(window, [&] {
@@ -71,7 +71,7 @@ TEST_P(Tidiness, RowsOfListsHaveAirBetweenThem)
     });
 }
 
-TEST_P(Tidiness, RowsOfAllListsAreOfOneHeight)
+TEST_P(Tidiness, RowsOfAllListsHaveTheSameHeight)
 {
     // What the style gives a row of text alone, which is what a list of that has.
     QListWidget plain;
@@ -172,7 +172,7 @@ TEST_P(Tidiness, FieldsAreAsTallAsTheirArrows)
     });
 }
 
-TEST_P(Tidiness, TitlesHaveTheirRoom)
+TEST_P(Tidiness, TitlesAreShownWhole)
 {
     const QWidget& window = Open();
     // Around it stand an icon and three buttons.
@@ -198,7 +198,7 @@ constexpr PlaceRow Places[] = {
     {"frmMessageYesNo", 0}, {"frmSendData", 0}, {"frmWizard", 500},
 };
 
-TEST(Places, AreThoseOfTheWholeWindowWithItsFrame)
+TEST(Places, CentreAWindowWithItsFrameOverTheMainWindow)
 {
     constexpr int twipsOfPixel = 15;
     for (const PlaceRow& place : Places) {

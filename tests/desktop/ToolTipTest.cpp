@@ -36,7 +36,7 @@ const QStringList Texts = {QStringLiteral("R&D"),      QStringLiteral("R&amp;D")
                            QStringLiteral("<b>A</b>"), QStringLiteral("a <br> b"),
                            QStringLiteral("  A   B "), QStringLiteral("A\nB")};
 
-TEST(ToolTip, ThatOfAnElementIsItsTextAsItStands)
+TEST(ToolTip, ShowsAnElementsTextWithoutReadingItAsMarkup)
 {
     DesktopStation station;
     station.WithLayout();
@@ -52,7 +52,7 @@ TEST(ToolTip, ThatOfAnElementIsItsTextAsItStands)
     }
 }
 
-TEST(ToolTip, ThatOfAPanelIsItsTextAsItStands)
+TEST(ToolTip, ShowsThePanelTextWithoutReadingItAsMarkup)
 {
     DesktopStation station;
     station.Load();
@@ -63,7 +63,7 @@ TEST(ToolTip, ThatOfAPanelIsItsTextAsItStands)
     }
 }
 
-TEST(ToolTip, ThatOfADelimiterIsItsTextAsItStands)
+TEST(ToolTip, ShowsADelimiterWithoutReadingItAsMarkup)
 {
     DesktopStation station;
     auto& dialog = OpenDialog<frmToolbar>(station.Session, &station.Window);

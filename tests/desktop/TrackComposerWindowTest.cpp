@@ -97,7 +97,7 @@ TEST_F(TrackComposerWindow, TheDocumentMenuOpensIt)
     EXPECT_TRUE(Station.Get<frmEncoding>("frmEncoding").isVisible());
 }
 
-TEST_F(TrackComposerWindow, StandsOverTheMainWindow200TwipsAboveItsCentre)
+TEST_F(TrackComposerWindow, IsPlaced200TwipsAboveTheCentreOfTheMainWindow)
 {
     Open();
     const QPoint centred =
@@ -135,7 +135,7 @@ TEST_F(TrackComposerWindow, ElementsStandEdgeToEdgeInTheirOrder)
     EXPECT_EQ(third.size(), first.size());
 }
 
-TEST_F(TrackComposerWindow, ADropSelectsItsRowAlsoOfAWordThatMakesNoElement)
+TEST_F(TrackComposerWindow, ADropSelectsItsRowEvenIfItsWordMakesNoElement)
 {
     Open();
     EXPECT_EQ(Dialog->SelectedTrack(), 0);
@@ -192,7 +192,7 @@ TEST_F(TrackComposerWindow, WithoutALayoutItCanNeitherClearNorSave)
     EXPECT_TRUE(Get<QPushButton>("cmdCancel").isEnabled());
 }
 
-TEST_F(TrackComposerWindow, SavingIsShutOffWhenTheLayoutCloses)
+TEST_F(TrackComposerWindow, SavingIsDisabledWhenTheLayoutCloses)
 {
     Open();
     EXPECT_TRUE(Get<QPushButton>("cmdOk").isEnabled());

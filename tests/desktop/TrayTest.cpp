@@ -45,7 +45,7 @@ TEST(TrayFlash, TicksEvery100Milliseconds)
     EXPECT_EQ(station.Get<QTimer>("tmrFlash").interval(), 100);
 }
 
-TEST(TrayFlash, HasStoppedWaitingAfter26Ticks)
+TEST(TrayFlash, StopsAfter26TicksAndShowsWaiting)
 {
     Flashing station;
     station.TakeRecord();
@@ -58,7 +58,7 @@ TEST(TrayFlash, HasStoppedWaitingAfter26Ticks)
     EXPECT_EQ(station.Session.Face.TrayTip(), QStringLiteral("Vantrel v5 (Waiting...)"));
 }
 
-TEST(TrayFlash, GoesOnWhereItIsWhenAnotherRecordComes)
+TEST(TrayFlash, ContinuesWhenAnotherRecordComes)
 {
     Flashing station;
     station.TakeRecord();
@@ -105,7 +105,7 @@ TEST(Tray, ANumberedSessionHasNone)
     EXPECT_EQ(station.Window.findChild<QSystemTrayIcon*>(), nullptr);
 }
 
-TEST(Tray, ARightPressOpensTheFileMenuAndOthersAreSwallowed)
+TEST(Tray, ARightClickOpensTheFileMenuAndOtherClicksDoNothing)
 {
     DesktopStation station;
     station.Load();
@@ -121,7 +121,7 @@ TEST(Tray, ARightPressOpensTheFileMenuAndOthersAreSwallowed)
     menu.close();
 }
 
-TEST(Tray, ARightPressOpensTheMenuOfAHiddenStationAndLeavesItHidden)
+TEST(Tray, ARightClickOpensTheMenuOfAHiddenStationAndLeavesItHidden)
 {
     DesktopStation station(false);
     station.WriteStatus(QStringLiteral("Visible"), QStringLiteral("False"));

@@ -13,7 +13,7 @@ void PressKey(DesktopUpDown& arrows, Qt::Key key)
     QApplication::sendEvent(&arrows, &press);
 }
 
-TEST(UpDown, CountsByOneAndTellsIt)
+TEST(UpDown, CountsByOneAndSignalsIt)
 {
     DesktopUpDown arrows(QStringLiteral("Copies"));
     QList<int> told;
@@ -25,7 +25,7 @@ TEST(UpDown, CountsByOneAndTellsIt)
     EXPECT_EQ(arrows.Value(), 1);
 }
 
-TEST(UpDown, StaysInItsRangeAndStillTellsThePress)
+TEST(UpDown, StaysInItsRangeAndStillSignalsThePress)
 {
     DesktopUpDown arrows(QStringLiteral("Copies"));
     arrows.SetRange(1, 2);

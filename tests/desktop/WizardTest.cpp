@@ -97,7 +97,7 @@ TEST(Wizard, BeginsWithTheNameAndItsFieldOptionsOff)
         EXPECT_FALSE(wizard.On<QWidget>(name).isEnabled()) << name;
 }
 
-TEST(Wizard, ANameOfBlanksDoesNotDo)
+TEST(Wizard, ANameOfBlanksIsNotAccepted)
 {
     WizardWindow wizard;
     EXPECT_TRUE(wizard.NextBecomes(false));
@@ -188,7 +188,7 @@ TEST(Wizard, ItsLayoutIsShownWithAFontBeyondAllBounds)
     }
 }
 
-TEST(Wizard, StandsOverTheMainWindow500TwipsAboveItsCentre)
+TEST(Wizard, IsPlaced500TwipsAboveTheCentreOfTheMainWindow)
 {
     WizardWindow wizard;
     EXPECT_EQ(wizard.Wizard->frameGeometry().center(),
@@ -252,7 +252,7 @@ TEST(Wizard, TheLastPageSumsUpAndFinishes)
     EXPECT_EQ(wizard.On<QPushButton>("cmdNext").text(), QStringLiteral("Next >>"));
 }
 
-TEST(Wizard, NeitherBoxTickedStillDrawsTheCount)
+TEST(Wizard, WithNeitherBoxTickedTheFieldsAreStillDrawn)
 {
     WizardWindow wizard;
     wizard.AnswerUpTo(WizardStep::DataFields);
@@ -280,7 +280,7 @@ TEST(Wizard, CancelAtAnyStepMakesNothing)
     }
 }
 
-TEST(Wizard, ALayoutMadeByItSavedPrintsTheRecord)
+TEST(Wizard, ALayoutMadeByItAndSavedPrintsTheRecord)
 {
     WizardWindow wizard;
     wizard.AnswerUpTo(WizardStep::Printer);
@@ -318,7 +318,7 @@ TEST(Wizard, AWindowManagerCannotCloseIt)
     EXPECT_TRUE(EventsUntil([&] { return station.Wizard.isNull(); }));
 }
 
-TEST(Wizard, TheStationEndsWhileItStandsOpen)
+TEST(Wizard, TheStationCanEndWhileItIsOpen)
 {
     WizardWindow station;
     station.Window.Unload();

@@ -35,7 +35,7 @@ TEST(BmpLength, LinesFromTopToBottomAreAsLong)
     EXPECT_EQ(LeastBmpLength(upside), upside.size());
 }
 
-TEST(BmpLength, TheOldHeaderIsKnown)
+TEST(BmpLength, TheOldHeaderIsRead)
 {
     // 3 x 2 pixels of 24 bits: two lines of 12 bytes behind 26 bytes of headers.
     const QByteArray old = QByteArray::fromHex("424d320000000000"
@@ -46,7 +46,7 @@ TEST(BmpLength, TheOldHeaderIsKnown)
     EXPECT_EQ(LeastBmpLength(old), old.size());
 }
 
-TEST(BmpLength, CompressedAndOtherFilesTellNone)
+TEST(BmpLength, CompressedAndOtherFilesHaveNone)
 {
     QByteArray compressed = Bmp({37, 11}, QImage::Format_RGB32);
     compressed[30] = 1;

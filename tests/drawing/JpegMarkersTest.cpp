@@ -41,7 +41,7 @@ TEST(JpegMarkers, EveryBeginningOfAFileIsNoWholeFile)
         EXPECT_FALSE(ReadJpegMarkers(QByteArrayView(whole).first(kept))) << kept;
 }
 
-TEST(JpegMarkers, WhatStandsBehindTheEndIsNoMatter)
+TEST(JpegMarkers, BytesBehindTheEndDoNotMatter)
 {
     EXPECT_TRUE(ReadJpegMarkers(Jpeg(QImage::Format_RGB32).append("trailer")));
 }
@@ -53,7 +53,7 @@ TEST(JpegMarkers, FillBytesMayStandBeforeAMarker)
     EXPECT_TRUE(ReadJpegMarkers(jpeg));
 }
 
-TEST(JpegMarkers, ASegmentThatIsTooShortToBeOneEndsTheWalk)
+TEST(JpegMarkers, ASegmentOfAnInvalidLengthEndsTheReading)
 {
     EXPECT_FALSE(ReadJpegMarkers(QByteArray::fromHex("ffd8ffe00001ffd9")));
     EXPECT_FALSE(ReadJpegMarkers(QByteArray::fromHex("ffd8ffd9"))) << "no picture in it";

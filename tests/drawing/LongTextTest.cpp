@@ -185,7 +185,7 @@ TEST_F(LongText, BeginsAtTheRightPlaceInAnyLineOfMany)
     EXPECT_NEAR(PageCanvas::TextHeight(lines, Plain) / 20, 1'000'005 * line, 1);
 }
 
-TEST_F(LongText, OfCharactersWithoutWidthLeavesTheNextOneReadable)
+TEST_F(LongText, WithoutWidthLeavesTheNextTextReadable)
 {
     const QString nothing = QString(QChar(0x00AD)).repeated(1'000'000);
     const QString path = Pdf([&](PageCanvas& page) {

@@ -205,7 +205,7 @@ TEST_F(PageCanvasTest, ColoursAreBlueGreenRed)
     EXPECT_EQ(image.pixel(inside), qRgb(0x80, 0x20, 0x10));
 }
 
-TEST_F(PageCanvasTest, WhatHasNoSizeOrLiesFarOutLeavesThePageWhole)
+TEST_F(PageCanvasTest, ContentWithoutASizeOrFarOutsideLeavesThePageWhole)
 {
     const QString path = Pdf([](PageCanvas& page) {
         const Picture picture = Picture::FromImage(Solid(0xFF000000));

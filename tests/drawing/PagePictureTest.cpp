@@ -42,7 +42,7 @@ TEST_F(PagePictureTest, AStretchedPictureKeepsItsColourUpToItsEdge)
     EXPECT_EQ(image.pixel(99, 100), 0xFFFFFFFFU);
 }
 
-TEST_F(PagePictureTest, WhatIsTransparentLetsThePageThrough)
+TEST_F(PagePictureTest, TransparentPixelsShowThePage)
 {
     const QString path = Pdf([](PageCanvas& page) {
         page.PaintPicture(Picture::FromImage(Solid(0x80000000)), 0, 0, 1000, 1000);
@@ -50,7 +50,7 @@ TEST_F(PagePictureTest, WhatIsTransparentLetsThePageThrough)
     EXPECT_NEAR(qRed(ImageOfPdf(path).pixel(100, 100)), 127, 2);
 }
 
-TEST_F(PagePictureTest, WhatIsHalfTransparentKeepsItsColour)
+TEST_F(PagePictureTest, HalfTransparentPixelsKeepTheirColour)
 {
     const QString path = Pdf([](PageCanvas& page) {
         page.PaintPicture(Picture::FromImage(Solid(0x80FF0000)), 0, 0, 1000, 1000);
@@ -94,7 +94,7 @@ TEST_F(PagePictureTest, AGreyJpegStaysGrey)
     EXPECT_NEAR(qGray(ImageOfPdf(path).pixel(100, 100)), 0x60, 2);
 }
 
-TEST_F(PagePictureTest, APictureThatIsPaintedTwiceIsHeldOnce)
+TEST_F(PagePictureTest, APictureThatIsPaintedTwiceIsStoredOnce)
 {
     const Picture picture = Picture::FromImage(Solid(0xFF204060, 300, 400));
     const auto sizeOf = [&](int times) {
@@ -147,7 +147,7 @@ TEST_F(PagePictureTest, ATurnedJpegStandsUprightInThePdf)
     EXPECT_GT(qGray(page.pixel(140, 400)), 245);
 }
 
-TEST_F(PagePictureTest, APictureMayGoBeforeThePageIsFinished)
+TEST_F(PagePictureTest, APictureMayBeFreedBeforeThePageIsFinished)
 {
     const QString path = Pdf([](PageCanvas& page) {
         for (const QRgb color : {0xFF102030U, 0xFF405060U})

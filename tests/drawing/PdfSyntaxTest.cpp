@@ -45,7 +45,7 @@ TEST(PdfSyntax, CodesHaveFourDigitsForEachUnit)
     EXPECT_EQ(out.toStdString(), "000A004120ACD83DDE00");
 }
 
-TEST(PdfSyntax, WhatIsPackedUnpacks)
+TEST(PdfSyntax, CompressedBytesCanBeDecompressed)
 {
     const QByteArray bytes(100000, 'x');
     const QByteArray packed = PackBytes(bytes);
@@ -53,7 +53,7 @@ TEST(PdfSyntax, WhatIsPackedUnpacks)
     EXPECT_EQ(qUncompress(QByteArray("\0\1\x86\xA0", 4) + packed), bytes);
 }
 
-TEST(PdfFile, TheTableTellsWhereEachObjectBegins)
+TEST(PdfFile, TheTableHoldsTheOffsetOfEachObject)
 {
     QByteArray written;
     PdfFile file([&written](const char* bytes, std::size_t count) {
@@ -80,7 +80,7 @@ TEST(PdfFile, TheTableTellsWhereEachObjectBegins)
     EXPECT_TRUE(written.contains("<</Kind/Test /Length 5>>\nstream\n12345\nendstream"));
 }
 
-TEST(PdfFile, ASinkThatStopsIsToldAtTheEndAndNotAskedAgain)
+TEST(PdfFile, ASinkThatFailsIsReportedAtTheEndAndNotCalledAgain)
 {
     int asked = 0;
     PdfFile file([&asked](const char*, std::size_t) { return ++asked < 3; });

@@ -105,7 +105,7 @@ TEST_F(PdfTextTest, EveryStyleStandsOnPaperAsOnScreen)
             Styled((styles & 1) != 0, (styles & 2) != 0, (styles & 4) != 0, (styles & 8) != 0));
 }
 
-TEST_F(PdfTextTest, TheOwnPdfShowsWhatCairoWouldShow)
+TEST_F(PdfTextTest, TheStationsOwnPdfShowsWhatCairoWouldShow)
 {
     const QString path = m_folder.filePath(QStringLiteral("cairo.pdf"));
     for (const QString& text : AllScripts()) {
@@ -125,7 +125,7 @@ TEST_F(PdfTextTest, TheOwnPdfShowsWhatCairoWouldShow)
     }
 }
 
-TEST_F(PdfTextTest, TextReadsBackInTheOrderItWasWritten)
+TEST_F(PdfTextTest, TextIsReadBackInTheOrderItWasWritten)
 {
     for (const char* text : {"AVATo Wa Ty", "office affluent fi", "Ελληνικά ΑΒΕ ABE",
                              "Кириллица АВЕ ABE", "100 % (a/b) <c> \\d"}) {
@@ -141,7 +141,7 @@ TEST_F(PdfTextTest, ALongLineEndsWhereItWasMeasured)
     EXPECT_NEAR(word.XMax - word.XMin, PageCanvas::TextWidth(text, small) / 20, 0.005);
 }
 
-TEST_F(PdfTextTest, TextOfSeveralGlyphsReadsBack)
+TEST_F(PdfTextTest, TextOfSeveralGlyphsCanBeReadBack)
 {
     // Decomposed letters: one character may be drawn by two glyphs, or two by one.
     const QString text = QString::fromUtf8("a\xcc\x8a\xcc\xa3 q\xcc\x83");
@@ -160,7 +160,7 @@ TEST_F(PdfTextTest, ACharacterOfAnotherFontIsBorrowed)
     EXPECT_TRUE(fonts.contains(QStringLiteral("+DejaVuSans"))) << fonts.toStdString();
 }
 
-TEST_F(PdfTextTest, ACharacterOfNoFontIsABoxAndTheRestReads)
+TEST_F(PdfTextTest, ACharacterOfNoFontIsABoxAndTheRestCanBeRead)
 {
     const QString text = QStringLiteral("before ") + QChar(0xF8D0) + QStringLiteral(" after");
     const QString path = PdfOf(text);

@@ -90,7 +90,7 @@ TEST_F(PictureFormatsTest, AGifOfSeveralImagesCutAtAnyByteIsNoPicture)
     ExpectNoBeginningIsAPicture("GIF of several images", GifOfSeveralImages());
 }
 
-TEST_F(PictureFormatsTest, WhatStandsBehindTheEndDoesNotMatter)
+TEST_F(PictureFormatsTest, BytesBehindTheEndDoNotMatter)
 {
     for (const SamplePicture& sample : SamplePictures())
         EXPECT_EQ(NumberOfFailure(Save(QString::fromLatin1(sample.Kind), sample.Bytes + "behind")),

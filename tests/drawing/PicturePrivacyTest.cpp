@@ -137,7 +137,7 @@ TEST_F(PicturePrivacyTest, NoRemarkInAPhotosFileComesOntoACard)
     }
 }
 
-TEST_F(PicturePrivacyTest, WhatTellsThePhotosColoursStays)
+TEST_F(PicturePrivacyTest, TheColourInformationOfAPhotoStays)
 {
     for (const QString& card : CardsWith(PhotoWithRemarks())) {
         const QByteArray photo = PhotoOf(card);

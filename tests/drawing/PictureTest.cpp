@@ -137,7 +137,7 @@ TEST_F(PictureTest, GifIsRead)
     EXPECT_EQ(LoadPicture(SaveBytes(QStringLiteral("dot.gif"), gif)).Image().size(), QSize(1, 1));
 }
 
-TEST_F(PictureTest, TheContentTellsTheFormatNotTheName)
+TEST_F(PictureTest, TheContentDecidesTheFormatNotTheName)
 {
     const QByteArray png = BytesOf(Save(QStringLiteral("a.png"), Halves(10, 10, 0xFF112233)));
     EXPECT_TRUE(LoadPicture(SaveBytes(QStringLiteral("b.jpg"), png)).HasHandle());
@@ -159,7 +159,7 @@ TEST_F(PictureTest, AFolderIsNoFile)
     EXPECT_EQ(NumberOfFailure(Path(QString())), FailureNumber::FileNotFound);
 }
 
-TEST_F(PictureTest, GarbageAndNothingAreInvalid)
+TEST_F(PictureTest, GarbageAndAnEmptyFileAreInvalid)
 {
     EXPECT_EQ(NumberOfFailure(SaveBytes(QStringLiteral("a.jpg"), "no picture at all")),
               FailureNumber::InvalidPicture);
@@ -199,14 +199,14 @@ TEST_F(PictureTest, ACutGifIsInvalid)
               FailureNumber::InvalidPicture);
 }
 
-TEST_F(PictureTest, AGiantIsRefusedBeforeItIsDecoded)
+TEST_F(PictureTest, AnOversizedPictureIsRefusedBeforeItIsDecoded)
 {
     // The head of a PPM of 900 megapixels; a decoder would ask for the memory first.
     EXPECT_EQ(NumberOfFailure(SaveBytes(QStringLiteral("a.ppm"), "P6\n30000 30000\n255\nxxx")),
               FailureNumber::InvalidPicture);
 }
 
-TEST_F(PictureTest, OwnSizeIsInHundredthsOfAMillimetre)
+TEST_F(PictureTest, ItsOwnSizeIsInHundredthsOfAMillimetre)
 {
     QImage image = Halves(300, 150, 0);
     image.setDotsPerMeterX(11811); // 300 dpi
@@ -216,7 +216,7 @@ TEST_F(PictureTest, OwnSizeIsInHundredthsOfAMillimetre)
     EXPECT_EQ(picture.HeightHundredths(), 2540);
 }
 
-TEST_F(PictureTest, APictureThatTellsNoResolutionHas96DotsToTheInch)
+TEST_F(PictureTest, APictureWithoutAResolutionHas96DotsToTheInch)
 {
     const QByteArray ppm = "P6\n96 48\n255\n" + QByteArray(qsizetype{96} * 48 * 3, '\x40');
     const Picture picture = LoadPicture(SaveBytes(QStringLiteral("a.ppm"), ppm));
@@ -246,7 +246,7 @@ TEST_F(PictureTest, AReplacedFileIsReadAnewAtOnce)
     EXPECT_EQ(qRed(LoadPicture(path).Image().pixel(2, 2)), 0xBB);
 }
 
-TEST_F(PictureTest, AFileThatWentAwayIsNotFoundThoughItWasRead)
+TEST_F(PictureTest, ADeletedFileIsNotFoundThoughItWasReadBefore)
 {
     const QString path = Save(QStringLiteral("a.png"), Halves(20, 20, 0));
     EXPECT_TRUE(LoadPicture(path).HasHandle());
@@ -300,7 +300,7 @@ TEST_F(PictureTest, AnyPhotoOfATurnedCameraIsShownAndDrawnUpright)
     }
 }
 
-TEST_F(PictureTest, ATransparencyThatHidesNothingIsDropped)
+TEST_F(PictureTest, AnAlphaChannelWithoutTransparencyIsDropped)
 {
     QImage image(10, 10, QImage::Format_ARGB32);
     image.fill(0xFF123456);

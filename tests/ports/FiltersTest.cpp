@@ -49,7 +49,7 @@ TEST(Filters, EachActsOnItsOwnCharacterOnly)
         EXPECT_EQ(Filtered(value, row.Flag), QString::fromLatin1(row.After));
 }
 
-TEST(Filters, ThreeThatAreShownActNowhere)
+TEST(Filters, ThreeFiltersOfTheDialogHaveNoEffect)
 {
     const QString value = QStringLiteral("a") + QChar(0) + QChar(3) + QStringLiteral("b");
     Filters filters;

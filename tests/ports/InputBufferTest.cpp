@@ -57,7 +57,7 @@ TEST(InputBuffer, IsCompleteWithBothDelimitersInWhateverOrder)
     }
 }
 
-TEST(InputBuffer, LooksForTheDelimitersAsTheyWereSet)
+TEST(InputBuffer, SearchesForTheDelimitersAsTheyWereSet)
 {
     InputBuffer buffer;
     buffer.Append(QStringLiteral("<A\r"));
@@ -99,7 +99,7 @@ TEST(InputBuffer, AChangedDelimiterIsSearchedFromTheBeginning)
     EXPECT_FALSE(buffer.IsComplete(QStringLiteral("#"), QStringLiteral("!")));
 }
 
-TEST(InputBuffer, AnEmptiedOrReplacedBufferBeginsAnew)
+TEST(InputBuffer, AnEmptiedOrReplacedBufferIsSearchedFromTheBeginning)
 {
     InputBuffer buffer;
     buffer.Append(QStringLiteral("<A>"));

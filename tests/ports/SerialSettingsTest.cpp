@@ -27,7 +27,7 @@ TEST(SerialSettings, TextGivesItsFourValuesAndComesBack)
     }
 }
 
-TEST(SerialSettings, CapitalsAndBlanksAreTaken)
+TEST(SerialSettings, CapitalsAndBlanksAreAccepted)
 {
     EXPECT_EQ(ReadSerialSettings(QStringLiteral(" 9600, N ,8,1 ")), SerialSettings{});
 }

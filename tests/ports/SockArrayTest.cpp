@@ -1,6 +1,6 @@
 #include "base/CodePage.h"
 #include "base/Failure.h"
-#include "ports/ToldSockets.h"
+#include "ports/ListeningSockets.h"
 #include "support/Events.h"
 #include "support/FailureOf.h"
 #include "support/Host.h"
@@ -18,7 +18,7 @@ using namespace vantrel::test;
 
 namespace {
 
-class Sockets : public ToldSockets
+class Sockets : public ListeningSockets
 {};
 
 QByteArray AllBytes()
@@ -34,7 +34,7 @@ QByteArray AllBytes()
 TEST_F(Sockets, EveryByteArrivesAsOneCharacter)
 {
     QString all;
-    QObject::connect(&Sock, &SockArray::DataArrival, &Sock, [&] { all = Told.join(QString()); });
+    QObject::connect(&Sock, &SockArray::DataArrival, &Sock, [&] { all = Reports.join(QString()); });
     const Host host = Connect();
     host.Send(AllBytes());
     const QString wanted = QStringLiteral("1 sent ") + FromCodePage(AllBytes());
@@ -47,8 +47,8 @@ TEST_F(Sockets, HostThatSendsAndClosesAtOnceIsReadBeforeItsClose)
     Host host = Connect();
     host.Send("<A+B>");
     host.Close();
-    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
-    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 closed")));
+    EXPECT_EQ(Reports, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
 }
 
 TEST_F(Sockets, HostThatClosedBeforeItWasAcceptedIsReadAllTheSame)
@@ -56,18 +56,18 @@ TEST_F(Sockets, HostThatClosedBeforeItWasAcceptedIsReadAllTheSame)
     Host host(Sock.LocalPort());
     host.Send("<A+B>");
     host.Close();
-    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
-    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 closed")));
+    EXPECT_EQ(Reports, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
 }
 
 TEST_F(Sockets, ResetConnectionIsReadAndThenCountsAsClosed)
 {
     Host host = Connect();
     host.Send("<A+B>");
-    ASSERT_TRUE(WasTold(QStringLiteral("1 sent <A+B>")));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 sent <A+B>")));
     host.Reset();
-    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
-    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 closed")));
+    EXPECT_EQ(Reports, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
     EXPECT_EQ(Sock.State(1), SockState::Closed);
 }
 
@@ -76,26 +76,26 @@ TEST_F(Sockets, WhatAResetConnectionHadSentIsHandledFirst)
     Host host = Connect();
     host.Send("<A+B>");
     host.Reset();
-    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
-    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 closed")));
+    EXPECT_EQ(Reports, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
 }
 
-TEST_F(Sockets, BytesThatComeInsideTheHandlerAreToldWhenItIsDone)
+TEST_F(Sockets, BytesThatComeInsideTheHandlerAreReportedWhenItReturns)
 {
     const Host host = Connect();
     const Host other = Connect();
     InHandler = [&] {
         host.Send("late");
         other.Send("other");
-        EXPECT_TRUE(WasTold(QStringLiteral("2 sent other")));
+        EXPECT_TRUE(WasReported(QStringLiteral("2 sent other")));
     };
     host.Send("first");
-    ASSERT_TRUE(WasTold(QStringLiteral("1 sent late")));
-    EXPECT_EQ(Told, (QStringList{QStringLiteral("1 sent first"), QStringLiteral("2 sent other"),
-                                 QStringLiteral("1 sent late")}));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 sent late")));
+    EXPECT_EQ(Reports, (QStringList{QStringLiteral("1 sent first"), QStringLiteral("2 sent other"),
+                                    QStringLiteral("1 sent late")}));
 }
 
-TEST_F(Sockets, HostThatEndsInsideItsOwnHandlerIsToldWhenItIsDone)
+TEST_F(Sockets, AHostThatClosesInsideItsOwnHandlerIsReportedWhenItReturns)
 {
     Host host = Connect();
     const Host other = Connect();
@@ -106,14 +106,14 @@ TEST_F(Sockets, HostThatEndsInsideItsOwnHandlerIsToldWhenItIsDone)
         // Several turns of the event loop, so that the socket has seen the bytes and the end.
         for (int turn = 1; turn <= 5; ++turn) {
             other.Send(QByteArray::number(turn));
-            EXPECT_TRUE(WasTold(QStringLiteral("2 sent %1").arg(turn)));
+            EXPECT_TRUE(WasReported(QStringLiteral("2 sent %1").arg(turn)));
         }
-        toldInside = Told.filter(QStringLiteral("1 "));
+        toldInside = Reports.filter(QStringLiteral("1 "));
     };
     host.Send("first");
-    ASSERT_TRUE(WasTold(QStringLiteral("1 closed")));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 closed")));
     EXPECT_EQ(toldInside, QStringList{QStringLiteral("1 sent first")});
-    EXPECT_EQ(Told.mid(Told.size() - 2),
+    EXPECT_EQ(Reports.mid(Reports.size() - 2),
               (QStringList{QStringLiteral("1 sent late"), QStringLiteral("1 closed")}));
     EXPECT_EQ(Deepest, 2);
 }
@@ -124,10 +124,10 @@ TEST_F(Sockets, OtherSocketsCloseInsideAHandler)
     Host other = Connect();
     InHandler = [&] {
         other.Close();
-        EXPECT_TRUE(WasTold(QStringLiteral("2 closed")));
+        EXPECT_TRUE(WasReported(QStringLiteral("2 closed")));
     };
     host.Send("first");
-    ASSERT_TRUE(WasTold(QStringLiteral("2 closed")));
+    ASSERT_TRUE(WasReported(QStringLiteral("2 closed")));
     EXPECT_EQ(Sock.State(1), SockState::Connected);
     EXPECT_EQ(Sock.State(2), SockState::Closed);
 }
@@ -143,15 +143,15 @@ TEST_F(Sockets, ElementClosedInsideItsOwnHandlerServesTheNextHost)
                          [&](int, qintptr request) { Sock.Accept(1, request); });
         next = std::make_unique<Host>(Sock.LocalPort());
         next->Send("next");
-        EXPECT_TRUE(WasTold(QStringLiteral("1 sent next")));
+        EXPECT_TRUE(WasReported(QStringLiteral("1 sent next")));
         EXPECT_EQ(Depth, 1);
     };
     host.Send("first");
-    ASSERT_TRUE(WasTold(QStringLiteral("1 sent next")));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 sent next")));
     EXPECT_EQ(Deepest, 2);
     EXPECT_EQ(Sock.State(1), SockState::Connected);
     next->Send("more");
-    EXPECT_TRUE(WasTold(QStringLiteral("1 sent more")));
+    EXPECT_TRUE(WasReported(QStringLiteral("1 sent more")));
     EXPECT_TRUE(host.SeesEnd());
 }
 
@@ -162,19 +162,19 @@ TEST_F(Sockets, CloseDropsWhatIsBeingSent)
     host.Send("dropped");
     Sock.Close(1);
     other.Send("other");
-    ASSERT_TRUE(WasTold(QStringLiteral("2 sent other")));
-    EXPECT_EQ(Told, QStringList{QStringLiteral("2 sent other")});
+    ASSERT_TRUE(WasReported(QStringLiteral("2 sent other")));
+    EXPECT_EQ(Reports, QStringList{QStringLiteral("2 sent other")});
     EXPECT_TRUE(host.SeesEnd());
     EXPECT_FALSE(other.SeesEnd());
 }
 
-TEST_F(Sockets, CloseFromHereTellsNothing)
+TEST_F(Sockets, ClosingFromThisSideReportsNothing)
 {
     const Host host = Connect();
     Sock.Close(1);
     Sock.Close(1);
     ASSERT_TRUE(EventsUntil([&] { return host.SeesEnd(); }));
-    EXPECT_EQ(Told, QStringList());
+    EXPECT_EQ(Reports, QStringList());
 }
 
 TEST_F(Sockets, RequestThatNobodyAcceptsIsClosed)
@@ -185,7 +185,7 @@ TEST_F(Sockets, RequestThatNobodyAcceptsIsClosed)
     EXPECT_EQ(Sock.HighestIndex(), 0);
 }
 
-TEST_F(Sockets, UnreadDataIsToldOnceForEachArrival)
+TEST_F(Sockets, UnreadDataIsReportedOnceForEachArrival)
 {
     QObject::disconnect(&Sock, &SockArray::DataArrival, &Sock, nullptr);
     int arrivals = 0;
@@ -201,18 +201,18 @@ TEST_F(Sockets, NothingIsWrittenToAHost)
 {
     const Host host = Connect();
     host.Send("<A+B>");
-    ASSERT_TRUE(WasTold(QStringLiteral("1 sent <A+B>")));
+    ASSERT_TRUE(WasReported(QStringLiteral("1 sent <A+B>")));
     EXPECT_EQ(host.BytesToRead(), 0);
     EXPECT_FALSE(host.SeesEnd());
 }
 
-TEST_F(Sockets, AddressOfAHostIsPlainIPv4WhereItCameThatWay)
+TEST_F(Sockets, TheAddressOfAnIPv4HostIsPlainIPv4)
 {
     const Host host = Connect();
     EXPECT_EQ(Sock.RemoteHostIP(1), QStringLiteral("127.0.0.1"));
 }
 
-TEST_F(Sockets, HostsComeByIPv6WhereThereIsOne)
+TEST_F(Sockets, HostsConnectByIPv6WhereItIsAvailable)
 {
     const QHostAddress loopback(QHostAddress::LocalHostIPv6);
     const bool hasIPv6 = QNetworkInterface::allAddresses().contains(loopback);
@@ -236,7 +236,7 @@ TEST_F(Sockets, LocalAddressIsOneThatAHostReaches)
     EXPECT_TRUE(EventsUntil([&] { return Sock.HighestIndex() == 1; }));
 }
 
-TEST_F(Sockets, PortInUseCannotBeHad)
+TEST_F(Sockets, APortInUseCannotBeOpened)
 {
     SockArray second;
     second.SetLocalPort(Sock.LocalPort());

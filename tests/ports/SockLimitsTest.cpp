@@ -1,4 +1,4 @@
-#include "ports/ToldSockets.h"
+#include "ports/ListeningSockets.h"
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QTimer>
@@ -12,7 +12,7 @@
 namespace vantrel::test {
 namespace {
 
-class SocketLimits : public ToldSockets
+class SocketLimits : public ListeningSockets
 {};
 
 void LetTimePass(int milliseconds)
@@ -49,7 +49,7 @@ private:
     std::vector<int> m_taken;
 };
 
-TEST_F(SocketLimits, ArrivalsNestSoDeepAndNoDeeperAndTheRestComesInItsOrder)
+TEST_F(SocketLimits, ArrivalsNestUpToALimitAndTheRestComesInOrder)
 {
     constexpr int hosts = 400;
     constexpr int deepest = 256;
@@ -57,7 +57,7 @@ TEST_F(SocketLimits, ArrivalsNestSoDeepAndNoDeeperAndTheRestComesInItsOrder)
     std::function<void()> nest = [&] {
         InHandler = nest;
         // The next host sends its record and leaves, and nobody has answered the one before.
-        if (Told.size() < deepest) {
+        if (Reports.size() < deepest) {
             Host(Sock.LocalPort()).Send("record");
             EXPECT_TRUE(EventsUntil([&] { return answered; }));
             return;
@@ -67,20 +67,21 @@ TEST_F(SocketLimits, ArrivalsNestSoDeepAndNoDeeperAndTheRestComesInItsOrder)
             Host(Sock.LocalPort()).Send("record");
         for (int turn = 0; turn < 50; ++turn)
             QCoreApplication::processEvents();
-        EXPECT_EQ(Told.size(), deepest);
+        EXPECT_EQ(Reports.size(), deepest);
         answered = true;
     };
     InHandler = nest;
     Host(Sock.LocalPort()).Send("record");
-    ASSERT_TRUE(EventsUntil([&] { return Told.filter(QStringLiteral("closed")).size() == hosts; }));
+    ASSERT_TRUE(
+        EventsUntil([&] { return Reports.filter(QStringLiteral("closed")).size() == hosts; }));
     EXPECT_EQ(Deepest, deepest);
-    const QStringList records = Told.filter(QStringLiteral("record"));
+    const QStringList records = Reports.filter(QStringLiteral("record"));
     ASSERT_EQ(records.size(), hosts);
     for (int host = 1; host <= hosts; ++host)
         EXPECT_EQ(records[host - 1], QStringLiteral("%1 sent record").arg(host));
 }
 
-TEST_F(SocketLimits, ListenerComesBackAfterTheSystemRanOutOfDescriptors)
+TEST_F(SocketLimits, AListenerRecoversAfterTheSystemRanOutOfDescriptors)
 {
     const Host host(Sock.LocalPort());
     {
@@ -89,10 +90,10 @@ TEST_F(SocketLimits, ListenerComesBackAfterTheSystemRanOutOfDescriptors)
         EXPECT_EQ(Sock.HighestIndex(), 0);
     }
     host.Send("patient");
-    EXPECT_TRUE(WasTold(QStringLiteral("1 sent patient")));
+    EXPECT_TRUE(WasReported(QStringLiteral("1 sent patient")));
 }
 
-TEST_F(SocketLimits, ListenerThatFindsNoDescriptorRestsBetweenItsLooks)
+TEST_F(SocketLimits, AListenerWithoutDescriptorsPausesBetweenItsAttempts)
 {
     // An accept that went well, as every station has behind it when descriptors run out.
     const Host first = Connect();
@@ -108,7 +109,7 @@ TEST_F(SocketLimits, ListenerThatFindsNoDescriptorRestsBetweenItsLooks)
     // Without a rest the loop would turn as fast as the machine lets it.
     EXPECT_LT(awoken, 100);
     second.Send("patient");
-    EXPECT_TRUE(WasTold(QStringLiteral("2 sent patient")));
+    EXPECT_TRUE(WasReported(QStringLiteral("2 sent patient")));
 }
 
 TEST_F(SocketLimits, HostsLeaveDescriptorsToTheStation)
@@ -136,11 +137,12 @@ TEST_F(SocketLimits, HostsLeaveDescriptorsToTheStation)
             ::close(file);
         }
     }
-    EXPECT_TRUE(EventsUntil([&] { return Told.filter(QStringLiteral("closed")).size() == many; }));
+    EXPECT_TRUE(
+        EventsUntil([&] { return Reports.filter(QStringLiteral("closed")).size() == many; }));
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
 }
 
-TEST_F(SocketLimits, ListenerClosedWhileItRestsStaysClosed)
+TEST_F(SocketLimits, AListenerClosedDuringItsPauseStaysClosed)
 {
     const Host host(Sock.LocalPort());
     {

@@ -118,19 +118,19 @@ CardDriver DriverOfDots()
 
 } // namespace
 
-TEST_F(DotsOfCard, AreThoseOfTheBuiltInPrinterUpright)
+TEST_F(DotsOfCard, MatchTheBuiltInPrinterInPortrait)
 {
     Cups.AddQueue(Queue, DriverOfDots());
     ExpectTheBuiltInCard(OrientationPortrait);
 }
 
-TEST_F(DotsOfCard, AreThoseOfTheBuiltInPrinterAcross)
+TEST_F(DotsOfCard, MatchTheBuiltInPrinterInLandscape)
 {
     Cups.AddQueue(Queue, DriverOfDots());
     ExpectTheBuiltInCard(OrientationLandscape);
 }
 
-TEST_F(DotsOfCard, AreThoseOfTheBuiltInPrinterOnMediaOfAUser)
+TEST_F(DotsOfCard, MatchTheBuiltInPrinterOnMediaThatAUserHasSet)
 {
     CardDriver driver = DriverOfDots();
     driver.Default = "CR79";

@@ -41,7 +41,7 @@ TEST(DriverSizes, AreReadWithOrWithoutANameForPeople)
               (std::vector<int>{2540, 5080}));
 }
 
-TEST(DriverSizes, ThatCannotBeReadAreNone)
+TEST(DriverSizes, AreNoneWhereTheFileCannotBeRead)
 {
     for (const char* line :
          {"*PaperDimension", "*PaperDimension ", "*PaperDimension A", "*PaperDimension A:",
@@ -52,7 +52,7 @@ TEST(DriverSizes, ThatCannotBeReadAreNone)
         EXPECT_EQ(SidesOf(line, "A"), std::vector<int>()) << line;
 }
 
-TEST(DriverSizes, ComeOutOfAFileOfAnyLength)
+TEST(DriverSizes, AreReadFromAFileOfAnyLength)
 {
     const QByteArray ppd = QByteArray(1 << 22, 'x') + '\n' + "*PaperDimension A: \"72 144\"\n" +
                            QByteArray(4096, '\0');

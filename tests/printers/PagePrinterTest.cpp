@@ -203,7 +203,7 @@ TEST_F(PagePrinterTest, AnOpenPageKeepsItsOrientation)
     EXPECT_EQ(PageSizeOfPdf(Printer.File()), QStringLiteral("243 x 153"));
 }
 
-TEST_F(PagePrinterTest, AnotherOrientationFailsAndChangesNothing)
+TEST_F(PagePrinterTest, AnUnknownOrientationFailsAndChangesNothing)
 {
     for (const int orientation : {0, 3, -1}) {
         EXPECT_EQ(FailureOf([&] { Printer.SetOrientation(orientation); }),
@@ -212,7 +212,7 @@ TEST_F(PagePrinterTest, AnotherOrientationFailsAndChangesNothing)
     EXPECT_EQ(Printer.Width(), 3060);
 }
 
-TEST_F(PagePrinterTest, AFontSizeThatIsNoneFailsAndChangesNothing)
+TEST_F(PagePrinterTest, AnInvalidFontSizeFailsAndChangesNothing)
 {
     const double before = Printer.TextWidth(QStringLiteral("text"));
     for (const double size : {0.0, -1.0, 1e9, std::nan("")})

@@ -76,7 +76,7 @@ TEST_F(PdfPrinterTest, TheCardIsReadable)
     EXPECT_EQ(PageSizeOfPdf(card), QStringLiteral("153 x 243"));
 }
 
-TEST_F(PdfPrinterTest, CardsAreNumberedOnFromTheHighest)
+TEST_F(PdfPrinterTest, CardNumbersContinueFromTheHighest)
 {
     Put(QStringLiteral("card-000007.pdf"));
     Put(QStringLiteral("card-000002.pdf"));
@@ -102,7 +102,7 @@ TEST_F(PdfPrinterTest, NumbersGoOnBeyondSixDigits)
     EXPECT_TRUE(QFile::exists(CardPath(QStringLiteral("card-1000001.pdf"))));
 }
 
-TEST_F(PdfPrinterTest, NumbersThatNoStationCanCountToArePassedOver)
+TEST_F(PdfPrinterTest, NumbersTooLargeToCountArePassedOver)
 {
     const QStringList farAway = {
         QStringLiteral("card-9223372036854775807.pdf"),
@@ -126,7 +126,7 @@ TEST_F(PdfPrinterTest, NumbersThatNoStationCanCountToArePassedOver)
     EXPECT_EQ(files, expected);
 }
 
-TEST_F(PdfPrinterTest, BehindTheHighestNumberThatCountsNoCardIsReplaced)
+TEST_F(PdfPrinterTest, BeyondTheHighestCountedNumberNoCardIsReplaced)
 {
     Put(QStringLiteral("card-999999999999.pdf"));
     for (const char* text : {"a", "b"}) {
@@ -172,7 +172,7 @@ TEST_F(PdfPrinterTest, AFolderThatWasTakenAwayIsMadeAgain)
     EXPECT_EQ(Files(), QStringList{QStringLiteral("card-000002.pdf")});
 }
 
-TEST_F(PdfPrinterTest, WhereNoFolderCanBeTheJobFails)
+TEST_F(PdfPrinterTest, WhereNoFolderCanBeMadeTheJobFails)
 {
     QFile inTheWay(m_program.filePath(QStringLiteral("Printed")));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));

@@ -68,7 +68,7 @@ TEST_F(PrinterSetupTest, OptionsCountOnlyWithTheirChannel)
     EXPECT_EQ(File.Current().StripeOptions[0], QStringLiteral("one"));
 }
 
-TEST_F(PrinterSetupTest, AnOffsetThatIsNoNumberIsNone)
+TEST_F(PrinterSetupTest, AnOffsetThatIsNoNumberCountsAsZero)
 {
     Set("OffsetY", "7");
     for (const char* offset : {"", "x", "1e", "99999999999"}) {
@@ -78,7 +78,7 @@ TEST_F(PrinterSetupTest, AnOffsetThatIsNoNumberIsNone)
     }
 }
 
-TEST_F(PrinterSetupTest, FollowsTheFile)
+TEST_F(PrinterSetupTest, FollowsChangesOfTheFile)
 {
     Set("OffsetX", "10");
     EXPECT_EQ(File.Current().OffsetX, 10);

@@ -116,7 +116,7 @@ TEST_F(StationPrintersTest, APrinterKeepsItsFontWhileAnotherIsCurrent)
     EXPECT_EQ(printers.Current().TextWidth(QStringLiteral("text")), width);
 }
 
-TEST_F(StationPrintersTest, TheSpoolTellsPausedRejectingAndWaitingJobs)
+TEST_F(StationPrintersTest, TheSpoolShowsPausedRejectingAndWaitingJobs)
 {
     PrivateCups cups;
     const QString queue = QStringLiteral("Cards");
@@ -137,7 +137,7 @@ TEST_F(StationPrintersTest, TheSpoolTellsPausedRejectingAndWaitingJobs)
     EXPECT_EQ(printers.SpoolStateOf(queue).Jobs, 2);
 }
 
-TEST_F(StationPrintersTest, WhatHasNoQueueIsRunningAndEmpty)
+TEST_F(StationPrintersTest, APrinterWithoutAQueueIsRunningAndEmpty)
 {
     PrivateCups cups;
     StationPrinters printers(m_program.path(), 2);

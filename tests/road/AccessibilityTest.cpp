@@ -152,7 +152,7 @@ int ExpectNames(const Seen& seen)
     return controls;
 }
 
-TEST_F(Accessibility, TheMainWindowTellsOfItsMenusItsCardAndItsNavigator)
+TEST_F(Accessibility, TheMainWindowReportsItsMenusItsCardAndItsNavigator)
 {
     const Seen main = FindMain().value();
     EXPECT_EQ(main.Name(),

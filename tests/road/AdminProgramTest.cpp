@@ -88,7 +88,7 @@ TEST_F(AdminProgram, InitMakesAFolderThatAStationCanStartIn)
     EXPECT_NO_THROW(store.Open(Folder + QStringLiteral("/Vantrel.dat")));
 }
 
-TEST_F(AdminProgram, ACommandWithoutItsVerbIsToldThatAWordIsMissing)
+TEST_F(AdminProgram, ACommandWithoutItsVerbReportsThatAWordIsMissing)
 {
     const Outcome outcome = RunAdmin({Macro});
     EXPECT_EQ(outcome.Code, 2);
@@ -124,7 +124,7 @@ TEST_F(AdminProgram, MacrosAreAddedRenamedRemovedAndListed)
     EXPECT_EQ(Listed(), QString(QStringLiteral("Badges\n") + third + u'\n'));
 }
 
-TEST_F(AdminProgram, AMacroThatCannotBeIsOneLineAndOne)
+TEST_F(AdminProgram, AnInvalidMacroGivesOneLineAndExitCodeOne)
 {
     ExpectDone({Init, Folder});
     const QString name = QStringLiteral("Badges");
@@ -190,7 +190,7 @@ TEST_F(AdminProgram, HelpIsOnStandardOutput)
     EXPECT_FALSE(QDir(Folder).exists());
 }
 
-TEST_F(AdminProgram, WhatIsNotUnderstoodIsOneLineAndTwo)
+TEST_F(AdminProgram, AnUnknownCommandGivesOneLineAndExitCodeTwo)
 {
     const QList<QStringList> lines = {
         {},

@@ -55,7 +55,7 @@ QStringList Senders()
             QStringLiteral(VANTREL_C_SENDER)};
 }
 
-TEST(Sender, OfEachLanguageGetsItsCard)
+TEST(Sender, TheSampleInEachLanguageMakesItsCard)
 {
     StationFolder folder;
     const int port = folder.WithCapture();
@@ -71,7 +71,7 @@ TEST(Sender, OfEachLanguageGetsItsCard)
     }
 }
 
-TEST(Sender, OfEachLanguageTellsWhatItCannotSend)
+TEST(Sender, TheSampleInEachLanguageReportsWhatItCannotSend)
 {
     struct Refusal
     {
@@ -105,7 +105,7 @@ TEST(Sender, OfEachLanguageTellsWhatItCannotSend)
     }
 }
 
-TEST(SettingsPage, TellsTheKeysAsTheyAreRead)
+TEST(SettingsPage, DocumentsTheKeysAsTheyAreRead)
 {
     EXPECT_EQ(Document("settings.md"), SettingsGuide());
 }
@@ -178,7 +178,7 @@ TEST(AdministratorsGuide, PutsAnAutomaticNumberOntoAPageAndSetsIt)
     EXPECT_EQ(folder.TextOfCard(2), QStringLiteral("Ada 1 5001"));
 }
 
-TEST(QuickStart, LeadsToACard)
+TEST(QuickStart, ItsCommandsMakeACard)
 {
     const QStringList commands = CommandsOf(Document("quick-start.md"));
     ASSERT_EQ(commands.size(), 6);

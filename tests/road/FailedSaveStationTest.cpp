@@ -23,7 +23,7 @@ QString StoredNumber(const StationFolder& folder)
         .toString();
 }
 
-TEST(FailedSaveOfAStation, HoldsUpNoCardAndNoNumberOfAnother)
+TEST(FailedSaveOfAStation, DelaysNeitherCardsNorNumbersOfAnotherStation)
 {
     StationFolder folder;
     folder.AddAutoNumber(FirstNumber);

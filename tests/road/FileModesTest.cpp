@@ -132,7 +132,7 @@ TEST_P(FileModes, AFolderThatAStationFillsItselfIsNotForOthers)
     ExpectNothingForOthers();
 }
 
-TEST_P(FileModes, WhatAnAdministratorOpenedToOthersStaysSo)
+TEST_P(FileModes, FilesThatAnAdministratorOpenedToOthersStayOpen)
 {
     Admin({QStringLiteral("init"), Folder});
     ASSERT_TRUE(

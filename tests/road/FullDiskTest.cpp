@@ -117,7 +117,7 @@ void RunThroughLimit()
         [&] { limit(RLIM_INFINITY); });
 }
 
-TEST(StationDisk, ThatIsFullCostsTheCardsThatComeThenAndTearsNothing)
+TEST(StationDisk, AFullDiskCostsTheCardsThatComeThenAndTearsNoFile)
 {
     constexpr int mebibytes = 8;
     const SmallDisk disk(mebibytes);
@@ -131,7 +131,7 @@ TEST(StationDisk, ThatIsFullCostsTheCardsThatComeThenAndTearsNothing)
         station, [&](qint64 bytes) { disk.FillUpTo(bytes); }, [&] { disk.MakeRoom(); });
 }
 
-TEST(StationDisk, WhoseFilesMayNotGrowCostsTheCardsThatComeThenAndTearsNothing)
+TEST(StationDisk, ALimitOnFileSizesCostsTheCardsThatComeThenAndTearsNoFile)
 {
     RunThroughLimit();
 }

@@ -16,7 +16,7 @@ namespace {
 /// Room for what a growing heap keeps.
 constexpr int RoomMiB = 24;
 
-TEST(HostileLimits, HostsThatTakeEveryDescriptorAreServedWhenTheyLeave)
+TEST(HostileLimits, WaitingHostsAreServedWhenThoseThatHoldAllDescriptorsLeave)
 {
     constexpr int descriptors = 64;
     constexpr int kept = descriptors / 4;
@@ -84,7 +84,7 @@ protected:
     std::optional<StationProcess> m_station;
 };
 
-TEST_F(HostileQuestion, ThatStandsOpenLetsAFloodWaitAndEndsNoStation)
+TEST_F(HostileQuestion, AFloodOfRecordsWaitsWhileItIsOpenAndEndsNoStation)
 {
     constexpr int records = 300;
     for (int count = 1; count <= records; ++count)

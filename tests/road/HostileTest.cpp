@@ -70,7 +70,7 @@ private:
     int m_memory = 0;
 };
 
-TEST_F(HostileNetwork, RandomBytesAreNoRecordAndHoldUpNone)
+TEST_F(HostileNetwork, RandomBytesMakeNoRecordAndDelayNone)
 {
     std::mt19937 random(11);
     std::uniform_int_distribution<int> byte(0, 255);

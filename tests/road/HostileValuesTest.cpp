@@ -48,22 +48,22 @@ void ExpectOneCardAndNothingLeft(const QByteArray& record, std::int16_t alignmen
         << station.MemoryMiB() << " of " << before;
 }
 
-TEST(HostileValue, OfMegabytesAtTheLeftCostsOneCardAndNoMemory)
+TEST(HostileValue, MegabytesAtTheLeftCostOneCardAndNoMemory)
 {
     ExpectOneCardAndNothingLeft('<' + QByteArray(4 << 20, 'x') + "+1>", 0);
 }
 
-TEST(HostileValue, OfMegabytesAtTheRightCostsOneCardAndNoMemory)
+TEST(HostileValue, MegabytesAtTheRightCostOneCardAndNoMemory)
 {
     ExpectOneCardAndNothingLeft('<' + QByteArray(4 << 20, 'x') + "+1>", 1);
 }
 
-TEST(HostileValue, OfMegabytesInTheMiddleCostsOneCardAndNoMemory)
+TEST(HostileValue, MegabytesInTheMiddleCostOneCardAndNoMemory)
 {
     ExpectOneCardAndNothingLeft('<' + QByteArray(4 << 20, 'x') + "+1>", 2);
 }
 
-TEST(HostileValues, AMillionInOneRecordCostOneCardAndNoMoreThanAHeapKeeps)
+TEST(HostileValues, AMillionInOneRecordCostOneCardAndOnlyTheMemoryThatAHeapKeeps)
 {
     ExpectOneCardAndNothingLeft('<' + QByteArray("A+").repeated(1'000'000) + '>', 0, 64);
 }

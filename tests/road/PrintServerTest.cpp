@@ -56,7 +56,7 @@ protected:
     std::optional<StationProcess> m_station;
 };
 
-TEST_F(PrintServer, ThatEndsCostsTheCardsUntilItIsBack)
+TEST_F(PrintServer, AServerThatEndsCostsTheCardsUntilItIsBack)
 {
     constexpr int few = 4;
     SendRecords(few);
@@ -71,7 +71,7 @@ TEST_F(PrintServer, ThatEndsCostsTheCardsUntilItIsBack)
     EXPECT_TRUE(Folder.Cards().isEmpty());
 }
 
-TEST_F(PrintServer, ThatIsKilledAtAnyMomentHarmsNoStation)
+TEST_F(PrintServer, AServerKilledAtAnyMomentHarmsNoStation)
 {
     constexpr int kills = 5;
     for (int kill = 0; kill < kills; ++kill) {

@@ -79,19 +79,19 @@ private:
     QList<QByteArray> m_contents;
 };
 
-TEST_F(ReadOnly, SettingsFilesHoldNoCardUp)
+TEST_F(ReadOnly, SettingsFilesDelayNoCard)
 {
     ExpectToPrintAndEnd();
 }
 
-TEST_F(ReadOnly, SettingsFolderHoldsNoCardUp)
+TEST_F(ReadOnly, ASettingsFolderDelaysNoCard)
 {
     // The store's own files stay while a session has it open, as this one has.
     LockFolder();
     ExpectToPrintAndEnd();
 }
 
-TEST_F(ReadOnly, FolderWithoutAStoreInUseEndsNoStation)
+TEST_F(ReadOnly, AFolderWithoutAStoreInUseEndsNoStation)
 {
     Folder.Session.LayoutDb.Close();
     LockFolder();

@@ -56,7 +56,7 @@ protected:
     QString Plugins;
 };
 
-TEST_F(StationCommand, ThatFailsEndsItWithOneLineAndASoundStore)
+TEST_F(StationCommand, AFailingCommandEndsItWithOneLineAndASoundStore)
 {
     Execute(Folder.Session,
             QStringLiteral("CREATE TRIGGER Refuse BEFORE UPDATE ON LayoutParams "
@@ -73,7 +73,7 @@ TEST_F(StationCommand, ThatFailsEndsItWithOneLineAndASoundStore)
     ExpectSoundStore();
 }
 
-TEST_F(StationCommand, ThatSucceedsLetsItRunOn)
+TEST_F(StationCommand, ASuccessfulCommandLetsItRunOn)
 {
     Choose("chkAutoSpool");
     StationProcess station(Folder.Session.ProgramFolder);

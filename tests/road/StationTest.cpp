@@ -33,7 +33,7 @@ TEST(Station, PrintsWithoutAStatusFile)
     EXPECT_TRUE(station.IsRunning());
 }
 
-TEST(Station, AQuestionThatNobodyCanAnswerHoldsNoCardUp)
+TEST(Station, AQuestionThatNobodyCanAnswerDelaysNoCard)
 {
     StationFolder folder;
     folder.AddCameraObject();
@@ -62,7 +62,7 @@ TEST(Station, StopSignalsUnloadItInOrder)
     }
 }
 
-TEST(Station, AnInactiveSessionEndsWithZero)
+TEST(Station, AnInactiveSessionEndsWithExitCodeZero)
 {
     StationFolder folder;
     const int port = folder.WithCapture();
@@ -74,7 +74,7 @@ TEST(Station, AnInactiveSessionEndsWithZero)
     EXPECT_EQ(station.ErrorLines(), QStringList());
 }
 
-TEST(Station, AStatusThatIsNoBooleanEndsItWithOne)
+TEST(Station, AStatusThatIsNoBooleanEndsItWithExitCodeOne)
 {
     for (const char* key : {"Visible", "Active"}) {
         StationFolder folder;
@@ -145,7 +145,7 @@ TEST(Station, AnyOtherCommandLineIsSessionOne)
     EXPECT_TRUE(station.WaitUntilItListens(port));
 }
 
-TEST(Station, AHomeThatIsNoFolderIsToldInOneLine)
+TEST(Station, AHomeThatIsNoFolderIsReportedInOneLine)
 {
     StationFolder folder;
     const QString missing = folder.Session.PathInFolder(QStringLiteral("missing"));

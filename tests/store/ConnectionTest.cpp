@@ -54,7 +54,7 @@ TEST(Connection, AClosedConnectionFails)
               FailureNumber::ObjectClosed);
 }
 
-TEST(Connection, AFolderNameMayHoldAnyCharacter)
+TEST(Connection, AFolderNameMayContainAnyCharacter)
 {
     const QTemporaryDir folder;
     const QString inside = folder.filePath(QStringLiteral("a b%20#?&é 'x'"));
@@ -122,7 +122,7 @@ TEST_F(Transactions, WhatWasNotCommittedIsGoneAfterAClose)
     EXPECT_EQ(Texts(), QStringList(QStringLiteral("kept")));
 }
 
-TEST_F(Transactions, AProcessThatDiesInOneLeavesThePageAsItWas)
+TEST_F(Transactions, AProcessThatDiesInOneLeavesThePageUnchanged)
 {
     AddControl(Store, Card, 1, QStringLiteral("first"));
     AddControl(Store, Card, 1, QStringLiteral("second"));

@@ -81,7 +81,7 @@ TEST_F(KeptRowsTest, AnotherSessionsChangeIsSeenAtOnce)
     EXPECT_EQ(Column(Store, Pages, QStringLiteral("Page")).size(), 2);
 }
 
-TEST_F(KeptRowsTest, AChangeIsSeenByEveryStatementThatGivesTheRow)
+TEST_F(KeptRowsTest, AChangeIsSeenByEveryStatementThatSelectsTheRow)
 {
     SetText(Store, QStringLiteral("z"));
     const QStringList inOrder{QStringLiteral("z"), QStringLiteral("b")};
@@ -137,7 +137,7 @@ TEST_F(KeptRowsTest, AValueHasTheKindThatTheStoreGivesIt)
     }
 }
 
-TEST_F(KeptRowsTest, WhatTheStoreTookBackIsNotSeen)
+TEST_F(KeptRowsTest, RowsThatTheStoreRolledBackAreNotSeen)
 {
     Store.BeginTrans();
     SetText(Store, QStringLiteral("lost"));
@@ -153,7 +153,7 @@ TEST_F(KeptRowsTest, WhatTheStoreTookBackIsNotSeen)
     EXPECT_TRUE(TextsOf(SecondPage).isEmpty());
 }
 
-TEST_F(KeptRowsTest, AnotherFilesRowsAreItsOwn)
+TEST_F(KeptRowsTest, AnotherFileDoesNotShowTheKeptRows)
 {
     const QString second = Folder.filePath(QStringLiteral("Second.dat"));
     CreateLayoutDatabase(second);
@@ -173,7 +173,7 @@ TEST_F(KeptRowsTest, AResultTooLongToKeepIsReadAnew)
     EXPECT_EQ(TextsOf(FirstPage).size(), 2);
 }
 
-TEST_F(KeptRowsTest, ARowBegunAnewIsNullInAllThatIsNotSetAndKeepsItsPlace)
+TEST_F(KeptRowsTest, ARowBegunAnewKeepsItsPlaceAndIsNullWhereNothingIsSet)
 {
     Change(Store, [](Recordset& rows) {
         rows.SetValue(QStringLiteral("C_FontName"), QStringLiteral("Sans"));

@@ -129,7 +129,7 @@ TEST_F(PendingRowsTest, AreGivenUpWhereRowsAreChangedOutsideOfATransaction)
     EXPECT_TRUE(Texts().isEmpty());
 }
 
-TEST_F(PendingRowsTest, OutliveASaveThatTheStoreTakesBack)
+TEST_F(PendingRowsTest, OutliveASaveThatTheStoreRollsBack)
 {
     ChangeAndSetAside();
     Store.BeginTrans();

@@ -27,7 +27,7 @@ constexpr const char* Statements[] = {
 };
 } // namespace
 
-TEST_F(Cursor, TakesEveryStatementTheStationIssues)
+TEST_F(Cursor, AcceptsEveryStatementThatTheStationUses)
 {
     EXPECT_EQ(std::size(Statements), 14U);
     for (const char* statement : Statements) {
@@ -234,7 +234,7 @@ TEST_F(Cursor, OnAnEmptyResultThereIsNoCurrentRecord)
     EXPECT_EQ(FailureOf([&] { rows.MoveNext(); }), FailureNumber::NoCurrentRecord);
 }
 
-TEST_F(Cursor, IsUsedAgainForAnotherStatement)
+TEST_F(Cursor, CanBeOpenedAgainWithAnotherStatement)
 {
     Recordset rows(Store);
     rows.Open(QStringLiteral("SELECT * FROM [PrinterTypes]"));

@@ -71,7 +71,7 @@ TEST_F(StoreTest, AFreshDatabaseHoldsPrinterTypesAndNothingElse)
               8);
 }
 
-TEST(Schema, NothingButTheDatabaseIsLeft)
+TEST(Schema, LeavesNoFileButTheDatabase)
 {
     const QTemporaryDir folder;
     CreateLayoutDatabase(folder.filePath(QStringLiteral("Vantrel.dat")));
@@ -102,7 +102,7 @@ TEST(Schema, AMissingFolderFails)
         FailureNumber::PathNotFound);
 }
 
-TEST(Schema, TheJournalOfADeletedDatabaseIsNotTakenForTheFreshOnes)
+TEST(Schema, TheJournalOfADeletedDatabaseIsNotUsedForAFreshOne)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("Vantrel.dat"));
@@ -133,7 +133,7 @@ TEST(Schema, TheJournalOfADeletedDatabaseIsNotTakenForTheFreshOnes)
     EXPECT_TRUE(rows.IsEof());
 }
 
-TEST(Schema, OfSeveralMakersAtOnceExactlyOneMakesIt)
+TEST(Schema, OfSeveralProcessesAtOnceExactlyOneMakesTheDatabase)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("Vantrel.dat"));

@@ -69,7 +69,7 @@ constexpr const char* Refused[] = {
 };
 } // namespace
 
-TEST(SelectStatement, OneSelectOnOneTableIsTaken)
+TEST(SelectStatement, OneSelectOnOneTableIsAccepted)
 {
     EXPECT_EQ(std::size(Accepted), 9U);
     for (const SqlCase& row : Accepted)
@@ -77,7 +77,7 @@ TEST(SelectStatement, OneSelectOnOneTableIsTaken)
                   QString::fromLatin1(row.Sql));
 }
 
-TEST(SelectStatement, AnythingElseIsRefused)
+TEST(SelectStatement, AnyOtherStatementIsRefused)
 {
     EXPECT_EQ(std::size(Refused), 37U);
     for (const char* statement : Refused)

@@ -169,7 +169,7 @@ TEST_F(CommSettings, PortTextIsStoredAsItStands)
     }
 }
 
-TEST_F(CommSettings, TextThatIsNoPortLeavesNoneOpen)
+TEST_F(CommSettings, ATextThatIsNoPortNumberLeavesNoPortOpen)
 {
     Session.Settings.UseSerial = false;
     Session.Settings.UseIP = true;
@@ -186,7 +186,7 @@ TEST_F(CommSettings, TextThatIsNoPortLeavesNoneOpen)
     }
 }
 
-TEST_F(CommSettings, EachWayInActsAtOnce)
+TEST_F(CommSettings, TurningAPortOnOrOffActsAtOnce)
 {
     constexpr struct
     {
@@ -208,7 +208,7 @@ TEST_F(CommSettings, EachWayInActsAtOnce)
     }
 }
 
-TEST_F(CommSettings, AWayInLeavesTheOthersAsTheyAre)
+TEST_F(CommSettings, TurningOnePortOnOrOffLeavesTheOthersUnchanged)
 {
     const PtyPair cable(Device());
     Open();

@@ -39,7 +39,7 @@ constexpr AccessRow AccessRows[] = {
     {",", "10.0.0.5", false},
 };
 
-TEST(HostAccess, LetsInWhomItNamesAndNobodyElse)
+TEST(HostAccess, AdmitsTheNamedHostsAndNobodyElse)
 {
     for (const AccessRow& row : AccessRows) {
         EXPECT_EQ(HostAccess(QLatin1StringView(row.AllowFrom))
@@ -50,10 +50,10 @@ TEST(HostAccess, LetsInWhomItNamesAndNobodyElse)
     EXPECT_EQ(std::size(AccessRows), 18U);
 }
 
-class GuardedStation : public ::testing::Test
+class StationWithAllowedHosts : public ::testing::Test
 {
 protected:
-    GuardedStation()
+    StationWithAllowedHosts()
     {
         Session.Settings.UseIP = true;
         ConnectSockets(Session);
@@ -71,7 +71,7 @@ protected:
     vantrel::Session& Session = Station.Session;
 };
 
-TEST_F(GuardedStation, ClosesAHostThatIsNotNamedAtOnceAndTellsNothing)
+TEST_F(StationWithAllowedHosts, ClosesAHostThatIsNotNamedAtOnceAndInSilence)
 {
     Open("AllowFrom", "10.0.0.5");
     Session.InputBuffer.Append(QStringLiteral("<half a rec"));
@@ -81,7 +81,7 @@ TEST_F(GuardedStation, ClosesAHostThatIsNotNamedAtOnceAndTellsNothing)
     EXPECT_EQ(Session.InputBuffer.Text(), QStringLiteral("<half a rec"));
 }
 
-TEST_F(GuardedStation, AcceptsAHostThatIsNamed)
+TEST_F(StationWithAllowedHosts, AcceptsAHostThatIsNamed)
 {
     Open("AllowFrom", "127.0.0.0/8, ::1");
     const Host host(Session.Sock.LocalPort());
@@ -89,7 +89,7 @@ TEST_F(GuardedStation, AcceptsAHostThatIsNamed)
     EXPECT_FALSE(host.SeesEnd());
 }
 
-TEST_F(GuardedStation, ListensOnTheAddressItIsGiven)
+TEST_F(StationWithAllowedHosts, ListensOnTheAddressItIsGiven)
 {
     Open("BindAddress", "127.0.0.1");
     ASSERT_TRUE(Listens());
@@ -100,7 +100,7 @@ TEST_F(GuardedStation, ListensOnTheAddressItIsGiven)
     EXPECT_TRUE(Listens());
 }
 
-TEST_F(GuardedStation, AnAddressThatIsNoneOpensNothing)
+TEST_F(StationWithAllowedHosts, AnInvalidAddressOpensNoPort)
 {
     for (const char* address : {"everywhere", "300.1.1.1", "203.0.113.77"}) {
         Open("BindAddress", address);

@@ -235,7 +235,7 @@ TEST_F(Listening, RequestOnAnotherElementIsIgnored)
     EXPECT_EQ(Session.Sock.HighestIndex(), 0);
 }
 
-TEST_F(Listening, PanelTellsWhereTheRecordCameFrom)
+TEST_F(Listening, ThePanelShowsWhereTheRecordCameFrom)
 {
     const Host host(Port());
     host.Send("<A");

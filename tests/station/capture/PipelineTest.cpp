@@ -131,7 +131,7 @@ TEST_F(Pipeline, BufferIsEmptyEvenWhereThePrinterRefuses)
     EXPECT_EQ(Session.Face.StatusPanel(3).Text, QStringLiteral("Got Data (TCP/IP)"));
 }
 
-TEST_F(Pipeline, PanelTellsTheSourceOfTheLastRecord)
+TEST_F(Pipeline, ThePanelShowsTheSourceOfTheLastRecord)
 {
     Arrive("<A>");
     EXPECT_EQ(Session.Face.StatusPanel(3).Text, QStringLiteral("Got Data (TCP/IP)"));

@@ -95,7 +95,7 @@ TEST_F(PortSwitch, SerialAndParallelModesLeaveConnectionsOpen)
     EXPECT_FALSE(host.SeesEnd());
 }
 
-TEST_F(PortSwitch, CaptureTakenOffAtRunTimeGoesOnListening)
+TEST_F(PortSwitch, CaptureTurnedOffAtRunTimeGoesOnListening)
 {
     SwitchPorts(Session, SwitchMode::All);
     Session.Settings.CaptureEnabled = false;

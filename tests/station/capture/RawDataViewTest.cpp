@@ -38,7 +38,7 @@ TEST(ViewRows, AnEmptyTextIsOneEmptyRow)
     EXPECT_EQ(CutIntoRows(QString()).GoesOn, std::vector<bool>({false}));
 }
 
-TEST(ViewRows, CutALongLineBehindABlankAndLoseNothing)
+TEST(ViewRows, ALongLineIsCutBehindABlankAndLosesNothing)
 {
     const QString hex = HexText(QString(3000, QLatin1Char('A')));
     const ViewRows rows = CutIntoRows(hex);
@@ -52,7 +52,7 @@ TEST(ViewRows, CutALongLineBehindABlankAndLoseNothing)
     }
 }
 
-TEST(ViewRows, CutALineWithoutBlanksAtTheLimit)
+TEST(ViewRows, ALineWithoutBlanksIsCutAtTheLimit)
 {
     const ViewRows rows =
         CutIntoRows(QString(LongestViewRow + 1, QLatin1Char('x')) + QStringLiteral("\ny"));

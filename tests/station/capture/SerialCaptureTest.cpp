@@ -154,7 +154,7 @@ TEST_F(SerialCapture, SerialRecordInsideANetworkRecordTakesItsPlace)
     EXPECT_EQ(Values(), (QStringList{C, D}));
 }
 
-TEST_F(SerialCapture, RecordThatComesWhileOneIsOnItsWayIsTakenBehindIt)
+TEST_F(SerialCapture, ARecordThatComesDuringAnotherIsTakenAfterIt)
 {
     OpenLayout();
     const PtyPair cable(Device());
@@ -171,7 +171,7 @@ TEST_F(SerialCapture, RecordThatComesWhileOneIsOnItsWayIsTakenBehindIt)
     EXPECT_EQ(Printed(), Prints({A, B, C, D}));
 }
 
-TEST_F(SerialCapture, PortClosedWhileItsRecordIsOnItsWayStillMakesTheCard)
+TEST_F(SerialCapture, APortClosedDuringItsRecordStillMakesTheCard)
 {
     OpenLayout();
     const PtyPair cable(Device());

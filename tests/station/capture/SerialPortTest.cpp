@@ -110,7 +110,7 @@ TEST_F(SerialPorts, PortOutOfUseIsClosedAndKeepsItsValues)
     EXPECT_EQ(Session.Face.TrayPicture(), TrayImage::Disabled);
 }
 
-TEST_F(SerialPorts, CaptureTakenOffAtRunTimeGoesOnReading)
+TEST_F(SerialPorts, CaptureTurnedOffAtRunTimeGoesOnReading)
 {
     const PtyPair cable(Device());
     Session.Settings.CaptureEnabled = false;
@@ -291,7 +291,7 @@ TEST_F(SerialPorts, PulledAdapterClosesThePortAtOnceAndComesBackWithTheNextSwitc
     EXPECT_TRUE(ComesAsRecord({A, B}));
 }
 
-TEST_F(SerialPorts, AdapterPulledWhileItsRecordIsOnItsWayStillMakesTheCard)
+TEST_F(SerialPorts, AnAdapterPulledDuringItsRecordStillMakesTheCard)
 {
     OpenLayout();
     PtyPair cable(Device());

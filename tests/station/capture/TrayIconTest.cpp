@@ -69,7 +69,7 @@ TEST(TrayIcon, AnEmptyTipIsThatOfAWaitingStation)
     EXPECT_EQ(station.Session.Face.TrayTip(), QStringLiteral("Vantrel v5 (Waiting...)"));
 }
 
-TEST(TrayIcon, APictureThatIsNoneLeavesTheImage)
+TEST(TrayIcon, AnUnreadablePictureLeavesTheImage)
 {
     TestSession station;
     SetTrayIcon(station.Session.Face, TrayImage::Flash, QStringLiteral("before"));
@@ -96,7 +96,7 @@ TEST(TrayIcon, WithoutAPortInUseItIsDisabledAndPanel1SaysSo)
     EXPECT_EQ(station.Session.Face.StatusPanel(1).Text, QStringLiteral("Vantrel Disabled"));
 }
 
-TEST(IconFlash, GoesToAndFro25TimesAndEndsWaitingAtTheNextTick)
+TEST(IconFlash, AlternatesTheImage25TimesAndShowsWaitingAtTheNextTick)
 {
     TestSession station;
     const StationFace& face = station.Session.Face;
@@ -115,7 +115,7 @@ TEST(IconFlash, GoesToAndFro25TimesAndEndsWaitingAtTheNextTick)
     EXPECT_FALSE(flash.FlashState);
 }
 
-TEST(IconFlash, EndsWaitingThoughCaptureIsDisabled)
+TEST(IconFlash, ShowsWaitingAtItsEndEvenIfCaptureIsDisabled)
 {
     TestSession station;
     UpdateTrayState(station.Session.Face, station.Session.Settings);
@@ -127,7 +127,7 @@ TEST(IconFlash, EndsWaitingThoughCaptureIsDisabled)
     EXPECT_EQ(station.Session.Face.TrayTip(), QStringLiteral("Vantrel v5 (Waiting...)"));
 }
 
-TEST(IconFlash, OfTheNextRecordIsAsLong)
+TEST(IconFlash, LastsAsLongForTheNextRecord)
 {
     TestSession station;
     Flash flash;

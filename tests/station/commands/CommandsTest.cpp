@@ -119,7 +119,7 @@ TEST(StoredTicks, AreFlippedCopiedAndStored)
     EXPECT_EQ(std::size(Rows), 3U);
 }
 
-TEST(Capture, TakenOffGoesOnListening)
+TEST(Capture, GoesOnListeningAfterItIsTurnedOff)
 {
     TestSession station;
     station.Session.Settings.UseIP = true;
@@ -186,7 +186,7 @@ TEST(ExitCommand, AsksBeforeItEndsTheStation)
                              "capture data.  \r\nAre you sure this is what you want?"));
 }
 
-TEST(ExitCommand, OfSessionZeroOrOneClosesTheLauncherAndOfTwoDoesNot)
+TEST(ExitCommand, ClosesTheLauncherInSessionsZeroAndOneOnly)
 {
     for (const int number : {0, 1, 2}) {
         TestSession station;
@@ -206,7 +206,7 @@ TEST(ExitCommand, OfSessionZeroOrOneClosesTheLauncherAndOfTwoDoesNot)
     }
 }
 
-TEST(ExitCommand, NeedsNoLauncher)
+TEST(ExitCommand, WorksWithoutALauncher)
 {
     TestSession station;
     station.Operator.Answers = {true};

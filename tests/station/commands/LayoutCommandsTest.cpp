@@ -139,7 +139,7 @@ TEST_F(LayoutCommandTest, WithoutALayoutNothingIsAsked)
     EXPECT_EQ(Station.Operator.AppMessages, QStringList());
 }
 
-TEST_F(LayoutCommandTest, BothGoOnPastAStoreThatDoesNotAnswer)
+TEST_F(LayoutCommandTest, NewAndDeleteGoOnWithoutAStoreThatAnswers)
 {
     Session.LayoutDb.Close();
     Station.Operator.Answers = {true};

@@ -95,7 +95,7 @@ TEST(LayoutWizard, TheObjectsReachTheStoreThroughASaveOnly)
     EXPECT_EQ(rows.RecordCount(), 2);
 }
 
-TEST(LayoutWizard, TellsTheOperatorToSendDataUnderTheHourglass)
+TEST(LayoutWizard, AsksTheOperatorToSendDataWhileTheHourglassShows)
 {
     WizardStation station;
     BuildWizardLayout(station.Session, TwoFields());
@@ -133,7 +133,7 @@ TEST(LayoutWizard, ThePageIsSizedByTheParametersFromBefore)
     EXPECT_EQ(station.Session.CurrentParams.PrinterOrientation, OrientationPortrait);
 }
 
-TEST(LayoutWizard, AKindThatLeavesThePageAloneKeepsTheChosenOrientation)
+TEST(LayoutWizard, APrinterTypeThatLeavesThePageAloneKeepsTheChosenOrientation)
 {
     WizardStation station;
     station.Session.CurrentParams.PrinterType = PrinterTypeCode::Serialized;
@@ -142,7 +142,7 @@ TEST(LayoutWizard, AKindThatLeavesThePageAloneKeepsTheChosenOrientation)
     EXPECT_EQ(station.Session.CurrentParams.PrinterOrientation, OrientationLandscape);
 }
 
-TEST(LayoutWizard, WhatFailsIsPassedOver)
+TEST(LayoutWizard, AStepThatFailsIsPassedOver)
 {
     WizardStation station;
     WizardAnswers answers = TwoFields();
@@ -154,7 +154,7 @@ TEST(LayoutWizard, WhatFailsIsPassedOver)
     EXPECT_EQ(station.Operator.Boxes.size(), 1);
 }
 
-TEST(LayoutWizard, ALayoutClosedWhileItTellsToSendLeavesNoParametersOfNoLayout)
+TEST(LayoutWizard, ALayoutClosedWhileItAsksForDataLeavesNoParametersWithoutALayout)
 {
     WizardStation station;
     station.Operator.WhileAsked = [&] { CloseLayout(station.Session); };
@@ -179,7 +179,7 @@ TEST(LayoutWizard, ALayoutOfThatNameIsReplacedByTheSave)
     EXPECT_EQ(station.Session.Document.HighestIndex(Family::lbl_DATA), 2);
 }
 
-TEST(LayoutWizard, ItsLayoutSavedPrintsTheRecord)
+TEST(LayoutWizard, ItsLayoutPrintsTheRecordOnceSaved)
 {
     WizardStation station;
     WizardAnswers answers = TwoFields();
@@ -210,7 +210,7 @@ TEST(LayoutWizard, PagesAskForTheirAnswers)
     EXPECT_EQ(IsPageComplete(WizardStep::Summary, {}, answers), std::nullopt);
 }
 
-TEST(LayoutWizard, TheSummaryTellsTheAnswers)
+TEST(LayoutWizard, TheSummaryShowsTheAnswers)
 {
     WizardAnswers answers = TwoFields();
     answers.DefaultFont->Size = 8.25;
@@ -236,7 +236,7 @@ TEST(LayoutWizard, ListsAtMostAHundredPrinters)
     EXPECT_EQ(WizardPrinters(station.Session.Printers), names.mid(0, 100));
 }
 
-TEST(LayoutWizard, ListsAtMostNinetyNineKinds)
+TEST(LayoutWizard, ListsAtMostNinetyNinePrinterTypes)
 {
     WizardStation station;
     Recordset rows(station.Session.LayoutDb);
@@ -249,7 +249,7 @@ TEST(LayoutWizard, ListsAtMostNinetyNineKinds)
     EXPECT_EQ(WizardPrinterKinds(station.Session.LayoutDb).size(), 99U);
 }
 
-TEST(LayoutWizard, ListsTheKindsOfTheStore)
+TEST(LayoutWizard, ListsThePrinterTypesOfTheStore)
 {
     WizardStation station;
     const auto kinds = WizardPrinterKinds(station.Session.LayoutDb);

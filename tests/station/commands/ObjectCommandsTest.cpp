@@ -89,7 +89,7 @@ TEST_F(ObjectCommandTest, DeleteAllTakesDataFieldsOnlyAndOnYesOnly)
                              "the existing data fields?"));
 }
 
-TEST_F(ObjectCommandTest, DeleteAllAsksWithTheTemplateAloneAndRemovesNothing)
+TEST_F(ObjectCommandTest, DeleteAllAsksEvenWithoutAFieldAndRemovesNothing)
 {
     AddText(Session, QStringLiteral("Visitor"));
     const std::size_t objects = Document().Objects().size();
@@ -99,7 +99,7 @@ TEST_F(ObjectCommandTest, DeleteAllAsksWithTheTemplateAloneAndRemovesNothing)
     EXPECT_EQ(Document().Objects().size(), objects);
 }
 
-TEST_F(ObjectCommandTest, SizesCompoundAtTheSameCorner)
+TEST_F(ObjectCommandTest, SizeStepsAddUpAndKeepTheUpperLeftCorner)
 {
     CardObject& object = Select(AddField(Session, 1, {200, 300, 300, 1500}));
     IncreaseSize(Session);
@@ -128,7 +128,7 @@ TEST_F(ObjectCommandTest, SizesGoByFamilyAndIndexAndFailWithoutTheElement)
     EXPECT_EQ(FailureOf([&] { ToggleMod10(Session); }), FailureNumber::NoSuchElement);
 }
 
-TEST_F(ObjectCommandTest, OneCheckDigitWordStandsAtATime)
+TEST_F(ObjectCommandTest, OnlyOneCheckDigitWordIsSetAtATime)
 {
     CardObject& object = Select(AddField(Session, 1));
     EXPECT_EQ(object.DataMember, QStringLiteral("False"));
@@ -193,7 +193,7 @@ TEST_F(ObjectCommandTest, TheColourDialogOpensOnTheTextsColour)
     EXPECT_EQ(Station.Operator.ColorsShown, (std::vector<ColorValue>{0x0000FF, 0x0000FF}));
 }
 
-TEST_F(ObjectCommandTest, TheFontTravelsWithItsSixValues)
+TEST_F(ObjectCommandTest, TheFontDialogTakesAndGivesSixValues)
 {
     const Font before{QStringLiteral("Liberation Sans"), 12.5, true, false, true, false};
     const Font after{QStringLiteral("DejaVu Sans"), 8.25, false, true, false, true};
@@ -207,7 +207,7 @@ TEST_F(ObjectCommandTest, TheFontTravelsWithItsSixValues)
     EXPECT_EQ(Station.Operator.FontsShown, (std::vector<Font>{before, before}));
 }
 
-TEST_F(ObjectCommandTest, AdjustingNothingFailsButForTheFont)
+TEST_F(ObjectCommandTest, AdjustingWithoutASelectionFailsExceptForTheFont)
 {
     AddText(Session, QStringLiteral("Visitor"));
     EXPECT_EQ(FailureOf([&] { AdjustText(Session); }), FailureNumber::ObjectNotSet);
@@ -297,7 +297,7 @@ TEST_F(ObjectCommandTest, AChosenDataFieldShowsItsValueOrThePlaceholder)
     EXPECT_EQ(field.DataField, QStringLiteral("2"));
 }
 
-TEST_F(ObjectCommandTest, TheFieldViewerChoosesForNobody)
+TEST_F(ObjectCommandTest, TheFieldViewerChangesNoObject)
 {
     SetRecord(Session, {QStringLiteral("Anna"), QStringLiteral("Bo")});
     const CardObject& field = Select(AddField(Session, 1));

@@ -198,7 +198,7 @@ TEST(Version4Import, AMissingLogoEndsItBehindTheTexts)
     EXPECT_EQ(station.With("LogoName", "LogoName=gone.png").Import(), (Drawn{2, 1, 0}));
 }
 
-TEST(Version4Import, WithoutATickThePictureKeysAreNotRead)
+TEST(Version4Import, ThePictureKeysAreReadOnlyWhenTicked)
 {
     OldStation station;
     station.With("Checked", "Checked=0").With("Top", "Top=broken").With("LogoName", "");

@@ -97,7 +97,7 @@ TEST(CardSequence, ALeadingZeroIsLost)
     EXPECT_EQ(station.Run(Numbers("007", "8")), QStringList{QStringLiteral("<7>")});
 }
 
-TEST(CardSequence, WhatIsNoRunSendsNothing)
+TEST(CardSequence, AnInvalidRunSendsNothing)
 {
     SequenceStation station;
     for (const auto& [start, end] : {std::pair{"", ""}, {"one", "5"}, {"1", "five"}, {"5", "1"}}) {
@@ -123,13 +123,13 @@ TEST(CardSequence, ANumberWithoutACheckDigitEndsTheRun)
     station.ExpectOwnDelimiters();
 }
 
-TEST(CardSequence, NumbersTooLargeToRiseEndAllTheSame)
+TEST(CardSequence, ARunOfNumbersTooLargeToRiseStillEnds)
 {
     SequenceStation station;
     EXPECT_EQ(station.Run(Numbers("100000000000000000000", "100000000000000016384")).size(), 16384);
 }
 
-TEST(CardSequence, ARecordOfAPortInTheMiddleIsFramedAsTold)
+TEST(CardSequence, ARecordThatArrivesDuringTheRunIsFramedByTheOperatorsDelimiters)
 {
     SequenceStation station;
     QStringList values;

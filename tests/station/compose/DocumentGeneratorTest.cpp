@@ -68,7 +68,7 @@ TEST(RecordList, TheViewedFieldGoesUpAndDownAndNotBelowOne)
     EXPECT_EQ(GeneratorStation::Texts(list), QStringList{QStringLiteral("Anna")});
 }
 
-TEST(RecordList, BeyondTheLargestRecordItReturnsToThatOnesCount)
+TEST(RecordList, AViewedFieldBeyondTheLargestRecordReturnsToItsLastField)
 {
     GeneratorStation station;
     station.Keep("<Anna+7>");
@@ -79,7 +79,7 @@ TEST(RecordList, BeyondTheLargestRecordItReturnsToThatOnesCount)
     EXPECT_EQ(GeneratorStation::Texts(list), QStringList{QStringLiteral("7")});
 }
 
-TEST(RecordList, ARecordWithFewerValuesPullsTheNumberDown)
+TEST(RecordList, ARecordWithFewerValuesLowersTheViewedField)
 {
     GeneratorStation station;
     station.Keep("<Anna+7>");
@@ -102,7 +102,7 @@ TEST(RecordList, ARecordWithoutValuesHasNoLineAndHidesNoOther)
     EXPECT_EQ(GeneratorStation::Texts(list), QStringList{QStringLiteral("Anna")});
 }
 
-TEST(RecordList, LooksAgainOnlyWhereTheQueueHasGrown)
+TEST(RecordList, ReadsAgainOnlyWhenTheQueueHasGrown)
 {
     GeneratorStation station;
     RecordList list(station.Session.RecordQueue);
@@ -188,7 +188,7 @@ TEST(PrintOnLayouts, ALayoutThatIsGoneIsPassedOver)
     EXPECT_EQ(station.Printers.Operations.count(QStringLiteral("Print(\"Anna\")")), 1);
 }
 
-TEST(PrintOnLayouts, NothingMarkedDoesNothing)
+TEST(PrintOnLayouts, WithoutAMarkedLayoutNothingHappens)
 {
     GeneratorStation station;
     ASSERT_TRUE(LoadLayout(station.Session, QStringLiteral("A")));

@@ -22,7 +22,7 @@ protected:
     TestSession Station;
 };
 
-TEST(PadRules, TheOpeningKeepsTheFieldOnly)
+TEST(PadRules, OpeningTheDialogKeepsTheFieldOnly)
 {
     PadResult pad{QStringLiteral("0"), 8, 1, 2};
     BeginPad(pad);
@@ -57,7 +57,7 @@ TEST(PadRules, ALengthBelowOneIsBypassed)
     EXPECT_EQ(PadLengthText(-1), QStringLiteral("BYP"));
 }
 
-TEST(PadRules, SavingTakesAllOrFails)
+TEST(PadRules, SavingTakesAllValuesOrFails)
 {
     PadResult pad{QStringLiteral("x"), 3, 0, 2};
     EXPECT_EQ(FailureOf([&] { SavePad(pad, QStringLiteral("0"), QStringLiteral("BYP"), 1); }),
@@ -118,7 +118,7 @@ TEST_F(FieldDialogsTest, PrefixAndSuffixGoToTheDataFieldOfTheSelectedIndex)
     EXPECT_EQ(field.ToolTipText, QStringLiteral("A\rZ"));
 }
 
-TEST_F(FieldDialogsTest, FiltersAreTheTagOfWhateverIsSelected)
+TEST_F(FieldDialogsTest, FiltersAreTheTagOfTheSelectedObject)
 {
     CardObject& field = AddField(Station.Session, 1);
     CardObject& number = AddNumber(Station.Session, 1);

@@ -183,7 +183,7 @@ TEST_F(SerializerComposer, WithTheStoreClosedTheRowIsEmptyAndTheFilterStillReach
     EXPECT_EQ(Session.CurrentParams.Filter, QStringLiteral("y"));
 }
 
-TEST_F(SerializerComposer, ALayoutClosedMeanwhileLeavesNoStreamOfNoLayout)
+TEST_F(SerializerComposer, ALayoutClosedMeanwhileStoresNoStreamWithoutALayout)
 {
     vantrel::SerializerComposer composer(Session);
     composer.Drop(QStringLiteral("START"));

@@ -55,7 +55,7 @@ TEST(StreamElements, ARowOfNoKindIsNoElement)
     EXPECT_FALSE(StreamElementOf({-1, QStringLiteral("x")}).has_value());
 }
 
-TEST(StreamElements, ADropIsToldByItsKey)
+TEST(StreamElements, ADropIsRecognisedByItsKey)
 {
     const struct
     {

@@ -57,7 +57,7 @@ TEST_F(TrackComposer, ACheckDigitIsLeftOutBetweenFields)
               QStringLiteral("DAT1~SEP~DAT2"));
 }
 
-TEST_F(TrackComposer, AFormattedFieldNeverOpenedSavesWithoutASpecAndThenLosesItsWord)
+TEST_F(TrackComposer, AFormattedFieldNeverOpenedIsSavedWithoutPaddingAndThenLosesItsWord)
 {
     EXPECT_EQ(Saved({QStringLiteral("FD")}), QStringLiteral("FDFD"));
     vantrel::TrackComposer again(Session);
@@ -72,7 +72,7 @@ TEST_F(TrackComposer, AStoredFormattedFieldSavesUnchanged)
     EXPECT_EQ(Saved({}), QStringLiteral("FD0^8^0^2"));
 }
 
-TEST_F(TrackComposer, AStaticTextLeftAloneSavesAsItsWord)
+TEST_F(TrackComposer, AnUneditedStaticTextIsSavedAsItsWord)
 {
     EXPECT_EQ(Saved({QStringLiteral("TEXT")}), QStringLiteral("TEXT"));
     EXPECT_EQ(ParseTrackToken(Session.CurrentParams.Track1, {}).TokenValue, QStringLiteral("TEXT"));
@@ -88,7 +88,7 @@ TEST_F(TrackComposer, ACancelledPaddingKeepsOnlyTheFieldLastClicked)
     EXPECT_EQ(composer.Ostrand_Encode(1), QStringLiteral("FD^0^0^5"));
 }
 
-TEST_F(TrackComposer, AFormattedFieldTakesWhatTheDialogLeftAndForgetsAllButTheField)
+TEST_F(TrackComposer, AFormattedFieldTakesTheDialogsValuesAndKeepsOnlyTheField)
 {
     vantrel::TrackComposer composer(Session);
     composer.Drop(1, QStringLiteral("FD"));
@@ -134,7 +134,7 @@ TEST_F(TrackComposer, SavingFailsWhereTheStoreIsClosed)
     EXPECT_EQ(FailureOf([&] { composer.Save(); }), FailureNumber::ObjectClosed);
 }
 
-TEST_F(TrackComposer, ADropSelectsItsRowAlsoWithAKeyThatMakesNoElement)
+TEST_F(TrackComposer, ADropSelectsItsRowEvenIfItsKeyMakesNoElement)
 {
     vantrel::TrackComposer composer(Session);
     EXPECT_EQ(composer.SelectedTrack(), 0);
@@ -155,7 +155,7 @@ TEST_F(TrackComposer, ClearingEmptiesTheSelectedRowOnly)
     EXPECT_TRUE(Test.Operator.Boxes.isEmpty());
 }
 
-TEST_F(TrackComposer, ClearingWithoutASelectedRowTellsToSelectOne)
+TEST_F(TrackComposer, ClearingWithoutASelectedRowAsksToSelectOne)
 {
     Session.CurrentParams.Track1 = QStringLiteral("DAT1");
     vantrel::TrackComposer composer(Session);

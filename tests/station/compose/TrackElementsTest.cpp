@@ -93,7 +93,7 @@ TEST(TrackElements, ALiteralIsWrittenAsTypedAndItsDelimiterSplitsIt)
     EXPECT_EQ(ReadTrackElements(WriteTrackElements({text})).size(), 2U);
 }
 
-TEST(TrackElements, TheToolTipTellsTheText)
+TEST(TrackElements, TheToolTipShowsTheText)
 {
     EXPECT_EQ(ElementOf(QStringLiteral("TEXT")).ToolTipText,
               QStringLiteral("Current Text Value Is   :   Empty"));
@@ -113,7 +113,7 @@ TEST(TrackElements, AnAnswerBecomesTheTextAndAnEmptyOneChangesNothing)
     EXPECT_EQ(text.ToolTipText, QStringLiteral("Current Text Value Is   :   ACME"));
 }
 
-TEST(TrackElements, ADropIsToldByItsKey)
+TEST(TrackElements, ADropIsRecognisedByItsKey)
 {
     const struct
     {
@@ -157,7 +157,7 @@ TEST(TrackElements, TheTreeOffersKindsThenValuesThenNumbers)
                         QStringLiteral("AutoNumber Field 1|ANUM=1")}));
 }
 
-TEST(TrackElements, EachKindHasItsLook)
+TEST(TrackElements, EachKindHasItsColoursAndCaption)
 {
     const struct
     {

@@ -202,7 +202,7 @@ TEST(PdfImport, NeverReplacesAnEarlierPicture)
     EXPECT_TRUE(QFile::exists(second));
 }
 
-TEST(PdfImport, ABrokenEmptyOrMissingFileIsTold)
+TEST(PdfImport, ABrokenEmptyOrMissingFileIsReported)
 {
     BackedStation station;
     station.TurnPdfImportOn();
@@ -224,7 +224,7 @@ TEST(PdfImport, ABrokenEmptyOrMissingFileIsTold)
     EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, station.First);
 }
 
-TEST(PdfImport, AnEncryptedFileIsTold)
+TEST(PdfImport, AnEncryptedFileIsReported)
 {
     BackedStation station;
     station.TurnPdfImportOn();
@@ -246,7 +246,7 @@ TEST(PdfImport, APageTooLargeForACardIsRefused)
               FailureNumber::InvalidPicture);
 }
 
-TEST(PdfImport, AnythingButTrueLeavesItOff)
+TEST(PdfImport, AnyValueButTrueLeavesItOff)
 {
     BackedStation station;
     for (const char* value : {"False", "0", "maybe", ""}) {

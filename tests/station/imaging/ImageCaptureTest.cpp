@@ -64,7 +64,7 @@ TEST(ImageCapture, TheViewportIsTwiceTheLargestCameraObject)
     EXPECT_EQ(station.Open().ViewportTwips(), QSize(3600, 4000));
 }
 
-TEST(ImageCapture, ItsAxesAreCrossed)
+TEST(ImageCapture, SwapsHorizontalAndVertical)
 {
     CaptureStation station;
     EXPECT_EQ(station.Open({15, 12}).ViewportPixels(), QSize(250, 267));
@@ -81,7 +81,7 @@ TEST(ImageCapture, WithoutACameraObjectTheViewportHasNoSize)
     EXPECT_EQ(capture.ViewportPixels(), QSize(0, 0));
 }
 
-TEST(ImageCapture, ADoubleBeyond16BitsIsPassedOver)
+TEST(ImageCapture, AZoomedLengthBeyond16BitsIsPassedOver)
 {
     CaptureStation station;
     station.AddCamera(20000, 2000);
@@ -120,7 +120,7 @@ TEST(ImageCapture, AtLevelOneThePictureFillsTheControl)
     EXPECT_EQ(capture.Shown({7200, 5400}).size(), QSize(528, 396));
 }
 
-TEST(ImageCapture, ALevelBeyondAllUseShowsNothing)
+TEST(ImageCapture, AnExcessiveZoomLevelShowsNothing)
 {
     CaptureStation station;
     // The last two fit no memory and no number of pixels.
@@ -159,7 +159,7 @@ TEST(ImageCapture, ZoomingOutStopsAtOne)
     EXPECT_EQ(capture.Level(), 1.0F);
 }
 
-TEST(ImageCapture, ZoomingDegradesNothing)
+TEST(ImageCapture, ZoomingKeepsTheQualityOfThePicture)
 {
     CaptureStation station;
     ImageCapture capture = station.Open();
@@ -178,7 +178,7 @@ TEST(ImageCapture, ZoomingDegradesNothing)
     EXPECT_EQ(capture.Shown({7200, 5400}), first);
 }
 
-TEST(ImageCapture, TheScrollBarsTakeThePicturesSizeCrossed)
+TEST(ImageCapture, TheScrollBarsTakeThePicturesSizeWithItsAxesSwapped)
 {
     CaptureStation station;
     ImageCapture capture = station.Open();
@@ -209,7 +209,7 @@ TEST(ImageCapture, AimsAroundThePointerAndStaysOnTheDesktop)
     EXPECT_EQ(capture.AimAt({-900, 0}, QRect(-1000, 0, 1000, 800)), QRect(-1000, 0, 200, 267));
 }
 
-TEST(ImageCapture, WorksOutTheSourceThatNothingTakes)
+TEST(ImageCapture, ComputesASourceRectangleThatNothingUses)
 {
     CaptureStation station;
     const ImageCapture capture = station.Open();
@@ -222,7 +222,7 @@ TEST(ImageCapture, WorksOutTheSourceThatNothingTakes)
               FailureNumber::Overflow);
 }
 
-TEST(ImageCapture, TheTraceTellsThePointWhereItIsTurnedOn)
+TEST(ImageCapture, TheTraceLogsThePointWhereItIsTurnedOn)
 {
     CaptureStation station;
     const ImageCapture capture = station.Open();
@@ -313,7 +313,7 @@ TEST(FolderCamera, DeliversTheNewestPicture)
     EXPECT_EQ(Exposed(camera, true), QSize(20, 10));
 }
 
-TEST(FolderCamera, PassesOverWhatIsNoPictureYet)
+TEST(FolderCamera, PassesOverAFileThatIsNotYetAWholePicture)
 {
     TestSession station;
     station.WritePng(QStringLiteral("whole.png"), 20, 10);

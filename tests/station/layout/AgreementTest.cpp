@@ -237,7 +237,7 @@ TEST_F(Agreement, ACameraPictureIsNotStored)
     EXPECT_EQ(Reload(Family::img_CAM).Picture, CameraPlaceholder());
 }
 
-TEST_F(Agreement, LooksAreNotStoredButConstant)
+TEST_F(Agreement, BorderAndBackStyleAreNotStoredButConstant)
 {
     CardObject& text = AddText(Session, QStringLiteral("x"));
     text.BorderStyle = 0;

@@ -289,7 +289,7 @@ TEST(DesignSurface, ARecordThatReloadsThePageLeavesTheDragWithoutAnObject)
     ExpectBox(station.Field(), 600, 900, 1500, 300);
 }
 
-TEST(SizeFields, StepByOneTwipAndNotBelowZero)
+TEST(SizeFields, ChangeByOneTwipAndNotBelowZero)
 {
     QString field = QStringLiteral("1");
     StepDown(field);
@@ -306,7 +306,7 @@ TEST(SizeFields, StepByOneTwipAndNotBelowZero)
     EXPECT_EQ(field, QStringLiteral("1"));
 }
 
-TEST(SizeFields, ReachTheSelectedObjectAllTogether)
+TEST(SizeFields, AreAllAppliedToTheSelectedObjectAtOnce)
 {
     DesignStation station;
     station.SelectField();

@@ -141,7 +141,7 @@ TEST(ShowHandles, ShowsAndHidesAllEightGrips)
     }
 }
 
-TEST(RePaint, AsksForThePageToBePaintedAnew)
+TEST(RePaint, SignalsThatThePageHasChanged)
 {
     TestSession test;
     int changes = 0;

@@ -106,7 +106,7 @@ private:
     qsizetype m_failures = 0;
 };
 
-TEST_F(FailedSave, HoldsNoLockNotEvenWhileItsBoxStandsOpen)
+TEST_F(FailedSave, HoldsNoLockNotEvenWhileItsBoxIsOpen)
 {
     bool lockedBehindTheBox = true;
     Test.Operator.WhileAsked = [&] { lockedBehindTheBox = IsLocked(Path); };
@@ -127,7 +127,7 @@ TEST_F(FailedSave, LetsTheNumbersOfOtherSessionsRise)
     EXPECT_TRUE(SecondOperator.CriticalBoxes.isEmpty());
 }
 
-TEST_F(FailedSave, IsSeenByItsOwnSessionAlone)
+TEST_F(FailedSave, IsSeenByItsOwnSessionOnly)
 {
     FailBehindTheNumber();
     EXPECT_EQ(Loaded(), (QStringList{QStringLiteral("first"), QStringLiteral("1001")}));
@@ -136,7 +136,7 @@ TEST_F(FailedSave, IsSeenByItsOwnSessionAlone)
     EXPECT_EQ(Second.Document.HighestIndex(Family::lbl_TEXT), 2);
 }
 
-TEST_F(FailedSave, AtTheFirstObjectTakesThePageFromItsOwnSessionAlone)
+TEST_F(FailedSave, AtTheFirstObjectHidesThePageFromItsOwnSessionOnly)
 {
     Session.Document.Find(Family::lbl_TEXT, 1)->SetCaption(QStringLiteral("refused"));
     EXPECT_FALSE(SaveLayout(Session, SaveMessages::Silent));
@@ -148,7 +148,7 @@ TEST_F(FailedSave, AtTheFirstObjectTakesThePageFromItsOwnSessionAlone)
     EXPECT_EQ(Loaded(), Values("first", "1001", "last"));
 }
 
-TEST_F(FailedSave, IsMadeGoodByTheNextOneThatWorks)
+TEST_F(FailedSave, IsCompletedByTheNextSaveThatWorks)
 {
     FailBehindTheNumber();
     LastObject().SetCaption(QStringLiteral("better"));
@@ -167,7 +167,7 @@ TEST_F(FailedSave, LetsTheNextOneDeleteWhatIsNotOnTheForm)
     EXPECT_EQ(Stored(), (QStringList{QStringLiteral("first"), QStringLiteral("1001")}));
 }
 
-TEST_F(FailedSave, LeavesThePageWholeInTheFileWhateverIsMadeOfItsPart)
+TEST_F(FailedSave, LeavesThePageWholeInTheFileWhateverTheSessionSavesNext)
 {
     FailBehindTheNumber();
     // The session's next cards show what it sees; their numbers last, and so does the last text.
@@ -202,7 +202,7 @@ TEST_F(FailedSave, MayFailAgainAndAgain)
     EXPECT_EQ(Stored(), Values("changed", "1000", "last"));
 }
 
-TEST_F(FailedSave, KeepsObjectsThatAreInNoFileYetAtTheirPlace)
+TEST_F(FailedSave, KeepsNewObjectsInTheirOrder)
 {
     AddText(Session, QStringLiteral("new"));
     AddText(Session, QString());
@@ -222,7 +222,7 @@ TEST_F(FailedSave, KeepsObjectsThatAreInNoFileYetAtTheirPlace)
     EXPECT_EQ(StoredPage(Session, Guests, 3).size(), 1);
 }
 
-TEST_F(FailedSave, GivesWayToWhatAnotherSessionHasSavedSince)
+TEST_F(FailedSave, IsReplacedByWhatAnotherSessionHasSavedSince)
 {
     FailBehindTheNumber();
     EXPECT_EQ(MakeCard(Second, Staff), QStringLiteral("1001"));
@@ -232,7 +232,7 @@ TEST_F(FailedSave, GivesWayToWhatAnotherSessionHasSavedSince)
     EXPECT_EQ(Stored(), Values("first", "1003", "last"));
 }
 
-TEST_F(FailedSave, OfAPartThatAnotherSessionHasSavedMeanwhileLeavesThePageWhole)
+TEST_F(FailedSave, LeavesThePageWholeWhereAnotherSessionHasSavedItSince)
 {
     FailBehindTheNumber();
     ASSERT_EQ(Loaded().size(), 2);
@@ -258,7 +258,7 @@ TEST_F(FailedSave, OfOnePageTouchesNoOtherPage)
     EXPECT_EQ(Loaded(1), (QStringList{QStringLiteral("first"), QStringLiteral("1001")}));
 }
 
-TEST_F(FailedSave, IsNoPartOfALayoutThatIsDeleted)
+TEST_F(FailedSave, IsDroppedWhenItsLayoutIsDeleted)
 {
     FailBehindTheNumber();
     ASSERT_EQ(Loaded().size(), 2);

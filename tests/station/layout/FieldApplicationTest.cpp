@@ -41,7 +41,7 @@ QString Data(int number)
 
 } // namespace
 
-TEST_F(FieldApplication, ThirdFieldShowsTheLastValueOnceMore)
+TEST_F(FieldApplication, AThirdFieldRepeatsTheLastOfTwoValues)
 {
     AddField(Session, 1);
     AddField(Session, 2);
@@ -270,7 +270,7 @@ TEST_F(FieldApplication, DynamicFieldsTurnThemselvesOff)
     EXPECT_EQ(Session.Document.HighestIndex(Family::lbl_DATA), 1);
 }
 
-TEST_F(FieldApplication, TickIsTakenOffEvenWhereNothingWasMade)
+TEST_F(FieldApplication, TheTickIsRemovedEvenIfNoFieldWasMade)
 {
     Session.Face.SetTick(Tick::chkAutoAdd, true);
     Apply({});

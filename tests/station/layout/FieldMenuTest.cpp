@@ -70,7 +70,7 @@ TEST(FieldMenu, ShowsItsRecordUntilItIsBuiltAnew)
               QStringLiteral("Data Field 1        =      A"));
 }
 
-TEST(FieldMenu, OfAMillionValuesTakesNoMemoryOfItsOwn)
+TEST(FieldMenu, AMillionValuesTakeNoMemoryInTheMenu)
 {
     TestSession station;
     SetRecord(station.Session, {QStringLiteral("A")});

@@ -165,7 +165,7 @@ TEST(DeleteLayoutRows, WithTheStoreClosedStillClosesTheLayout)
     EXPECT_FALSE(test.Session.Document.IsLoaded());
 }
 
-TEST(RefreshData, TellsThePageOrThatItIsNew)
+TEST(RefreshData, ShowsThePageNumberOrThatThePageIsNew)
 {
     TestSession test;
     vantrel::Session& session = test.Session;

@@ -87,7 +87,7 @@ TEST_F(LayoutNamesTest, AnyNameWithoutAnApostropheIsSavedLoadedAndDeletedAsItsel
     }
 }
 
-TEST_F(LayoutNamesTest, ANameWithAnApostropheIsToldAtTheSaveAndNeitherLoadedNorDeleted)
+TEST_F(LayoutNamesTest, ANameWithAnApostropheIsReportedAtTheSaveAndNeitherLoadedNorDeleted)
 {
     const QStringList names = {QStringLiteral("O'Brien"),
                                QStringLiteral("'"),

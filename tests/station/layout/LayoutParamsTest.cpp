@@ -271,7 +271,7 @@ TEST_F(LayoutParams, WithTheStoreClosedLoadResetsAndSaveFails)
     EXPECT_THROW(CountLayoutPages(Session.LayoutDb, Session.CurrentLayoutName), Failure);
 }
 
-TEST_F(LayoutParams, ANameWithAnApostropheIsNoStatementTheStoreTakes)
+TEST_F(LayoutParams, ANameWithAnApostropheMakesAnInvalidStatement)
 {
     Session.CurrentLayoutName = QStringLiteral("O'Brien");
     EXPECT_THROW(

@@ -200,7 +200,7 @@ TEST_F(LoadLayoutTest, TheAutoSpoolTickFollowsThePage)
     EXPECT_FALSE(Session.Face.IsTicked(Tick::chkAutoSpool));
 }
 
-TEST_F(LoadLayoutTest, TheCaptionTellsLayoutAndPrinterAndTheFieldMenuIsRebuilt)
+TEST_F(LoadLayoutTest, TheCaptionShowsLayoutAndPrinterAndTheFieldMenuIsRebuilt)
 {
     SavePageWith(QStringLiteral("x"), 1);
     SetRecord(Session, {QStringLiteral("A")});

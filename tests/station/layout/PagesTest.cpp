@@ -88,7 +88,7 @@ TEST(NewPage, ReadsAsPageNOfN)
     EXPECT_EQ(station.Panel(), QStringLiteral("Layout (Badge) Page 2 of 2"));
 }
 
-TEST(NewPage, ARecountThatFindsFewerCallsItNew)
+TEST(NewPage, IsShownAsNewAfterALoadHasCountedThePagesOfTheStore)
 {
     PagedStation station(1);
     NewPage(station.Session);
@@ -110,7 +110,7 @@ TEST(NewPage, IsGoneAtTheNextPageChange)
     EXPECT_EQ(station.Stored("Badge"), QStringList{QStringLiteral("1 Badge 1")});
 }
 
-TEST(DeletePage, TakesTheNumberFromAllLayoutsAndMovesTheHigherPagesDown)
+TEST(DeletePage, DeletesThatPageOfAllLayoutsAndMovesTheHigherPagesDown)
 {
     PagedStation station(3);
     station.Open(2);
@@ -149,7 +149,7 @@ TEST(DeletePage, FromThePageAboveTheSecondItGoesToTheOneBefore)
     EXPECT_EQ(station.Text(), QStringLiteral("Badge 2"));
 }
 
-TEST(DeletePage, OfTheFirstOfTwoStaysAtTheFirst)
+TEST(DeletePage, DeletingTheFirstOfTwoStaysAtTheFirst)
 {
     PagedStation station(2);
     station.Operator.Answers = {true};
@@ -199,7 +199,7 @@ TEST(DeletePage, APageReloadedWhileItAsksIsTheSamePage)
     EXPECT_EQ(station.Stored("Badge").size(), 2);
 }
 
-TEST(DeletePage, OnlyThePageItAskedToClearIsCleared)
+TEST(DeletePage, ClearsOnlyThePageItAskedAbout)
 {
     PagedStation station(1);
     station.Operator.WhileAsked = [&] {
@@ -223,7 +223,7 @@ TEST(DeletePage, TheOnlyPageIsClearedOnTheFormInstead)
         QStringLiteral("You must have at least one object on a page!")));
 }
 
-TEST(DeletePage, TheOnlyPageKeptIsTrueToo)
+TEST(DeletePage, KeepingTheOnlyPageReturnsTrueToo)
 {
     PagedStation station(1);
     station.Operator.Answers = {false};

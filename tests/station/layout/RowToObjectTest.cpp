@@ -134,7 +134,7 @@ TEST_F(RowToObject, ATextRowOfAnyOtherKindIsStaticText)
     }
 }
 
-TEST_F(RowToObject, AStaticTextWithoutATextIsCalledByItsIndex)
+TEST_F(RowToObject, AStaticTextWithoutATextIsNamedByItsIndex)
 {
     LoadLabel(QStringLiteral("C_Param_1"), QStringLiteral("'TXT'"));
     EXPECT_EQ(Only(Family::lbl_TEXT).Caption(), QStringLiteral("Static Text 1"));

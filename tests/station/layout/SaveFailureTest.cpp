@@ -59,7 +59,7 @@ protected:
     const QString Path = Session.PathInFolder(QStringLiteral("Vantrel.dat"));
 };
 
-TEST_F(SaveFailure, AClosedStoreIsToldAndNoTransactionIsBegun)
+TEST_F(SaveFailure, AClosedStoreIsReportedAndNoTransactionIsBegun)
 {
     Session.LayoutDb.Close();
     ExpectBoxOf(FailureNumber::ObjectClosed);
@@ -82,7 +82,7 @@ TEST_F(SaveFailure, AMissingObjectsTableLeavesTheTransactionOpen)
     EXPECT_EQ(Session.LayoutDb.TransactionDepth(), 1);
 }
 
-TEST_F(SaveFailure, AnotherSessionsLockIsToldWhenItStays)
+TEST_F(SaveFailure, AnotherSessionsLockIsReportedIfItLasts)
 {
     Connection other;
     other.Open(Path);
@@ -136,7 +136,7 @@ TEST_F(SaveFailure, TheNextSaveBeginsInsideTheOpenTransaction)
     EXPECT_EQ(StoredTexts(), (QStringList{QStringLiteral("first"), QStringLiteral("third")}));
 }
 
-TEST_F(SaveFailure, AFullDiskIsToldAndASaveWorksAgainWhenRoomReturns)
+TEST_F(SaveFailure, AFullDiskIsReportedAndASaveWorksAgainWhenThereIsRoom)
 {
     for (int i = 0; i < 50; ++i)
         AddText(Session, QString(3000, QLatin1Char('x')));

@@ -49,7 +49,7 @@ TEST_F(SaveLayoutTest, WithoutAnOpenLayoutItDoesNothing)
     EXPECT_TRUE(StoredRows(Session, QStringLiteral("SELECT * FROM LayoutParams")).isEmpty());
 }
 
-TEST_F(SaveLayoutTest, TellsWhenItIsNotSilent)
+TEST_F(SaveLayoutTest, ReportsItsEndUnlessItIsSilent)
 {
     AddText(Session, QStringLiteral("x"));
     EXPECT_TRUE(SaveLayout(Session, SaveMessages::Silent));

@@ -83,7 +83,7 @@ TEST_F(SaveWithoutRoom, LeavesEveryRowOfAPageLargerThanTheStoresCache)
     ExpectStored(rows, u'b');
 }
 
-TEST_F(SaveWithoutRoom, LeavesThePageAsItWasAtWhicheverWriteItStops)
+TEST_F(SaveWithoutRoom, LeavesThePageUnchangedWhicheverWriteFails)
 {
     constexpr int rows = 40;
     // Half of what a page takes in the log, so that writes are cut in their middle, too.

@@ -135,7 +135,7 @@ TEST_F(MacroChoice, TwoMacrosMayShareALayout)
     EXPECT_EQ(LayoutsGivenTo(Session.LayoutDb, 2), QStringList(QStringLiteral("C")));
 }
 
-TEST_F(MacroChoice, ALayoutDeletedAfterTheSaveHasAnEmptyTurnThatClosesTheOpenOne)
+TEST_F(MacroChoice, ALayoutDeletedAfterTheSavePrintsNothingAndClosesTheOpenOne)
 {
     Save(Macro, {QStringLiteral("A"), QStringLiteral("B")});
     DeleteLayoutRows(Session, QStringLiteral("B"));
@@ -149,7 +149,7 @@ TEST_F(MacroChoice, ALayoutDeletedAfterTheSaveHasAnEmptyTurnThatClosesTheOpenOne
     EXPECT_TRUE(Station.Operator.CriticalBoxes.isEmpty());
 }
 
-TEST_F(MacroChoice, AChoiceWhileTheChainPrintsIsTheNextRecords)
+TEST_F(MacroChoice, AMacroChosenWhileTheChainPrintsCountsForTheNextRecord)
 {
     Save(Macro, {QStringLiteral("A"), QStringLiteral("B")});
     Session.Settings.MainVisible = true;

@@ -34,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST_F(MacroOnArrival, TheFirstRecordPrintsOnTheOpenLayoutTooTheNextOnTheChainOnly)
+TEST_F(MacroOnArrival, OnlyTheFirstRecordPrintsOnTheOpenLayoutBesidesTheChain)
 {
     OpenWithMacro(QStringLiteral("C"), {QStringLiteral("A"), QStringLiteral("B")});
     Arrive("<1>");
@@ -46,7 +46,7 @@ TEST_F(MacroOnArrival, TheFirstRecordPrintsOnTheOpenLayoutTooTheNextOnTheChainOn
     EXPECT_EQ(Session.Face.StatusPanel(3).Text, QStringLiteral("Got Data (TCP/IP)"));
 }
 
-TEST_F(MacroOnArrival, ARecordOfTheSerialPortRunsTheChainToo)
+TEST_F(MacroOnArrival, ARecordFromTheSerialPortRunsTheChainToo)
 {
     const PtyPair cable(Session.PathInFolder(QStringLiteral("adapter")));
     ASSERT_TRUE(WriteProfileValue(SettingsPath(Session.ProgramFolder),
@@ -78,7 +78,7 @@ TEST_F(MacroOnArrival, AMacroWithoutLayoutsLeavesTheOpenLayoutPrinting)
     EXPECT_EQ(Printed(), Cards({QStringLiteral("C 1"), QStringLiteral("C 2")}));
 }
 
-TEST_F(MacroOnArrival, ARecordThatNoPortBroughtPrintsOnTheOpenLayoutOnly)
+TEST_F(MacroOnArrival, ARecordThatCameFromNoPortPrintsOnTheOpenLayoutOnly)
 {
     OpenWithMacro(QStringLiteral("C"), {QStringLiteral("A")});
     ProcessStream(Session, QStringLiteral("<1>"));
@@ -99,7 +99,7 @@ TEST_F(MacroOnArrival, TheNameIsLookedUpAfreshForEachRecord)
               Cards({QStringLiteral("C 1"), QStringLiteral("A 1"), QStringLiteral("B 2")}));
 }
 
-TEST_F(MacroOnArrival, ARecordWithinTheChainRunsItsOwnAndItsValuesGoOnInTheOuterOne)
+TEST_F(MacroOnArrival, ARecordDuringTheChainRunsItsOwnAndTheOuterOneTakesItsValues)
 {
     OpenWithMacro(QStringLiteral("Manual"), {QStringLiteral("Manual"), QStringLiteral("B")});
     AfterFirstCardOfChain([&] { Arrive("<2>"); });
@@ -111,7 +111,7 @@ TEST_F(MacroOnArrival, ARecordWithinTheChainRunsItsOwnAndItsValuesGoOnInTheOuter
     EXPECT_FALSE(Session.CurrentParams.LayoutOpen);
 }
 
-TEST_F(MacroOnArrival, ARecordWithinTheChainPrintsOnTheLayoutThatIsAtItsTurn)
+TEST_F(MacroOnArrival, ARecordDuringTheChainPrintsOnTheLayoutThatIsOpenThen)
 {
     OpenWithMacro(QStringLiteral("Manual"), {QStringLiteral("A"), QStringLiteral("B")});
     AfterFirstCardOfChain([&] { Arrive("<2>"); });
@@ -120,7 +120,7 @@ TEST_F(MacroOnArrival, ARecordWithinTheChainPrintsOnTheLayoutThatIsAtItsTurn)
                                 QStringLiteral("B 2"), QStringLiteral("B 2")}));
 }
 
-TEST_F(MacroOnArrival, WhatHappensToTheMacroWithinItsChainDoesNotReachTheChain)
+TEST_F(MacroOnArrival, ChangesToTheMacroDuringItsChainDoNotAffectTheChain)
 {
     OpenWithMacro(QStringLiteral("Manual"), {QStringLiteral("A"), QStringLiteral("B")});
     AfterFirstCardOfChain([&] {
@@ -136,7 +136,7 @@ TEST_F(MacroOnArrival, WhatHappensToTheMacroWithinItsChainDoesNotReachTheChain)
     EXPECT_EQ(Printed(), Cards({QStringLiteral("A 1"), QStringLiteral("B 1")}));
 }
 
-TEST_F(MacroOnArrival, ALayoutClosedWithinItsTurnDoesNotStopTheChain)
+TEST_F(MacroOnArrival, ALayoutClosedWhileItPrintsDoesNotStopTheChain)
 {
     OpenWithMacro(QStringLiteral("Manual"), {QStringLiteral("A"), QStringLiteral("B")});
     AfterFirstCardOfChain([&] { CloseLayout(Session); });

@@ -69,7 +69,7 @@ TEST_F(MacroTable, AKeyIsOneAboveTheHighest)
               QStringLiteral("2 3"));
 }
 
-TEST_F(MacroTable, ANameIsGivenOnce)
+TEST_F(MacroTable, ANameCanBeGivenOnlyOnce)
 {
     AddMacro(Store, A);
     AddMacro(Store, B);
@@ -79,7 +79,7 @@ TEST_F(MacroTable, ANameIsGivenOnce)
     EXPECT_EQ(Store.TransactionDepth(), 0);
 }
 
-TEST_F(MacroTable, NamesTheStationCouldNotLookUpAreRefused)
+TEST_F(MacroTable, NamesThatTheStationCannotLookUpAreRefused)
 {
     AddMacro(Store, A);
     const QStringList refused = {QString(),

@@ -31,14 +31,14 @@ TEST_F(MacroStation, TwoMacrosMayShareALayout)
     EXPECT_EQ(Printed(), Cards({QStringLiteral("A one"), QStringLiteral("A one")}));
 }
 
-TEST_F(MacroStation, AutomaticPrintingOfALayoutHasNoInfluence)
+TEST_F(MacroStation, TheAutomaticPrintingOfALayoutHasNoInfluence)
 {
     DefineMacro(Macro, {QStringLiteral("Manual"), QStringLiteral("A")});
     RunMacro(Session, Macro);
     EXPECT_EQ(Printed(), Cards({QStringLiteral("Manual one"), QStringLiteral("A one")}));
 }
 
-TEST_F(MacroStation, NoLayoutIsOpenBehindTheChain)
+TEST_F(MacroStation, NoLayoutIsOpenAfterTheChain)
 {
     DefineMacro(Macro, {QStringLiteral("A"), QStringLiteral("B")});
     ASSERT_TRUE(LoadLayout(Session, QStringLiteral("C")));
@@ -106,7 +106,7 @@ TEST_F(MacroStation, AnUnknownNamePrintsNothingAndClosesNothing)
     EXPECT_EQ(Session.CurrentLayoutName, QStringLiteral("C"));
 }
 
-TEST_F(MacroStation, ANameWithAnApostrophePrintsNothing)
+TEST_F(MacroStation, AMacroNameWithAnApostrophePrintsNothing)
 {
     const QString name = QStringLiteral("Fred's");
     DefineMacro(name, {QStringLiteral("A")});
@@ -124,7 +124,7 @@ TEST_F(MacroStation, AMacroWithoutRowsPrintsNothingAndClosesNothing)
     EXPECT_TRUE(Session.CurrentParams.LayoutOpen);
 }
 
-TEST_F(MacroStation, ALayoutThatIsGoneHasAnEmptyTurnAnywhereInTheChain)
+TEST_F(MacroStation, ALayoutThatIsGonePrintsNothingAnywhereInTheChain)
 {
     const QString gone = QStringLiteral("Gone");
     DefineMacro(Macro, {gone, QStringLiteral("A"), gone, gone, QStringLiteral("B"), gone});
@@ -145,7 +145,7 @@ TEST_F(MacroStation, ALayoutThatIsGoneClosesTheOneThatWasOpen)
     EXPECT_FALSE(Session.CurrentParams.LayoutOpen);
 }
 
-TEST_F(MacroStation, ALayoutNameWithAnApostropheHasAnEmptyTurn)
+TEST_F(MacroStation, ALayoutNameWithAnApostrophePrintsNothing)
 {
     DefineMacro(Macro, {QStringLiteral("Fred's"), QStringLiteral("B")});
     RunMacro(Session, Macro);
@@ -212,7 +212,7 @@ TEST_F(MacroStation, AChainOfTwentyLayoutsPrintsThemAll)
     EXPECT_EQ(Station.Printers.Operations.count(QStringLiteral("EndDoc")), 20);
 }
 
-TEST_F(MacroStation, TheTraceTellsEachLayoutOnlyWhereItIsTurnedOn)
+TEST_F(MacroStation, TheTraceLogsEachLayoutOnlyWhereItIsTurnedOn)
 {
     DefineMacro(Macro, {QStringLiteral("B"), QStringLiteral("Gone")});
     const auto run = [this] { RunMacro(Session, Macro); };

@@ -71,10 +71,10 @@ TEST(CardThroughCups, WithTheServerGoneTheStationRunsOnAndItsOwnPrinterPrints)
 }
 
 /// A station with one automatic number on its card, for one queue.
-class CardPastAFault : public ::testing::Test
+class QueueFault : public ::testing::Test
 {
 protected:
-    CardPastAFault()
+    QueueFault()
     {
         m_cups.AddQueue(QStringLiteral("Another"));
         m_cups.AddQueue(Queue);
@@ -102,7 +102,7 @@ protected:
     std::optional<RealStation> m_station;
 };
 
-TEST_F(CardPastAFault, OfAPausedQueueWaitsThereAndComesWhenItRuns)
+TEST_F(QueueFault, ACardForAPausedQueueWaitsAndPrintsWhenItRuns)
 {
     m_cups.Pause(Queue);
     EXPECT_EQ(NumberAfterPrinting(), QStringLiteral("2"));
@@ -115,7 +115,7 @@ TEST_F(CardPastAFault, OfAPausedQueueWaitsThereAndComesWhenItRuns)
     EXPECT_FALSE(Spool().Paused);
 }
 
-TEST_F(CardPastAFault, OfARejectingQueueIsLostAndTheNextOnePrints)
+TEST_F(QueueFault, ACardForARejectingQueueIsLostAndTheNextOnePrints)
 {
     m_cups.Reject(Queue);
     EXPECT_EQ(NumberAfterPrinting(), QStringLiteral("2"));
@@ -127,7 +127,7 @@ TEST_F(CardPastAFault, OfARejectingQueueIsLostAndTheNextOnePrints)
     ExpectCards({QStringLiteral("3")});
 }
 
-TEST_F(CardPastAFault, OfAQueueDeletedSinceTheListIsLostAndTheNextOnePrints)
+TEST_F(QueueFault, ACardForADeletedQueueIsLostAndTheNextOnePrints)
 {
     ASSERT_TRUE(m_station->Printers.DeviceNames().contains(Queue));
     m_cups.Delete(Queue);
@@ -139,7 +139,7 @@ TEST_F(CardPastAFault, OfAQueueDeletedSinceTheListIsLostAndTheNextOnePrints)
     ExpectCards({QStringLiteral("3")});
 }
 
-TEST_F(CardPastAFault, WithItsServerGoneIsLostAndTheNextOnePrintsWhenItIsBack)
+TEST_F(QueueFault, ACardWithoutAServerIsLostAndTheNextOnePrintsWhenItIsBack)
 {
     m_cups.Kill();
     EXPECT_EQ(NumberAfterPrinting(), QStringLiteral("2"));
@@ -149,7 +149,7 @@ TEST_F(CardPastAFault, WithItsServerGoneIsLostAndTheNextOnePrintsWhenItIsBack)
     ExpectCards({QStringLiteral("3")});
 }
 
-TEST_F(CardPastAFault, GoesOnWithItsCopies)
+TEST_F(QueueFault, ALostCardDoesNotStopTheOtherCopies)
 {
     m_station->Session.CurrentParams.PrinterCopies = 3;
     SavePage(m_station->Session);

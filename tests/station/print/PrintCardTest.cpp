@@ -70,7 +70,7 @@ TEST_F(PrintWalk, TheOpenPageIsOpenAgainAfterwards)
     EXPECT_EQ(Session.Document.Find(Family::lbl_TEXT, 1)->Caption(), QStringLiteral("back"));
 }
 
-TEST_F(PrintWalk, ThePointerIsBusyForTheLengthOfTheJob)
+TEST_F(PrintWalk, TheHourglassShowsForTheLengthOfTheJob)
 {
     MakeTwoPages(9, 1);
     PrintCard(Session);
@@ -92,10 +92,10 @@ constexpr TypeRow TypeTable[] = {{1, 2, true, true},    {2, 2, false, true},  {3
                                  {10, 2, false, true},  {11, 2, false, true}, {0, 0, false, false},
                                  {12, 0, false, false}, {-1, 0, false, false}};
 
-class PrinterKinds : public PrintWalk, public ::testing::WithParamInterface<TypeRow>
+class EachPrinterType : public PrintWalk, public ::testing::WithParamInterface<TypeRow>
 {};
 
-TEST_P(PrinterKinds, DecideWhatACopyDoes)
+TEST_P(EachPrinterType, DecidesWhatACopyDoes)
 {
     const TypeRow row = GetParam();
     MakeTwoPages(row.PrinterType, 1);
@@ -110,9 +110,9 @@ TEST_P(PrinterKinds, DecideWhatACopyDoes)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryKind, PrinterKinds, ::testing::ValuesIn(TypeTable));
+INSTANTIATE_TEST_SUITE_P(EveryKind, EachPrinterType, ::testing::ValuesIn(TypeTable));
 
-TEST_F(PrintWalk, AKindThatPrintsNothingRaisesAndSavesNothing)
+TEST_F(PrintWalk, APrinterTypeThatPrintsNothingRaisesAndSavesNothing)
 {
     BeginLayout(Session, QStringLiteral("Card"), 7);
     Session.CurrentParams.PrinterCopies = 3;

@@ -55,14 +55,14 @@ TEST_F(PrintPage, NamesTheJobByLayoutAndPage)
     EXPECT_TRUE(Printed().contains(QStringLiteral("JobTitle = \"Card - Page 1\"")));
 }
 
-TEST_F(PrintPage, TakesAPercentSignAndADigitInTheLayoutsNameAsTheyStand)
+TEST_F(PrintPage, KeepsAPercentSignAndADigitOfTheLayoutsName)
 {
     BeginLayout(Session, QStringLiteral("%1 of %2 %L1 100%"));
     AddText(Session, QStringLiteral("Hello"));
     EXPECT_TRUE(Printed().contains(QStringLiteral("JobTitle = \"%1 of %2 %L1 100% - Page 1\"")));
 }
 
-TEST_F(PrintPage, SelectsTheFontAnewThenCopiesItsValuesInOneOrder)
+TEST_F(PrintPage, SelectsTheFontAnewAndThenSetsItsValuesInAFixedOrder)
 {
     CardObject& text = AddText(Session, QStringLiteral("Hello"));
     text.SetFont({QStringLiteral("Liberation Serif"), 12.5, true, false, true, false});

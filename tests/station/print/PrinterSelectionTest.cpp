@@ -68,7 +68,7 @@ TEST_F(PrinterSelectionTest, APausedPrinterIsPausedAndItsJobsAreCounted)
     EXPECT_FALSE(row.AcceptsJobs);
 }
 
-TEST_F(PrinterSelectionTest, KindsComeInTheirDisplayOrder)
+TEST_F(PrinterSelectionTest, PrinterTypesAreListedInTheirDisplayOrder)
 {
     const auto kinds = ReadPrinterKinds(Session.LayoutDb);
     QStringList tags;
@@ -80,7 +80,7 @@ TEST_F(PrinterSelectionTest, KindsComeInTheirDisplayOrder)
     EXPECT_EQ(kinds.back().DualSided, QStringLiteral("No"));
 }
 
-TEST_F(PrinterSelectionTest, ANullFlagShowsNoLikeAFalseOne)
+TEST_F(PrinterSelectionTest, ANullFlagIsShownAsNo)
 {
     AddPrinterKind(Session, QStringLiteral("Nulls"), 77, QVariant(), 1, -2);
     AddPrinterKind(Session, QStringLiteral("Falses"), 78, 1, QVariant(), -1);
@@ -102,20 +102,20 @@ TEST_F(PrinterSelectionTest, ANullNameOrCodeIsAnEmptyText)
     EXPECT_EQ(kinds[0].Tag, QString());
 }
 
-TEST_F(PrinterSelectionTest, WithoutADatabaseThereAreNoKindsAndNothingFails)
+TEST_F(PrinterSelectionTest, WithoutADatabaseThereAreNoPrinterTypesAndNothingFails)
 {
     TestSession bare;
     EXPECT_TRUE(ReadPrinterKinds(bare.Session.LayoutDb).empty());
 }
 
-TEST_F(PrinterSelectionTest, OnlyTheSerializedKindIsConfigured)
+TEST_F(PrinterSelectionTest, OnlyTheSerializedTypeCanBeConfigured)
 {
     EXPECT_TRUE(IsConfigurable(QStringLiteral("3")));
     for (const char* tag : {"", "1", "2", "4", "33", "3 ", "03", "-3"})
         EXPECT_FALSE(IsConfigurable(QLatin1StringView(tag))) << tag;
 }
 
-TEST_F(PrinterSelectionTest, AnOrientationThatIsNeitherShowsTheDefault)
+TEST_F(PrinterSelectionTest, AnUnknownOrientationShowsTheDefault)
 {
     EXPECT_EQ(OptionOf(1), OrientationOption::Portrait);
     EXPECT_EQ(OptionOf(2), OrientationOption::Landscape);
@@ -139,7 +139,7 @@ TEST_F(PrinterSelectionTest, SavingMakesThePrinterCurrentAndStoresAllFourValues)
     EXPECT_EQ(Stored(QStringLiteral("PrinterCopies")), 3);
 }
 
-TEST_F(PrinterSelectionTest, ALoadOfTheLayoutBringsThemBack)
+TEST_F(PrinterSelectionTest, LoadingTheLayoutRestoresTheSavedValues)
 {
     PrinterChoice choice = Unchanged();
     choice.DeviceName = Second;
@@ -197,7 +197,7 @@ TEST_F(PrinterSelectionTest, AnotherLetterCaseIsAnotherPrinter)
     EXPECT_TRUE(Station.Printers.Operations.isEmpty());
 }
 
-TEST_F(PrinterSelectionTest, WithoutAKindTheKindStaysAndTheRestIsSaved)
+TEST_F(PrinterSelectionTest, WithoutAChosenTypeTheTypeStaysAndTheRestIsSaved)
 {
     for (const char* tag : {"", "no number", "99999999999"}) {
         PrinterChoice choice = Unchanged();
@@ -220,7 +220,7 @@ TEST_F(PrinterSelectionTest, ACountBeyondSixteenBitsLeavesTheCopies)
     EXPECT_EQ(Session.CurrentParams.PrinterCopies, 32767);
 }
 
-TEST_F(PrinterSelectionTest, AForcedResizeGoesByTheKindTheLayoutHadBefore)
+TEST_F(PrinterSelectionTest, AForcedResizeGoesByTheFormerPrinterType)
 {
     Session.CurrentParams.PrinterType = PrinterTypeCode::PlainFixedSize;
     PrinterChoice choice = Unchanged();
@@ -243,7 +243,7 @@ TEST_F(PrinterSelectionTest, WithoutAForcedResizeTheDocumentKeepsItsSize)
     EXPECT_EQ(Session.Document.Width, 2345.0F);
 }
 
-TEST_F(PrinterSelectionTest, APrinterThatRefusesItsOrientationHoldsUpNothing)
+TEST_F(PrinterSelectionTest, APrinterThatRefusesItsOrientationStopsNothing)
 {
     Station.Printers.Get(Second).Failing = {QStringLiteral("Orientation")};
     PrinterChoice choice = Unchanged();

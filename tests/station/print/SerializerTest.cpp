@@ -87,7 +87,7 @@ TEST_F(Serializer, HexUnknownAndNullTypesRenderNothing)
     EXPECT_EQ(BuildSerializerPattern(Session), QStringLiteral(" >"));
 }
 
-TEST_F(Serializer, PrefixCheckDigitAndTheObjectsFilterDoNotEnter)
+TEST_F(Serializer, PrefixCheckDigitAndTheObjectsFilterHaveNoEffect)
 {
     CardObject& field = AddField(Session, 1);
     field.Tag = QStringLiteral("1");

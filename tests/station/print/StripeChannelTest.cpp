@@ -16,10 +16,10 @@ const QString TwoFields = QStringLiteral("DAT1~SEP~DAT2");
 const QString Carrying = QStringLiteral("Card Printer");
 
 /// The operations of one track on a printer that carries some of them.
-class CarriedTrack : public ::testing::Test
+class TrackInAnOption : public ::testing::Test
 {
 protected:
-    CarriedTrack() { SetRecord(Station.Session, {QStringLiteral("a1"), QStringLiteral("b2")}); }
+    TrackInAnOption() { SetRecord(Station.Session, {QStringLiteral("a1"), QStringLiteral("b2")}); }
 
     QStringList Sent(std::int32_t printerType, int track, const QString& formula = TwoFields)
     {
@@ -44,10 +44,10 @@ struct LineRow
 };
 
 /// A station whose queue has a section of its own in the settings file.
-class StripeOnQueue : public ::testing::Test
+class StripeInJobOptions : public ::testing::Test
 {
 protected:
-    StripeOnQueue() : m_queue(QStringLiteral("Cards"))
+    StripeInJobOptions() : m_queue(QStringLiteral("Cards"))
     {
         m_cups.AddQueue(m_queue);
         m_station.emplace(m_queue);
@@ -101,7 +101,7 @@ protected:
 
 } // namespace
 
-TEST_F(CarriedTrack, IsTheLineOfItsFamilyAndOfAMagneticFontItsDataAlone)
+TEST_F(TrackInAnOption, IsTheLineOfItsFamilyAndForMagneticFontsTheDataAlone)
 {
     constexpr std::array rows = {
         LineRow{1, 1, "~1%A1^B2?"},      LineRow{1, 2, "~2;A1=B2?"},
@@ -121,7 +121,7 @@ TEST_F(CarriedTrack, IsTheLineOfItsFamilyAndOfAMagneticFontItsDataAlone)
     EXPECT_EQ(walked, 9);
 }
 
-TEST_F(CarriedTrack, WithoutACharacterIsNotSent)
+TEST_F(TrackInAnOption, IsNotSentWithoutACharacter)
 {
     Station.Printers.Get(Carrying).CarriedTracks = {1, 2, 3};
     for (const std::int32_t type : {1, 2, 4, 5, 11}) {
@@ -130,7 +130,7 @@ TEST_F(CarriedTrack, WithoutACharacterIsNotSent)
     }
 }
 
-TEST_F(CarriedTrack, OfAFamilyWithoutAStripeIsEvaluatedAndNotSent)
+TEST_F(TrackInAnOption, IsEvaluatedAndNotSentForAFamilyWithoutAStripe)
 {
     Station.Printers.Get(Carrying).CarriedTracks = {1, 2, 3};
     EXPECT_EQ(Sent(9, 1), QStringList());
@@ -138,7 +138,7 @@ TEST_F(CarriedTrack, OfAFamilyWithoutAStripeIsEvaluatedAndNotSent)
     EXPECT_EQ(Failed, FailureNumber::SubscriptOutOfRange);
 }
 
-TEST_F(CarriedTrack, ThatFailsIsNotSentInPart)
+TEST_F(TrackInAnOption, IsNotSentInPartWhenItsFormulaFails)
 {
     Station.Printers.Get(Carrying).CarriedTracks = {1, 2, 3};
     for (const std::int32_t type : {1, 2, 4, 5, 11}) {
@@ -147,7 +147,7 @@ TEST_F(CarriedTrack, ThatFailsIsNotSentInPart)
     }
 }
 
-TEST_F(CarriedTrack, LeavesTheOthersOnThePage)
+TEST_F(TrackInAnOption, LeavesTheOtherTracksOnThePage)
 {
     Station.Printers.Get(Carrying).CarriedTracks = {2};
     EXPECT_EQ(Sent(1, 1), QStringList(QStringLiteral("Print(\"~1%A1^B2?\")")));
@@ -155,14 +155,14 @@ TEST_F(CarriedTrack, LeavesTheOthersOnThePage)
     EXPECT_EQ(Sent(5, 3).size(), 5);
 }
 
-TEST_F(StripeOnQueue, WithoutASectionIsTextOnThePage)
+TEST_F(StripeInJobOptions, WithoutASectionTheStripeIsTextOnThePage)
 {
     const auto job = Printed();
     EXPECT_EQ(Words(job), (QStringList{QStringLiteral("~2;1234=5678?"), QStringLiteral("Anna")}));
     EXPECT_TRUE(Tracks(job).isEmpty());
 }
 
-TEST_F(StripeOnQueue, TravelsInTheOptionOfItsTrackAndNotOnThePage)
+TEST_F(StripeInJobOptions, IsSentInTheOptionOfItsTrackAndNotOnThePage)
 {
     SetChannel();
     const auto job = Printed();
@@ -170,7 +170,7 @@ TEST_F(StripeOnQueue, TravelsInTheOptionOfItsTrackAndNotOnThePage)
     EXPECT_EQ(Tracks(job), QStringList(QStringLiteral("card-track-2=~2%3B1234%3D5678%3F")));
 }
 
-TEST_F(StripeOnQueue, IsTheEncodedLineOfEachKind)
+TEST_F(StripeInJobOptions, IsTheEncodedLineOfEachPrinterType)
 {
     constexpr std::array rows = {
         LineRow{1, 2, "~2%3B1234%3D5678%3F"},
@@ -190,7 +190,7 @@ TEST_F(StripeOnQueue, IsTheEncodedLineOfEachKind)
     EXPECT_EQ(walked, 5);
 }
 
-TEST_F(StripeOnQueue, KeepsEveryCharacterThroughItsEncoding)
+TEST_F(StripeInJobOptions, KeepsEveryCharacterThroughItsEncoding)
 {
     SetChannel();
     const QString data = QString::fromUtf8("A 1\"'\\,=%&+#é€{}");
@@ -204,7 +204,7 @@ TEST_F(StripeOnQueue, KeepsEveryCharacterThroughItsEncoding)
     EXPECT_EQ(QString::fromUtf8(QByteArray::fromPercentEncoding(value)), data.leftJustified(20));
 }
 
-TEST_F(StripeOnQueue, SurvivesAWordThatAnOptionTakesForASwitch)
+TEST_F(StripeInJobOptions, KeepsWordsThatTheServerWouldReadAsSwitches)
 {
     SetChannel();
     Session().CurrentParams.PrinterType = 5;
@@ -216,7 +216,7 @@ TEST_F(StripeOnQueue, SurvivesAWordThatAnOptionTakesForASwitch)
                                               QStringLiteral("card-track-3=YES")}));
 }
 
-TEST_F(StripeOnQueue, NeverTravelsWithTheNextCard)
+TEST_F(StripeInJobOptions, IsNotSentWithTheNextCard)
 {
     SetChannel();
     EXPECT_EQ(Tracks(Printed()).size(), 1);
@@ -224,7 +224,7 @@ TEST_F(StripeOnQueue, NeverTravelsWithTheNextCard)
     EXPECT_TRUE(Tracks(Printed(2)).isEmpty());
 }
 
-TEST_F(StripeOnQueue, OfARefusedCardIsForgotten)
+TEST_F(StripeInJobOptions, OfARefusedCardIsForgotten)
 {
     SetChannel();
     m_cups.Reject(m_queue);
@@ -234,7 +234,7 @@ TEST_F(StripeOnQueue, OfARefusedCardIsForgotten)
     EXPECT_TRUE(Tracks(Printed()).isEmpty());
 }
 
-TEST_F(StripeOnQueue, StaysOnThePageForATrackWithoutAnOptionOfItsOwn)
+TEST_F(StripeInJobOptions, StaysOnThePageForATrackWithoutAnOptionOfItsOwn)
 {
     SetChannel();
     Session().CurrentParams.Track1 = Session().CurrentParams.Track3 = QStringLiteral("DAT1");
@@ -248,7 +248,7 @@ TEST_F(StripeOnQueue, StaysOnThePageForATrackWithoutAnOptionOfItsOwn)
     }
 }
 
-TEST_F(StripeOnQueue, TooLongForAnOptionIsLeftOutLikeATrackThatFails)
+TEST_F(StripeInJobOptions, ALineTooLongForAnOptionIsLeftOutLikeATrackThatFails)
 {
     SetChannel();
     SetRecord(Session(), {QString(300, QLatin1Char('1')), QStringLiteral("5678")});
@@ -258,7 +258,7 @@ TEST_F(StripeOnQueue, TooLongForAnOptionIsLeftOutLikeATrackThatFails)
     EXPECT_EQ(Tracks(job), QStringList(QStringLiteral("card-track-1=~1%255678%3F")));
 }
 
-TEST_F(StripeOnQueue, FollowsAChangeOfTheFileAtTheNextCard)
+TEST_F(StripeInJobOptions, FollowsAChangeOfTheFileAtTheNextCard)
 {
     EXPECT_TRUE(Tracks(Printed()).isEmpty());
     SetChannel();
@@ -267,7 +267,7 @@ TEST_F(StripeOnQueue, FollowsAChangeOfTheFileAtTheNextCard)
     EXPECT_TRUE(Tracks(Printed(3)).isEmpty());
 }
 
-TEST_F(StripeOnQueue, OffsetsMoveAllThatIsDrawn)
+TEST_F(StripeInJobOptions, OffsetsMoveAllThatIsDrawn)
 {
     const auto place = [](const PrivateCups::PrintedJob& job, const char* text) {
         const PdfWord word = WordOfPdf(job.PdfPath, QLatin1StringView(text));
@@ -284,7 +284,7 @@ TEST_F(StripeOnQueue, OffsetsMoveAllThatIsDrawn)
     }
 }
 
-TEST_F(StripeOnQueue, TheBuiltInPrinterHasItsOffsetsAndKeepsTheStripeOnThePage)
+TEST_F(StripeInJobOptions, TheBuiltInPrinterHasItsOffsetsAndKeepsTheStripeOnThePage)
 {
     const QString pdf = QStringLiteral("Vantrel PDF");
     Set("StripeChannel", QStringLiteral("option"), pdf);

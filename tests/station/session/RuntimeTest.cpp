@@ -40,7 +40,7 @@ TEST(SessionStatus, AValueThatIsNoBooleanFails)
     }
 }
 
-TEST(SessionStatus, AVisibleThatDiffersIsTakenOverToldAndWrittenBesideTheFolder)
+TEST(SessionStatus, AChangedVisibleIsTakenOverSignalledAndWrittenBesideTheFolder)
 {
     TestSession station;
     station.Session.Settings.MainVisible = true;
@@ -75,7 +75,7 @@ TEST(StatusBar, WithNetworkCaptureItNamesTheAddress)
               QStringLiteral("TCP/IP Active (%1)").arg(station.Session.Sock.LocalIP()));
 }
 
-TEST(StatusBar, ASerialStationKeepsWhatStandsInPanel1)
+TEST(StatusBar, ASerialStationKeepsTheTextOfPanel1)
 {
     TestSession station;
     station.Session.Settings.UseSerial = true;
@@ -160,7 +160,7 @@ TEST(LayoutStatus, NamesThePrinterOfTheLayout)
               QStringLiteral("Current Printer = Front Desk"));
 }
 
-TEST(Unload, AMinimisedWindowLeavesTheStoredGeometry)
+TEST(Unload, AMinimisedWindowLeavesTheStoredGeometryUnchanged)
 {
     TestSession station;
     const Geometry geometry{100, 200, 300, 400};

@@ -83,7 +83,7 @@ const Expected expectedRows[] = {
 
 } // namespace
 
-TEST(SettingsTable, HasEveryRowAsItIsTold)
+TEST(SettingsTable, HasTheExpectedNumberKeyAndDefaultInEveryRow)
 {
     ASSERT_EQ(SettingsTable.size(), 33U);
     ASSERT_EQ(std::size(expectedRows), SettingsTable.size());

@@ -6,7 +6,7 @@
 namespace vantrel::test {
 namespace {
 
-TEST(UnattendedOperator, TellsEachBoxInOneLineAndAnswersAtOnce)
+TEST(UnattendedOperator, WritesEachBoxOnOneLineAndAnswersAtOnce)
 {
     UnattendedOperator nobody;
     testing::internal::CaptureStderr();

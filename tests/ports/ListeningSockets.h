@@ -10,11 +10,11 @@
 
 namespace vantrel::test {
 
-/// A listening array that accepts every host on an element of its own and keeps what is told.
-class ToldSockets : public ::testing::Test
+/// A listening array that accepts every host on an element of its own and keeps what it reports.
+class ListeningSockets : public ::testing::Test
 {
 protected:
-    ToldSockets()
+    ListeningSockets()
     {
         QObject::connect(&Sock, &SockArray::ConnectionRequest, &Sock, [this](int, qintptr request) {
             const int index = Sock.HighestIndex() + 1;
@@ -24,13 +24,13 @@ protected:
         QObject::connect(&Sock, &SockArray::DataArrival, &Sock, [this](int index) {
             ++Depth;
             Deepest = std::max(Deepest, Depth);
-            Told.append(QStringLiteral("%1 sent %2").arg(index).arg(Sock.GetData(index)));
+            Reports.append(QStringLiteral("%1 sent %2").arg(index).arg(Sock.GetData(index)));
             if (auto next = std::exchange(InHandler, nullptr))
                 next();
             --Depth;
         });
         QObject::connect(&Sock, &SockArray::ConnectionClosed, &Sock, [this](int index) {
-            Told.append(QStringLiteral("%1 closed").arg(index));
+            Reports.append(QStringLiteral("%1 closed").arg(index));
             Sock.Close(index);
         });
         Sock.SetLocalPort(Port.Number());
@@ -46,14 +46,14 @@ protected:
         return host;
     }
 
-    bool WasTold(const QString& what)
+    bool WasReported(const QString& what)
     {
-        return EventsUntil([&] { return Told.contains(what); });
+        return EventsUntil([&] { return Reports.contains(what); });
     }
 
     HeldPort Port;
     SockArray Sock;
-    QStringList Told;
+    QStringList Reports;
     /// Runs once, inside the next arrival.
     std::function<void()> InHandler;
     int Depth = 0;
