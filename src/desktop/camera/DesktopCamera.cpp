@@ -16,8 +16,8 @@ namespace {
 constexpr QLatin1StringView FolderWord{"folder:"};
 const QString DefaultDevice = QStringLiteral("Default");
 
-/// A camera of the machine. It runs as long as the dialog stands, and takes its pictures one by
-/// one; an exposure asked for before it is ready is taken when it is.
+/// A camera of the machine. It runs while the dialog is open and takes one picture at a time. An
+/// exposure that is asked for before the camera is ready is taken as soon as it is.
 class DeviceCamera : public Cam
 {
 public:
@@ -53,7 +53,7 @@ private:
     bool m_asked = false;
 };
 
-/// Where there is no camera, or not the one of that name.
+/// Stands in where there is no camera, or none of that name: it never delivers a picture.
 class NoCamera : public Cam
 {
 public:

@@ -7,9 +7,10 @@ namespace vantrel {
 
 class Session;
 
-/// The camera that "Camera" in the section "Station" of the settings file names: "Default" or none
-/// the machine's own, "folder:" and a path the newest picture of that folder, anything else the
-/// device of that name. A machine without it gets a camera that never answers and tells so.
+/// The camera that "Camera" in the section "Station" of the settings file names: "Default" or no
+/// text names the machine's own camera, "folder:" and a path the newest picture of that folder, any
+/// other text the device of that name. Where it does not exist, the camera never answers and
+/// reports that it is missing.
 std::unique_ptr<Cam> MakeCamera(const Session& session);
 
 } // namespace vantrel

@@ -38,7 +38,8 @@ void DesktopViewportImage::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Dark));
     painter.drawImage(m_offset, m_picture);
-    // While something is aimed at nothing may lie on the picture: the screen is what is taken.
+    // While an operator aims, nothing may cover the picture, since the pixels are taken from the
+    // screen.
     if (!hasFocus() || m_aim)
         return;
     QStyleOptionFocusRect frame;

@@ -6,9 +6,9 @@
 
 namespace vantrel {
 
-/// Shows a picture at an offset, in pixels from its own corner, and tells what the mouse does. The
-/// keyboard does the same: the arrow keys aim, with Shift by one pixel, and the blank bar or Enter
-/// is a press of the left button.
+/// Shows a picture at an offset, in pixels from its own corner, and signals what the mouse does.
+/// The keyboard can do the same: the arrow keys aim, with Shift by one pixel, and the space bar or
+/// Enter acts as a press of the left button.
 class DesktopViewportImage : public QWidget
 {
     Q_OBJECT
@@ -31,12 +31,12 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    /// Moves the aim within the control and tells it.
+    /// Moves the aim within the control and signals its place.
     void AimBy(QPoint step);
 
     QImage m_picture;
     QPoint m_offset;
-    /// Where the keyboard or the mouse aims; nowhere until one of them does.
+    /// The point that the keyboard or the mouse aims at; none until one of them is used.
     std::optional<QPoint> m_aim;
 };
 

@@ -126,7 +126,7 @@ QLayout* frmAquireImage2::MakeSide()
 
 void frmAquireImage2::Connect()
 {
-    // It goes with the dialog, and what it delivers after that reaches nobody.
+    // The camera is deleted with the dialog, and a picture that it delivers later is dropped.
     m_camera->setParent(this);
     connect(m_camera, &Cam::PictureAvailable, this, [this](const Picture& picture) {
         m_capture.TakeRawPicture(picture);
@@ -165,7 +165,7 @@ void frmAquireImage2::Import()
     dialog.ShowOpen();
     if (self.isNull() || !QFileInfo(dialog.FileName).isFile())
         return;
-    // It shows as it is: the zoom is applied with the next step.
+    // The picture is shown unzoomed: the stored zoom applies from the next zoom step on.
     Skip("import picture", [&] {
         const Picture picture = LoadPicture(dialog.FileName);
         m_original->SetPicture(picture.Image());
@@ -229,7 +229,7 @@ void frmAquireImage2::Press(Qt::MouseButton button)
 void frmAquireImage2::mousePressEvent(QMouseEvent* event)
 {
     QDialog::mousePressEvent(event);
-    // Anywhere on its body it is taken as by its title.
+    // The dialog can be dragged by any part of its body, as by its title bar.
     if (QWindow* frame = windowHandle())
         frame->startSystemMove();
 }

@@ -14,8 +14,8 @@ class Session;
 
 class DesktopViewportImage;
 
-/// The capture dialog: a picture from the camera or a file, zoomed, and the part under the pointer
-/// that a press of the left button takes for the card. It stands open without blocking the station.
+/// The capture dialog. It shows a picture from the camera or a file, zoomed; a press of the left
+/// button takes the part under the pointer for the card. It is open without blocking the station.
 class frmAquireImage2 : public QDialog
 {
     Q_OBJECT
@@ -36,8 +36,8 @@ private:
     void ApplyZoom();
     void Scroll();
     void Aim(QPoint global, QPointF local);
-    /// What the screen shows in the rectangle; cut from the picture where the display gives no copy
-    /// of its screen.
+    /// What the screen shows in the rectangle. Where the display gives no copy of its screen, the
+    /// rectangle is cut from the picture.
     QImage CopyScreen(const QRect& rectangle) const;
     void Press(Qt::MouseButton button);
 

@@ -13,7 +13,7 @@ namespace {
 constexpr qreal Inset = 1.5;
 constexpr qreal Radius = 4;
 constexpr qreal FocusWidth = 2;
-/// The least width in characters, and the most that a longer text may take.
+/// The least and the greatest width of an element, in characters.
 constexpr int LeastCharacters = 5;
 constexpr int MostCharacters = 14;
 constexpr int OutlineDarker = 140;

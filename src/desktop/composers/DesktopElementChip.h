@@ -5,7 +5,7 @@
 
 namespace vantrel {
 
-/// One element of a composer's row. It can have the focus, by a click or by its row's arrow keys.
+/// One element of a composer's row. It gets the focus by a click or by the arrow keys of its row.
 class DesktopElementChip : public QLabel
 {
     Q_OBJECT
@@ -18,7 +18,8 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-    /// A picture of an element for a tree or a drag, in the size that one with this font has.
+    /// A picture of an element for a tree or a drag, in the size that the element has with this
+    /// font.
     static QPixmap PictureOf(const ElementLook& look, const QWidget& shownOn);
     /// The size of an element on a row with this font.
     static QSize SizeFor(const ElementLook& look, const QFont& font);

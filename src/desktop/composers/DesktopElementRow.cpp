@@ -23,7 +23,8 @@ constexpr qreal FocusWidth = 2;
 
 } // namespace
 
-/// The ground of a row: its colour, a hint while it is empty, and the place a drop would take.
+/// The background of a row. It shows the row's colour, a hint while the row is empty, and the place
+/// that a drop would take.
 class DesktopElementRow::Strip : public QWidget
 {
 public:
@@ -82,7 +83,7 @@ DesktopElementRow::DesktopElementRow(const QString& elementName, const QString& 
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
-    // Room for the scroll bar is kept, so that nothing below moves when it comes.
+    // Room for the scroll bar is reserved, so that nothing below moves when it appears.
     setFixedHeight(DesktopElementChip::HeightFor(font()) + 2 * Margin + 2 * frameWidth() +
                    horizontalScrollBar()->sizeHint().height());
     connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int last) {
@@ -116,7 +117,7 @@ void DesktopElementRow::SetElements(const std::vector<Shown>& elements)
     while (m_chips.size() > elements.size()) {
         DesktopElementChip* const last = m_chips.back();
         m_chips.pop_back();
-        // It may be in the middle of an event of its own.
+        // The element may be handling an event at this moment, so it is deleted later.
         last->hide();
         last->setParent(nullptr);
         last->deleteLater();
@@ -154,7 +155,7 @@ bool DesktopElementRow::eventFilter(QObject* watched, QEvent* event)
 {
     const auto found = std::find(m_chips.begin(), m_chips.end(), watched);
     if (found != m_chips.end()) {
-        // What an element opens may take the whole dialog away.
+        // The dialog that an element opens lets events run, which may delete this whole composer.
         const QPointer<DesktopElementRow> self(this);
         ChipEvent(static_cast<int>(found - m_chips.begin()), *event);
         if (self.isNull())

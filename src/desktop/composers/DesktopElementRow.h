@@ -14,14 +14,14 @@ class DesktopElementRow : public QScrollArea
     Q_OBJECT
 
 public:
-    /// What a row shows of one element.
+    /// What a row shows for one element.
     struct Shown
     {
         ElementLook Look;
         QString ToolTip;
     };
 
-    /// @param elementName  name of its elements; each has its number behind it, from 1
+    /// @param elementName  name of its elements; each is followed by its number, from 1
     DesktopElementRow(const QString& elementName, const QString& accessibleName, QWidget* parent);
     ~DesktopElementRow() override;
 
@@ -32,7 +32,7 @@ public:
 Q_SIGNALS:
     /// The row or an element of it was clicked.
     void Clicked();
-    /// Something that carries a word was dropped.
+    /// A word was dropped.
     void Dropped(const QString& key);
     /// An element, counted from 0, was double-clicked, or Enter was pressed on it.
     void Opened(int index);
@@ -64,7 +64,7 @@ private:
     QString m_elementName;
     Strip* m_strip;
     std::vector<DesktopElementChip*> m_chips;
-    /// An element was appended: it is scrolled to as soon as it has its place.
+    /// An element was appended; the row scrolls to it as soon as it has been laid out.
     bool m_showLast = false;
 };
 

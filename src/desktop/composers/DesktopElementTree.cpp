@@ -13,7 +13,8 @@ namespace {
 
 constexpr int KeyRole = Qt::UserRole;
 constexpr int ColumnMargin = 24;
-/// The longest text the tree is widened for: a node may hold a value of any length.
+/// The longest text, in characters, for which the tree is widened: a node may hold a value of any
+/// length.
 constexpr int MostCharacters = 40;
 
 QString KeyOf(const QTreeWidgetItem& node)
@@ -21,8 +22,8 @@ QString KeyOf(const QTreeWidgetItem& node)
     return node.data(0, KeyRole).toString();
 }
 
-/// The icon of a node, as wide as the widest so that all texts begin below each other. A node whose
-/// drop makes no element has only the room for it.
+/// The icon of a node, as wide as the widest so that all texts begin below each other. A node that
+/// makes no element when it is dropped has an empty icon of that width.
 QIcon IconOf(const ElementLook& look, const QWidget& shownOn, const QSize& size)
 {
     QPixmap room(size * shownOn.devicePixelRatioF());
@@ -81,7 +82,7 @@ void DesktopElementTree::startDrag(Qt::DropActions supportedActions)
     const QList<QTreeWidgetItem*> chosen = selectedItems();
     if (chosen.isEmpty())
         return;
-    // The picture under the pointer is the element, not a copy of the tree's line.
+    // The picture under the pointer shows the element and not the line of the tree.
     auto* drag = new QDrag(this);
     drag->setMimeData(mimeData(chosen));
     const QIcon icon = chosen.constFirst()->icon(0);

@@ -12,8 +12,8 @@ namespace {
 
 constexpr double RemarkShare = 0.7;
 
-/// Has no ground of its own, and writes its remark in a colour that is muted and still read on the
-/// window's; the one of the desktop is too faint for that.
+/// Has no background of its own, and writes its remark in a muted colour that can still be read on
+/// the window's background; the desktop's colour for such remarks is too faint.
 class PreviewLine : public QLineEdit
 {
 public:
@@ -33,7 +33,7 @@ private:
         QPalette colors = palette();
         const QColor remark = Between(colors.color(QPalette::WindowText),
                                       colors.color(QPalette::Window), RemarkShare);
-        // Taking colours is a change of them, too.
+        // Setting the palette is a change of colours too and would come back here.
         if (colors.color(QPalette::PlaceholderText) == remark)
             return;
         colors.setColor(QPalette::Base, Qt::transparent);
@@ -59,7 +59,7 @@ QLineEdit* MakePreview(const QString& accessibleName, QWidget* parent)
 
 void ShowPreview(QLineEdit& line, const QString& text, const QString& remark)
 {
-    // The line keeps no more: codes are not made of what it drops.
+    // The line keeps no more characters, so no codes are made for the rest.
     line.setText(WithVisibleCodes(text.left(line.maxLength())));
     line.setPlaceholderText(remark);
     line.setCursorPosition(0);

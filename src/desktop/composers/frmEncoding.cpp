@@ -55,7 +55,7 @@ frmEncoding::frmEncoding(Session& session, QWidget* parent)
     ShowSelected();
     EnableButtons();
     connect(&session.Face, &StationFace::FieldsChanged, this, &frmEncoding::ShowPreviews);
-    // The caption tells of a layout being opened or closed before that is done.
+    // The caption changes before a layout has been opened or closed completely, so this is queued.
     connect(&session.Face, &StationFace::CaptionChanged, this, &frmEncoding::EnableButtons,
             Qt::QueuedConnection);
 }

@@ -14,7 +14,7 @@ class Session;
 class DesktopElementRow;
 class DesktopElementTree;
 
-/// Where an operator composes the formulas of the magnetic tracks from elements.
+/// The window in which an operator composes the formulas of the magnetic tracks from elements.
 class frmEncoding : public QDialog
 {
     Q_OBJECT

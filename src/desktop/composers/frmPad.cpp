@@ -105,7 +105,7 @@ void frmPad::BuildControls()
     auto* column = new QVBoxLayout(this);
     column->addLayout(top);
     column->addLayout(buttons);
-    // Not onto the list: its focus frame would look like a choice.
+    // The focus is not given to the list, where its frame would look like a chosen line.
     m_data->setFocus();
 }
 
@@ -116,7 +116,7 @@ void frmPad::Show_Data(const QString& padChars, std::int16_t padLen, std::int32_
     ShowLength(m_arrows->Value());
     m_direction = padDirection;
     for (std::size_t side = 0; side < std::size(m_directions); ++side) {
-        // Only a group that is not exclusive can show neither.
+        // Only a group that is not exclusive can have neither button checked.
         m_directions[side]->setAutoExclusive(false);
         m_directions[side]->setChecked(padDirection == static_cast<std::int32_t>(side));
         m_directions[side]->setAutoExclusive(true);
@@ -143,7 +143,7 @@ void frmPad::FollowLengthText()
     colors.setColor(QPalette::Base, valid ? Qt::white : Qt::red);
     colors.setColor(QPalette::Text, valid ? Qt::black : Qt::white);
     m_length->setPalette(colors);
-    // Nothing could be saved for a length that is none.
+    // A length that is no number could not be saved.
     m_save->setEnabled(valid);
     if (valid) {
         const QSignalBlocker keepText(m_arrows);

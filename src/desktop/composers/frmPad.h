@@ -13,18 +13,19 @@ namespace vantrel {
 class DesktopUpDown;
 class Session;
 
-/// Asks how a field of a track is padded. What it leaves is in `Session::Pad` once it is closed.
+/// Asks how a field of a track is padded. The answers are in `Session::Pad` once the dialog is
+/// closed.
 class frmPad : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Forgets what an earlier dialog left, but for the field.
+    /// Resets what an earlier dialog left in the session, except for the field.
     frmPad(Session& session, QWidget* parent);
 
     /// Fills the dialog with these values, shows it and waits until it is closed by any button. A
-    /// direction other than 0 and 1 marks neither side. What is in the session may be another
-    /// layout or another record afterwards.
+    /// direction other than 0 and 1 marks neither side. The session may hold another layout or
+    /// another record afterwards.
     void Show_Data(const QString& padChars, std::int16_t padLen, std::int32_t padDirection);
 
 private:
@@ -42,7 +43,7 @@ private:
     DesktopUpDown* m_arrows;
     QRadioButton* m_directions[2] = {};
     QPushButton* m_save;
-    /// The direction while neither side is marked.
+    /// The direction that is kept while neither side is marked.
     std::int32_t m_direction = 0;
 };
 

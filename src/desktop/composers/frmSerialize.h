@@ -12,7 +12,7 @@ class Session;
 class DesktopElementRow;
 class DesktopElementTree;
 
-/// Where an operator composes the line that a layout sends instead of drawing a card.
+/// The window in which an operator composes the line that a layout sends instead of drawing a card.
 class frmSerialize : public QDialog
 {
     Q_OBJECT

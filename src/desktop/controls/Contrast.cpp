@@ -8,7 +8,7 @@ namespace {
 
 constexpr double LeastContrastOfLines = 3;
 
-/// Of a part of an sRGB colour; the constants are that standard's.
+/// Linear light of one channel of an sRGB colour; the constants are those of the standard.
 double LinearLight(double part)
 {
     return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);

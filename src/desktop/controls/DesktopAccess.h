@@ -5,14 +5,13 @@
 
 namespace vantrel {
 
-/// Has every control of that type, and its parts, told as one of a known kind to who cannot see it;
-/// without this a control of our own is told as nothing in particular. To be called when one is
-/// made.
-/// @tparam Interface  what is told, made from the control and the role
+/// Makes every control of that type, and its parts, known to screen readers under a known role.
+/// Without this a control of our own is reported without one. To be called when one is made.
+/// @tparam Interface  what is reported, made from the control and the role
 template <typename Control, QAccessible::Role Role, typename Interface = QAccessibleWidget>
 void TellAs()
 {
-    // The same routine again is not taken twice.
+    // Installing the same routine again has no effect.
     QAccessible::installFactory(
         [](const QString& className, QObject* object) -> QAccessibleInterface* {
             if (className != QLatin1StringView(Control::staticMetaObject.className()))

@@ -4,9 +4,9 @@
 
 namespace vantrel {
 
-/// A list of which one line is chosen, and none at first. An arrow key, Home or End chooses a line
-/// then, the only one too: such a list has a current line from the beginning, which these keys
-/// would else leave alone or leave behind unchosen.
+/// A list in which one line can be chosen and none is at first. The first arrow key, Home or End
+/// then chooses a line, even if there is only one. Without this a list has a current line from the
+/// beginning, and these keys would leave it, or pass it, without choosing it.
 class DesktopChoices : public QListWidget
 {
     Q_OBJECT

@@ -13,11 +13,11 @@ QString ShownLine(const QString& value)
 
 namespace {
 
-/// The size of a dialog with its frame. Before it is shown only the frame of its parent is known,
-/// which the desktop draws alike.
+/// The size of a dialog with its frame. Before it is shown, only the frame of its parent is known;
+/// the desktop draws both frames alike.
 QSize FrameSizeOf(QWidget& dialog, const QWidget& parent)
 {
-    // A layout that keeps the dialog at its own size has not yet done so.
+    // A layout that fixes the size of the dialog has not been applied yet.
     if (dialog.layout() != nullptr && dialog.layout()->sizeConstraint() == QLayout::SetFixedSize)
         dialog.adjustSize();
     return dialog.size() + parent.window()->frameSize() - parent.window()->size();
@@ -27,7 +27,7 @@ QSize FrameSizeOf(QWidget& dialog, const QWidget& parent)
 
 int WidthForTitle(const QString& title)
 {
-    // What stands around a title is the desktop's: an icon, as a rule, and three buttons.
+    // The desktop adds to a title, as a rule, an icon and three buttons.
     constexpr int besideTitle = 112;
     QFont font = QApplication::font("QMdiSubWindowTitleBar");
     font.setBold(true);

@@ -8,7 +8,7 @@ namespace vantrel {
 
 class Session;
 
-/// @file How windows make their controls and come up. A control's name is its name in the system.
+/// @file How windows make their controls and are shown. A control's name is its name in the system.
 
 /// A dialog whose title bar has no close box; it is left by its own buttons.
 inline constexpr Qt::WindowFlags DialogWithoutClose =
@@ -23,8 +23,9 @@ Control* MakeControl(const char* name, Arguments&&... arguments)
     return control;
 }
 
-/// What a list shows of a value: its beginning. A line is laid out as a whole, and one of a million
-/// characters, which a host may send, holds up the station for a second each time.
+/// The beginning of a value, which is all that a list shows. A line is laid out as a whole, and a
+/// value of a million characters, which a host may send, would stop the station for a second each
+/// time.
 QString ShownLine(const QString& value);
 
 /// Shows the dialog over `parent` without waiting for it; one that is open already comes to the
@@ -43,16 +44,17 @@ Dialog& OpenDialog(Session& session, QWidget* parent)
     return *dialog;
 }
 
-/// The width in pixels in which a window shows that title whole, by what desktops put beside it.
+/// The width in pixels at which a window shows that title whole, with room for what desktops put
+/// beside it.
 int WidthForTitle(const QString& title);
 /// The title that a window gets: a blank one where there is none, since desktops show the name of
 /// the program's file in the title bar of a window without a title.
 QString ShownTitle(const QString& title);
 
-/// Places a dialog over the middle of its parent, `lift` twips higher, by what both are with their
+/// Places a dialog over the middle of its parent, `lift` twips higher; both are measured with their
 /// frames.
 void CentreOver(QWidget& dialog, const QWidget* parent, double lift = 0);
-/// Places a dialog where that middle is while the parent stands in the corner of the screen.
+/// Places a dialog as above, but as if the parent were in the upper left corner of the screen.
 void PlaceBySizeOf(QWidget& dialog, const QWidget* parent, double lift);
 
 } // namespace vantrel

@@ -17,7 +17,8 @@ bool DesktopDragGuard::eventFilter(QObject* watched, QEvent* event)
     switch (event->type()) {
     case QEvent::DragEnter:
         Follow(static_cast<QDropEvent*>(event)->source());
-        // It is offered from the innermost control outwards; the last one asked has taken it.
+        // A drag is offered from the innermost control outwards; the last control that was asked
+        // has accepted it.
         if (watched->isWidgetType())
             m_target = static_cast<QWidget*>(watched);
         break;
@@ -43,7 +44,7 @@ void DesktopDragGuard::Follow(QObject* source)
     if (source == nullptr || !m_drag.isNull())
         return;
     m_drag = source->findChild<QDrag*>(QString(), Qt::FindDirectChildrenOnly);
-    // The toolkit deletes it once it is done with the source, too.
+    // Qt also deletes it once it is done with the source.
     if (!m_drag.isNull())
         connect(m_drag, &QObject::destroyed, this, &DesktopDragGuard::Release);
 }
@@ -64,7 +65,7 @@ void DesktopDragGuard::Keep(QWidget& window)
         at = at->parent();
     if (at == nullptr)
         return;
-    // It hides before it is deleted.
+    // A control hides before it is deleted.
     window.setAttribute(Qt::WA_DeleteOnClose, false);
     m_kept.emplace_back(&window);
 }
@@ -74,7 +75,7 @@ void DesktopDragGuard::Release()
     for (const QPointer<QWidget>& window : std::exchange(m_kept, {})) {
         if (window.isNull())
             continue;
-        // It may have been opened anew meanwhile.
+        // The window may have been opened again meanwhile.
         if (window->isVisible())
             window->setAttribute(Qt::WA_DeleteOnClose);
         else

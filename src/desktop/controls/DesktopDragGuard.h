@@ -9,10 +9,11 @@ class QWidget;
 
 namespace vantrel {
 
-/// Keeps a drag with the mouse from reaching for a window that has gone. A drag runs a loop of its
-/// own, in which records arrive and dialogs close, while the toolkit goes on with the control the
-/// drag came from and the one it was last over. Here a control that is hidden is left by the drag,
-/// and a dialog that a drag came from lives until the drag has ended. One for the whole program.
+/// Keeps a mouse drag from using a window that has been deleted. A drag runs an event loop of its
+/// own, in which records arrive and dialogs close, while Qt goes on using the control that the drag
+/// came from and the one it was last over. With this guard the drag leaves a control that is
+/// hidden, and a dialog that a drag came from is deleted only after the drag. There is one guard
+/// for the whole program.
 class DesktopDragGuard : public QObject
 {
     Q_OBJECT
@@ -29,7 +30,7 @@ private:
     void Keep(QWidget& window);
     void Release();
 
-    /// What the drag is over.
+    /// The control that the drag is over.
     QPointer<QWidget> m_target;
     QPointer<QDrag> m_drag;
     /// Windows that are to be deleted when the drag has ended.

@@ -7,20 +7,20 @@ class QWidget;
 
 namespace vantrel {
 
-/// The one file dialog of the main window, which its commands share: what one of them leaves in it,
-/// the next one finds.
+/// The one file dialog of the main window. Its commands share it: the next command finds the values
+/// that the last one left.
 class DesktopFileDialog : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The one of this window, made at its first use.
+    /// The dialog of this window, made at its first use.
     static DesktopFileDialog& Of(QWidget& window);
 
-    /// Shows the dialog and waits. A cancelled one leaves `FileName` as it was.
+    /// Shows the dialog and waits. A cancel leaves `FileName` unchanged.
     void ShowOpen();
 
-    /// Path of the file chosen, and of the one to begin with.
+    /// Path of the chosen file; before that, path of the file that the dialog begins with.
     QString FileName;
     /// A description, "|" and a pattern; empty shows every file.
     QString Filter;

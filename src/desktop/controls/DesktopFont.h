@@ -5,7 +5,7 @@
 
 namespace vantrel {
 
-/// @file Fonts as Qt's dialogs have them.
+/// @file Conversions between the station's fonts and Qt's.
 
 inline QFont DialogFont(const Font& font)
 {

@@ -7,8 +7,8 @@ class QMenu;
 
 namespace vantrel {
 
-/// The main window as it is told to who cannot see it. A pop-up menu that stands in no other menu,
-/// as that of the workspace, is told below it while it is open; of itself it stands nowhere.
+/// The main window as screen readers see it. A pop-up menu that is in no other menu, such as that
+/// of the workspace, is reported as a child of the window while it is open; Qt reports it nowhere.
 class FrameAccess : public QAccessibleWidget
 {
 public:

@@ -1,6 +1,7 @@
 #include "desktop/controls/DesktopIcons.h"
 
-// The resource is linked in from a library, so it is named; outside of any namespace.
+// The resource is in a static library, so it must be initialised by its name, outside of any
+// namespace.
 static void InitIcons()
 {
     Q_INIT_RESOURCE(vantrel);

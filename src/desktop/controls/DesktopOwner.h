@@ -5,13 +5,13 @@ class QWidget;
 
 namespace vantrel {
 
-/// The window that a box about to open comes from: the one an operator works in, or the one that
-/// holds the others up while the operator works in another program; none where there is neither.
+/// The window to which a box that is about to open belongs: the active one, or the modal one while
+/// the operator works in another program; none where there is neither.
 QWidget* WindowInUse();
 
-/// Has a box belong to a window, if there is one: a window manager keeps it above that window and
-/// gives the keyboard back to it. The box's parent stays who owns it. To be called when the box has
-/// all its flags.
+/// Makes a box belong to a window, if there is one: a window manager keeps the box above that
+/// window and gives the keyboard back to the window afterwards. The box's parent still owns it. To
+/// be called when all flags of the box are set.
 void BelongTo(QDialog& box, const QWidget* window);
 
 } // namespace vantrel

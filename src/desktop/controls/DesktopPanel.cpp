@@ -31,7 +31,7 @@ bool DesktopPanel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty() || Elided() == text())
         return QLabel::event(event);
-    // The name of a layout is no markup.
+    // The name of a layout must not be read as markup.
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
                        Qt::convertFromPlainText(ShownLine(text())), this);
     return true;

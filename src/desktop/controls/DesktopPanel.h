@@ -4,8 +4,8 @@
 
 namespace vantrel {
 
-/// A panel of the status bar. A text that is longer than the panel ends in an ellipsis; the pointer
-/// over it shows the text whole, where the panel has no tool tip of its own.
+/// A panel of the status bar. A text that is longer than the panel ends in an ellipsis; a tool tip
+/// then shows it whole, unless the panel has a tool tip of its own.
 class DesktopPanel : public QLabel
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ protected:
 
 private:
     QRect TextRect() const;
-    /// The text as it shows.
+    /// The text as it is shown.
     QString Elided() const;
 };
 

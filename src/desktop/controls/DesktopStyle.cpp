@@ -14,7 +14,7 @@ namespace {
 constexpr double TextShare = 0.5;
 constexpr double DisabledTextShare = 0.3;
 constexpr double FocusTextShare = 0.6;
-/// What a row of a list has above and below its text together, pixels.
+/// Space above and below the text of a row of a list, together, in pixels.
 constexpr int RowAir = 8;
 
 bool IsDark(const QPalette& palette)
@@ -23,11 +23,11 @@ bool IsDark(const QPalette& palette)
            Contrast(palette.color(QPalette::Base), Qt::black);
 }
 
-/// Whether the focus is drawn on a row of a list that is not chosen.
+/// Whether a row of a list has the focus without being chosen.
 bool IsRowNotChosen(const QStyleOption& option)
 {
     const auto* focus = qstyleoption_cast<const QStyleOptionFocusRect*>(&option);
-    // A list says it of each column's text, a tree of the row as a whole.
+    // A list passes this for each column's text, a tree for the row as a whole.
     const bool isRow = option.state.testFlag(QStyle::State_Item) ||
                        qobject_cast<const QAbstractItemView*>(option.styleObject) != nullptr;
     if (focus == nullptr || !isRow)
@@ -85,7 +85,7 @@ void DesktopStyle::DrawBoxOutline(PrimitiveElement element, const QStyleOption& 
     const bool isBox = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
     if ((!isRound && !isBox) || !IsDark(option.palette))
         return;
-    // The colour of the focus stays.
+    // The colour of the focus outline stays.
     if (option.state.testFlag(State_HasFocus) && option.state.testFlag(State_KeyboardFocusChange))
         return;
     const bool enabled = option.state.testFlag(State_Enabled);

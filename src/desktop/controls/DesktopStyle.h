@@ -4,17 +4,18 @@
 
 namespace vantrel {
 
-/// The style that comes with every desktop that has none of its own, with three things mended: on a
-/// dark theme its empty check boxes and option buttons are dark on dark, and get an outline here;
-/// rows of lists touch each other, and have one height with air here, whether a box or an icon
-/// stands in them or not; and a row that has the focus is filled as a chosen one is, and has an
-/// outline only here.
+/// Qt's own style, used on desktops without one, with three corrections. Empty check boxes and
+/// option buttons, which are dark on dark with a dark theme, get an outline. Rows of lists, which
+/// touch each other, get some space and the same height with and without a box or an icon. A row
+/// that has the focus without being chosen, which is filled like a chosen one, gets only an
+/// outline.
 class DesktopStyle : public QProxyStyle
 {
     Q_OBJECT
 
 public:
-    /// Takes this style for the program where the one it would have is the mended one.
+    /// Sets this style for the program if the program would otherwise use the style that is
+    /// corrected here.
     static void Install();
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -9,7 +9,7 @@ namespace {
 
 const QString ShowerName = QStringLiteral("PlainToolTip");
 
-/// Shows the tip of its control. The toolkit would guess from the text whether it is markup.
+/// Shows the tip of its control as plain text. Qt would guess from the text whether it is markup.
 class PlainToolTip : public QObject
 {
 public:

@@ -6,8 +6,9 @@ class QWidget;
 
 namespace vantrel {
 
-/// Gives a control a tool tip that shows as it stands, with all its blanks: a value such as "<b>"
-/// or "R&D" is no markup. The tip itself, which is also what a screen reader is told, is the text.
+/// Gives a control a tool tip that shows the text unchanged, with all its blanks: a value such as
+/// "<b>" or "R&D" is not read as markup. The control's tool tip property, which a screen reader
+/// also reads, holds the plain text.
 void SetPlainToolTip(QWidget& widget, const QString& text);
 
 } // namespace vantrel

@@ -14,7 +14,7 @@ namespace {
 constexpr QSize ArrowSize{20, 13};
 constexpr int FocusMargin = 1;
 
-/// Told with the two actions of what counts, since the number stands beside it.
+/// Reports to screen readers two actions, up and down, since the number is in the field beside it.
 class UpDownAccess : public QAccessibleWidget
 {
 public:

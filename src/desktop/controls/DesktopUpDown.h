@@ -14,24 +14,24 @@ class DesktopUpDown : public QWidget
     Q_OBJECT
 
 public:
-    /// @param counted  what is counted, for whoever cannot see the field beside it
+    /// @param counted  what is counted, for screen readers
     explicit DesktopUpDown(const QString& counted, QWidget* parent = nullptr);
 
-    /// Sets both ends of the range and pulls the value into it; all integers at first.
+    /// Sets both ends of the range and moves the value into it. At first the range is all integers.
     void SetRange(int least, int most);
     int Value() const { return m_value; }
-    /// Sets the value, pulled into the range, and tells it where that changes it.
+    /// Sets the value, moved into the range, and signals it if that changes it.
     void SetValue(int value);
 
-    /// Makes the field that shows the number as tall as the arrows, and the Tab key go from it to
-    /// them. Both are of one window already.
+    /// Makes the field that shows the number as tall as the arrows, and makes the Tab key go from
+    /// the field to the arrows. Both must already be in the same window.
     void StandBeside(QLineEdit& field);
 
     QToolButton& UpButton() const { return *m_up; }
     QToolButton& DownButton() const { return *m_down; }
 
 Q_SIGNALS:
-    /// An arrow was pressed, also at the end of the range.
+    /// An arrow was pressed, even at the end of the range.
     void Up();
     void Down();
     void ValueChanged(int value);

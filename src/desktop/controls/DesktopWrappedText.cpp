@@ -11,7 +11,7 @@ namespace {
 constexpr int MostLines = 24;
 constexpr char16_t Ellipsis = 0x2026;
 
-/// In a text layout a line ends with a character of its own.
+/// In a text layout a line ends with a line separator.
 QString WithLineSeparators(QString text)
 {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -37,7 +37,7 @@ void DesktopWrappedText::BreakLines()
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     m_lines.setTextOption(option);
     m_lines.setFont(font());
-    // No character is narrower than a pixel: what is left off here would not show.
+    // No character is narrower than a pixel, so the characters that are cut here would not show.
     QString shown = WithLineSeparators(text().left(static_cast<qsizetype>(MostLines) * m_widest));
     for (qsizetype end = LayOut(shown); end < shown.size(); end = LayOut(shown))
         shown = shown.left(std::max<qsizetype>(end - 2, 0)) + QChar(Ellipsis);

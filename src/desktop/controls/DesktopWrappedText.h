@@ -13,7 +13,7 @@ class DesktopWrappedText : public QLabel
     Q_OBJECT
 
 public:
-    /// @param widest  of its lines, in pixels
+    /// @param widest  the greatest width of a line, in pixels
     DesktopWrappedText(const QString& text, int widest, QWidget* parent = nullptr);
 
     QSize sizeHint() const override { return m_size; }
@@ -25,7 +25,7 @@ protected:
 
 private:
     void BreakLines();
-    /// Sets the lines of that text. @return the place behind the last character that found room
+    /// Lays out the lines of that text. @return the place behind the last character that found room
     qsizetype LayOut(const QString& text);
 
     int m_widest;

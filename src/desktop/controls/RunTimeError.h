@@ -8,14 +8,14 @@ namespace vantrel {
 /// Exit code of a station that a failure ended.
 inline constexpr int FailedExit = 1;
 
-/// Tells a failure in one line on stderr.
+/// Writes a failure in one line to stderr.
 void TellRunTimeError(const Failure& failure);
-/// Tells it and ends the event loop with `FailedExit`. Nothing is unloaded: settings stay as they
-/// were stored last.
+/// Writes the failure and ends the event loop with `FailedExit`. Nothing is unloaded: settings stay
+/// as they were last stored.
 void EndWithRunTimeError(const Failure& failure);
 
-/// Runs what an event asks for. No failure may reach Qt's event loop; one that nobody passed over
-/// is a run-time error and ends the station.
+/// Runs the handler of an event. No failure may reach Qt's event loop; one that was not handled
+/// before is a run-time error and ends the station.
 template <typename Step>
 void RunOrEnd(Step&& run)
 {

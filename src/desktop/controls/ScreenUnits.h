@@ -7,8 +7,8 @@
 
 namespace vantrel {
 
-/// @file Windows are placed in twips and drawn in pixels of 96 to the inch, whatever the screen's
-/// own density: Qt scales those. 15 twips are one of them.
+/// @file Windows are placed in twips and drawn in pixels of 96 to the inch, whatever the density of
+/// the screen: Qt scales these pixels. One of them is 15 twips.
 
 inline constexpr double ScreenPixelsPerInch = 96.0;
 

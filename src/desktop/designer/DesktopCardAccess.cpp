@@ -28,7 +28,7 @@ QString KindOf(Family family)
     return {};
 }
 
-/// One object of the card. It is looked for anew each time: a record may have replaced it.
+/// One object of the card. It is looked up each time, since a record may have replaced it.
 class ObjectAccess : public QAccessibleInterface
 {
 public:
@@ -143,7 +143,8 @@ QAccessibleInterface* CardAccess::child(int index) const
         return index >= 0 && static_cast<std::size_t>(index) < m_listed.size();
     };
     const auto at = [&] { return m_listed[static_cast<std::size_t>(index)]; };
-    // Whoever asks for all of them has counted them; counting for each would take too long.
+    // A caller that walks the children has asked for their number, which refreshed the list;
+    // refreshing it for each child would take too long.
     if (!holds() || m_form.ShownObject(at().first, at().second) == nullptr)
         List();
     return holds() ? Tell(at()) : nullptr;

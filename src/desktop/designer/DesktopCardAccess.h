@@ -13,9 +13,9 @@ class frmDocument;
 /// An object of the card by its family and index.
 using ObjectKey = std::pair<Family, int>;
 
-/// The card as it is told to who cannot see it: below it stands each object that shows, under its
-/// caption or its kind, at its place on the screen. An object stays the same one while
-/// records come and the page is loaded anew.
+/// The card as screen readers see it. Its children are the visible objects, each named by its
+/// caption or its kind, at its place on the screen. An object keeps its identity while records come
+/// and the page is loaded again.
 class CardAccess : public QAccessibleWidget
 {
 public:
@@ -29,8 +29,8 @@ public:
     int indexOfChild(const QAccessibleInterface* child) const override;
     QAccessibleInterface* childAt(int x, int y) const override;
 
-    /// Tells whoever listens what has come, what has gone and what reads otherwise since the last
-    /// time.
+    /// Reports to screen readers which objects have appeared, disappeared or changed their text
+    /// since the last report.
     void Follow();
 
 private:
@@ -45,7 +45,7 @@ private:
     QAccessibleInterface* Tell(const ObjectKey& key) const;
 
     frmDocument& m_form;
-    /// The objects in their order, as they were when they were counted last.
+    /// The objects in their order, as they were when they were last counted.
     mutable std::vector<ObjectKey> m_listed;
     mutable std::map<ObjectKey, int> m_places;
     mutable std::map<ObjectKey, Told> m_told;

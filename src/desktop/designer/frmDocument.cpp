@@ -15,7 +15,8 @@
 namespace vantrel {
 
 namespace {
-/// A hairline and a soft shadow stand around the card, outside it, so that the card keeps its size.
+/// A thin line and a soft shadow are drawn around the card, outside it, so that the card keeps its
+/// size.
 constexpr int Surround = 8;
 constexpr QColor HairlineColor(0, 0, 0, 90);
 constexpr QColor ShadowLayerColor(0, 0, 0, 11);
@@ -41,10 +42,10 @@ frmDocument::frmDocument(Session& session, QWidget* parent)
 {
     TellAs<frmDocument, QAccessible::Window, CardAccess>();
     setObjectName(QStringLiteral("frmDocument"));
-    // It has no title bar; this is its name for who cannot see it.
+    // The window has no title bar; this is its name for screen readers.
     setWindowTitle(QStringLiteral("Card"));
     setAccessibleName(windowTitle());
-    // The shadow lies on the workspace.
+    // The shadow is drawn over the workspace, which shows through.
     setAutoFillBackground(false);
     setMouseTracking(true);
     auto* menuTimer = new QTimer(this);
@@ -62,7 +63,7 @@ frmDocument::~frmDocument() = default;
 
 void frmDocument::MirrorSoon()
 {
-    // A record changes every object of the page; the window follows once for all of them.
+    // A record changes every object of the page; the window is updated once for all of them.
     m_stale = true;
     if (m_mirrorAsked)
         return;
@@ -75,7 +76,7 @@ void frmDocument::Mirror()
     m_mirrorAsked = false;
     const CardDocument& document = m_session.Document;
     if (document.Drag.Mode == DragMode::None) {
-        // The document a drag was on may have gone, and another may have come since.
+        // The document of an unfinished drag may have been replaced by another one.
         m_band.reset();
         ReleaseMouse();
     }
@@ -94,7 +95,7 @@ void frmDocument::Mirror()
 
 void frmDocument::TellChanges()
 {
-    // Nobody listens at most stations.
+    // Most stations run without a screen reader.
     if (!QAccessible::isActive())
         return;
     if (auto* told = dynamic_cast<CardAccess*>(QAccessible::queryAccessibleInterface(this)))
@@ -143,7 +144,7 @@ void frmDocument::paintEvent(QPaintEvent* /*event*/)
 
 void frmDocument::closeEvent(QCloseEvent* event)
 {
-    // The document goes when its layout is closed, not by a window command.
+    // The document disappears when its layout is closed, not by a window command.
     event->ignore();
 }
 

@@ -12,9 +12,9 @@ namespace vantrel {
 class CardDocument;
 class Session;
 
-/// The card on the workspace, and the designer's surface. It paints the document through the
-/// renderer that paints the paper, and comes, goes and changes with the document's signals. While
-/// it is out of sight it costs nothing. The mouse goes to the routines of the design surface.
+/// The card on the workspace, and the designer's surface. It paints the document with the renderer
+/// that also draws the printed page, and is shown, hidden and updated by the document's signals.
+/// While it is hidden it does no work. Mouse events go to the routines of the design surface.
 class frmDocument : public QMdiSubWindow, private DesignScreen
 {
     Q_OBJECT
@@ -31,12 +31,12 @@ public:
     QRect CardRect() const;
 
     const CardDocument& Document() const;
-    /// An object that shows on the card; null where there is none, and for what is no object, such
-    /// as a grip.
+    /// The visible object of that family and index; null where there is none, and for things that
+    /// are no objects, such as a grip.
     const CardObject* ShownObject(Family family, int index) const;
-    /// What of the page is under a point of the window, the topmost first; none is the empty page.
+    /// The topmost part of the page under a point of the window; none for the empty page.
     CardObject* ObjectAt(const QPointF& position) const;
-    /// Where an object stands on the screen, in its pixels.
+    /// The place of an object on the screen, in the screen's pixels.
     QRect ScreenBoxOf(const CardObject& object) const;
 
 protected:
@@ -47,7 +47,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
-    /// A window in the workspace would keep the Tab key to itself; the card has nothing to go to.
+    /// A window in the workspace would handle the Tab key itself, but the card has no control to go
+    /// to.
     bool focusNextPrevChild(bool next) override;
 
 private:
@@ -73,9 +74,9 @@ private:
     bool m_mirrorAsked = false;
     Point m_cursor;
     bool m_confined = false;
-    /// Looks out for a drag's release while the mouse is with the form.
+    /// Watches for the release of a drag while the form has the mouse.
     std::unique_ptr<QObject> m_releaseWatch;
-    /// The press went to an object that keeps its release.
+    /// The button was pressed on an object, which also gets the release.
     bool m_objectHasMouse = false;
     std::optional<CRect> m_band;
 };

@@ -37,14 +37,14 @@ MouseButton ButtonOf(Qt::MouseButton button)
     return button == Qt::RightButton ? MouseButton::Right : MouseButton::Other;
 }
 
-/// Other keys that a platform reports with a press, such as that of the desktop, are none.
+/// Other keys that a platform reports with a press, such as the desktop's own key, do not count.
 ShiftState ShiftStateOf(Qt::KeyboardModifiers keys)
 {
     const bool held = keys & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
     return held ? ShiftState::Held : ShiftState::None;
 }
 
-/// The outline of a text, and of a picture that is still to come, show on the screen only.
+/// The outlines of texts, and of pictures that are not there yet, are shown on the screen only.
 void PaintOutline(QPainter& painter, const CardObject& object, const QRect& box)
 {
     const bool isText = object.IsLabel() && object.BorderStyle != 0;
@@ -56,8 +56,8 @@ void PaintOutline(QPainter& painter, const CardObject& object, const QRect& box)
     painter.drawRect(box.adjusted(0, 0, -1, -1));
 }
 
-/// Ends a drag whose left button is released over something else of this program, such as a menu
-/// that has come up meanwhile and has the mouse now: the form is still to have that release.
+/// Ends a drag whose left button is released over another window of this program, such as a menu
+/// that opened meanwhile and has the mouse now: the form must still get that release.
 class ReleaseWatch : public QObject
 {
 public:
@@ -71,7 +71,7 @@ public:
     {
         if (event->type() == QEvent::MouseButtonRelease && watched->isWidgetType() &&
             watched != &m_form && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-            // This ends with the drag.
+            // This object is deleted with the drag.
             ReleaseButton(m_session.Document, m_session.Face, m_screen, MouseButton::Left);
         }
         return false;
@@ -103,8 +103,8 @@ void frmDocument::InvertOutline(const CRect& rectangle)
 
 void frmDocument::CaptureMouse()
 {
-    // A pressed button keeps the mouse with its window. No display confines a pointer for sure, so
-    // its position is taken no further than the form.
+    // A window gets the mouse as long as a button is held. Not every display can confine the
+    // pointer, so its position is limited to the form.
     m_confined = true;
     m_releaseWatch =
         std::make_unique<ReleaseWatch>(*this, m_session, static_cast<DesignScreen&>(*this));
@@ -186,7 +186,7 @@ void frmDocument::mousePressEvent(QMouseEvent* event)
     const MouseButton button = ButtonOf(event->button());
     const ShiftState shift = ShiftStateOf(event->modifiers());
     m_objectHasMouse = false;
-    // A drag keeps the mouse with the form, whatever is under the pointer.
+    // During a drag the form gets the mouse, whatever is under the pointer.
     const bool isDragging = m_session.Document.Drag.Mode != DragMode::None;
     const CardObject* grip = isDragging ? nullptr : GripAt(event->position());
     CardObject* object = isDragging || grip != nullptr ? nullptr : ObjectAt(event->position());
@@ -223,7 +223,7 @@ void frmDocument::mouseReleaseEvent(QMouseEvent* event)
 
 void frmDocument::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    // The second press of two quick ones is a press like any other.
+    // The second press of a double click is handled as a press like any other.
     mousePressEvent(event);
 }
 

@@ -9,7 +9,7 @@ namespace vantrel {
 
 class Session;
 
-/// The exact geometry of the selected object, in steps of one twip. What is typed has no effect
+/// The exact geometry of the selected object, in steps of one twip. A typed number has no effect
 /// until the next step.
 class frmSize : public QDialog
 {

@@ -6,8 +6,8 @@ namespace vantrel {
 
 class Session;
 
-/// All layouts of the store by name, each with a check mark box. A store that cannot be read gives
-/// an empty list.
+/// All layouts of the store by name, each with a check box. A store that cannot be read gives an
+/// empty list.
 class DesktopLayoutList : public QListWidget
 {
     Q_OBJECT

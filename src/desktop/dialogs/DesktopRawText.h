@@ -5,8 +5,8 @@
 
 namespace vantrel {
 
-/// A text box for raw text of any length. Long lines are laid out in rows, which costs time only
-/// for what is seen; a selection that is copied has them whole.
+/// A text box for raw text of any length. Long lines are cut into rows, so that only the visible
+/// rows are laid out; a copied selection has the lines whole.
 class DesktopRawText : public QPlainTextEdit
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     void Show(const QString& text);
     /// The text as it was given, its line ends and control characters included.
     const QString& Text() const { return m_text; }
-    /// Size of the text that shows before an operator resizes the window, pixels.
+    /// Size of the visible text before an operator resizes the window, in pixels.
     void SetFirstSize(QSize size) { m_firstSize = size; }
 
     QSize sizeHint() const override { return m_firstSize; }
@@ -27,7 +27,7 @@ protected:
 
 private:
     QString m_text;
-    /// Per row whether it goes on with the line of the row before it.
+    /// For each row, whether it continues the line of the row before it.
     std::vector<bool> m_goesOn;
     QSize m_firstSize;
 };

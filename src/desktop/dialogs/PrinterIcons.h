@@ -5,7 +5,7 @@
 
 namespace vantrel {
 
-/// For a row of a list: a printer with a tick for a queue that takes jobs, with a cross for one
+/// The icon of a printer in a list: with a tick for a queue that accepts jobs, with a cross for one
 /// that refuses them.
 QIcon PrinterIcon(bool acceptsJobs, const QPalette& palette);
 

@@ -75,7 +75,7 @@ frmCommSettings::frmCommSettings(Session& session, QWidget* parent)
     PlaceBySizeOf(*this, parent, LiftTwips);
 }
 
-// The blank bar ticks a row of the list of ports as a click does.
+// The space bar ticks a row of the list of ports as a click does.
 bool frmCommSettings::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_ports && event->type() == QEvent::KeyPress &&
@@ -136,7 +136,7 @@ void frmCommSettings::ChoosePort(int row)
     m_selectedSerialPort = static_cast<std::int16_t>(row + 1);
 }
 
-// The arrows follow as far as they count; the text is left as it was typed.
+// The arrows take the number over within their range; the text stays as it was typed.
 void frmCommSettings::FollowPortText(const QString& text)
 {
     const QSignalBlocker quiet(m_portArrows);

@@ -20,7 +20,7 @@ class Session;
 class DesktopUpDown;
 
 /// The dialog in which an operator chooses the ports a station listens on. The boxes "Use This
-/// Feature" act at once, already when the dialog opens; everything else waits for "Ok".
+/// Feature" act at once, even when the dialog opens; everything else is applied by "Ok".
 class frmCommSettings : public QDialog
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ class frmCommSettings : public QDialog
 public:
     frmCommSettings(Session& session, QWidget* parent);
 
-    /// The settings text of the serial choices.
+    /// The settings text that the serial choices give.
     QString GetCommSettings() const { return vantrel::GetCommSettings(Boxes()); }
 
 protected:
@@ -45,7 +45,7 @@ private:
     QCheckBox* MakeFeature(const char* name, const CommFeature& feature);
 
     void Show(const CommBoxes& boxes);
-    /// What the controls hold now.
+    /// The present values of the controls.
     CommBoxes Boxes() const;
     void Use(const CommFeature& feature, bool on);
     void EnableNetwork();

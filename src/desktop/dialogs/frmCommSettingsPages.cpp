@@ -93,7 +93,7 @@ void frmCommSettings::AddCombo(QFormLayout& form, const char* caption, QComboBox
 {
     auto* label = new QLabel(QLatin1StringView(caption), box.parentWidget());
     label->setBuddy(&box);
-    // Its name is its present text to whoever cannot see it, so the caption is its description.
+    // Screen readers take its present text for its name, so the caption is set as its description.
     box.setAccessibleDescription(QLatin1StringView(caption));
     box.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     form.addRow(label, &box);

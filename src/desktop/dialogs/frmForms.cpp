@@ -116,7 +116,7 @@ QLayout* frmForms::MakeButtons()
 void frmForms::ShowRecords()
 {
     m_viewField->setText(QStringLiteral("View data field %1").arg(m_records.ViewedField()));
-    // The record that was clicked stays chosen, whatever the list shows.
+    // The clicked record stays chosen, whatever value the list shows of it.
     const QSignalBlocker quiet(m_objects);
     m_objects->clear();
     const QIcon icon = style()->standardIcon(QStyle::SP_FileIcon);
@@ -128,10 +128,11 @@ void frmForms::ShowRecords()
 
 void frmForms::Print()
 {
-    // The station may close this window while the cards print: they need nothing of it.
+    // The station may close this window while the cards print, so printing uses nothing of the
+    // window.
     const QPointer<frmForms> self(this);
     const QString chosen = m_chosen;
-    // A second press would come in between, and print every layout again.
+    // A second press during the job would print every layout again.
     m_print->setEnabled(false);
     PrintOnLayouts(m_session, chosen, m_layouts->Marked());
     if (self.isNull())

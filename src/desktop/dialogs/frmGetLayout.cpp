@@ -23,7 +23,7 @@ frmGetLayout::frmGetLayout(Session& session, QWidget* parent)
     setWindowTitle(QStringLiteral(" Select a layout"));
 
     m_layouts->setAccessibleName(QStringLiteral("Layouts"));
-    // Without a database there is none to choose.
+    // Without a database there is no layout to choose.
     Skip("layout names", [&] { m_layouts->addItems(LayoutNames(session.LayoutDb)); });
     auto* load = MakeControl<QPushButton>("cmdLoad", QStringLiteral("Load"), this);
     load->setDefault(true);

@@ -8,7 +8,7 @@ namespace vantrel {
 
 class Session;
 
-/// The picker of layouts. It stands open without blocking the station.
+/// The picker of layouts. It is open without blocking the station.
 class frmGetLayout : public QDialog
 {
     Q_OBJECT

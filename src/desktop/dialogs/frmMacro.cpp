@@ -16,10 +16,10 @@ namespace {
 constexpr int IdColumn = 0;
 constexpr int NameColumn = 1;
 
-/// Room for a handful of macros and layouts; names that need more get it, up to the largest size.
+/// Size for a handful of macros and layouts; longer names widen the window up to the largest size.
 constexpr QSize FirstSize{480, 320};
 constexpr QSize LargestSize{900, 600};
-/// Characters of a layout's name that show at least.
+/// Characters of a layout's name that are shown at least.
 constexpr int NameCharacters = 24;
 
 } // namespace
@@ -35,7 +35,7 @@ frmMacro::frmMacro(Session& session, QWidget* parent)
     FillMacros();
     ShowMarks();
     resize(sizeHint().expandedTo(FirstSize).boundedTo(LargestSize));
-    // Only now: the size of a column that stretches says nothing of its names.
+    // This is set only now, since a stretched column does not report the width that its names need.
     m_macros->header()->setStretchLastSection(true);
 }
 
@@ -62,7 +62,7 @@ void frmMacro::MakeControls()
     auto* close = MakeControl<QPushButton>("cmdClose", QStringLiteral("Close"), this);
 
     connect(m_macros, &QTreeWidget::itemSelectionChanged, this, &frmMacro::ShowMarks);
-    // A click on the row that is selected reads its marks anew.
+    // A click on the selected row reads its marks again.
     connect(m_macros, &QTreeWidget::itemClicked, this, &frmMacro::ShowMarks);
     connect(save, &QPushButton::clicked, this, [this] {
         SaveActiveMacro(m_session, SelectedMacro(), m_layouts->Marked());
@@ -96,7 +96,7 @@ void frmMacro::FillMacros()
 
 bool frmMacro::event(QEvent* event)
 {
-    // Without a window manager a window shows and never becomes active.
+    // Without a window manager a window is shown and never becomes active.
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show)
         SelectActive();
     return QDialog::event(event);

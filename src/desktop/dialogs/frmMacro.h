@@ -11,8 +11,8 @@ class Session;
 
 class DesktopLayoutList;
 
-/// Gives a macro its layouts and picks the macro that records run. It stands open without blocking
-/// the station.
+/// Sets the layouts of a macro and the macro that records run. It is open without blocking the
+/// station.
 class frmMacro : public QDialog
 {
     Q_OBJECT

@@ -8,7 +8,7 @@ namespace vantrel {
 
 class Session;
 
-/// Asks what stands before and behind the value of the selected data field.
+/// Asks for the prefix and the suffix of the selected data field.
 class frmPreSuffix : public QDialog
 {
     Q_OBJECT

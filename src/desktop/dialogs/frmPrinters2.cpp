@@ -28,7 +28,7 @@ constexpr double PlaceTwips = 1200;
 constexpr QSize FirstSize{640, 520};
 constexpr int ConfigInterval = 200;
 constexpr int RefreshInterval = 500;
-/// What a row has besides its texts: its key, or the code of its kind.
+/// Data of a row besides its texts: its key, or the code of its kind.
 constexpr int RowData = Qt::UserRole;
 /// Whether the queue of a row takes jobs.
 constexpr int RowAcceptsJobs = Qt::UserRole + 1;
@@ -77,7 +77,7 @@ void frmPrinters2::StartTimers()
     auto* configuring = MakeControl<QTimer>("tmrConfig", this);
     connect(configuring, &QTimer::timeout, this, &frmPrinters2::CheckConfigurable);
     configuring->start(ConfigInterval);
-    // Nothing starts this one: the list is rebuilt by its button only.
+    // This timer is never started: the list is rebuilt by its button only.
     auto* refreshing = MakeControl<QTimer>("tmrRefresh", this);
     refreshing->setInterval(RefreshInterval);
     connect(refreshing, &QTimer::timeout, refreshing, &QTimer::stop);
@@ -167,7 +167,7 @@ void frmPrinters2::closeEvent(QCloseEvent* event)
 void frmPrinters2::ShowSavedValues()
 {
     const LayoutParamsRecord& params = m_session.CurrentParams;
-    // A refresh keeps what the operator chose, not this.
+    // A refresh keeps the printer that the operator chose, not this one.
     const QSignalBlocker notChosen(m_printers);
     for (int i = 0; i < m_printers->topLevelItemCount(); ++i) {
         if (QTreeWidgetItem* row = m_printers->topLevelItem(i);
@@ -192,7 +192,7 @@ void frmPrinters2::CheckConfigurable()
 
 void frmPrinters2::Configure()
 {
-    // Over the main window: it stays when this dialog closes.
+    // The main window is its parent, since it stays open when this dialog closes.
     RunOrEnd([this] { OpenDialog<frmSerialize>(m_session, parentWidget()); });
 }
 

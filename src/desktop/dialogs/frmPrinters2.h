@@ -17,8 +17,8 @@ struct PrinterChoice;
 struct PrinterKindRow;
 struct PrinterListRow;
 
-/// Printer, kind of printer, orientation and copies of the open layout. It stands open without
-/// blocking the station and has no close box.
+/// Printer, kind of printer, orientation and copies of the open layout. It is open without blocking
+/// the station and has no close box.
 class frmPrinters2 : public QDialog
 {
     Q_OBJECT
@@ -32,7 +32,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
-    /// A window manager can close windows without a close box, by a key for example: not this one.
+    /// Ignores the close of a window manager, which can close windows without a close box, for
+    /// example by a key.
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -52,7 +53,7 @@ private:
     void AddPrinter(const PrinterListRow& row);
 
     void ShowSavedValues();
-    /// Only the serialized kind has something to configure.
+    /// Enables the button for the kind "serialized", the only one that can be configured.
     void CheckConfigurable();
     void Configure();
     PrinterChoice Choice() const;
@@ -69,12 +70,12 @@ private:
     QPushButton* m_save = nullptr;
     /// The printer chosen last by mouse or key; a refresh keeps it selected.
     QString m_clicked;
-    /// A build that begins while another lets events run replaces it.
+    /// Number of the present build: one that begins while another lets events run replaces it.
     int m_builds = 0;
     bool m_filled = false;
 };
 
-/// Opens the printer selection over the main window, with the hourglass while it comes up.
+/// Opens the printer selection over the main window, with the hourglass until it is shown.
 void OpenPrinterSelection(Session& session, QWidget* parent);
 
 } // namespace vantrel

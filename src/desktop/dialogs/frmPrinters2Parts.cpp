@@ -51,7 +51,7 @@ QWidget* frmPrinters2::MakePrinterPart()
         {QStringLiteral("Printer Name"), QStringLiteral("Status"), QStringLiteral("Jobs")});
     connect(m_printers, &QTreeWidget::itemClicked, this,
             [this](const QTreeWidgetItem* row) { m_clicked = row->text(0); });
-    // By the keyboard, or by a program that speaks for an operator.
+    // Selected by the keyboard, or by a screen reader for an operator.
     connect(m_printers, &QTreeWidget::itemSelectionChanged, this, [this] {
         for (const QTreeWidgetItem* row : m_printers->selectedItems())
             m_clicked = row->text(0);
@@ -112,7 +112,7 @@ QWidget* frmPrinters2::MakeButtons()
 {
     m_save = MakeControl<QPushButton>("cmdSave", QStringLiteral("Save"));
     m_save->setDefault(true);
-    // Before the layout's values show there is nothing to save.
+    // Until the layout's values are shown there is nothing to save.
     m_save->setEnabled(false);
     auto* close = MakeControl<QPushButton>("cmdCancel", QStringLiteral("Close"));
     auto* refresh = MakeControl<QPushButton>("cmdRefresh", QStringLiteral("&Refresh"));

@@ -15,7 +15,7 @@ namespace {
 
 /// How far above the middle of the main window's height the window stands, twips.
 constexpr int AboveMiddle = 400;
-/// Characters in a row and rows that show at first.
+/// Characters in a row, and rows, that are visible at first.
 constexpr int FirstColumns = 72;
 constexpr int FirstRows = 16;
 

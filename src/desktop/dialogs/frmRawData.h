@@ -7,8 +7,8 @@ namespace vantrel {
 class DesktopRawText;
 class Session;
 
-/// The last raw input, as text or as the codes of its characters. It does not follow new input by
-/// itself.
+/// The last raw input, as text or as the codes of its characters. It shows new input only after a
+/// refresh.
 class frmRawData : public QDialog
 {
     Q_OBJECT

@@ -102,7 +102,7 @@ QLayout* frmSendData::MakeSpacing()
     connect(arrows, &DesktopUpDown::ValueChanged, m_digitCount,
             [this](int digits) { m_digitCount->setText(QString::number(digits)); });
     connect(m_digitCount, &QLineEdit::textChanged, arrows, [arrows](const QString& text) {
-        // What was typed stays as it is; the arrows only count on from it.
+        // The typed text stays unchanged; the arrows only continue from it.
         const QSignalBlocker keepText(arrows);
         Skip("count digits", [&] { arrows->SetValue(ToInteger(text)); });
     });
@@ -150,7 +150,7 @@ SequenceOrder frmSendData::Order() const
 
 void frmSendData::Print()
 {
-    // The station may close this window while the run goes.
+    // The station may close this window during the run.
     const QPointer<frmSendData> self(this);
     m_print->setEnabled(false);
     RunSequence(m_session, Order(), [&self](double done, double count) {

@@ -13,8 +13,8 @@ namespace vantrel {
 
 class Session;
 
-/// The card number sequence generator. The station lives on while a run goes; closing the window
-/// ends the run behind the card in hand.
+/// The card number sequence generator. The station goes on working during a run; closing the window
+/// ends the run after the present card.
 class frmSendData : public QDialog
 {
     Q_OBJECT

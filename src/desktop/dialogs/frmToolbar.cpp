@@ -15,7 +15,7 @@ namespace vantrel {
 
 namespace {
 
-/// How far above the middle of the main window's height the dialog stands, twips.
+/// How far above the middle of the main window's height the dialog is placed, twips.
 constexpr int AboveMiddle = 200;
 
 } // namespace
@@ -96,7 +96,7 @@ void frmToolbar::LoadFilterList()
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(m_session.Settings.Filters.*row.Flag ? Qt::Checked : Qt::Unchecked);
     }
-    // All rows show at once: an operator is not to overlook one.
+    // All rows are visible at once, so that an operator overlooks none.
     m_filters->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     m_filters->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     m_filters->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -185,7 +185,7 @@ void frmWizard::FillSummary()
 
 void frmWizard::Finish()
 {
-    // Building lets events run, and closing deletes the window.
+    // Building the layout lets events run, in which the window may be closed and deleted.
     Session& session = m_session;
     const WizardAnswers answers = m_answers;
     close();

@@ -19,8 +19,8 @@ class Session;
 
 class DesktopUpDown;
 
-/// The card design wizard: six pages, and the layout made of their answers when the last one is
-/// left. It has no close box; "Cancel" makes nothing.
+/// The card design wizard. It has six pages and makes a layout from their answers when the last one
+/// is finished. It has no close box; "Cancel" makes no layout.
 class frmWizard : public QDialog
 {
     Q_OBJECT
@@ -30,11 +30,12 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
-    /// A window manager can close windows without a close box, by a key for example: not this one.
+    /// Ignores the close of a window manager, which can close windows without a close box, for
+    /// example by a key.
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    /// The check boxes of a font's style.
+    /// The check boxes for the style of a font.
     struct StyleBox
     {
         const char* Name;

@@ -14,8 +14,8 @@ namespace vantrel {
 
 namespace {
 
-/// Asks for a file for the page that is open. A record may open another behind the dialog, or none,
-/// and the file is not meant for that.
+/// Asks for a file for the page that is open. While the dialog is open a record may open another
+/// page, or close the layout; the file is not meant for that page and is dropped.
 template <typename Ask, typename Take>
 void AskForPage(Session& session, Ask ask, Take take)
 {
@@ -61,7 +61,7 @@ void AcrobatBackImageCommand(Session& session, QMainWindow& window)
         return;
     const auto ask = [&] {
         auto& dialog = DesktopFileDialog::Of(window);
-        // Nobody resets the filter, and the name is not cleared: a cancelled dialog converts, too.
+        // The filter is not reset and the name is not cleared, so a cancelled dialog converts too.
         dialog.Filter = QStringLiteral("*.pdf|*.PDF");
         dialog.ShowOpen();
         return dialog.FileName;

@@ -7,8 +7,8 @@ namespace vantrel {
 class Session;
 
 /// @file The commands that ask for a file or for the workspace's colour. They share the main
-/// window's file dialog, with what it held before. Those of the page's back image do nothing
-/// without a layout.
+/// window's file dialog with the values it had before. The commands for the page's back image do
+/// nothing without a layout.
 
 void ImportVersion4Command(Session& session, QMainWindow& window);
 void BackImageCommand(Session& session, QMainWindow& window);

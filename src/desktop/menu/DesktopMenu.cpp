@@ -35,7 +35,7 @@ const char* MenuName(PopUp menu)
     return "";
 }
 
-/// More than an operator looks through; a host may send millions of values.
+/// The most values that the menu lists; a host may send millions of them.
 constexpr int MostFieldsShown = 1000;
 
 /// A caption that shows every "&" of a value instead of taking it for a mnemonic.
@@ -161,7 +161,7 @@ void MainMenu::MirrorEntry(ObjectEntry entry, bool visible)
 void MainMenu::MirrorFields()
 {
     Find("sData")->setVisible(m_session.Face.Fields().SendEntryVisible);
-    // Every record changes the list, and hardly any is looked at.
+    // Every record changes the list, but it is rarely opened, so it is filled when it is shown.
     if (FindMenu("mnuDataFields")->isVisible())
         FillFields();
 }
@@ -177,7 +177,8 @@ void MainMenu::FillFields()
         m_fields.push_back(new QAction(&m_window));
         const auto number = static_cast<int>(m_fields.size());
         m_fields.back()->setObjectName(QStringLiteral("cmdField(%1)").arg(number));
-        // At once: a record that comes first would give the number to another value.
+        // Not queued: a record that came before the command ran would give the number to another
+        // value.
         connect(m_fields.back(), &QAction::triggered, this,
                 [this, number] { ChooseField(number); });
         FindMenu("mnuDataFields")->insertAction(send, m_fields.back());
@@ -191,7 +192,7 @@ void MainMenu::MirrorProperties(bool enabled)
     Find("mnuProperties")->setEnabled(enabled);
     if (enabled)
         return;
-    // What stands open was opened for an object that has gone.
+    // An open menu was opened for an object that has gone.
     for (const char* menu : {"mnuProperties", "mnuAutoNumber"})
         FindMenu(menu)->close();
 }
@@ -234,14 +235,16 @@ void MainMenu::Run(const MenuRow& row)
     // The tick follows the station, not the press: the command may do nothing.
     if (row.Ticked)
         MirrorTick(*row.Ticked, m_session.Face.IsTicked(*row.Ticked));
-    // The timers switch the menus a little later than a record takes what a command is for.
+    // The timers disable menus a little later than a record removes the object or layout that a
+    // command works on.
     if (row.Action != nullptr && CanRun(row))
         RunOrEnd([&] { row.Action(m_session, m_window); });
 }
 
 void MainMenu::ChooseField(int number)
 {
-    // A record that has just begun has no values yet, while the menu shows those of the last.
+    // A record that has just begun has no values yet, while the menu still shows those of the last
+    // one.
     if (number <= m_session.FieldValues.Count())
         RunOrEnd([&] { ChooseDataField(m_session, number); });
 }
@@ -251,7 +254,7 @@ void MainMenu::UpdateEnabled()
     const auto rows = MenuRows();
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const Enabled when = rows[index].When;
-        // What needs a selection is switched by the document.
+        // Entries that need a selection are enabled and disabled by the document.
         if (when != Enabled::Always && when != Enabled::WithSelection)
             m_actions[index]->setEnabled(Holds(when));
     }

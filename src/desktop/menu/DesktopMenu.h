@@ -15,8 +15,8 @@ struct MenuRow;
 enum class Enabled;
 
 /// The menus of the main window, made from the table of `MenuRows`. Each entry is a `QAction` of
-/// the window under its own name, each menu a `QMenu`; named dashes are actions too. They mirror
-/// the station's face.
+/// the window under its own name, each menu a `QMenu`; named separators are actions too. They
+/// follow the state of `StationFace`.
 class MainMenu : public QObject
 {
     Q_OBJECT
@@ -24,14 +24,14 @@ class MainMenu : public QObject
 public:
     MainMenu(Session& session, QMainWindow& window);
 
-    /// Fits what can be chosen to whether the windows show and whether a layout is open.
+    /// Enables and disables entries by whether the windows are shown and whether a layout is open.
     void UpdateEnabled();
-    /// The captions that the load of the main window sets.
+    /// Sets the captions that the load of the main window gives.
     void UpdateStartCaptions();
 
 private:
     void Build();
-    /// By the captions as they stand.
+    /// Sets the icons by the present captions.
     void SetIcons();
     QMenu* MakeMenu(const MenuRow& row);
     QAction* MakeCommand(const MenuRow& row);

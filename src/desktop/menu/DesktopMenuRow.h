@@ -10,7 +10,7 @@ namespace vantrel {
 
 class Session;
 
-/// When an entry, or what stands in a menu, can be chosen.
+/// When an entry, or all entries of a menu, can be chosen.
 enum class Enabled { Always, WhileVisible, WithLayout, WhileVisibleWithLayout, WithSelection };
 
 enum class RowKind { Menu, Command, Dash };
@@ -18,14 +18,14 @@ enum class RowKind { Menu, Command, Dash };
 /// What a command does. A failure that leaves it ends the station.
 using MenuAction = void (*)(Session& session, QMainWindow& window);
 
-/// One row of the menu tree. Rows come in the order in which the tree shows them, each after the
-/// menu it stands in.
+/// One row of the menu tree. Rows are in the order in which the tree shows them, each after the
+/// menu that contains it.
 struct MenuRow
 {
     RowKind Kind;
-    /// Name of the menu it stands in; empty for the bar.
+    /// Name of the menu that contains it; empty for the menu bar.
     const char* Parent;
-    /// Also the name of its `QAction` or `QMenu`; empty for most dashes.
+    /// Also the name of its `QAction` or `QMenu`; empty for most separators.
     const char* Name;
     const char* Caption = "";
     const char* Shortcut = "";

@@ -15,7 +15,7 @@ namespace vantrel {
 
 namespace {
 
-/// A box whose text is shown as it stands, never taken for markup.
+/// A box whose text is shown unchanged and never read as markup.
 void SetPlainText(QMessageBox& box, const QString& title, const QString& text)
 {
     box.setTextFormat(Qt::PlainText);
@@ -36,8 +36,8 @@ QMessageBox::Icon SignOf(BoxIcon icon)
     return QMessageBox::NoIcon;
 }
 
-/// Shows a box that belongs to the window it comes from, and waits. The main window owns it all the
-/// same: another window may go while the box stands.
+/// Shows a box that belongs to the window it comes from, and waits. The main window owns it
+/// nevertheless, since any other window may be deleted while the box is open.
 int Ask(QDialog& box)
 {
     BelongTo(box, WindowInUse());
@@ -94,7 +94,7 @@ QString DesktopOperator::InputBox(const QString& prompt, const QString& title,
     box.setWindowTitle(ShownTitle(title));
     box.setLabelText(prompt);
     box.setTextValue(present);
-    // The box takes its size from what stands in it.
+    // The size of the box follows from its contents.
     box.findChild<QLineEdit*>()->setMinimumWidth(WidthForTitle(title));
     return Ask(box) == QDialog::Accepted ? box.textValue() : QString();
 }
@@ -107,7 +107,8 @@ std::optional<Font> DesktopOperator::AskFont(const Font& present)
     if (Ask(box) != QDialog::Accepted)
         return std::nullopt;
     Font chosen = StoredFont(box.selectedFont());
-    // The dialog knows whole sizes and installed fonts only; what it was left at stays as it was.
+    // The dialog knows whole sizes and installed fonts only, so values that the operator did not
+    // change are kept as they were.
     if (chosen.Name == shown.Name)
         chosen.Name = present.Name;
     if (chosen.Size == shown.Size)

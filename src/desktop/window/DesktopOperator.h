@@ -7,11 +7,11 @@
 
 namespace vantrel {
 
-/// The operator at the screen: boxes, the hourglass, and the event loop.
+/// The operator at the screen: shows boxes and the hourglass, and runs the event loop.
 class DesktopOperator : public Operator
 {
 public:
-    /// Boxes are owned by this window from now on; until there is one they stand free.
+    /// Boxes are owned by this window from now on; until then they have no owner.
     void SetMainWindow(QWidget* window) { m_mainWindow = window; }
 
     bool ShowAppMessage(const QString& text, const QString& title,
@@ -22,7 +22,7 @@ public:
     QString InputBox(const QString& prompt, const QString& title, const QString& present) override;
     std::optional<Font> AskFont(const Font& present) override;
     std::optional<ColorValue> AskColor(ColorValue present) override;
-    /// What opens the camera dialog; without it nothing does.
+    /// Sets the routine that opens the camera dialog; without one a request does nothing.
     void SetCameraDialog(std::function<void()> open) { m_openCamera = std::move(open); }
     void OpenCameraDialog() override;
     void LetEventsRun() override;

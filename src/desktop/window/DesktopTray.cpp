@@ -25,7 +25,8 @@ QString FileOf(TrayImage image)
     return {};
 }
 
-/// Where no notification area is, Qt waits for one of X11, on Wayland in vain and with a warning.
+/// Where there is no notification area, Qt waits for one of X11; on Wayland it does so in vain and
+/// with a warning.
 bool HasOrAwaitsArea()
 {
     return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland")) ||

@@ -11,8 +11,8 @@ class QWidget;
 
 namespace vantrel {
 
-/// The station's icon in the notification area, as the station's face has it. Where there is no
-/// such area nothing shows, and nothing fails; one that comes later gets the icon.
+/// The station's icon in the notification area, as `StationFace` describes it. Where there is no
+/// such area, no icon is shown and nothing fails; an area that appears later gets the icon.
 class DesktopTray : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ private:
     StationFace& m_face;
     QWidget& m_mainWindow;
     QPointer<QSystemTrayIcon> m_icon;
-    /// The image that shows; each is rendered once.
+    /// The image that is shown; each is rendered once.
     TrayImage m_shown = TrayImage::NoHandle;
     std::array<QIcon, 3> m_images;
 };

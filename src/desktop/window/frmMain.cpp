@@ -26,7 +26,7 @@ namespace vantrel {
 
 namespace {
 
-/// No close box: everything a title bar can have but that.
+/// Every button that a title bar can have except the close box.
 constexpr Qt::WindowFlags FrameFlags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                        Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint;
 constexpr int FlashInterval = 100;
@@ -47,7 +47,7 @@ frmMain::frmMain(Session& session, Display display)
     setObjectName(QStringLiteral("frmMain"));
     new DesktopDragGuard(this);
     m_workspace->setObjectName(QStringLiteral("Workspace"));
-    // Of itself it tells of the card only, and not of the navigator.
+    // Qt reports only the card to screen readers and not the navigator.
     TellAs<QMdiArea, QAccessible::LayeredPane>();
     m_workspace->setAccessibleName(QStringLiteral("Workspace"));
     m_workspace->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -69,7 +69,7 @@ void frmMain::BuildStatusBar()
 {
     auto* bar = statusBar();
     bar->setObjectName(QStringLiteral("SB"));
-    // The panels have a frame of their own.
+    // The panels draw a frame themselves.
     bar->setStyleSheet(QStringLiteral("QStatusBar::item { border: none }"));
     for (int number = 1; number <= PanelCount; ++number) {
         auto* panel = new DesktopPanel(bar);
@@ -140,7 +140,7 @@ void frmMain::Unload()
                                ScreenTwips(width())};
         UnloadMain(m_session, isMinimized() ? nullptr : &present);
     }
-    // What a dialog has under way, such as a run of card numbers, ends with it.
+    // Closing a dialog also ends what it is running, such as a run of card numbers.
     for (QDialog* dialog : findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly))
         dialog->hide();
     hide();
@@ -149,7 +149,8 @@ void frmMain::Unload()
 
 void frmMain::StartFlash()
 {
-    // One that runs goes on: records in quick succession must not hold up its ticks.
+    // A running flash continues: records in quick succession must not restart it before its next
+    // tick.
     if (!m_unloaded && !m_flashTimer->isActive())
         m_flashTimer->start();
 }
@@ -245,7 +246,7 @@ void frmMain::resizeEvent(QResizeEvent* event)
 void frmMain::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    // The desktop has new colours: the background may be among them.
+    // The colours of the desktop have changed; the background may use one of them.
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
         m_repaintBackground = true;
 }

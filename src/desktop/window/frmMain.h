@@ -18,9 +18,9 @@ class frmNav;
 /// Whether there is a screen to show windows on. Without one nothing is ever shown or painted.
 enum class Display { Present, Absent };
 
-/// The main window: the frame around the workspace, its menus and its status bar. It mirrors the
-/// station's face and has the timers that steer the station. It cannot be closed: the station is
-/// left through its exit command, by the status file, or by a signal.
+/// The main window: the frame around the workspace, its menus and its status bar. It follows the
+/// state of `StationFace` and has the timers that drive the station. It cannot be closed: the
+/// station is left through its exit command, by the status file, or by a signal.
 class frmMain : public QMainWindow
 {
     Q_OBJECT
@@ -29,11 +29,11 @@ public:
     explicit frmMain(Session& session, Display display = Display::Present);
     ~frmMain() override;
 
-    /// Brings the station up: places the window, reopens the last layout, opens the ports. Call it
+    /// Starts the station: places the window, reopens the last layout and opens the ports. Call it
     /// from a running event loop.
     void Load();
-    /// Keeps what the next start needs and ends the event loop with 0. Nothing is kept of a window
-    /// that never loaded.
+    /// Stores what the next start needs and ends the event loop with 0. A window that never loaded
+    /// stores nothing.
     void Unload();
 
 protected:
@@ -55,7 +55,7 @@ private:
     void OnHideTick();
     void OnImageTick();
 
-    /// Lays the background over the workspace at its present size.
+    /// Paints the background of the workspace at its present size.
     void PaintBack();
     /// Shows a background that a command has changed; the navigator follows its colour.
     void TakeBackground();
@@ -75,7 +75,7 @@ private:
     bool m_loaded = false;
     bool m_unloaded = false;
     bool m_repaintBackground = false;
-    /// State of the status file, and of the windows, at the last look into it.
+    /// State of the status file, and of the windows, when the file was last read.
     FileStamp m_statusStamp;
     bool m_statusSeen = false;
     bool m_visibleAtLook = false;

@@ -52,7 +52,8 @@ frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButt
     column->addLayout(row);
     column->addStrut(WidthForTitle(title) - 2 * Margin);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    // Before it shows: a window manager takes a later place for that of the window in its frame.
+    // It is placed before it is shown: a window manager would take a later position for that of the
+    // window within its frame.
     if (parent != nullptr && parent->isVisible())
         CentreOver(*this, parent);
 }

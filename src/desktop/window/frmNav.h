@@ -6,8 +6,8 @@ namespace vantrel {
 
 class Session;
 
-/// The small page navigator on the workspace. It keeps its place at the right of the main window
-/// and stays in front of the document.
+/// The small page navigator on the workspace. It stays at the right of the main window and in front
+/// of the document.
 class frmNav : public QFrame
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
 
     /// Moves to its place in a main window of that width in pixels, and to the front.
     void KeepPlace(int mainWidth);
-    /// The page and save buttons work with an open layout only.
+    /// Enables the page and save buttons only while a layout is open.
     void SetLayoutCommandsEnabled(bool enabled);
 
     /// Follows a colour chosen for the workspace.

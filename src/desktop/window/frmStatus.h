@@ -8,8 +8,8 @@ namespace vantrel {
 
 class Session;
 
-/// "Layout Status": the printer of the open layout, looked at twenty times a second. An aid for
-/// whoever tends the station's code; no command opens it.
+/// "Layout Status": shows the printer of the open layout, read twenty times a second. It helps
+/// developers of the station; no command opens it.
 class frmStatus : public QDialog
 {
     Q_OBJECT
