@@ -87,7 +87,7 @@ TEST(CRect, ConvertsByTheHorizontalFactorOnBothAxes)
     const FormOnScreen form{100, 50, 15, 20};
     CRect rectangle = Sides(300, 150, 4500, 307);
     rectangle.TwipsToScreen(form);
-    // 307 twips are 20.47 pixels of 15 twips; the vertical factor has no say.
+    // 307 twips are 20.47 pixels of 15 twips; the vertical factor has no influence.
     EXPECT_EQ(rectangle, Sides(120, 60, 400, 70));
     rectangle.ScreenToTwips(form);
     EXPECT_EQ(rectangle, Sides(300, 150, 4500, 300));

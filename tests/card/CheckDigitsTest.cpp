@@ -37,7 +37,7 @@ void ForRandomDigits(int longest, Check&& check)
     }
 }
 
-/// The textbook's way: from the right, double every second digit, add the digits of the products.
+/// The textbook method: from the right, double every second digit, add the digits of the products.
 int LuhnDigit(const std::string& payload)
 {
     int sum = 0;
@@ -118,11 +118,11 @@ TEST(CodabarDigit, TakesEveryBlankOutOfTheCallersText)
 
 TEST(CodabarDigit, ANonDigitNeverFails)
 {
-    // Doubled are 1 and A: the reading stops at A, and 2 stands alone.
+    // 1 and A are doubled: the reading stops at A, and 2 is not doubled.
     EXPECT_EQ(Codabar("12A"), QStringLiteral("6"));
-    // Doubled are 1, A, 5: the reading stops at A, and 2 and 4 stand alone.
+    // 1, A and 5 are doubled: the reading stops at A, and 2 and 4 are not doubled.
     EXPECT_EQ(Codabar("12A45"), QStringLiteral("2"));
-    // A letter among those that stand alone counts as 0.
+    // A letter among the digits that are not doubled counts as 0.
     EXPECT_EQ(Codabar("1A3"), QString::number(LuhnDigit("103")));
     for (const char* text : {"ABC", "-", "...", "1-2-3", "-5", "&H1F", "1E5", "\xE9\xFF"})
         EXPECT_EQ(Codabar(text).size(), 1) << text;
@@ -139,7 +139,7 @@ TEST(CodabarDigit, IsExactUpToThirtyDigits)
 
 TEST(CodabarDigit, LosesDigitsOfAnEvenLongerNumber)
 {
-    // Sixteen nines doubled are written "2E+16": 2 + 1 + 6 and fifteen nines that stand alone.
+    // Sixteen nines doubled are written "2E+16": 2 + 1 + 6 and fifteen nines that are not doubled.
     const QByteArray nines(31, '9');
     EXPECT_EQ(Codabar(nines.constData()), QString::number(10 - (2 + 1 + 6 + 15 * 9) % 10));
     EXPECT_EQ(Codabar(QByteArray(2000, '9').constData()).size(), 1);

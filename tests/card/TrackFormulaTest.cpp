@@ -65,7 +65,7 @@ constexpr std::array TokenRows = {
     TokenRow{u"xCODABARx", TokenKind::Codabar, u"-1", -1, u""},
     TokenRow{u"model", TokenKind::Literal, u"-1", -1, u"model"},
     TokenRow{u"Sep", TokenKind::Literal, u"-1", -1, u"Sep"},
-    // The first word in the order of looking decides, wherever it stands.
+    // The first word in the order of the search decides, wherever it stands.
     TokenRow{u"FDSEPAUTOEBTCODABARMOD", TokenKind::Mod10, u"-1", -1, u""},
     TokenRow{u"FDSEPAUTOEBTCODABAR", TokenKind::Codabar, u"-1", -1, u""},
     TokenRow{u"FDSEPAUTOEBT", TokenKind::Ebt, u"-1", -1, u""},
@@ -203,7 +203,8 @@ TEST(EvaluateTrack, ACheckDigitCoversOnlyTheTokenBeforeIt)
 
 TEST(EvaluateTrack, ACheckDigitBehindATokenWithoutValueCoversTheEmptyText)
 {
-    // At the front, behind a separator, an automatic number, a formatted field, a check digit.
+    // At the beginning, and behind a separator, an automatic number, a formatted field and a check
+    // digit.
     constexpr std::array before = {u"", u"SEP~", u"AUTO1~", u"FD0^8^0^1~", u"DAT1~MOD10~"};
     int rows = 0;
     for (const char16_t* row : before) {
@@ -344,7 +345,7 @@ TEST(EvaluateTrack, EmptyFieldsGiveALoneSeparator)
 
 TEST(EvaluateTrack, AFormulaThatWouldFillTheMemoryFails)
 {
-    // Each token puts 32,000 times its pad text on the track.
+    // Each token puts its pad text on the track 32,000 times.
     const QString padText(1'000'000, QLatin1Char('x'));
     EXPECT_EQ(FailureIn(QStringLiteral("FD") + padText + QStringLiteral("^32000^0^1"),
                         {QStringLiteral("1")}),
@@ -361,7 +362,8 @@ TEST(EvaluateTrack, AFormulaThatWouldFillTheMemoryFails)
 
 TEST(EvaluateTrack, AFormulaReadsALongValueALimitedNumberOfTimes)
 {
-    // Nothing is left of the value on the track, so only what is read can end it.
+    // Nothing of the value is left on the track, so only the limit on what is read can end the
+    // formula.
     const QString cleanedAway(1'000'000, QLatin1Char('?'));
     const QStringList reads(100'000, QStringLiteral("DAT1"));
     qsizetype tokens = 0;

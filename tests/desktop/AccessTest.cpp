@@ -21,14 +21,15 @@
 namespace vantrel::test {
 namespace {
 
-/// What somebody who cannot see the windows is told of them.
+/// What a screen reader reports of the windows.
 class Access : public ::testing::TestWithParam<WindowRow>
 {
 protected:
     FullStation Station;
 };
 
-/// What is told of a control before its state: its name, the label beside it, or its description.
+/// What a screen reader says of a control before its state: its name, the label beside it, or its
+/// description.
 QString SpokenName(const QWidget& widget)
 {
     QAccessibleInterface* told =
@@ -103,7 +104,7 @@ TEST_P(Access, EveryControlIsFoundFromItsWindow)
     });
 }
 
-/// The role each kind of control is told under; the first row that fits counts.
+/// The role that each kind of control is reported under; the first row that fits counts.
 struct RoleRow
 {
     const QMetaObject* Type;

@@ -14,7 +14,7 @@
 namespace vantrel::test {
 namespace {
 
-/// Does something with the dialog that opens next, and closes it if that did not.
+/// Runs a routine on the dialog that opens next, and closes the dialog if the routine did not.
 template <typename Dialog, typename Use>
 void WithNext(Use use)
 {

@@ -253,7 +253,7 @@ TEST(CameraDialog, SaysThatThereIsNoCameraAndHowToNameAFolder)
     for (const char* part : {"Camera=folder:", "[Station]", "Vantrel 6.ini"})
         EXPECT_TRUE(named.contains(QLatin1StringView(part))) << part;
     const QString any = lineFor(QStringLiteral("default"));
-    // A machine that runs this may have one.
+    // The machine that runs this test may have a camera.
     EXPECT_TRUE(any.isEmpty() || any.startsWith(QStringLiteral("There is no camera.")))
         << any.toStdString();
     EXPECT_EQ(

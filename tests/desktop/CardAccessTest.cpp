@@ -7,12 +7,12 @@
 #include <QMenu>
 #include <gtest/gtest.h>
 
-// The card and its menus as they are told to who cannot see them.
+// The card and its menus as screen readers see them.
 
 namespace vantrel::test {
 namespace {
 
-/// The designer, heard instead of seen.
+/// The designer with the accessible interface of its card.
 class AccessibleCard : public Designer
 {
 public:
@@ -118,7 +118,7 @@ TEST(AccessibleCard, AnOpenPopUpMenuIsAChildOfTheMainWindow)
         menu.close();
         EXPECT_EQ(designer.Main().childCount(), before);
     }
-    // A menu of the bar stands there, open or not.
+    // A menu of the menu bar is reported there, open or not.
     auto& file = designer.Get<QMenu>("mnuFile");
     const int before = designer.Main().childCount();
     file.popup(designer.Window.mapToGlobal(QPoint(50, 50)));

@@ -13,7 +13,7 @@ TEST_F(CommSettingsWindow, JetDirectDeviceIsStoredAsPort9100)
     EXPECT_EQ(Get<QLineEdit>("txtPort").text(), QStringLiteral("9100"));
     EXPECT_EQ(Get<DesktopUpDown>("udPort").Value(), 9100);
     EXPECT_FALSE(Get<QLineEdit>("txtPort").isEnabled());
-    // Out of use and back in use leaves the port of the device closed to typing.
+    // Turning the feature off and on again leaves the port field of this device read-only.
     Press("chkUseIP");
     Press("chkUseIP");
     EXPECT_FALSE(Get<QLineEdit>("txtPort").isEnabled());

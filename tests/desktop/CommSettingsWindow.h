@@ -23,7 +23,7 @@
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
-/// A station whose dialog is opened by its menu entry. Its ports are shut until a box is ticked.
+/// A station whose dialog is opened by its menu entry. Its ports are closed until a box is ticked.
 class CommSettingsWindow : public ::testing::Test
 {
 protected:

@@ -174,7 +174,7 @@ TEST_F(CommandEffect, TheFieldListShowsTheRecordAndGivesAValueToTheField)
     BuildFieldMenu(Station.Session.Face, Station.Session.FieldValues);
     auto& list = Station.Get<QMenu>("mnuDataFields");
     list.popup({});
-    // An ampersand would be a mnemonic: it is shown by a second one.
+    // A single ampersand would mark a mnemonic, so a caption doubles it.
     EXPECT_EQ(Station.Get<QAction>("cmdField(9)").text(),
               QStringLiteral("Data Field 9        =      A&&9"));
     EXPECT_EQ(Station.Get<QAction>("cmdField(10)").text(),

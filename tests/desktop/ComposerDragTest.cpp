@@ -11,12 +11,12 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-// Drags by the mouse itself, with the loop that runs while the button is held.
+// Drags with the mouse, including the event loop that runs while the button is held.
 
 namespace vantrel::test {
 namespace {
 
-/// A platform without a display whose drags run as on a screen.
+/// A platform without a display on which drags work as on a screen.
 const bool Drags = qputenv("VANTREL_TEST_PLATFORM", "minimal");
 
 class ComposerDrag : public ::testing::Test
@@ -41,7 +41,7 @@ protected:
     {
         QTest::mouseMove(window.windowHandle(), at);
     }
-    /// Takes the first node with the mouse and does this while it is dragged.
+    /// Drags the first node with the mouse and runs a routine during the drag.
     template <typename Use>
     void WhileDragging(Use use)
     {
@@ -57,7 +57,7 @@ protected:
             use();
             QTest::mouseRelease(Station.Window.windowHandle(), Qt::LeftButton);
         });
-        // This one begins the drag, and returns when it has ended.
+        // This event begins the drag, and its handling returns when the drag has ended.
         QTest::mouseMove(From->windowHandle(), at + QPoint(2 * step, 0));
         EXPECT_TRUE(used);
     }

@@ -77,7 +77,7 @@ void ComposerHand::DoubleClick(const char* element)
     SendMouse(chip, QEvent::MouseButtonPress, Qt::LeftButton);
     SendMouse(chip, QEvent::MouseButtonRelease, Qt::LeftButton);
     SendMouse(chip, QEvent::MouseButtonDblClick, Qt::LeftButton);
-    // Gone, perhaps, with its dialog: nothing is sent to it from here on.
+    // The element may have been deleted with its dialog, so nothing is sent to it from here on.
     QApplication::processEvents();
 }
 

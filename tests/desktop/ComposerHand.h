@@ -7,7 +7,7 @@
 
 namespace vantrel::test {
 
-/// The hand that works a composer: drags from its tree onto its rows, clicks and keys.
+/// Uses a composer as an operator does: drags from its tree onto its rows, clicks and presses keys.
 class ComposerHand
 {
 public:
@@ -26,7 +26,7 @@ public:
     void SelectNode(const QString& text);
     /// Drags a node over a row and drops it there, with what the tree itself puts into a drag.
     void DragOnto(const char* row, const QString& nodeText);
-    /// Drops a word that comes from elsewhere. @return whether the row took it
+    /// Drops a word that comes from another program. @return whether the row took it
     bool DropWord(const char* row, const QString& word);
     void DoubleClick(const char* element);
     void RightClick(const char* element);

@@ -195,7 +195,7 @@ TEST(DataSettingsWindow, DefaultsFillTheBoxesAndAreStoredByTheButton)
     EXPECT_EQ(station.Box("txtDelim").text(), QStringLiteral("+"));
     EXPECT_EQ(station.Box("txtEnd").text(), QStringLiteral(">"));
     EXPECT_FALSE(station.On<QCheckBox>("chkBuffer").isChecked());
-    // A filter acts at once, so nothing that waits may touch it.
+    // A filter acts at once, so values that are stored later must not change it.
     EXPECT_TRUE(station.Session.Settings.Filters.Esc);
     EXPECT_EQ(station.Session.Settings.Framing.DataStart, QStringLiteral("[2]"));
     station.Press("cmdOk");

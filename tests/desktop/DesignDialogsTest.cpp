@@ -100,7 +100,7 @@ TEST(SizeDialog, TakesNumbersBeyondAllBoundsWithoutHarm)
     up.UpButton().click();
     SavePage(designer.Session);
     ASSERT_TRUE(LoadLayout(designer.Session, QStringLiteral("Badge")));
-    // What is no length in the store counts as none.
+    // A stored value that is no length counts as no length.
     EXPECT_EQ(designer.Object(Family::lbl_TEXT).Left, 0);
     EXPECT_EQ(designer.Object(Family::lbl_TEXT).Top, 300);
 }

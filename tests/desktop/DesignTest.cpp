@@ -15,7 +15,7 @@ namespace {
 TEST(Designer, TheMouseMovesAnObject)
 {
     Designer designer;
-    // The text stands at 400, 300; what a drag touches lands on a pixel.
+    // The text is at 400, 300; a drag moves an object to a whole pixel.
     designer.Drag(designer.At(600, 375), designer.At(900, 825));
     ExpectBox(designer.Object(Family::lbl_TEXT), 705, 750, 1500, 300);
     EXPECT_TRUE(designer.Selected());
@@ -226,14 +226,14 @@ TEST(Designer, ABandDoesNotOutliveItsDocument)
     const QImage before = designer.Form->grab().toImage();
     designer.Press(designer.At(600, 375));
     designer.Move(designer.At(1500, 2500));
-    // Both before the window has looked at either.
+    // Both happen before the window has handled either event.
     CloseLayout(designer.Session);
     ASSERT_TRUE(LoadLayout(designer.Session, QStringLiteral("Badge")));
     QCoreApplication::processEvents();
     EXPECT_EQ(designer.Form->grab().toImage(), before);
 }
 
-// What an operator does from an empty station to a printed card, by menus and mouse alone.
+// From an empty station to a printed card, with menus and mouse only.
 TEST(Designer, ALayoutDesignedByHandIsSavedReloadedAndPrinted)
 {
     Designer designer;

@@ -39,7 +39,7 @@ public:
     /// The middle of a grip.
     QPoint Grip(int index) const;
     bool Selected() const { return Session.Document.SelectedObject != nullptr; }
-    /// Name of the menu that stands open, which is then closed.
+    /// Name of the open menu, which is then closed.
     static QString TakePopUp();
 
     frmDocument* Form;

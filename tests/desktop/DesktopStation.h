@@ -9,7 +9,7 @@
 
 namespace vantrel::test {
 
-/// A station with its main window, in a temporary program folder, its ports shut.
+/// A station with its main window, in a temporary program folder, with closed ports.
 class DesktopStation : public TestSession
 {
 public:
@@ -41,7 +41,7 @@ public:
     /// Chooses a menu entry and lets its command run.
     void Choose(const char* name);
     void Press(const char* name);
-    /// Asks a window to close as a window manager does. @return whether it went
+    /// Asks a window to close as a window manager does. @return whether it closed
     static bool CloseByWindowManager(QWidget& window);
 
     frmMain Window;

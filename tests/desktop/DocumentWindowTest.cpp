@@ -14,7 +14,7 @@
 namespace vantrel::test {
 namespace {
 
-/// The card as the renderer of the paper draws it at screen size.
+/// The card as the renderer of the printed page draws it at screen size.
 QImage PaintedCard(const Session& session)
 {
     const CardDocument& document = session.Document;
@@ -48,7 +48,7 @@ TEST(DocumentWindow, ShowsWhatPrints)
     blank.fill(Qt::white);
     EXPECT_NE(expected, blank);
     EXPECT_EQ(document.CardPicture(), expected);
-    // The outline of a text is the designer's: the rest of the window shows the card itself.
+    // The designer draws outlines around texts; the rest of the window shows the card itself.
     const QImage shown = document.grab().toImage().convertToFormat(QImage::Format_RGB32);
     const QRect photo = ScreenRect(500, 1500, 700, 900);
     EXPECT_EQ(shown.copy(photo.translated(document.CardRect().topLeft())), expected.copy(photo));

@@ -9,7 +9,7 @@
 
 namespace vantrel::test {
 
-/// A window of the station and the way to have it open.
+/// A window of the station and the routine that opens it.
 struct WindowRow
 {
     const char* Name;
@@ -33,15 +33,15 @@ inline std::ostream& operator<<(std::ostream& out, const WindowRow& row)
     return out << row.Name;
 }
 
-/// A station with every window's wants: a layout with an object of each family, one selected, a
-/// record with its buffered copy, printers and macros.
+/// A station with all that the windows need: a layout with an object of each family, one of them
+/// selected, a record with its buffered copy, printers and macros.
 class FullStation : public DesktopStation
 {
 public:
     FullStation();
 };
 
-/// Shows each face of a window in turn: the pages of its tabs or of its steps.
+/// Shows each page of a window in turn: those of its tabs or of its steps.
 void OnEachFace(QWidget& window, const std::function<void()>& look);
 
 /// Opens the window and waits until it has the keyboard.
@@ -62,7 +62,7 @@ QList<Widget*> Shown(const QWidget& window)
 /// Whether a widget is a part that Qt makes inside one of its controls.
 bool IsPartOfControl(const QWidget& widget);
 
-/// A widget told in a failure: its class and name.
+/// A widget as a failure message names it: its class and name.
 std::string Told(const QObject& object);
 
 } // namespace vantrel::test

@@ -20,7 +20,7 @@
 namespace vantrel::test {
 namespace {
 
-/// Does this to the next dialog of its kind that waits, from inside its event loop.
+/// Runs a routine on the next dialog of its class that waits, inside the dialog's event loop.
 template <typename Dialog, typename Deed>
 void WhenShown(Deed deed)
 {

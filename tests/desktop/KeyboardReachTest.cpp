@@ -26,7 +26,7 @@ protected:
     {
         QList<QWidget*> round;
         const qsizetype most = window.findChildren<QWidget*>().size();
-        // A text with a link keeps the key for one press more.
+        // A text with a link handles the key once more itself.
         for (qsizetype press = 0; press <= 2 * most; ++press) {
             Press(Qt::Key_Tab);
             if (Focus() == nullptr || (round.size() > 1 && Focus() == round.first()))
@@ -70,7 +70,7 @@ bool StandsBefore(const QRect& second, const QRect& first)
            (sameLine && second.right() < first.left());
 }
 
-/// Each control of the order that comes after one behind it, told.
+/// Describes each control that comes in the order after a control that is read later.
 std::string ReadWrongly(const QList<QWidget*>& order, const QWidget& window)
 {
     const auto place = [&](const QWidget* widget) {
@@ -90,10 +90,10 @@ TEST_P(KeyboardReach, TabFollowsTheReadingOrder)
 {
     QWidget& window = Open();
     OnEachFace(window, [&] {
-        // Those that are off now have their place in the order for when they are on.
+        // Disabled controls need their place in the order too, for when they are enabled.
         for (QWidget* widget : Shown<QWidget>(window))
             widget->setEnabled(true);
-        // The round begins where the focus stood: one beginning has to fit.
+        // The order begins where the focus was, so it must fit from one of its beginnings.
         QList<QWidget*> round = TabRound(window);
         std::string wrong = ReadWrongly(round, window);
         for (qsizetype turn = 1; turn < round.size() && !wrong.empty(); ++turn) {
@@ -131,7 +131,7 @@ TEST_P(KeyboardReach, EnterPressesTheDefaultButton)
     if (auto* line = window.findChild<QLineEdit*>())
         line->setFocus();
     int presses = 0;
-    // Its own work is another test's.
+    // What the button itself does is tested elsewhere.
     standard->disconnect();
     QObject::connect(standard, &QPushButton::clicked, standard, [&] { ++presses; });
     Press(Qt::Key_Return);

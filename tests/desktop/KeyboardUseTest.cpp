@@ -40,7 +40,7 @@ protected:
             Press(Qt::Key_Tab);
         EXPECT_TRUE(has()) << name;
     }
-    /// The wizard looks now and then whether its page is complete.
+    /// A timer of the wizard checks whether its page is complete.
     void WaitForNext()
     {
         const auto& next = DesktopStation::Named<QAbstractButton>(*Window, "cmdNext");
@@ -66,7 +66,7 @@ TEST_F(KeyboardUse, ChoosesALayoutAndOpensIt)
 TEST_F(KeyboardUse, AnArrowKeyChoosesTheOnlyLayout)
 {
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End}) {
-        // The menus follow a layout that was opened with their next tick.
+        // The menus follow an opened layout at the next tick of their timer.
         EXPECT_TRUE(EventsUntil([&] { return Station.Get<QAction>("cmdClose").isEnabled(); }));
         Station.Choose("cmdClose");
         Open("frmGetLayout");
@@ -159,7 +159,7 @@ TEST_F(KeyboardUse, ChoosesThePrinterItsOrientationAndItsCopies)
     TabTo("udCopies");
     Press(Qt::Key_Up);
     TabTo("chdForceResize");
-    // Back to the options, of which the arrow keys choose another.
+    // Back to the option buttons, where the arrow keys choose another one.
     Press(Qt::Key_Tab, Qt::ShiftModifier);
     Press(Qt::Key_Tab, Qt::ShiftModifier);
     const int before = Station.Session.CurrentParams.PrinterOrientation;

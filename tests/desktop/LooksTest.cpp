@@ -36,7 +36,7 @@ public:
         DesktopStyle::Install();
         if (dark)
             QApplication::setPalette(DarkPalette());
-        // Windows that are open follow with the next events.
+        // Open windows follow with the next events.
         QCoreApplication::processEvents();
     }
     ~Desktop() { QApplication::setPalette(m_before); }
@@ -50,7 +50,7 @@ private:
 class Looks : public ::testing::TestWithParam<WindowRow>
 {};
 
-/// How far what is drawn stands out from the commonest colour around it.
+/// The contrast of what is drawn with the commonest colour around it.
 double ContrastIn(const QImage& picture)
 {
     std::map<QRgb, int> counts;
@@ -68,7 +68,7 @@ double ContrastIn(const QImage& picture)
     return most;
 }
 
-/// A part of a window as it shows, in the picture's own pixels.
+/// A part of a window as it is shown, in the picture's own pixels.
 QImage Seen(QWidget& window, const QWidget& widget, const QRect& part)
 {
     const QRect place(widget.mapTo(&window, part.topLeft()), part.size());
@@ -94,7 +94,7 @@ void ExpectTextsLegible(QWidget& window)
         if (IsPartOfControl(*list) || list->model() == nullptr || list->model()->rowCount() == 0)
             continue;
         const QRect row = list->visualRect(list->model()->index(0, 0));
-        // It may be selected, and the desktop has chosen the colours for that.
+        // The control may be selected, and the desktop has chosen the colours for that state.
         EXPECT_GE(ContrastIn(Seen(window, *list->viewport(), row)), LeastOfShapes) << Told(*list);
     }
 }
@@ -133,7 +133,8 @@ TEST_P(Looks, NoTextIsCutOff)
             const bool hasText = (button != nullptr && !button->text().isEmpty()) ||
                                  (label != nullptr && !label->text().isEmpty()) ||
                                  qobject_cast<const QGroupBox*>(widget) != nullptr;
-            // A panel cuts its text off rather than widening the window, and has it as a tip.
+            // A panel cuts its text off rather than widening the window, and shows the whole text
+            // in a tool tip.
             if (!hasText || widget->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored)
                 continue;
             EXPECT_EQ(LackingRoom(*widget), QSize(0, 0)) << Told(*widget);
@@ -190,11 +191,11 @@ TEST(LooksOnDark, TheStyleOfADesktopIsLeftAlone)
     const QStyle* theirs = QApplication::style();
     DesktopStyle::Install();
     EXPECT_EQ(QApplication::style(), theirs);
-    // What follows has the common one, which is where the mended one is taken.
+    // The tests that follow use Qt's own style, which is the one that the station corrects.
     QApplication::setStyle(QStringLiteral("fusion"));
 }
 
-/// How far an icon's lines stand out from a ground.
+/// The contrast of an icon's lines with a background.
 double ContrastOf(const QIcon& icon, const QColor& ground)
 {
     const QImage drawn = icon.pixmap(QSize(32, 32), 1.0).toImage();

@@ -5,8 +5,8 @@
 
 namespace {
 
-/// What the platform without a display says of every window it makes, and of the notification area
-/// that it lacks.
+/// Warnings of the platform without a display about every window it makes, and about the missing
+/// notification area.
 class OffscreenRemarks : public ::testing::EmptyTestEventListener
 {
     void OnTestStart(const ::testing::TestInfo& /*test*/) override
@@ -18,13 +18,13 @@ class OffscreenRemarks : public ::testing::EmptyTestEventListener
 
 } // namespace
 
-// Windows are tested without a display: they paint and take presses all the same.
+// Windows are tested without a display; they still paint and handle presses.
 int main(int argc, char** argv)
 {
-    // This platform drags nothing; a test of drags names another.
+    // This platform cannot drag; the tests of drags name another one.
     qputenv("QT_QPA_PLATFORM",
             qEnvironmentVariable("VANTREL_TEST_PLATFORM", QStringLiteral("offscreen")).toLatin1());
-    // Qt's own dialogs keep their state here, not where whoever runs the tests has his.
+    // Qt's own dialogs keep their state here and not in the files of the user who runs the tests.
     const QTemporaryDir settings;
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     const QApplication application(argc, argv);

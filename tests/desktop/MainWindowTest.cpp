@@ -79,7 +79,7 @@ public:
     const QString Text = QStringLiteral("Layout (<b>") + QString(60, QLatin1Char('W')) +
                          QStringLiteral(") Page 1 of 2");
     QLabel& Panel() { return Get<QLabel>("SB2"); }
-    /// Lets the pointer rest on the panel. @return the tip that shows
+    /// Moves the pointer onto the panel and waits. @return the tool tip that is shown
     QString TipOnPanel()
     {
         const QPoint at = Panel().rect().center();
@@ -95,7 +95,7 @@ TEST(MainWindow, ALongTextOfAPanelEndsInAnEllipsis)
     QLabel& panel = station.Panel();
     const QImage seen = panel.grab().toImage();
     EXPECT_EQ(panel.text(), station.Text);
-    // It is the picture of a beginning that has room with an ellipsis behind it.
+    // The panel looks like one with a shorter text that ends in an ellipsis.
     bool ends = false;
     for (qsizetype length = 1; length < station.Text.size() && !ends; ++length) {
         panel.setText(station.Text.left(length) + QChar(0x2026));
@@ -110,7 +110,7 @@ TEST(MainWindow, APanelThatCutsItsTextOffShowsItWholeInAToolTip)
     LongPanel station;
     EXPECT_EQ(station.TipOnPanel(), Qt::convertFromPlainText(station.Text));
     EXPECT_EQ(station.Panel().toolTip(), QString());
-    // A panel's own tool tip goes before.
+    // A panel's own tool tip takes precedence.
     station.Session.Face.SetPanelToolTip(2, QStringLiteral("told"));
     EXPECT_EQ(station.TipOnPanel(), Qt::convertFromPlainText(QStringLiteral("told")));
     QToolTip::hideText();
@@ -171,7 +171,7 @@ TEST(MainWindow, TheStatusFileUndoesTheHideCommand)
     EXPECT_FALSE(station.Session.Settings.MainVisible);
     EXPECT_TRUE(EventsUntil([&] { return station.Session.Settings.MainVisible; }));
     EXPECT_TRUE(station.Window.isVisible());
-    // The menu keeps what the command had set.
+    // The menu keeps the caption that the command had set.
     EXPECT_EQ(station.Get<QAction>("cmdHide").text(), QStringLiteral("Show Vantrel..."));
 }
 

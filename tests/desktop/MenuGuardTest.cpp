@@ -25,7 +25,7 @@ protected:
         EXPECT_TRUE(EventsUntil([&] { return Menu("mnuProperties").menuAction()->isEnabled(); }));
         testing::internal::CaptureStderr();
     }
-    /// Whether the station has told why it ends.
+    /// Whether the station has written why it ends.
     static bool HasEnded()
     {
         return testing::internal::GetCapturedStderr().find("run-time error") != std::string::npos;
@@ -42,7 +42,7 @@ protected:
     DesktopStation Station;
 };
 
-/// Names of the menus that a row of the tree stands in, from the inside.
+/// Names of the menus that contain a row of the tree, the innermost first.
 QStringList MenusOf(const MenuRow& row)
 {
     QStringList menus;
@@ -73,7 +73,7 @@ TEST_F(MenuGuard, ACommandOfAnObjectThatHasGoneIsNotRun)
             auto& action = Station.Get<QAction>(row.Name);
             action.setVisible(true);
             action.trigger();
-            // A record reloads the page, or a macro ends, before the command has its turn.
+            // A record reloads the page, or a macro ends, before the queued command runs.
             if (closes)
                 CloseLayout(Station.Session);
             else
@@ -124,7 +124,7 @@ TEST_F(MenuGuard, AValueThatHasGoneWithItsRecordIsNotChosen)
     BuildFieldMenu(Station.Session.Face, Station.Session.FieldValues);
     QMenu& list = Menu("mnuDataFields");
     list.popup({});
-    // The next record has begun: it has no values yet, and the menu still shows those before.
+    // The next record has begun: it has no values yet, and the menu still shows the earlier ones.
     Station.Session.FieldValues = {};
     Station.Choose("cmdField(2)");
     EXPECT_EQ(Station.Session.Document.SelectedObject->DataField, QStringLiteral("1"));

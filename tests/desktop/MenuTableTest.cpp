@@ -11,7 +11,8 @@
 namespace vantrel::test {
 namespace {
 
-/// What a row of the tree is: an entry, a menu, or a dash; hidden or disabled at start.
+/// What a row of the tree is: an entry, a menu or a separator, and whether it is hidden or disabled
+/// at the start.
 enum Kind { Entry, HiddenEntry, DisabledEntry, Submenu, Dash, HiddenDash };
 
 struct Row
@@ -281,7 +282,7 @@ bool IsEnabled(DesktopStation& station, const char* name)
     return station.Get<QAction>(name).isEnabled();
 }
 
-/// Enabled states of all rows, told in one word.
+/// The enabled states of all rows, in one text.
 std::string States(DesktopStation& station)
 {
     std::string states;

@@ -17,7 +17,7 @@
 namespace vantrel::test {
 namespace {
 
-/// Does something with the box that opens next.
+/// Runs a routine on the box that opens next.
 template <typename Use>
 void WithNextBox(Use use)
 {
@@ -98,13 +98,13 @@ TEST(MessageBox, IsPlacedInTheMiddleOfTheMainWindow)
     frmMessage box(QStringLiteral("Are you sure?"), QStringLiteral("Sure?"),
                    AppMessageButtons::YesNo, &station.Window);
     box.show();
-    // What a window manager puts around a window is unknown until it stands.
+    // The frame that a window manager puts around a window is unknown until the window is shown.
     constexpr int FrameAllowance = 10;
     const QPoint off = box.geometry().center() - station.Window.frameGeometry().center();
     EXPECT_LE(off.manhattanLength(), FrameAllowance);
 }
 
-/// What every box is asked for by; none changes anything where it is refused.
+/// All commands that open a box; none changes anything where the answer is No.
 const std::pair<const char*, std::function<void(DesktopOperator&)>> Boxes[] = {
     {"app message",
      [](DesktopOperator& desk) {
@@ -134,7 +134,7 @@ TEST(MessageBox, BelongsToTheWindowItComesFrom)
         const QWindow* owner = nullptr;
         WithNextBox([&](QWidget& box) {
             owner = box.windowHandle()->transientParent();
-            // Whoever owns it lives as long as any box.
+            // The window that owns a box lives longer than any box.
             EXPECT_EQ(box.parentWidget(), &station.Window);
             static_cast<QDialog&>(box).done(QDialog::Rejected);
         });
@@ -187,7 +187,8 @@ TEST(MessageBox, ALongNameWithoutBlanksGoesOnInTheNextLine)
     EXPECT_GE(out.height(), lines * metrics.height());
     EXPECT_LE(out.geometry().right(), box.contentsRect().right());
     EXPECT_TRUE(out.text().contains(name));
-    // Every character of the name is drawn: each line has as much ink as characters fit.
+    // Every character of the name is drawn: each line has as much ink as the characters that fit
+    // into it.
     const QImage seen = out.grab().toImage();
     const QRgb ground = seen.pixel(seen.width() - 1, seen.height() - 1);
     const int side = metrics.horizontalAdvance(QLatin1Char('W'));

@@ -7,7 +7,7 @@
 namespace vantrel::test {
 namespace {
 
-/// A station whose database has gone: each query fails in silence in its own routine.
+/// A station whose database is missing: each query fails in silence in its own routine.
 class NoDatabase : public ::testing::TestWithParam<WindowRow>
 {
 protected:

@@ -30,7 +30,7 @@ protected:
         return DesktopStation::Named<Control>(*Pad, name);
     }
     PadResult& Result() { return Station.Session.Pad; }
-    /// Shows the dialog with an element's values and does something with it; it is closed by that.
+    /// Shows the dialog with an element's values and runs a routine on it, which closes it.
     template <typename Use>
     void Show(const QString& padChars, std::int16_t padLen, std::int32_t direction, Use use)
     {
@@ -97,7 +97,7 @@ TEST_F(PadDialogTest, ALengthMustBeChosenBeforeItSaves)
 TEST_F(PadDialogTest, ALengthSetByAScreenReaderIsCheckedLikeATypedOne)
 {
     Show(QString(), 8, 0, [this] {
-        // As a screen reader does it, without the keyboard.
+        // A screen reader sets the text like this, without the keyboard.
         Get<QLineEdit>("txtLength").setText(QStringLiteral("many"));
         EXPECT_FALSE(Get<QPushButton>("cmdSave").isEnabled());
         ExpectLength("many", Qt::white, Qt::red);

@@ -71,7 +71,7 @@ TEST(PageLikeness, TheDocumentShowsThePageThatIsPrinted)
     // Only the edges of letters and pictures differ, by the two renderers' smoothing.
     constexpr double tolerance = 6;
     EXPECT_LT(MeanDifference(shown, page), tolerance);
-    // A tolerance that passes a shifted card would show nothing.
+    // A tolerance that also passes a shifted card would prove nothing.
     const QImage shifted = shown.copy(3, 3, shown.width() - 3, shown.height() - 3);
     EXPECT_GT(MeanDifference(shifted, page.copy(shifted.rect())), 2 * tolerance);
 }

@@ -2,7 +2,7 @@
 #include <QPushButton>
 #include <QTest>
 
-// The printer selection's list built anew, and its ends.
+// Refreshing the list of the printer selection, and closing the selection meanwhile.
 
 namespace vantrel::test {
 

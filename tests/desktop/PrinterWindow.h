@@ -69,7 +69,7 @@ protected:
         ASSERT_EQ(found.size(), 1) << name.toStdString();
         KindList().setCurrentItem(found.constFirst());
     }
-    /// Its machine has these printers, the first one current and that of the open layout.
+    /// Gives the machine these printers; the first one is current and belongs to the open layout.
     void WithPrinters(const QStringList& names) { Station.Printers.Install(names); }
 
     DesktopStation Station;

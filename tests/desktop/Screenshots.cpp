@@ -48,7 +48,7 @@ void Keep(QWidget& window, const QString& path)
         std::fprintf(stderr, "cannot be written: %s\n", path.toLocal8Bit().constData());
 }
 
-/// A station with what the pictures show on top of what windows need.
+/// A station with what the windows need, and besides what the pictures show.
 class PicturedStation : public FullStation
 {
 public:
@@ -108,7 +108,7 @@ void TakeWizard(const QDir& folder)
     }
 }
 
-/// Takes every window that the book shows, each page of those that have several.
+/// Takes a picture of every window that the book shows, and of each page of a window with several.
 void TakePictures(const QDir& folder)
 {
     for (const PictureRow& picture : Pictures) {

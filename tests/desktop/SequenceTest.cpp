@@ -143,7 +143,7 @@ TEST(SequenceWindow, ClosingItEndsTheRunAfterThePresentCard)
     window.On<QLineEdit>("txtStart").setText(QStringLiteral("1"));
     window.On<QLineEdit>("txtEnd").setText(QStringLiteral("100"));
     window.Session.Settings.Framing.DataStart = QStringLiteral("{");
-    // Three times a card: with its record, with its fields, with its page.
+    // Events run three times for each card: with its record, its fields and its page.
     for (int events = 0; events < 3; ++events)
         window.Operator.WhileEventsRun.emplace_back([] {});
     window.Operator.WhileEventsRun.emplace_back([&] { window.Click("cmdCancel"); });
@@ -173,7 +173,7 @@ TEST(SequenceWindow, TheArrowsCountOnFromTheDigitsThatWereTyped)
     QTest::keyClicks(&digits, QStringLiteral("12"));
     arrows.UpButton().click();
     EXPECT_EQ(digits.text(), QStringLiteral("13"));
-    // What is no count leaves the arrows where they were.
+    // A text that is no number leaves the arrows where they were.
     digits.selectAll();
     QTest::keyClicks(&digits, QStringLiteral("x"));
     EXPECT_EQ(digits.text(), QStringLiteral("x"));
@@ -273,7 +273,7 @@ TEST(FormsWindow, IsPlaced500TwipsAboveTheCentreOfTheMainWindow)
     window.Open();
     const QPoint off = window.Window_->frameGeometry().center() -
                        window.Window.frameGeometry().center() + QPoint(0, ScreenPixels(500));
-    // A main window that does not show has no frame to tell of.
+    // A main window that is not shown has no frame that could be measured.
     constexpr int frameAllowance = 2;
     EXPECT_LE(std::max(std::abs(off.x()), std::abs(off.y())), frameAllowance);
 }

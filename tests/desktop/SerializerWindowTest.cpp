@@ -43,7 +43,7 @@ protected:
     void Drag(const char16_t* node) { Hand->DragOnto("OStream", QString::fromUtf16(node)); }
     DesktopElementRow& Stream() { return Hand->Row("OStream"); }
     QString Preview() { return Get<QLineEdit>("OStreamPreview").text(); }
-    /// Saves, and tells what a print would send then.
+    /// Saves. @return what a print would send then
     QString Sent()
     {
         Press("cmdSave");

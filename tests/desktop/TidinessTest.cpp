@@ -22,7 +22,7 @@ constexpr int LeastAir = 6;
 /// Characters of a name that a list shows without being scrolled or widened.
 constexpr int LeastCharacters = 18;
 
-/// What the windows look like on a desktop that has no style of its own.
+/// How the windows look on a desktop that has no style of its own.
 class Tidiness : public ::testing::TestWithParam<WindowRow>
 {
 protected:
@@ -73,7 +73,7 @@ TEST_P(Tidiness, RowsOfListsHaveSpaceBetweenThem)
 
 TEST_P(Tidiness, RowsOfAllListsHaveTheSameHeight)
 {
-    // What the style gives a row of text alone, which is what a list of that has.
+    // The height that the style gives to a row of text only.
     QListWidget plain;
     plain.addItem(QStringLiteral("Badge"));
     QWidget& window = Open();

@@ -20,7 +20,7 @@ QString ShownTip(QWidget& control)
     QHelpEvent hover(QEvent::ToolTip, at, control.mapToGlobal(at));
     QApplication::sendEvent(&control, &hover);
     QString shown = QToolTip::text();
-    // The label that shows it takes for markup what looks like it.
+    // The label that shows a tool tip reads a text that looks like markup as markup.
     if (Qt::mightBeRichText(shown)) {
         QTextDocument document;
         document.setHtml(shown);

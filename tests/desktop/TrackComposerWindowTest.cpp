@@ -49,7 +49,7 @@ protected:
         Get<QPushButton>(name).click();
         QApplication::processEvents();
     }
-    /// Lets a hand work the padding dialog once it is open.
+    /// Runs a routine on the padding dialog once it is open.
     template <typename Use>
     void WhilePadding(Use use)
     {
@@ -300,7 +300,7 @@ TEST_F(TrackComposerWindow, TheKeyboardDoesWhatTheMouseDoes)
     ComposerHand::PressKey(Hand->Row("Track2"), Qt::Key_End);
     Station.Operator.Inputs = {QStringLiteral("ACME")};
     ComposerHand::PressKey(Get<QWidget>("T2Element(2)"), Qt::Key_Return);
-    // The mouse cannot remove a single element here, and neither can a key.
+    // Neither the mouse nor a key removes a single element here.
     ComposerHand::PressKey(Get<QWidget>("T2Element(2)"), Qt::Key_Delete);
     EXPECT_EQ(Dialog->Ostrand_Encode(2), QStringLiteral("DAT2~ACME"));
 }

@@ -22,7 +22,7 @@ public:
     {
         Session.Settings.Framing = {QStringLiteral("<"), QStringLiteral("+"), QStringLiteral(">")};
         Load();
-        // As good as never by itself.
+        // So long that the timer never ticks by itself.
         Timer().setInterval(1000000);
     }
 

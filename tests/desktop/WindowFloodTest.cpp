@@ -8,15 +8,15 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
-// What an operator opens and closes all day leaves nothing behind.
+// Windows that an operator opens and closes all day leave nothing behind.
 
 namespace vantrel::test {
 namespace {
 
 constexpr int Openings = 200;
-/// The first ones load what every later one uses.
+/// The first windows load resources that every later one uses.
 constexpr int Settling = 20;
-/// Room for small caches that still grow; dialogs that stayed would take many times that.
+/// Room for small caches that still grow; dialogs that were not deleted would take many times that.
 constexpr std::size_t HeapRoom = 256UL * 1024UL;
 
 struct Held
@@ -65,7 +65,7 @@ TEST_P(WindowFlood, LeavesNothingBehind)
         if (!window->close())
             dynamic_cast<QDialog&>(*window).accept();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        // Those that their callers hold are freed by them.
+        // Windows that their callers hold are freed by the callers.
         if (window && !window->isVisible())
             delete window;
         EXPECT_TRUE(window.isNull());

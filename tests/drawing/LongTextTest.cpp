@@ -16,13 +16,14 @@ constexpr double Left = 200;
 constexpr double Right = 2200;
 constexpr double Top = 600;
 
-/// Many different words. Their characters are replaced one for one: digits where nothing is said.
+/// Many different words. Their characters are replaced one for one, by digits unless others are
+/// given.
 QString Words(int first, int count, const QString& characters = QStringLiteral("02345678"))
 {
     QStringList words;
     for (int number = first; number < first + count; ++number) {
         QString word;
-        // As many as there are characters, so that each of eight may be more than one code.
+        // As many indexes as characters, since each of the eight may need more than one code unit.
         const qsizetype width = characters.size() / 8;
         for (int digit = 0, rest = number; digit < 7; ++digit, rest /= 8)
             word.prepend(characters.sliced((rest % 8) * width, width));
@@ -31,7 +32,8 @@ QString Words(int first, int count, const QString& characters = QStringLiteral("
     return words.join(QLatin1Char(' '));
 }
 
-/// What a text begins with and ends with, and what of it is seen at a card's left and right edge.
+/// The beginning and the end of a text, and the parts of it that are visible at a card's left and
+/// right edge.
 struct Script
 {
     const char* Name;
@@ -95,7 +97,7 @@ protected:
         return {Screen(0.2, draw), ImageOfPdf(Pdf(draw)), ImageOfPdf(path)};
     }
 
-    /// Two drawings of one text, where lengths may differ by what no eye sees.
+    /// Two drawings of one text, whose lengths may differ by an invisible amount.
     static void ExpectSameInk(const QImage& one, const QImage& other, const char* what)
     {
         ASSERT_EQ(one.size(), other.size());

@@ -73,7 +73,7 @@ TEST_F(PageCanvasTest, EachStyleTakesItsOwnFace)
 
 TEST_F(PageCanvasTest, UnderlineIsBelowTheTextAndStrikethroughInIt)
 {
-    // A blank has no ink but what decorates it.
+    // A blank has no ink except for its underline and strikethrough.
     const QString blanks = QStringLiteral("x    x");
     Font underlined = Arial;
     underlined.Underline = true;
@@ -156,7 +156,7 @@ TEST_F(PageCanvasTest, CodesThatAreNoCharactersLeaveThePageWhole)
             Pdf([&](PageCanvas& page) { page.DrawText(text, Arial, ColorBlack, 200, 200); });
         EXPECT_EQ(WordsOfPdf(path).at(0).Text, QStringLiteral("AB"));
     }
-    // Half a character is none; it shows as the sign for that.
+    // Half of a surrogate pair is no character; it is shown as the replacement character.
     const QString half = QStringLiteral("A") + QChar(0xD800) + QStringLiteral("B");
     EXPECT_GT(PageCanvas::TextWidth(half, Arial), width);
 }

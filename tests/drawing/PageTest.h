@@ -41,7 +41,7 @@ protected:
         return image;
     }
 
-    /// The smallest rectangle around all that is not white.
+    /// The smallest rectangle around all pixels that are not white.
     static QRect InkOf(const QImage& image)
     {
         QRect ink;

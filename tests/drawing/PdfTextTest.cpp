@@ -28,7 +28,8 @@ QStringList AllScripts()
     return texts;
 }
 
-/// How much of the ink of two pictures of one size is not the other's, 0 for none to 2 for all.
+/// The share of the ink of two pictures of one size that the other lacks, from 0 for none to 2 for
+/// all.
 double InkApart(const QImage& one, const QImage& other)
 {
     double apart = 0;
@@ -53,7 +54,7 @@ QString ProducerOf(const QString& path)
     return {};
 }
 
-/// All that a reader finds on a page, its lines and blanks as blanks.
+/// All text of a page, with its line ends and blanks as blanks.
 QString TextOf(const QString& path)
 {
     return OutputOf(QStringLiteral("pdftotext"), {path, QStringLiteral("-")}).simplified();
@@ -79,7 +80,8 @@ protected:
         });
         const QImage paper = ImageOfPdf(PdfOf(text, font), PixelsPerPoint);
         ASSERT_EQ(paper.size(), screen.size());
-        // The two smooth edges in their own ways; half a point off is told from that.
+        // The two renderers smooth edges differently; a shift of half a point still differs more
+        // than that.
         const QImage shifted = screen.copy(QRect(QPoint(4, 4), screen.size()));
         EXPECT_LT(InkApart(screen, paper), InkApart(shifted, paper) / 2) << text.toStdString();
     }
@@ -184,7 +186,7 @@ TEST_F(PdfTextTest, PlainTextIsWrittenByTheStationItself)
 
 TEST_F(PdfTextTest, LaterCardsDoNotNeedTheGlyphsOfEarlierOnes)
 {
-    // More characters than one cut keeps, so that it is begun anew several times.
+    // More characters than one font subset keeps, so that the subset is begun again several times.
     QStringList expected;
     QStringList paths;
     for (int card = 0; card < 20; ++card) {
@@ -202,7 +204,8 @@ TEST_F(PdfTextTest, LaterCardsDoNotNeedTheGlyphsOfEarlierOnes)
 
 TEST_F(PdfTextTest, AnyTextMakesAPageThatCanBeRead)
 {
-    // A host may send any bytes; joined and halved characters and controls are among these.
+    // A host may send any bytes; these include combining characters, half surrogate pairs and
+    // control characters.
     std::mt19937 random(20261121);
     std::uniform_int_distribution<int> code(1, 0xFFFF);
     std::uniform_int_distribution<int> common(0x20, 0x700);

@@ -37,7 +37,7 @@ protected:
         return 0;
     }
 
-    /// Fails the test for each beginning of the file that is taken for a picture.
+    /// Fails the test for each beginning of the file that is accepted as a picture.
     void ExpectNoBeginningIsAPicture(const char* kind, const QByteArray& whole) const
     {
         EXPECT_EQ(NumberOfFailure(Save(QStringLiteral("whole"), whole)), 0) << kind;
@@ -141,7 +141,7 @@ TEST_F(PictureFormatsTest, ATiffThatNamesTheSameBytesAgainAndAgainIsNotWhole)
     constexpr quint32 count = 1000;
     constexpr quint32 numbersAt = 8 + 2 + 12 + 4;
     constexpr quint32 directoriesAt = numbersAt + 4 * count;
-    // One directory tells of a thousand more, each of 256 entries and begun two bytes on.
+    // One directory refers to a thousand more, each of 256 entries and begun two bytes further on.
     QByteArray file = QByteArray("II*\0", 4) + little(8, 4) + little(1, 2);
     file += little(330, 2) + little(4, 2) + little(count, 4) + little(numbersAt, 4) + little(0, 4);
     for (quint32 i = 0; i < count; ++i)

@@ -6,7 +6,7 @@
 #include <QColorSpace>
 #include <vector>
 
-// What stands in a photo's file beside the photo, such as who was where, is on no card.
+// Data in a photo's file besides the photo, such as who was where, must not come onto a card.
 
 namespace vantrel::test {
 
@@ -14,7 +14,7 @@ namespace {
 
 constexpr double CardWidth = 153;
 constexpr double CardHeight = 243;
-/// In everything that must not come onto a card.
+/// A mark in all data that must not come onto a card.
 constexpr auto Remark = "Remark of Anna, 12 Mill Lane";
 
 QByteArray Segment(int marker, const QByteArray& content)
@@ -61,7 +61,7 @@ QByteArray PhotoWithRemarks()
     const QByteArray plain = Photo();
     constexpr qsizetype behindJfif = 20;
     QByteArray full = plain.first(2);
-    // Six bytes are a small picture of two pixels; the rest is nobody's.
+    // Six bytes are a small picture of two pixels; the rest has no meaning.
     full +=
         Segment(firstApplication, QByteArray("JFIF\0\1\1\0\0\1\0\1\2\1", 14) + "pixels" + Remark);
     full += Segment(firstApplication, QByteArray("JFXX\0\x10", 6) + Remark);

@@ -14,14 +14,14 @@ namespace {
 const QString start = QStringLiteral("<");
 const QString end = QStringLiteral(">");
 
-/// What a buffer searched from its beginning each time would say.
+/// The answer of a buffer that is searched from its beginning each time.
 bool PlainlyComplete(const QString& text, const QString& dataStart, const QString& dataEnd)
 {
     return !text.isEmpty() && text.contains(dataStart) && text.contains(dataEnd);
 }
 
-/// The values of the first record that gets complete when the text comes in these pieces: nothing
-/// while it waits, "failed" where it cannot be cut.
+/// The values of the first record that is completed by the text in these pieces: no value while it
+/// is incomplete, "failed" where it cannot be framed.
 std::optional<QString> FirstRecord(const QStringList& pieces, const Delimiters& delimiters)
 {
     InputBuffer buffer;

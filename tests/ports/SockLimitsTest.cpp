@@ -7,7 +7,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-// What a network that sends without end may take of the station.
+// How much of the station's resources a network may use that sends without end.
 
 namespace vantrel::test {
 namespace {
@@ -23,7 +23,7 @@ void LetTimePass(int milliseconds)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-/// While it lives this process can open nothing.
+/// While it lives this process can open no file or socket.
 class NoDescriptors
 {
 public:
@@ -95,7 +95,7 @@ TEST_F(SocketLimits, AListenerRecoversAfterTheSystemRanOutOfDescriptors)
 
 TEST_F(SocketLimits, AListenerWithoutDescriptorsPausesBetweenItsAttempts)
 {
-    // An accept that went well, as every station has behind it when descriptors run out.
+    // One connection is accepted first, as on every station before descriptors run out.
     const Host first = Connect();
     const Host second(Sock.LocalPort());
     int awoken = 0;
@@ -106,7 +106,7 @@ TEST_F(SocketLimits, AListenerWithoutDescriptorsPausesBetweenItsAttempts)
         LetTimePass(1000);
         EXPECT_EQ(Sock.HighestIndex(), 1);
     }
-    // Without a rest the loop would turn as fast as the machine lets it.
+    // Without a pause the loop would try as fast as the machine can.
     EXPECT_LT(awoken, 100);
     second.Send("patient");
     EXPECT_TRUE(WasReported(QStringLiteral("2 sent patient")));
@@ -150,7 +150,7 @@ TEST_F(SocketLimits, AListenerClosedDuringItsPauseStaysClosed)
         QCoreApplication::processEvents();
     }
     Sock.Close(0);
-    // Longer than it rests.
+    // Longer than its pause.
     LetTimePass(500);
     EXPECT_EQ(Sock.HighestIndex(), 0);
     EXPECT_EQ(Sock.State(0), SockState::Closed);

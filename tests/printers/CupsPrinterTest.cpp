@@ -21,7 +21,7 @@ void PrintCard(CupsPrinter& printer, const QString& title, const QString& text)
     printer.EndDoc();
 }
 
-/// @return the failure's text; fails the test where the card is taken
+/// @return the failure's text; fails the test where the card is accepted
 QString ReasonOfRefusal(CupsPrinter& printer)
 {
     try {
@@ -58,7 +58,7 @@ TEST(CupsPrinter, ThePageIsThatOfTheQueuesMedia)
     PrivateCups cups;
     cups.AddQueue(Queue);
     CupsPrinter printer(Queue);
-    // CUPS tells media in hundredths of a millimetre; the page is 153 x 243 points all the same.
+    // CUPS gives media in hundredths of a millimetre; the page is 153 x 243 points all the same.
     EXPECT_EQ(printer.Width(), 3060);
     EXPECT_EQ(printer.Height(), 4860);
     printer.SetOrientation(OrientationLandscape);

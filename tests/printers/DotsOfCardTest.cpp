@@ -8,7 +8,7 @@
 #include <QTransform>
 #include <gtest/gtest.h>
 
-// What a driver of dots gets through the print server's own filters is the card as it was drawn.
+// A driver that takes dots gets the card as it was drawn, through the print server's own filters.
 
 namespace vantrel::test {
 
@@ -16,11 +16,11 @@ namespace {
 
 const QString Queue = QStringLiteral("Cards");
 constexpr int DotsPerInch = 300;
-/// Edges of letters fall on one dot or its neighbour; a card that is moved differs in far more.
+/// Edges of letters may fall on a dot or on its neighbour; a shifted card differs in far more dots.
 constexpr double LargestShare = 0.01;
 constexpr int LargestDifference = 64;
 
-/// A background that is nowhere white and nowhere the same when it is turned.
+/// A background without white, which differs everywhere from itself turned around.
 QImage Background()
 {
     QImage image(306, 486, QImage::Format_RGB32);

@@ -209,7 +209,8 @@ TEST_F(PdfPrinterTest, ACardThatDoesNotFitLeavesNothingAndTakesNoNumber)
 TEST_F(PdfPrinterTest, PrintersThatShareAFolderNeverLoseOrReplaceACard)
 {
     constexpr int cardsEach = 50;
-    // Drawing is for one thread; so is each printer here: only their files meet.
+    // Drawing and each printer are used by one thread only; the threads share nothing but the
+    // folder.
     class FilePrinter : public PdfPrinter
     {
     public:

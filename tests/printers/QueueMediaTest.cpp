@@ -7,7 +7,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-// The page of a queue is the size that its jobs come out on.
+// The page size of a queue is the size on which its jobs print.
 
 namespace vantrel::test {
 
@@ -49,7 +49,7 @@ QString WholePoints(const QString& size)
 class QueueMedia : public ::testing::Test
 {
 protected:
-    /// The page of a card in points, as the printer tells it and as it stands in the queue's job.
+    /// The page of a card in points, as the printer reports it and as the queue's job has it.
     QString PageOfCard()
     {
         CupsPrinter printer(Queue);
@@ -73,7 +73,7 @@ protected:
         Cups.AddQueue(Queue, driver);
         return PageOfCard();
     }
-    /// The page where a user of a queue of two sizes has set these.
+    /// The page of a queue of two sizes on which a user has set these options.
     QString PageWithUserOptions(const QStringList& options)
     {
         Cups.SetUserOptions(Queue, options);

@@ -46,7 +46,7 @@ void End(QProcess& process)
         process.kill();
 }
 
-/// Reads each structure of an array. What was there a moment ago may be gone: then there is none.
+/// Reads each structure of an array. An item may have gone meanwhile; then it is left out.
 template <typename Read>
 void ForEach(const QVariant& answer, Read read)
 {
@@ -200,7 +200,7 @@ Seen Seen::Child(const QString& name) const
 
 AccessBus::AccessBus()
 {
-    // What the launcher starts beside itself is waited for, too.
+    // The processes that the launcher starts are waited for, too.
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
     StartScreen();
     StartSessionBus();
@@ -231,15 +231,16 @@ void AccessBus::Start(QProcess& process, const QString& program, const QStringLi
 
 void AccessBus::StartScreen()
 {
-    // Two that look for a free number by themselves can take away each other's socket, and one that
-    // is not told otherwise begins anew when the launcher of the bus has looked at it.
+    // Two servers that look for a free number by themselves can remove each other's socket. A
+    // server resets itself when its last client, such as the launcher of the bus, leaves, unless an
+    // option forbids it.
     const QString display =
         QStringLiteral(":%1").arg(FirstDisplay + QCoreApplication::applicationPid() % Displays);
     Start(m_screen, QStringLiteral("Xvfb"),
           {display, QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
            QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
            QStringLiteral("tcp"), QStringLiteral("-noreset")});
-    // It tells the number once programs can connect.
+    // It reports its number once programs can connect.
     EXPECT_TRUE(EventsUntil([this] { return m_screen.canReadLine(); }));
     m_environment.insert(QStringLiteral("DISPLAY"), display);
     m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
@@ -258,7 +259,7 @@ void AccessBus::StartSessionBus()
            QStringLiteral("--config-file=") + configuration});
     EXPECT_TRUE(EventsUntil([this] { return m_sessionBus.canReadLine(); }));
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
-    // Whatever is kept for a user is kept here.
+    // All files of the user are kept here.
     m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
     m_environment.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
 }

@@ -11,7 +11,7 @@
 
 namespace vantrel::test {
 
-/// Something that a program tells to a screen reader: a window, a control, a menu entry.
+/// An object that a program shows to a screen reader: a window, a control, a menu entry.
 class Seen
 {
 public:
@@ -31,10 +31,10 @@ public:
     QString LabelName() const;
     /// Where it stands on the screen, in pixels.
     QRect Place() const;
-    /// Does what a press of it does. Fails the test where it cannot be pressed.
+    /// Does the same as a press on it. Fails the test where it cannot be pressed.
     void Press() const;
 
-    /// The first thing below that fits, level by level.
+    /// The first descendant that fits, level by level.
     std::optional<Seen> Find(const std::function<bool(const Seen&)>& fits) const;
     /// A child by its name; fails the test by an exception where there is none.
     Seen Child(const QString& name) const;
@@ -50,8 +50,8 @@ private:
     QString m_path;
 };
 
-/// A screen and an accessibility bus of a test's own, so that a program shows windows there and
-/// tells of them here. All of it ends with the test.
+/// A screen and an accessibility bus of the test's own: a program shows its windows on the screen
+/// and reports them over the bus. Both end with the test.
 class AccessBus
 {
 public:
@@ -60,23 +60,23 @@ public:
     AccessBus(const AccessBus&) = delete;
     AccessBus& operator=(const AccessBus&) = delete;
 
-    /// What a program needs to know of both.
+    /// The environment in which a program uses both.
     const QMap<QString, QString>& Environment() const { return m_environment; }
-    /// The programs that tell of themselves.
+    /// The programs that are on the bus.
     QList<Seen> Programs() const;
-    /// Presses the right button of the mouse there and lets it go.
+    /// Presses and releases the right button of the mouse there.
     void RightClick(QPoint point) const;
     /// Holds Alt and presses F4.
     void PressAltF4() const;
-    /// Has a window manager on the screen from now on.
+    /// Starts a window manager on the screen.
     void StartWindowManager();
 
 private:
     void StartScreen();
     void StartSessionBus();
-    /// Over the session's bus programs find the one of the screen readers.
+    /// Over the session's bus programs find the accessibility bus.
     void StartAccessBus();
-    /// Calls the one that makes the events of a mouse and a keyboard.
+    /// Calls the service that makes events of a mouse and a keyboard.
     void Generate(const char* method, const QVariantList& arguments) const;
     void Start(QProcess& process, const QString& program, const QStringList& arguments);
 

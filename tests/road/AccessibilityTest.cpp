@@ -16,7 +16,7 @@ struct DialogRow
     const char* Submenu;
     const char* Entry;
     const char* Caption;
-    /// The button that leaves it; empty where its frame does.
+    /// The button that closes it; empty where the close box of its frame does.
     const char* Leave;
 };
 
@@ -35,7 +35,7 @@ constexpr DialogRow Dialogs[] = {
     {"Help", "", "About Ostrand Vantrel v6.0", "About Ostrand Vantrel", "Ok"},
 };
 
-/// Roles of what an operator can do something with.
+/// Roles of the controls that an operator can use.
 const QStringList ControlRoles = {
     QStringLiteral("push button"), QStringLiteral("check box"), QStringLiteral("radio button"),
     QStringLiteral("text"),        QStringLiteral("entry"),     QStringLiteral("combo box"),
@@ -44,7 +44,8 @@ const QStringList ControlRoles = {
     QStringLiteral("page tab"),    QStringLiteral("menu item"), QStringLiteral("table cell"),
 };
 
-/// The built station as a screen reader has it: told over the accessibility bus, worked by presses.
+/// The built station as a screen reader uses it: read over the accessibility bus and worked by its
+/// actions.
 class Accessibility : public ::testing::Test
 {
 protected:
@@ -66,7 +67,7 @@ protected:
             << Station->ErrorLines().join(QLatin1Char('\n')).toStdString();
     }
 
-    /// The showing window that fits.
+    /// The visible window that fits.
     template <typename Fits>
     std::optional<Seen> Window(Fits fits) const
     {

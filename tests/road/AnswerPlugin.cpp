@@ -35,7 +35,7 @@ private:
 
 } // namespace
 
-/// Loaded by a station program that is told so in its environment: "answer:" and the file's path.
+/// Loaded by a station program whose environment names it: "answer:" and the file's path.
 class AnswerPlugin : public QGenericPlugin
 {
     Q_OBJECT

@@ -51,7 +51,7 @@ Compositor::Compositor()
         return m_process.state() == QProcess::NotRunning ||
                QFileInfo::exists(m_runtime.filePath(SocketName));
     }));
-    // What is there before its desktop is drawn is no window.
+    // Pixels that differ before the desktop has been drawn are no window.
     EXPECT_TRUE(EventsUntil(
         [&] { return m_process.state() == QProcess::NotRunning || CoveredPixels() == 0; }));
     EXPECT_EQ(m_process.state(), QProcess::Running);

@@ -24,7 +24,7 @@ QString Document(const char* name)
     return QString::fromUtf8(file.readAll());
 }
 
-/// What a page tells the reader to type: its blocks of shell commands, in their order.
+/// The blocks of shell commands that a page asks the reader to type, in their order.
 QStringList CommandsOf(const QString& page)
 {
     static const QRegularExpression block(QStringLiteral("^```sh\\n(.*?)^```$"),
@@ -36,7 +36,7 @@ QStringList CommandsOf(const QString& page)
     return commands;
 }
 
-/// Runs a program to its end and expects that it is content. @return what it wrote
+/// Runs a program to its end and expects exit code 0. @return what it wrote
 QString RunToEnd(const QString& program, const QStringList& arguments,
                  const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
 {
@@ -120,7 +120,7 @@ public:
             QFile::link(folder.Session.ProgramFolder, m_home.filePath(QStringLiteral("station"))));
     }
 
-    /// Types what a page tells the reader to. @return what came back
+    /// Runs the commands that a page asks the reader to type. @return their output
     QString Type(const QString& lines) const
     {
         auto environment = QProcessEnvironment::systemEnvironment();
@@ -207,7 +207,7 @@ TEST(QuickStart, ItsCommandsMakeACard)
     const QString station = home.filePath(QStringLiteral("station"));
     const QString store = LayoutDatabasePath(station);
     ASSERT_TRUE(QFileInfo::exists(store));
-    // What the reader makes with the mouse is taken from a station that has it.
+    // The layout that the reader makes with the mouse is copied from a station that has it.
     designed.Session.LayoutDb.Close();
     ASSERT_TRUE(QFile::remove(store));
     ASSERT_TRUE(QFile::copy(LayoutDatabasePath(designed.Session.ProgramFolder), store));

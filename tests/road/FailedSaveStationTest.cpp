@@ -6,14 +6,14 @@
 #include "support/StoreFaults.h"
 #include <gtest/gtest.h>
 
-// Two stations share a store; a save of the one fails behind its card.
+// Two stations share a store; a save of one of them fails after its card.
 
 namespace vantrel::test {
 namespace {
 
 constexpr int FirstNumber = 1000; // raised before it prints
 
-/// What an automatic number of the layout stands at, read from the file.
+/// The automatic number of the layout, read from the file.
 QString StoredNumber(const StationFolder& folder)
 {
     return StoredRows(folder.Session, QStringLiteral("SELECT * FROM Controls WHERE C_Param_1 = "
@@ -59,7 +59,7 @@ TEST(FailedSaveOfAStation, DelaysNeitherCardsNorNumbersOfAnotherStation)
         }
     };
     expectCards(secondPort, 2, 3, FirstNumber + 1);
-    // What the other has saved since is what the first goes on from.
+    // The first station continues from what the other has saved since.
     expectCards(firstPort, 1, 2, FirstNumber + 4);
     EXPECT_EQ(folder.StoreIntegrity(), QStringLiteral("ok"));
 }

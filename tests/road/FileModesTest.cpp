@@ -10,8 +10,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-// Cards tell of people: what the programs write is for their user and group only, whatever the mask
-// for new files of whoever starts them.
+// Cards hold personal data, so files of the programs are for their user and group only, whatever
+// the mask for new files of the user who starts them.
 
 namespace vantrel::test {
 namespace {
@@ -148,7 +148,8 @@ TEST_P(FileModes, FilesThatAnAdministratorOpenedToOthersStayOpen)
         SetMode(folder, sharedFolder);
     StationProcess station(Folder, Start);
     const QString journal = PathOf(QStringLiteral("Vantrel.dat-wal"));
-    // Who may write to the store needs its journal too. It gets that mode right after it is made.
+    // A user who may write to the store must be able to write to its journal too, which gets the
+    // store's mode right after it is made.
     EXPECT_TRUE(EventsUntil([&] { return QFile::exists(journal) && ModeOf(journal) == shared; }));
     Admin({QStringLiteral("session"), QStringLiteral("stop"), Folder, QStringLiteral("1")});
     EXPECT_EQ(station.ExitCode(), 0);
@@ -179,7 +180,7 @@ TEST_P(FileModes, TheStartScriptsFoldersAreNotForOthers)
     Folder = data + QStringLiteral("/vantrel");
     Start.Environment.insert(QStringLiteral("XDG_DATA_HOME"), data);
     Start.Program = script;
-    // An empty name counts as none.
+    // An empty name counts as no name.
     StationProcess station(QString(), Start);
     ASSERT_TRUE(EventsUntil([&] {
         return FindProfileValue(PathOf(Status), FirstSession, QStringLiteral("Active")).has_value();

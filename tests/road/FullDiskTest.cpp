@@ -8,7 +8,7 @@
 #include <iostream>
 #include <sys/resource.h>
 
-// A disk without room costs the cards that come then, and nothing else.
+// While a disk is full, the cards that come then are lost, and nothing else.
 
 namespace vantrel::test {
 namespace {
@@ -20,7 +20,7 @@ constexpr int MostBlocks = 24;
 constexpr int CardsBefore = 3;
 constexpr int CardsAfter = 3;
 
-/// A station with a numbered card, and a way to take it the room it writes to.
+/// A station with a numbered card, and a routine that limits the room it can write to.
 class StationWithoutRoom
 {
 public:
@@ -39,7 +39,8 @@ public:
             ASSERT_TRUE(EventsUntil([&] { return Folder.Cards().size() > before; }));
         }
     }
-    /// Sends a record and waits until it is a card, or the station tells what it passed over.
+    /// Sends a record and waits until it is a card, or until the station reports a step that it
+    /// passed over.
     void SendIntoWant()
     {
         const qsizetype cards = Folder.Cards().size();
@@ -83,7 +84,7 @@ public:
     StationProcess Station;
 };
 
-/// Lets the station take ever more room, then all it wants.
+/// Lets the station use ever more room, then as much as it needs.
 void RunThroughWant(StationWithoutRoom& station, const std::function<void(qint64)>& leave,
                     const std::function<void()>& makeRoom)
 {
@@ -93,11 +94,11 @@ void RunThroughWant(StationWithoutRoom& station, const std::function<void(qint64
         station.SendIntoWant();
         ASSERT_TRUE(station.Station.IsRunning()) << blocks;
     }
-    // At its worst once more, so that the first card with room comes behind one that had none.
+    // The disk is filled once more, so that the first card with room follows one without.
     leave(0);
     station.SendIntoWant();
     makeRoom();
-    // What was sent last is done before the next record is.
+    // The station finishes the last record before it takes the next one.
     station.ExpectCards(CardsAfter + 1);
     station.ExpectWholeCards(CardsAfter);
     EXPECT_TRUE(station.Station.IsRunning());

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-// Hosts that take all the station has: its descriptors, its stack.
+// Hosts that try to exhaust the station's descriptors or its stack.
 
 namespace vantrel::test {
 namespace {
@@ -38,12 +38,12 @@ TEST(HostileLimits, WaitingHostsAreServedWhenThoseThatHoldAllDescriptorsLeave)
             idle.emplace_back(port);
             ASSERT_TRUE(idle.back().IsConnected()) << count;
         }
-        // It keeps some for its cards; who is not taken in waits.
+        // The station keeps some descriptors for its cards; hosts beyond them wait.
         EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() >= descriptors - kept; }));
         idle.front().Send("<Bert+2>");
         EXPECT_EQ(folder.TextOfCard(2), QStringLiteral("Bert 2"));
         EXPECT_LT(station.OpenDescriptors(), descriptors);
-        // Those that were not taken in come when it looks again.
+        // The waiting hosts are accepted at the next attempt.
         for (int count = 0; count < hosts - 20; ++count)
             idle.pop_front();
         EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() <= before + 20; }));
@@ -54,7 +54,7 @@ TEST(HostileLimits, WaitingHostsAreServedWhenThoseThatHoldAllDescriptorsLeave)
     EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() <= before; }));
 }
 
-/// A station with somebody at it who is away, and a layout that asks for a picture at each record.
+/// A station whose operator is away, with a layout that asks for a picture at each record.
 class HostileQuestion : public ::testing::Test
 {
 protected:

@@ -11,14 +11,14 @@
 namespace vantrel::test {
 namespace {
 
-/// A station that captures, and the hosts of a network that means it no good.
+/// A station that captures, and hosts that send it harmful input.
 class HostileNetwork : public ::testing::Test
 {
 protected:
     HostileNetwork() : m_port(Folder.WithCapture()), Station(Folder.Session.ProgramFolder)
     {
         EXPECT_TRUE(Station.WaitUntilItListens(m_port));
-        // The first card loads what every later one uses.
+        // The first card loads resources that every later one uses.
         ExpectTheNextRecordPrints();
         EXPECT_TRUE(Station.WaitUntilHostsHaveLeft(m_port));
         m_descriptors = Station.OpenDescriptors();
@@ -52,7 +52,7 @@ protected:
         EXPECT_TRUE(EventsUntil([&] { return Station.MemoryMiB() <= m_memory + room; }))
             << Station.MemoryMiB() << " of " << m_memory;
     }
-    /// Sends while the station takes it away.
+    /// Sends while the station reads.
     static void SendAll(const Host& host, const QByteArray& bytes)
     {
         constexpr qsizetype piece = 1 << 16;
@@ -85,7 +85,8 @@ TEST_F(HostileNetwork, RandomBytesMakeNoRecordAndDelayNone)
         SendAll(host, bytes);
         host.Close();
     }
-    // The close of the last host empties the buffer; a host that sends before is cut with it.
+    // The close of the last host empties the buffer; a record that another host has begun before
+    // that is lost.
     EXPECT_TRUE(HostsAreGone());
     ExpectTheNextRecordPrints();
     ExpectNothingIsLeft();

@@ -9,7 +9,7 @@
 namespace vantrel::test {
 namespace {
 
-/// A station whose first field is aligned otherwise.
+/// A station whose first field has another alignment.
 class AlignedStation : public StationFolder
 {
 public:

@@ -21,7 +21,7 @@ public:
                   m_locales.filePath(QLatin1StringView(Name))});
     }
 
-    /// @param variable  the one that says so; others say nothing, or something else
+    /// @param variable  the variable that names that format; others are absent, or name another one
     QMap<QString, QString> SaidBy(const char* variable) const
     {
         QMap<QString, QString> environment{{QStringLiteral("LC_ALL"), QString()},
@@ -65,7 +65,7 @@ TEST(StationLocale, EbtDigitsGoByTheMachinesDecimalSeparator)
     const GermanMachine machine;
     for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"})
         EXPECT_EQ(WordsOnCard(machine.SaidBy(variable)), byComma) << variable;
-    // Its dates alone make no German numbers.
+    // German dates alone do not make German numbers.
     EXPECT_EQ(WordsOnCard(machine.SaidBy("LC_TIME")), byPoint);
 }
 

@@ -52,7 +52,7 @@ private:
 
 } // namespace
 
-/// Loaded by a station program that is told so in its environment: "press:" and an entry's name.
+/// Loaded by a station program whose environment names it: "press:" and an entry's name.
 class PressPlugin : public QGenericPlugin
 {
     Q_OBJECT

@@ -18,7 +18,7 @@ constexpr QFile::Permissions ReadFile = QFile::ReadOwner | QFile::ReadGroup | QF
 constexpr QFile::Permissions ReadFolder =
     ReadFile | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
 
-/// For root a mode is no hindrance; without these rights it is one as for everybody.
+/// Root may write in spite of the mode; without these capabilities it may not, like any other user.
 void ObeyModes()
 {
     ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
@@ -47,7 +47,7 @@ protected:
     }
     ~ReadOnly() override
     {
-        // What nobody may write to, nobody can remove either.
+        // A folder that nobody may write to cannot be removed either.
         QFile::setPermissions(Folder.Session.ProgramFolder, ReadFolder | QFile::WriteOwner);
     }
 
@@ -98,7 +98,7 @@ TEST_F(ReadOnly, AFolderWithoutAStoreInUseEndsNoStation)
     StationProcess station(Folder.Session.ProgramFolder, {.BeforeProgram = ObeyModes});
     ASSERT_TRUE(station.WaitUntilItListens(m_port));
     SendRecord(m_port, "<Anna+7>");
-    // Its answer to the signal comes behind the record.
+    // The station handles the signal after the record.
     station.SendSignal(SIGTERM);
     EXPECT_EQ(station.ExitCode(), 0);
 }

@@ -11,7 +11,7 @@
 namespace vantrel::test {
 namespace {
 
-/// A program folder whose start reads COM2, which is a cable of the test's, and nothing else.
+/// A program folder whose station listens on COM2 only, which is a cable of the test's.
 class SerialFolder : public TestSession
 {
 public:

@@ -21,8 +21,8 @@ bool WriteWhole(const char* path, const QByteArray& text)
            file.write(text) == text.size();
 }
 
-/// Gives this process mounts of its own, which end with it. Who is not root becomes it in a name
-/// space of users, where the machine allows that.
+/// Gives this process mounts of its own, which end with it. A user who is not root becomes root in
+/// a user name space, where the machine allows that.
 bool HaveOwnMounts()
 {
     if (::unshare(CLONE_NEWNS) != 0) {

@@ -6,7 +6,8 @@
 namespace vantrel::test {
 
 /// A file system of a few MiB that only this process and its children see; while it lives,
-/// temporary folders are made on it. Where the machine lets nobody mount, it is not there.
+/// temporary folders are made on it. Where the machine does not allow mounts, there is no such
+/// disk.
 class SmallDisk
 {
 public:
@@ -16,7 +17,7 @@ public:
     ~SmallDisk();
 
     bool IsThere() const { return m_mounted; }
-    /// Takes all its room but so many bytes.
+    /// Fills it except for so many bytes.
     void FillUpTo(qint64 bytesLeft) const;
     void MakeRoom() const;
 

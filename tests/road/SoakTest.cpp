@@ -81,7 +81,7 @@ private:
     }
 };
 
-/// What the cards of a record must say, in the order they come out.
+/// The texts that the cards of a record must have, in the order in which they print.
 QStringList TextsOfRecord(int record)
 {
     const QString name = QStringLiteral("Holder%1").arg(record);
@@ -135,7 +135,7 @@ TEST(Soak, EveryRecordComesOutInOrderWithMemoryAndDescriptorsFlat)
     EXPECT_EQ(folder.Cards().size(), 1);
     EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() <= descriptors; }));
 #ifdef __SANITIZE_ADDRESS__
-    // The sanitizer keeps what was freed.
+    // The sanitizer keeps freed memory.
     constexpr int room = 512;
 #else
     constexpr int room = 16;

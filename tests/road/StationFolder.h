@@ -20,15 +20,16 @@ public:
     QString Setting(const char* key) const;
     /// The status the station writes: beside its folder, under the folder's name.
     QString WrittenVisible() const;
-    /// Hides the station and waits until it has obeyed, which it does once its window is loaded.
-    /// What it reads while it starts is no change to it, so it is told both until it answers.
+    /// Hides the station and waits until it has obeyed, which it does once its window is loaded. A
+    /// status that it reads while it starts is no change to it, so both values are written in turn
+    /// until it answers.
     bool WaitUntilLoadedAndHidden() const;
     QString PathOfCard(int number) const;
     /// Waits for the card of that number and reads it.
     QString TextOfCard(int number) const;
     /// Paths of the finished cards of a session, in their order.
     QStringList Cards(int sessionNumber = 1) const;
-    /// What the store says when it is asked whether it is sound; "ok" where it is.
+    /// The result of SQLite's integrity check of the store; "ok" where it is sound.
     QString StoreIntegrity() const;
 
 private:

@@ -9,13 +9,13 @@
 
 namespace vantrel::test {
 
-/// How a station is started, where it is not as everywhere.
+/// How a station is started, where that differs from the usual way.
 struct StationStart
 {
     QStringList Arguments = {};
-    /// Whether it tells on stderr each step that it passes over.
+    /// Whether it writes each step that it passes over to stderr.
     bool TellsSkips = false;
-    /// On top of that of a machine without a display and without printers.
+    /// Environment variables besides those of a machine without a display and without printers.
     QMap<QString, QString> Environment = {};
     /// Runs in the new process before the program begins, such as a limit on what it may take.
     std::function<void()> BeforeProgram = {};
@@ -33,7 +33,7 @@ public:
     StationProcess(const StationProcess&) = delete;
     StationProcess& operator=(const StationProcess&) = delete;
 
-    /// Lets it run until it listens on that port. @return whether it came to that
+    /// Lets it run until it listens on that port. @return whether it does
     bool WaitUntilItListens(int port);
     /// The TCP ports the process listens on.
     QStringList ListeningPorts() const;
@@ -49,7 +49,7 @@ public:
     void SendSignal(int number) const;
     /// Waits for its end. @return its exit code, or -1 where it crashed or goes on
     int ExitCode();
-    /// What it wrote on stderr so far, line by line.
+    /// What it has written to stderr so far, line by line.
     QStringList ErrorLines();
     /// Lets it run until a line on stderr contains this. @return whether one came
     bool WaitUntilItTells(const QString& text);

@@ -34,7 +34,7 @@ protected:
             << Station->ErrorLines().join(QLatin1Char('\n')).toStdString();
     }
 
-    /// The showing window of these roles whose caption begins so.
+    /// The visible window of these roles whose caption begins like this.
     std::optional<Seen> Find(const QStringList& roles, const char* caption) const
     {
         for (const Seen& program : Bus.Programs()) {
@@ -93,7 +93,7 @@ TEST_F(WindowManager, CannotCloseThePrinterSelectionAndTheWizard)
           {"Layout Wizard ...", "Ostrand Card Design Wizard", "Cancel"}}) {
         Open(entry, caption);
         Bus.PressAltF4();
-        // The keys have their effect in their order: this one closes what can be closed.
+        // Keys take effect in their order: this one closes a window that can be closed.
         Open("Raw Input Data ...", " Viewing");
         Bus.PressAltF4();
         EXPECT_TRUE(Goes(" Viewing"));

@@ -3,7 +3,7 @@
 #include <functional>
 #include <limits>
 
-// Rows are kept from one reading to the next; nobody may see by it what is no longer so.
+// Rows are kept from one reading to the next; no reader may see an outdated row because of that.
 
 namespace vantrel::test {
 
@@ -34,7 +34,7 @@ protected:
             Column(Store, statement, QStringLiteral("Page"));
     }
 
-    /// Stands on the first row and changes it.
+    /// Opens a cursor on the first row and changes it.
     static void Change(Connection& store, const std::function<void(Recordset&)>& change)
     {
         Recordset rows(store);
@@ -50,7 +50,7 @@ protected:
 
     QStringList TextsOf(const QString& statement) { return Column(Store, statement, TextColumn); }
 
-    /// What the store gives to one who has read nothing before.
+    /// The rows that a new connection reads.
     QVariant FreshValue(const QString& column) const
     {
         Connection fresh;

@@ -1,7 +1,8 @@
 #include "StoreTest.h"
 #include "support/StoreFaults.h"
 
-// A transaction that is set aside: this connection goes on in it, the file has never seen it.
+// A transaction that is set aside: this connection goes on with its rows, which the file does not
+// have.
 
 namespace vantrel::test {
 
@@ -24,7 +25,7 @@ protected:
         Other.Open(Path);
     }
 
-    /// Writes the first row of the page, deletes the second and leaves it at that.
+    /// Writes the first row of the page, deletes the second and does not commit.
     void ChangeAndSetAside()
     {
         Store.BeginTrans();

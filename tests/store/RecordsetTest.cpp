@@ -8,7 +8,7 @@ using Cursor = StoreTest;
 const QString AllControls = QStringLiteral("SELECT * FROM [Controls]");
 const QString TextColumn = QStringLiteral("C_Value");
 
-/// Every statement the station issues, with a name or number joined in.
+/// Every statement that the station uses, with a name or number joined in.
 constexpr const char* Statements[] = {
     "SELECT * FROM [Controls] WHERE [LayoutName] = 'A card' AND [Page] = 1",
     "SELECT * FROM [Controls] WHERE [LayoutName] = 'A card'",

@@ -1,7 +1,7 @@
 #include "support/StoreFaults.h"
 #include "StoreTest.h"
 
-// What the station must not lose or forget where its disk rots or is full.
+// What the store must keep where its file is damaged or its disk is full.
 
 namespace vantrel::test {
 

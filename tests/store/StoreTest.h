@@ -21,7 +21,7 @@ protected:
         Store.Open(Path);
     }
 
-    /// Adds a row to `Controls` that bears a text.
+    /// Adds a row with a text to `Controls`.
     static void AddControl(Connection& store, const QString& layout, int page, const QString& text)
     {
         Recordset rows(store);

@@ -13,18 +13,18 @@ struct DriverSize
     int Length = 0;
 };
 
-/// What a card printer's driver knows. As it is made it has one card of 54 by 86 millimetres and
-/// takes PDF as it is.
+/// The capabilities of a card printer's driver. By default it has one card size of 54 by 86
+/// millimetres and takes PDF unchanged.
 struct CardDriver
 {
     std::vector<DriverSize> Sizes = {{"Card", 153, 243}};
     /// The name of one of the sizes.
     QByteArray Default = "Card";
-    /// What the printer leaves white on each side, in points.
+    /// The margin that the printer leaves white on each side, in points.
     int Margin = 0;
     /// Whether it takes dots, 300 to the inch, instead of PDF.
     bool TakesDots = false;
-    /// Whether it takes sizes of a user's own, from 72 to 500 points a side.
+    /// Whether it accepts custom sizes, from 72 to 500 points a side.
     bool TakesAnySize = false;
 };
 

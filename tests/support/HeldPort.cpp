@@ -6,8 +6,9 @@
 
 namespace vantrel::test {
 
-// A bound socket that does not listen keeps the port from being chosen for anybody else, and lets
-// who asks for it by its number have it, if both reuse addresses as every listener of Qt's does.
+// A bound socket that does not listen keeps the system from giving the port to another program. A
+// program that asks for the port by its number still gets it if both sockets reuse addresses, as
+// every listener of Qt's does.
 HeldPort::HeldPort() : m_descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
 {
     const int on = 1;

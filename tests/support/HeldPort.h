@@ -2,8 +2,8 @@
 
 namespace vantrel::test {
 
-/// A port of this machine that no other program is given while this lives. A station can listen on
-/// it; until one does, nobody listens there.
+/// A port of this machine that the system gives to no other program while this object lives. A
+/// station can listen on it; until one does, nobody listens there.
 class HeldPort
 {
 public:

@@ -4,8 +4,8 @@
 
 namespace vantrel::test {
 
-/// A host on this machine, on a plain blocking socket, so that what it does is done when the call
-/// returns and needs no events of the station's thread.
+/// A host on this machine, on a plain blocking socket: each call is complete when it returns and
+/// needs no events of the station's thread.
 class Host
 {
 public:
@@ -19,9 +19,9 @@ public:
     bool IsConnected() const { return m_connected; }
     void Send(const QByteArray& bytes) const;
     void Close();
-    /// Breaks the connection off instead of ending it.
+    /// Resets the connection instead of closing it.
     void Reset();
-    /// Whether the station has ended the connection. Does not wait.
+    /// Whether the station has closed the connection. Does not wait.
     bool SeesEnd() const;
     /// How many bytes the station sent. Does not wait.
     qsizetype BytesToRead() const;

@@ -59,7 +59,7 @@ IppPrinter::~IppPrinter()
     End(m_bus);
 }
 
-// It does not run without a bus of the system, which a machine for tests may lack.
+// The program does not run without a system message bus, which a test machine may lack.
 void IppPrinter::StartBus()
 {
     const QString address = QStringLiteral("unix:path=") + m_folder.filePath(QStringLiteral("bus"));

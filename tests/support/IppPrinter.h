@@ -6,12 +6,12 @@
 
 namespace vantrel::test {
 
-/// A printer that a print server uses without a driver: a child process that tells over IPP what it
-/// can. It is on this machine only and not announced to the network.
+/// A printer that a print server uses without a driver: a child process that reports its
+/// capabilities over IPP. It is on this machine only and not announced to the network.
 class IppPrinter
 {
 public:
-    /// It knows the sizes and margins of this driver.
+    /// It has the sizes and margins of this driver.
     explicit IppPrinter(const CardDriver& driver);
     IppPrinter(const IppPrinter&) = delete;
     IppPrinter& operator=(const IppPrinter&) = delete;

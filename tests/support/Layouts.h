@@ -6,7 +6,7 @@
 
 namespace vantrel::test {
 
-/// Where a test's object stands, in twips.
+/// The place of a test's object, in twips.
 struct TextAt
 {
     std::int32_t Top = 200;

@@ -32,7 +32,7 @@ PeakMemory::PeakMemory()
 {
     ::malloc_trim(0);
     QFile clear(QStringLiteral("/proc/self/clear_refs"));
-    // The highest since the process began is forgotten.
+    // Resets the highest value since the process began.
     if (clear.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         clear.write("5");
     m_before = StatusBytes("VmRSS:");

@@ -6,14 +6,14 @@ namespace vantrel::test {
 
 inline constexpr qint64 MiB = qint64{1} << 20;
 
-/// The sanitizer keeps for a while what was given back.
+/// The sanitizer keeps freed memory for a while.
 #ifdef __SANITIZE_ADDRESS__
 inline constexpr qint64 SanitizerRoom = 512 * MiB;
 #else
 inline constexpr qint64 SanitizerRoom = 0;
 #endif
 
-/// What this process has asked for and not given back, in bytes.
+/// Memory that this process has allocated and not freed, in bytes.
 qint64 UsedMemory();
 
 /// How far the resident memory of this process rises above what it was at the beginning.

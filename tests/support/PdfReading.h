@@ -7,7 +7,7 @@
 
 namespace vantrel::test {
 
-/// @file Reads cards back with poppler's tools, as somebody else's reader of PDF would.
+/// @file Reads cards back with poppler's tools, which know nothing of the station.
 
 /// A word on a page; lengths in points from the top left corner.
 struct PdfWord
@@ -25,7 +25,8 @@ QString OutputOf(const QString& tool, const QStringList& arguments);
 std::vector<PdfWord> WordsOfPdf(const QString& path);
 /// @return the first word of exactly that text; fails the test where there is none
 PdfWord WordOfPdf(const QString& path, const QString& text);
-/// Size of the page in points as `pdfinfo` tells it, such as "153 x 243", and the number of pages.
+/// Size of the page in points as `pdfinfo` reports it, such as "153 x 243", and the number of
+/// pages.
 QString PageSizeOfPdf(const QString& path);
 int PagesOfPdf(const QString& path);
 /// The page as pixels on white, one pixel to the point times `pixelsPerPoint`.

@@ -47,7 +47,7 @@ PageLog %1/page.log
 Sandboxing Relaxed
 )";
 
-/// Prints by copying; the PDF comes in place last, when all that tells of it is there.
+/// Prints by copying; the PDF is put in place last, when the files that describe it are there.
 constexpr auto Backend = R"sh(#!/bin/sh
 [ $# -eq 0 ] && { echo 'direct testcopy "Unknown" "Copies jobs"'; exit 0; }
 case "$DEVICE_URI" in *fails*) exit 1;; esac
@@ -59,8 +59,9 @@ cat ${6:+"$6"} > "$out.part"
 mv "$out.part" "$out.pdf"
 )sh";
 
-/// Where libcups finds what users set for their queues. It looks once for the place and keeps it,
-/// so there is one for the process: never that of the person who runs the tests.
+/// The folder in which libcups finds the options that users set for queues. libcups looks it up
+/// only once, so there is one folder for the whole process, and never that of the person who runs
+/// the tests.
 class OptionsOfUsers
 {
 public:
@@ -99,7 +100,7 @@ QString TextOf(const QString& path)
 PrivateCups::PrivateCups() : m_serverBefore(qgetenv("CUPS_SERVER"))
 {
     EXPECT_TRUE(m_folder.isValid());
-    // The server's helpers run as another user and look into the folder.
+    // The server's helpers run as another user and read the folder.
     QFile::setPermissions(m_folder.path(), QFile::permissions(m_folder.path()) | QFile::ReadGroup |
                                                QFile::ExeGroup | QFile::ReadOther |
                                                QFile::ExeOther);
@@ -178,7 +179,7 @@ void PrivateCups::WriteBackend() const
     for (const char* name : {"cgi-bin", "daemon", "driver", "filter", "monitor", "notifier"})
         QFile::link(installed + QLatin1StringView(name),
                     m_folder.filePath(QStringLiteral("bin/") + QLatin1StringView(name)));
-    // The server asks a printer by it; without it there is no queue without a driver.
+    // The server queries a printer with this program; without it there are no driverless queues.
     QFile::link(installed + QStringLiteral("backend/ipp"),
                 m_folder.filePath(QStringLiteral("bin/backend/ipp")));
     // With this mode the server runs it as its own user.
@@ -211,7 +212,7 @@ void PrivateCups::AddQueue(const QString& name, const CardDriver& driver, Device
                   QStringLiteral("-P"), m_folder.filePath(ppd)});
 }
 
-// The server asks the printer and writes a driver of its own while it answers others.
+// The server queries the printer and writes a driver of its own while it answers other requests.
 void PrivateCups::AddDriverlessQueue(const QString& name, const QString& printerUri)
 {
     const QString asking = name + QStringLiteral("-asking");

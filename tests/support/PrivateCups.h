@@ -8,9 +8,9 @@
 
 namespace vantrel::test {
 
-/// A CUPS server of the test's own: a child process with everything in a temporary folder, at a
-/// domain socket. While it lives `CUPS_SERVER` and libcups in this process point at it. Its queues
-/// need no hardware: what they print is copied to where the test finds it.
+/// A CUPS server of the test's own: a child process on a domain socket, with all its files in a
+/// temporary folder. While it lives `CUPS_SERVER` and libcups in this process refer to it. Its
+/// queues need no hardware: their jobs are copied into a folder of the test.
 class PrivateCups
 {
 public:
@@ -22,11 +22,12 @@ public:
     /// What a queue does with its jobs.
     enum class Device { Copies, Fails };
 
-    /// A queue for cards of 54 by 86 millimetres (153 x 243 points) that takes PDF as it is.
+    /// A queue for cards of 54 by 86 millimetres (153 x 243 points) that takes PDF unchanged.
     void AddQueue(const QString& name, Device device = Device::Copies);
-    /// A queue with this driver. What takes dots needs the packages cups-filters and ghostscript.
+    /// A queue with this driver. A driver that takes dots needs the packages cups-filters and
+    /// ghostscript.
     void AddQueue(const QString& name, const CardDriver& driver, Device device = Device::Copies);
-    /// A queue as the server makes one of what an IPP printer tells. Jobs do not go to that
+    /// A queue that the server makes from what an IPP printer reports. Jobs do not go to that
     /// printer: they are copied as with any queue.
     void AddDriverlessQueue(const QString& name, const QString& printerUri);
     /// Sets an option of the queue as its administrator, "name=value".
@@ -48,7 +49,7 @@ public:
 
     struct PrintedJob
     {
-        /// What the driver gets: PDF, or dots where it takes those.
+        /// The data that the driver gets: PDF, or dots where it takes those.
         QString PdfPath;
         QString Queue;
         QString Title;

@@ -1,6 +1,6 @@
 #include "support/PtyPair.h"
 #include "support/Events.h"
-// The kernel's own declarations: the C library's know no speed that is not in its list.
+// The kernel's own declarations: those of the C library have no speed outside its list.
 #include <QFile>
 #include <asm/ioctls.h>
 #include <asm/termbits.h>
@@ -22,7 +22,7 @@ termios2 ModeOf(int descriptor)
     return mode;
 }
 
-/// Nothing is echoed, changed, or kept back until a line end.
+/// Bytes are not echoed, changed, or held until a line end.
 void MakeRaw(int descriptor)
 {
     termios2 mode = ModeOf(descriptor);

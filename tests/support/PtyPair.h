@@ -5,8 +5,8 @@
 
 namespace vantrel::test {
 
-/// A serial cable: the host's end is a plain descriptor, the station's end a device that stands
-/// under a name of the test's choice, as adapters do that come back under another number.
+/// A serial cable: the host's end is a plain descriptor, the station's end a device under a name of
+/// the test's choice, since adapters can come back under another number.
 class PtyPair
 {
 public:
@@ -18,14 +18,14 @@ public:
 
     /// The link's own path.
     const QString& Device() const { return m_name; }
-    /// Sends bytes the way the line takes them, letting events run where it is full.
+    /// Sends bytes as fast as the line takes them and lets events run while it is full.
     void Send(const QByteArray& bytes) const;
     /// Pulls the adapter out: the device is gone, and its name with it.
     void Unplug();
-    /// How many bytes wait that the station sent.
+    /// The number of unread bytes that the station sent.
     qsizetype BytesToRead() const;
 
-    /// What the station's end is set to.
+    /// The settings of the station's end.
     unsigned Speed() const;
     bool HasXonXoff() const;
     bool HasHardwareFlow() const;

@@ -18,7 +18,7 @@ public:
         : m_name(std::move(name)), m_operations(operations)
     {}
 
-    /// Operations whose text begins with this fail from now on; an empty list fails nothing.
+    /// Operations whose text begins with one of these fail; with an empty list none fails.
     QStringList Failing;
 
     QString DeviceName() const override { return m_name; }
@@ -45,7 +45,7 @@ public:
     void SendStripe(int trackNumber, const QString& line) override;
     void EndDoc() override;
 
-    /// Tracks whose stripe line travels beside the page.
+    /// Tracks whose stripe line is sent in a job option instead of on the page.
     QList<int> CarriedTracks;
 
 private:
@@ -57,7 +57,7 @@ private:
 };
 
 /// A machine with the printers a test gives it. All of them write to one list of operations; making
-/// a printer current stands in it too.
+/// a printer current is an operation too.
 class RecordingPrinters : public Printers
 {
 public:
@@ -68,7 +68,7 @@ public:
     Printer& Current() override;
     SpoolState SpoolStateOf(const QString& deviceName) override;
 
-    /// What queues are doing; one that is not in it is running and empty.
+    /// The states of the queues; a queue that is not in it is running and empty.
     std::map<QString, SpoolState> Spool;
 
     /// From now on the machine has these printers, the first one current.

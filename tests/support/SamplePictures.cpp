@@ -38,8 +38,8 @@ QByteArray Little(int number, int bytes)
     return written;
 }
 
-/// One image of a GIF, its codes one byte each: below 128 colours, and so often begun anew that the
-/// codes never grow.
+/// One image of a GIF whose codes are one byte each: with at most 128 colours, and reset so often
+/// that the codes never grow.
 QByteArray GifImage()
 {
     constexpr int beginAnew = 128;
@@ -94,7 +94,7 @@ QByteArray PackedBmp(int bitsPerPixel, int packing)
     return file + lines;
 }
 
-/// A bitmap of 32 bits whose colours are told by masks.
+/// A bitmap of 32 bits whose colours are given by masks.
 QByteArray MaskedBmp()
 {
     const int pixelsAt = 14 + 40 + 12;

@@ -9,9 +9,9 @@ namespace vantrel::test {
 /// A whole picture file, `SampleWidth` by `SampleHeight` pixels.
 struct SamplePicture
 {
-    /// What it is, for the messages of a test.
+    /// A description for the messages of a test.
     const char* Kind;
-    /// As the table of formats names it.
+    /// Its name in the table of formats.
     const char* Format;
     QByteArray Bytes;
 };
@@ -19,7 +19,7 @@ struct SamplePicture
 inline constexpr int SampleWidth = 20;
 inline constexpr int SampleHeight = 12;
 
-/// One of each kind that a card takes, with all ways in which a kind packs its pixels.
+/// One file of each format that a card takes, with every compression of that format.
 std::vector<SamplePicture> SamplePictures();
 
 /// A picture of several images, as a short film is.

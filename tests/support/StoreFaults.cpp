@@ -26,7 +26,7 @@ Number Read(const QByteArray& page, qsizetype at)
     return qFromBigEndian<Number>(page.constData() + at);
 }
 
-/// A child in the middle of an interior page.
+/// A child page named in the middle of an interior page.
 qint64 MiddleChild(const QByteArray& page)
 {
     EXPECT_EQ(page.at(0), InteriorTablePage) << "the table's rows fit into one page";
@@ -41,7 +41,7 @@ std::set<sqlite3*>& OpenStores()
     return stores;
 }
 
-/// A function of SQL that nobody calls: the store tells by it when it is closed.
+/// An SQL function that nobody calls: SQLite reports the close of the store by destroying it.
 int NoteStore(sqlite3* store, const char** /*error*/, const sqlite3_api_routines* /*routines*/)
 {
     OpenStores().insert(store);
@@ -56,7 +56,7 @@ const int notesStores = [] {
     return sqlite3_auto_extension(reinterpret_cast<void (*)()>(&NoteStore));
 }();
 
-/// @return the first value it gives, 0 where it gives none
+/// @return the first value of its result, 0 where it has none
 int RunOnStore(sqlite3* store, const QString& sql)
 {
     sqlite3_stmt* statement = nullptr;

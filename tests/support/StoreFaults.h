@@ -5,25 +5,25 @@
 
 namespace vantrel::test {
 
-/// @file What a machine does to a layout database: a disk that rots, one that is full, another
-/// session that holds the lock. Paths are those of the database file.
+/// @file Faults of a layout database: a damaged file, a full disk, and another session that holds
+/// the lock. Paths are those of the database file.
 
 /// Overwrites one of the pages that hold a table's rows, somewhere in the middle. No connection to
 /// the file may be open; the table must fill several pages.
 void DamageRows(const QString& path, const QString& table);
 
-/// Leaves room for so many pages more to every store this process has open.
+/// Limits every store that this process has open to so many further pages.
 void LeaveRoom(int pages);
-/// Gives all the room back.
+/// Removes that limit.
 void GiveRoomBack();
-/// Lets every store this process has open hold only so many pages in memory.
+/// Limits the cache of every store that this process has open to so many pages.
 void LimitCache(int pages);
 
-/// Puts what the database's log holds into the database and makes the log an empty file.
+/// Writes the contents of the database's log into the database and empties the log.
 void EmptyLog(const QString& path);
 
-/// While it lives no file that this process writes reaches beyond so many bytes: what a store meets
-/// on a full disk, at whichever write it comes to.
+/// While it lives no file that this process writes can grow beyond so many bytes, as on a full
+/// disk.
 class FilesMayNotGrow
 {
 public:

@@ -4,7 +4,8 @@
 
 int main(int argc, char** argv)
 {
-    // A check digit goes by the number format of the machine; what is expected here is that of one.
+    // The EBT check digit depends on the number format of the machine; the tests expect that of one
+    // format.
     qputenv("LC_ALL", "C.UTF-8");
     const QCoreApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);

@@ -91,7 +91,8 @@ void TestOperator::LetEventsRun()
 }
 
 namespace {
-/// A folder of its own inside: the station also writes a file whose name begins with the folder's.
+/// A folder of its own within the temporary one: the station also writes a file beside its folder,
+/// whose name begins with the folder's.
 QString MakeProgramFolder(const QTemporaryDir& folder)
 {
     EXPECT_TRUE(folder.isValid());

@@ -11,8 +11,8 @@
 
 namespace vantrel::test {
 
-/// Answers from a list and keeps what was asked. What a test puts into `WhileEventsRun` happens
-/// inside the next `LetEventsRun`, one entry each, so that every re-entry can be tested.
+/// Answers from a list and keeps the questions. The routines in `WhileEventsRun` run inside the
+/// next calls of `LetEventsRun`, one in each, so that every re-entry can be tested.
 class TestOperator : public Operator
 {
 public:
@@ -36,7 +36,7 @@ public:
     std::deque<QString> Inputs;
     std::deque<Font> Fonts;
     std::deque<ColorValue> Colors;
-    /// Happens while a message, a plain box, a question, an input box, a font or a colour dialog is
+    /// Runs while a message, a plain box, a question, an input box, a font or a colour dialog is
     /// open.
     std::function<void()> WhileAsked = [] {};
 
@@ -44,12 +44,12 @@ public:
     QStringList AppMessages;
     QStringList Boxes;
     QStringList CriticalBoxes;
-    /// The signs of all plain boxes, in their order.
+    /// The icons of all plain boxes, in their order.
     std::vector<BoxIcon> Icons;
     QStringList Questions;
     /// Each as `title|prompt|present text`.
     QStringList InputBoxes;
-    /// What the dialogs were opened on.
+    /// The values with which the dialogs were opened.
     std::vector<Font> FontsShown;
     std::vector<ColorValue> ColorsShown;
     int CameraDialogsOpened = 0;

@@ -5,9 +5,9 @@
 
 namespace vantrel::test {
 
-/// @return what a step writes to a logging category such as "vantrel.macro", once that is turned on
+/// @return what a routine writes to a logging category such as "vantrel.macro" that is turned on
 QStringList TraceOf(const char* category, const std::function<void()>& step);
-/// @return the same while the category is as a station starts with it
+/// @return the same with the category in its state at the start of a station
 QStringList UntracedOf(const char* category, const std::function<void()>& step);
 
 } // namespace vantrel::test

@@ -5,7 +5,7 @@ using namespace vantrel::test;
 
 namespace {
 
-/// What comes in while a record is on its way. Events run twice on that way: before the record is
+/// Records that arrive while another is processed. Events run twice for a record: before it is
 /// framed, and after its values are on the page.
 class Reentry : public StationWithLayout
 {
@@ -117,7 +117,7 @@ TEST_F(Reentry, ArrivalBetweenTwoCopiesReplacesTheValuesOfTheSecond)
 {
     Session.Settings.MainVisible = true;
     Session.CurrentParams.PrinterCopies = 2;
-    // Behind the two runs of the record itself, events run after each page.
+    // Besides the two times for the record itself, events run after each page.
     Station.Operator.WhileEventsRun = {[] {}, [] {},
                                        [&] {
                                            Session.CurrentParams.AutoSpool = false;

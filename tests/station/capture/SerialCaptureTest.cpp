@@ -100,7 +100,7 @@ TEST_F(SerialCapture, EveryByteComesAsItsCharacter)
     QByteArray bytes;
     for (int code = 0; code < 256; ++code)
         bytes += static_cast<char>(code);
-    // What would end the record is left out.
+    // The character that would end the record is left out.
     bytes.replace('>', "");
     cable.Send(bytes);
     ASSERT_TRUE(EventsUntil([&] { return Session.InputBuffer.Text().size() == bytes.size(); }));

@@ -10,7 +10,7 @@ using namespace vantrel::test;
 
 namespace {
 
-/// A port that refuses what it is told to, as ports do that lack a speed or a line.
+/// A port that refuses settings, as ports do that lack a speed or a control line.
 class PickyLine : public SerialLine
 {
 public:
@@ -72,8 +72,8 @@ protected:
     PickyLine::Wire Wire;
 };
 
-/// What the dialog offers, so far as a line of a test takes it: that has eight data bits and no
-/// parity only.
+/// The settings that the dialog offers, as far as a test's line supports them: it has only eight
+/// data bits and no parity.
 constexpr int OfferedSpeeds[] = {300,  600,   1200,  1800,  2400,  4800,   7200,
                                  9600, 14400, 19200, 38400, 57600, 115200, 128000};
 

@@ -41,7 +41,7 @@ protected:
     {
         return EventsUntil([&] { return Session.InputBuffer.Text() == QString::fromLatin1(text); });
     }
-    /// Whether those come to be the values of a record that is done.
+    /// Whether a finished record gets these values.
     bool ComesAsRecord(const QStringList& values)
     {
         return EventsUntil(

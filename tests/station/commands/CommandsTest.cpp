@@ -165,7 +165,7 @@ TEST(VisibleCommand, WritesBesideTheFolderUnderItsName)
     EXPECT_FALSE(QFile::exists(SessionStatusPath(station.Session.ProgramFolder)));
 }
 
-/// Runs the command. @return whether the main window was told to unload
+/// Runs the command. @return whether the main window was asked to unload
 bool TellsExit(Session& session)
 {
     bool told = false;

@@ -234,7 +234,7 @@ TEST_F(ObjectCommandTest, AnObjectThatGoesWhileItIsAskedForIsLeftAlone)
     EXPECT_EQ(Document().HighestIndex(Family::lbl_TEXT), 0);
 }
 
-/// Looks at what it was opened on again, once its dialog has been open for a while.
+/// Checks once more the object it was opened on, after its dialog has been open for a while.
 class SlowOperator : public TestOperator
 {
 public:

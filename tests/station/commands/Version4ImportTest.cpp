@@ -10,7 +10,7 @@
 namespace vantrel::test {
 namespace {
 
-/// A version 4 session of two fields, one text and a logo, in lines without an end.
+/// A version 4 session with two fields, one text and a logo, as lines without their line ends.
 const QList<QByteArray> CardLines = {
     "[Settings]",
     "NumberOfFields=2",
@@ -224,7 +224,7 @@ struct BrokenLine
     Drawn Left;
 };
 
-// What is drawn before the line that cannot be read stays.
+// Objects that were drawn before the unreadable line stay.
 const BrokenLine BrokenLines[] = {
     {"NumberOfFields", "", {0, 0, 0}},
     {"NumberOfFields", "NumberOfFields=many", {0, 0, 0}},

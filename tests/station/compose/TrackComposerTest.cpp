@@ -20,7 +20,7 @@ protected:
         SavePage(Session);
     }
 
-    /// What the store gives back for a track after these drops are saved.
+    /// The formula that the store holds for a track after these drops are saved.
     QString Saved(const QStringList& keys)
     {
         vantrel::TrackComposer composer(Session);

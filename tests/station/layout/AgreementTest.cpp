@@ -11,7 +11,7 @@ namespace {
 
 const QString Staff = QStringLiteral("Staff");
 
-/// What the writer stores of an object and what the reader makes of it.
+/// How an object is stored, and which object the stored row gives when it is loaded.
 class Agreement : public ::testing::Test
 {
 protected:

@@ -11,7 +11,7 @@ namespace {
 
 const QString Staff = QStringLiteral("Staff");
 
-/// The way of one number through one card: load, fields, print, save.
+/// One number on one card: load, fields, print, save.
 TEST(CardCycle, ANumberPrintsAndIsSavedOneHigherThanStoredAndWithoutItsCheckDigit)
 {
     TestSession test;

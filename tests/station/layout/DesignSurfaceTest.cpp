@@ -124,7 +124,7 @@ TEST(DesignSurface, DragsGoInWholePixels)
     DesignStation station;
     station.Field().Left = 604;
     station.SelectField();
-    // 604 twips lie in pixel 40: what a drag touches stands on a pixel after.
+    // 604 twips lie in pixel 40: a drag moves an object to a whole pixel.
     EXPECT_EQ(station.Field().Left, 600);
 }
 
@@ -146,7 +146,7 @@ TEST(DesignSurface, GripsStandAroundTheBox)
 struct GripRow
 {
     GripCursor Cursor;
-    /// What a move of the pointer to 20 pixels right and 30 below the form's corner makes.
+    /// The result of a move of the pointer to 20 pixels right of the form's corner and 30 below it.
     float Left;
     float Top;
     float Width;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr ObjectBox Box{210, 220, 330, 1540};
 
-/// Every look is something else than what a text begins with.
+/// Every value differs from the one that a new text has.
 TextLooks OddLooks()
 {
     TextLooks looks;

@@ -9,8 +9,9 @@
 #include "support/StoreFaults.h"
 #include <gtest/gtest.h>
 
-// A save that fails in its middle: its session goes on with what it has written, as if its
-// transaction were open still. Nobody else may wait for it, and no part of a page may last.
+// A save that fails in its middle: its session goes on with the rows it has written, as if its
+// transaction were still open. No other session may have to wait for it, and no partial page may
+// stay in the file.
 
 namespace vantrel::test {
 
@@ -59,7 +60,7 @@ protected:
         Increment_If_AutoNumber(*session.Document.Find(Family::lbl_AUTO, 1));
     }
 
-    /// What a card does to its page. @return the number on it
+    /// Prints a card and saves its page. @return the number on the card
     static QString MakeCard(vantrel::Session& session, const QString& layout)
     {
         EXPECT_TRUE(LoadLayout(session, layout));
@@ -68,7 +69,7 @@ protected:
         return session.Document.Find(Family::lbl_AUTO, 1)->DataField;
     }
 
-    /// What stands in the file.
+    /// The texts of the page in the file.
     QStringList Stored(int page = 1) const
     {
         QStringList values;
@@ -77,7 +78,7 @@ protected:
         return values;
     }
 
-    /// What the first session itself sees of the page when it loads it.
+    /// The texts that the first session itself gets when it loads the page.
     QStringList Loaded(int page = 1)
     {
         Session.CurrentParams.PageIndex = static_cast<std::int16_t>(page);
@@ -192,7 +193,7 @@ TEST_F(FailedSave, MayFailAgainAndAgain)
     EXPECT_EQ(Session.LayoutDb.TransactionDepth(), 2);
     EXPECT_FALSE(IsLocked(Path));
     EXPECT_EQ(Loaded(), (QStringList{QStringLiteral("first"), QStringLiteral("1002")}));
-    // Now in the part that it sees.
+    // Now in the rows that it sees.
     Session.Document.Find(Family::lbl_TEXT, 1)->SetCaption(QStringLiteral("changed"));
     Session.Document.Find(Family::lbl_AUTO, 1)->DataField = QStringLiteral("refused");
     EXPECT_FALSE(SaveLayout(Session, SaveMessages::Silent));

@@ -143,7 +143,7 @@ TEST_F(FieldApplication, TemplateOfTheNumbersIsWalkedToo)
     CardObject& model = *Session.Document.Find(Family::lbl_AUTO, 0);
     model.SetCaption(QStringLiteral("1"));
     model.DataMember = QStringLiteral("MOD10");
-    // The template's own slot holds what marks it as no card content, and that filters its caption.
+    // The tag of the template marks it as no card content, and the same tag filters its caption.
     model.Tag.clear();
     Apply({});
     EXPECT_EQ(model.Caption(), QStringLiteral("17"));

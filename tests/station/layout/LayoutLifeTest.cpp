@@ -12,7 +12,7 @@ namespace {
 
 const QString Staff = QStringLiteral("Staff");
 
-/// A record in which nothing is as a new or closed layout has it.
+/// A record in which every value differs from that of a new or closed layout.
 LayoutParamsRecord UsedParams(const TestSession& test)
 {
     LayoutParamsRecord params;

@@ -154,7 +154,7 @@ TEST_F(LayoutParams, NullsReadAsZeroCopiesEmptyFilterAndFalse)
     EXPECT_FALSE(params.AutoSpool);
     EXPECT_TRUE(params.Track1.isEmpty());
     EXPECT_TRUE(params.BackImg1Path.isEmpty());
-    // Values that are applied as they are stay where there is none to apply.
+    // Values that are applied unconverted stay unchanged where the row has a null.
     EXPECT_EQ(params.PrinterDevice, QStringLiteral("Second"));
     EXPECT_EQ(params.PrinterOrientation, OrientationLandscape);
     EXPECT_EQ(params.PrinterType, PrinterTypeCode::Plain);

@@ -37,7 +37,7 @@ public:
         Session.CurrentParams.PageIndex = page;
         ASSERT_TRUE(LoadLayout(Session, QStringLiteral("Badge")));
     }
-    /// What stands in the store, as "PAGE text".
+    /// The rows of the store, as "PAGE text".
     QStringList Stored(const char* layout)
     {
         Recordset rows(Session.LayoutDb);

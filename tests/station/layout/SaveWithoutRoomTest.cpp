@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-// A save that runs out of room must cost the save alone, wherever it stops: the store takes back by
-// itself what the save has written, and none of the page's rows may go after that.
+// A save that runs out of room must lose nothing but itself, wherever it stops: the store rolls
+// back what the save has written, and none of the page's rows may be deleted after that.
 
 namespace vantrel::test {
 

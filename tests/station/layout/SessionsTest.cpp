@@ -23,7 +23,7 @@ constexpr unsigned HangLimit = 60;
 
 const QString Staff = QStringLiteral("Staff");
 
-/// Where processes wait for each other, in memory they share.
+/// A barrier for processes, in memory that they share.
 class MeetingPoint
 {
 public:

@@ -12,7 +12,7 @@ using StoredRow = QMap<QString, QVariant>;
 QList<StoredRow> StoredRows(const vantrel::Session& session, const QString& statement);
 /// The stored objects of one page in the order of insertion, without their hidden key.
 QList<StoredRow> StoredPage(const vantrel::Session& session, const QString& layoutName, int page);
-/// Changes the file behind the station's back.
+/// Changes the file over a connection that is not the station's.
 void Execute(const vantrel::Session& session, const QString& statement);
 
 } // namespace vantrel::test

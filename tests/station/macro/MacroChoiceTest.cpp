@@ -5,7 +5,7 @@
 #include "station/layout/Navigation.h"
 #include "station/session/Settings.h"
 
-// What the operator chooses of macros, and what the next record makes of it.
+// The operator's choice of a macro, and its effect on the next record.
 
 namespace vantrel::test {
 namespace {
@@ -188,7 +188,7 @@ TEST_F(MacroChoice, WithTheStoreClosedOnlyTheRowThatTurnsMacrosOffIsLeftAndWorks
     EXPECT_EQ(LayoutsGivenTo(Session.LayoutDb, 1), QStringList());
     Save(DisableMacrosText, {});
     EXPECT_EQ(StoredActiveMacro(), QString());
-    // The choice holds though its layouts could not be written.
+    // The choice is kept even though its layouts could not be written.
     SaveActiveMacro(Session, {1, Macro}, {QStringLiteral("A")});
     EXPECT_EQ(StoredActiveMacro(), Macro);
 }

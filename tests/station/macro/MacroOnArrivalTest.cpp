@@ -6,8 +6,8 @@
 #include "support/Events.h"
 #include "support/PtyPair.h"
 
-// A macro in the road of a record: what the open layout prints, what the chain prints, and what
-// comes in while it does.
+// A macro that a record starts: what the open layout prints, what the chain prints, and what
+// happens to records that arrive meanwhile.
 
 namespace vantrel::test {
 namespace {
@@ -23,8 +23,8 @@ protected:
         Session.Settings.ActiveMacro = Macro;
     }
 
-    /// Lets something happen after the first page of the chain of a record that prints nowhere
-    /// else: events run twice on a record's way, then after each page while the station is visible.
+    /// Runs a routine after the first page of the chain of a record that prints on no other layout:
+    /// events run twice for a record, then after each page while the station is visible.
     void AfterFirstCardOfChain(std::function<void()> happens)
     {
         Session.Settings.MainVisible = true;
@@ -104,7 +104,7 @@ TEST_F(MacroOnArrival, ARecordDuringTheChainRunsItsOwnAndTheOuterOneTakesItsValu
     OpenWithMacro(QStringLiteral("Manual"), {QStringLiteral("Manual"), QStringLiteral("B")});
     AfterFirstCardOfChain([&] { Arrive("<2>"); });
     Arrive("<1>");
-    // The page of the chain stands open while events run; it does not print by itself.
+    // The page of the chain is open while events run; it does not print by itself.
     EXPECT_EQ(Printed(), Cards({QStringLiteral("Manual 1"), QStringLiteral("Manual 2"),
                                 QStringLiteral("B 2"), QStringLiteral("B 2")}));
     EXPECT_EQ(Session.CurrentLayoutName, QString());

@@ -6,7 +6,7 @@
 #include <QImage>
 #include <gtest/gtest.h>
 
-// Cards printed to the built-in printer, read back with somebody else's reader.
+// Cards printed to the built-in printer, read back with poppler.
 
 namespace vantrel::test {
 namespace {

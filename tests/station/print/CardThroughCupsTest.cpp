@@ -83,7 +83,7 @@ protected:
         SavePage(m_station->Session);
     }
 
-    /// Prints the card and tells the number that the store holds after it.
+    /// Prints the card. @return the number that the store holds after it
     QString NumberAfterPrinting()
     {
         PrintCard(m_station->Session);

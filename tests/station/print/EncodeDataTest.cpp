@@ -21,7 +21,7 @@ constexpr std::array Families = {Fargo, Eltron, LongNames, ShortNames, Nisca};
 class EncodeDataTest : public ::testing::Test
 {
 protected:
-    /// The operations one track makes; what fails leaves those before it.
+    /// The operations of one track; a failure leaves those before it.
     QStringList Sent(std::int32_t printerType, int track, const QString& formula)
     {
         Session.CurrentParams.PrinterType = printerType;
@@ -155,7 +155,7 @@ TEST_F(EncodeDataTest, AnEmptyFormulaSendsNoText)
     EXPECT_EQ(Sent(Fargo, 1, QString()), QStringList());
     EXPECT_EQ(Sent(Eltron, 1, QString()), QStringList());
     EXPECT_EQ(Sent(Nisca, 1, QString()), QStringList());
-    // A magnetic font is chosen and given up all the same.
+    // A magnetic font is still selected and deselected.
     EXPECT_EQ(Sent(LongNames, 1, QString()),
               InFont(QStringLiteral("Track 1 - Magnetic stripe"), {}));
 }
@@ -219,7 +219,7 @@ TEST_F(EncodeDataTest, ALiteralNeverReachesANiscaPrinter)
     Record({QStringLiteral("1")});
     EXPECT_EQ(Sent(Nisca, 1, QStringLiteral("ACME~SEP~DAT1")),
               Prints({QStringLiteral("~@1,1,2,^1")}));
-    // A digit over a literal does.
+    // A check digit over a literal does appear.
     EXPECT_EQ(Sent(Nisca, 1, QStringLiteral("12345~MOD10")), Prints({QStringLiteral("~@1,1,1,7")}));
 }
 

@@ -102,7 +102,8 @@ TEST_P(EachPrinterType, DecidesWhatACopyDoes)
     PrintCard(Session);
     EXPECT_EQ(Station.Printers.Operations.count(QStringLiteral("EndDoc")), row.Jobs);
     EXPECT_EQ(Texts().contains(QStringLiteral("Print(\"front\")")), row.Draws);
-    // The page pass itself sets an orientation for one kind only; others get theirs at each load.
+    // Printing a page sets the orientation for one printer type only; the others get it at each
+    // load.
     if (row.OrientationFirst) {
         const QStringList& all = Station.Printers.Operations;
         EXPECT_EQ(all.indexOf(QStringLiteral("Orientation = 1")), 1)

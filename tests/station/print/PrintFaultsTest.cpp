@@ -4,7 +4,8 @@
 #include <QFile>
 #include <gtest/gtest.h>
 
-// What is missing or refuses is passed over; the rest of the card prints.
+// Objects that are missing and printer steps that are refused are passed over; the rest of the card
+// prints.
 
 namespace vantrel::test {
 namespace {

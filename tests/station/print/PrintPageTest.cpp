@@ -155,7 +155,7 @@ TEST_F(PrintPage, ACameraObjectPrintsItsPictureInMemory)
     CardObject& text = AddText(Session, QStringLiteral("x"));
     text.Tag.clear();
     SavePage(Session);
-    // The picture comes with the field application of the page pass.
+    // The picture is set when the fields of the page are filled.
     {
         CardObject& camera = Session.Document.Add(Family::img_CAM);
         camera.Tag = Marker::Camera;

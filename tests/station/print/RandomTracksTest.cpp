@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-// Formulas nobody would think of, on every kind of printer, against a plain model of the rules.
+// Random formulas on every type of printer, compared with a plain model of the rules.
 
 namespace vantrel::test {
 namespace {
@@ -37,7 +37,7 @@ private:
     std::mt19937 m_engine{20240229};
 };
 
-/// A number that is mostly good, now and then none.
+/// A number that is mostly valid and sometimes no number.
 std::string Number(Chance& chance, std::size_t highest)
 {
     if (chance.Once(40))
@@ -131,7 +131,7 @@ TEST(RandomTracks, EveryFamilySendsWhatTheModelSends)
             operations.endsWith(QStringLiteral("failed")) ? ++failed : ++sent;
         }
     }
-    // Neither only good formulas nor only bad ones.
+    // The formulas must be neither all valid nor all invalid.
     EXPECT_GT(sent, formulas);
     EXPECT_GT(failed, formulas);
 }

@@ -111,7 +111,7 @@ TEST_F(Serializer, EveryNumberOfTheOpenPageRisesOncePerOutput)
     EXPECT_EQ(first.Caption(), QStringLiteral("2"));
     EXPECT_EQ(broken.DataField, QStringLiteral("none"));
     EXPECT_EQ(last.Caption(), QStringLiteral("11"));
-    // Marked as a number or not: only the family of numbers is walked.
+    // Whatever its mark says, only objects of the number family are raised.
     EXPECT_EQ(text.DataField, QStringLiteral("7"));
 }
 

@@ -15,7 +15,7 @@ namespace {
 const QString TwoFields = QStringLiteral("DAT1~SEP~DAT2");
 const QString Carrying = QStringLiteral("Card Printer");
 
-/// The operations of one track on a printer that carries some of them.
+/// The operations of one track on a printer that takes some tracks in job options.
 class TrackInAnOption : public ::testing::Test
 {
 protected:

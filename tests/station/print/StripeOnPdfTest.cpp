@@ -3,7 +3,7 @@
 #include "support/PdfReading.h"
 #include <gtest/gtest.h>
 
-// What a driver finds on a page: the stripe as real text, read back from the PDF.
+// The stripe as real text on the page, as a driver finds it, read back from the PDF.
 
 namespace vantrel::test {
 namespace {
@@ -24,7 +24,7 @@ protected:
         return WordsOfPdf(m_station.CardPath(1));
     }
 
-    /// Points; a glyph's own bearing is less.
+    /// In points; the side bearing of a glyph is smaller.
     static constexpr double Slack = 2.0;
     static constexpr double FontSize = 8.75;
 

@@ -137,7 +137,8 @@ std::string Mod10(const std::string& text)
     return std::to_string((10 - (3 * odd + even) % 10) % 10);
 }
 
-/// Luhn; of the doubled ones what is left of the first character that is no digit counts.
+/// The Luhn digit; of the doubled characters only those before the first one that is no digit
+/// count.
 std::string Codabar(const std::string& text)
 {
     const std::string payload = Delete(text, " ");
@@ -208,7 +209,7 @@ std::string FontName(const std::string& name)
     return "FontName = \"" + name + "\"";
 }
 
-/// What the token sends on that printer; nothing where it sends nothing.
+/// The text that the token sends on that printer; none where it sends nothing.
 std::optional<std::string> Sent(int printerType, int track, const Token& token,
                                 const std::vector<std::string>& values)
 {

@@ -9,7 +9,7 @@ using vantrel::test::TestSession;
 
 namespace {
 
-/// What every row must be, written down a second time. `Sample` is a text whose reading shows as
+/// The expected rows, written down a second time. `Sample` is a text whose reading shows as
 /// `Shown`; a key that nothing reads has neither.
 struct Expected
 {
@@ -132,7 +132,8 @@ TEST(SettingsTable, EveryRowIsReadIntoItsOwnVariable)
             continue;
         TestSession station;
         const QString sample = QString::fromLatin1(expected.Sample);
-        // All else absent or opposite: only the right variable can show the sample.
+        // All other keys are absent or opposite, so that only the right variable can show the
+        // sample.
         ASSERT_TRUE(WriteProfileValue(
             expected.Number == 12 ? SessionStatusPath(station.Session.ProgramFolder)
                                   : SettingsPath(station.Session.ProgramFolder),
