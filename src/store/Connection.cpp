@@ -159,6 +159,11 @@ void Connection::SetAside(const QString& statement)
     m_d->Kept.ForgetAll();
 }
 
+void Connection::LeaveSetAside()
+{
+    m_d->Pending.Leave();
+}
+
 int Connection::TransactionDepth() const
 {
     return m_d->Depth;

@@ -35,6 +35,10 @@ public:
     /// stay visible to this connection until this or another session writes those rows in the file.
     /// If SQLite has already rolled the transaction back automatically, its rows are lost.
     void SetAside(const QString& statement);
+    /// Must be called before another layout or page, or an empty one, takes the place of the one
+    /// that was set aside. The new one does not hold the hidden rows, so saving it must not delete
+    /// them.
+    void LeaveSetAside();
     /// Number of transactions that were begun and not committed. If the disk is full or fails,
     /// SQLite may have rolled them back automatically; the next `BeginTrans` then counts from 1
     /// again.

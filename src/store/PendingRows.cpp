@@ -131,6 +131,8 @@ void PendingRows::Fill(StoreDatabase& database, const CursorResult& seen)
         QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
             .arg(Pending(select), names.join(QStringLiteral(", ")),
                  QStringList(names.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
+    const qlonglong highest =
+        database.Execute(QStringLiteral("SELECT max(rowid) FROM ") + Pending(select)).toLongLong();
     for (const CursorRow& row : *seen.Rows) {
         QVariantList values = row.Values;
         if (seen.Shape->KeyColumn() >= 0)
@@ -138,11 +140,12 @@ void PendingRows::Fill(StoreDatabase& database, const CursorResult& seen)
         values.prepend(row.Key);
         database.Change(insert, values);
     }
-    // Another session may by now have given a new row's key to a row of its own.
+    // Another session may by now have given a new row's key to a row of its own, and another page
+    // whose save failed may have a new row with the same key.
     database.Change(QStringLiteral("UPDATE %1 SET rowid = rowid + ?%2 AND rowid < ? AND rowid NOT "
                                    "IN (SELECT rowid FROM %3)")
                         .arg(Pending(select), Of(select), Base(select)),
-                    {FirstUnstoredKey, FirstUnstoredKey});
+                    {std::max(FirstUnstoredKey, highest), FirstUnstoredKey});
 }
 
 void PendingRows::Keep(StoreDatabase& database, const CursorResult& seen, const QString& statement)
@@ -180,7 +183,7 @@ bool PendingRows::BeforeReading(StoreDatabase& database, const SelectStatement& 
             m_pages.erase(m_pages.begin() + static_cast<std::ptrdiff_t>(i));
             isOther = true;
         } else if (page.Statement == statement) {
-            page.WasRead = true;
+            page.IsLeft = true;
         }
     }
     return isOther;
@@ -199,8 +202,8 @@ bool PendingRows::BeforeChanging(StoreDatabase& database, const SelectStatement&
     const Page* page = Find(statement);
     if (page == nullptr)
         return false;
-    if (page->WasRead) {
-        // Rows that the partial read left out have no counterpart in the other table.
+    if (page->IsLeft) {
+        // Hidden rows that the form does not hold have no counterpart in the other table.
         database.Execute(QStringLiteral("DELETE FROM %1%2 AND rowid IN (SELECT rowid FROM %3)")
                              .arg(Base(select), Of(select), Pending(select)));
         database.Execute(QStringLiteral("DELETE FROM ") + Pending(select) + Of(select));
@@ -208,6 +211,12 @@ bool PendingRows::BeforeChanging(StoreDatabase& database, const SelectStatement&
         Uncover(database, select);
     }
     return true;
+}
+
+void PendingRows::Leave()
+{
+    for (Page& page : m_pages)
+        page.IsLeft = true;
 }
 
 void PendingRows::AfterCommit(StoreDatabase& database)

@@ -30,12 +30,14 @@ public:
     bool BeforeReading(StoreDatabase& database, const SelectStatement& select,
                        const QString& statement);
     /// Must be called before a cursor that changes rows reads. In a transaction (that of the next
-    /// save) it sees the page's rows in the file, so that all of them are written; but if only a
-    /// part of the page was read, the rows that were left out stay hidden, so that saving the part
-    /// does not delete them. Outside of a transaction all pending rows are dropped.
+    /// save) it sees the page's rows in the file, so that all of them are written; but if the form
+    /// no longer holds the whole page, the rows that were left out stay hidden, so that saving the
+    /// form does not delete them. Outside of a transaction all pending rows are dropped.
     /// @return whether other rows are seen now
     bool BeforeChanging(StoreDatabase& database, const SelectStatement& select,
                         const QString& statement);
+    /// Must be called before the form is cleared: what it then holds is not the whole of any page.
+    void Leave();
     /// Must be called when a transaction was committed.
     void AfterCommit(StoreDatabase& database);
     /// Drops all pending rows.
@@ -48,8 +50,9 @@ private:
     {
         QString Statement;
         SelectStatement Select;
-        /// Whether objects on the form may have been read from the pending rows.
-        bool WasRead = false;
+        /// Whether the form no longer holds the whole page: it was read from the pending rows or
+        /// cleared since.
+        bool IsLeft = false;
     };
 
     void Fill(StoreDatabase& database, const CursorResult& seen);

@@ -5,6 +5,7 @@
 #include "station/layout/LoadLayout.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Session.h"
+#include "store/Connection.h"
 
 namespace vantrel {
 
@@ -27,6 +28,7 @@ void ClearSurface(CardDocument& document)
 void ClearDoc(Session& session)
 {
     EnsureDocument(session);
+    session.LayoutDb.LeaveSetAside();
     session.Document.RemoveContent();
     ClearSurface(session.Document);
     ForgetBackImage(session.Document, session.CurrentParams);

@@ -7,6 +7,7 @@
 #include "station/layout/StoreStatements.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Session.h"
+#include "store/Connection.h"
 #include "store/Recordset.h"
 
 namespace vantrel {
@@ -49,6 +50,7 @@ bool LoadLayout(Session& session, const QString& layoutName)
 {
     if (!DoesLayoutExist(session, layoutName))
         return false;
+    session.LayoutDb.LeaveSetAside();
     ClearDoc_Ex(session);
     session.CurrentLayoutName = layoutName;
     LoadLayoutParams(session);

@@ -5,6 +5,7 @@
 #include "station/layout/PageKey.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
+#include "store/Connection.h"
 #include "store/Recordset.h"
 
 namespace vantrel {
@@ -66,6 +67,7 @@ bool NewPage(Session& session)
     LayoutParamsRecord& params = session.CurrentParams;
     ++params.PageCount;
     params.PageIndex = params.PageCount;
+    session.LayoutDb.LeaveSetAside();
     ClearDoc_Ex(session);
     RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);
     return false;

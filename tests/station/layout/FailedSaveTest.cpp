@@ -3,6 +3,8 @@
 #include "station/layout/DeleteLayout.h"
 #include "station/layout/LoadLayout.h"
 #include "station/layout/Navigation.h"
+#include "station/layout/NewLayout.h"
+#include "station/layout/Pages.h"
 #include "station/layout/SaveLayout.h"
 #include "store/Recordset.h"
 #include "support/Layouts.h"
@@ -257,6 +259,52 @@ TEST_F(FailedSave, OfOnePageTouchesNoOtherPage)
     EXPECT_EQ(Session.CurrentParams.PageCount, 2);
     EXPECT_EQ(Stored(1), Values("first", "1000", "last"));
     EXPECT_EQ(Loaded(1), (QStringList{QStringLiteral("first"), QStringLiteral("1001")}));
+}
+
+TEST_F(FailedSave, OfEachOfTwoPagesKeepsTheNewObjectsOfBoth)
+{
+    BeginPage(Session, 2);
+    AddNumber(Session, 20);
+    SavePage(Session);
+    ASSERT_EQ(Loaded(1).size(), 3);
+    AddText(Session, QStringLiteral("new"));
+    AddText(Session, QString());
+    FailBehindTheNumber();
+    ASSERT_EQ(Loaded(2).size(), 1);
+    AddText(Session, QStringLiteral("new behind"));
+    AddText(Session, QStringLiteral("last behind"));
+    AddText(Session, QString());
+    FailBehindTheNumber();
+    EXPECT_EQ(Loaded(1), Values("first", "1001", "last") << QStringLiteral("new"));
+    EXPECT_EQ(Loaded(2), Values("21", "new behind", "last behind"));
+}
+
+TEST_F(FailedSave, ThatHidItsPageKeepsItBesideANewOne)
+{
+    BeginPage(Session, 2);
+    AddText(Session, QStringLiteral("back"));
+    SavePage(Session);
+    LastObject().SetCaption(QStringLiteral("refused"));
+    EXPECT_FALSE(SaveLayout(Session, SaveMessages::Silent));
+    ASSERT_EQ(Loaded(1).size(), 3);
+    ASSERT_EQ(Session.CurrentParams.PageCount, 1);
+    NewPage(Session);
+    AddText(Session, QStringLiteral("new"));
+    EXPECT_TRUE(SaveLayout(Session, SaveMessages::Silent));
+    EXPECT_EQ(Stored(2), (QStringList{QStringLiteral("back"), QStringLiteral("new")}));
+    EXPECT_EQ(Loaded(2), QStringList{QStringLiteral("new")});
+}
+
+TEST_F(FailedSave, ThatHidItsLayoutKeepsItBesideANewOneOfItsName)
+{
+    Session.Document.Find(Family::lbl_TEXT, 1)->SetCaption(QStringLiteral("refused"));
+    EXPECT_FALSE(SaveLayout(Session, SaveMessages::Silent));
+    ASSERT_FALSE(LoadLayout(Session, Staff));
+    NewLayout(Session, Staff);
+    AddText(Session, QStringLiteral("new"));
+    EXPECT_TRUE(SaveLayout(Session, SaveMessages::Silent));
+    EXPECT_EQ(Stored(), Values("first", "1000", "last") << QStringLiteral("new"));
+    EXPECT_EQ(Loaded(), QStringList{QStringLiteral("new")});
 }
 
 TEST_F(FailedSave, IsDroppedWhenItsLayoutIsDeleted)
