@@ -5,8 +5,27 @@ namespace vantrel {
 
 namespace {
 
-/// Rows of all cached results together; a longer single result is not cached.
+/// Rows of all cached results together; a longer single result is not cached. A long text counts as
+/// several rows: another program may have stored one of megabytes.
 constexpr int MostRowsKept = 4000;
+constexpr qsizetype CharactersOfARow = 1024;
+
+qsizetype LengthOf(const QVariant& value)
+{
+    if (value.typeId() == QMetaType::QString)
+        return static_cast<const QString*>(value.constData())->size();
+    return value.typeId() == QMetaType::QByteArray ? value.toByteArray().size() : 0;
+}
+
+qsizetype WeightOf(const CursorRows& rows)
+{
+    qsizetype characters = 0;
+    for (const CursorRow& row : rows) {
+        for (const QVariant& value : row.Values)
+            characters += LengthOf(value);
+    }
+    return 1 + std::ssize(rows) + characters / CharactersOfARow;
+}
 
 bool IsOfTable(const CursorShape& shape, const QString& table)
 {
@@ -49,7 +68,7 @@ std::optional<CursorResult> KeptRows::Find(const QString& statement, StoreDataba
 
 void KeptRows::Keep(const QString& statement, const CursorResult& result)
 {
-    m_results.insert(statement, new CursorResult(result), 1 + std::ssize(*result.Rows));
+    m_results.insert(statement, new CursorResult(result), WeightOf(*result.Rows));
 }
 
 void KeptRows::TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes)
@@ -57,7 +76,9 @@ void KeptRows::TakeChange(const CursorShape& changed, qlonglong key, const RowCh
     const auto mustBeAskedAnew = [&](const CursorShape& shape) {
         for (std::size_t i = 0; i < changes.size(); ++i) {
             const CursorShape::Column& column = changed.Columns()[i];
-            if (changes[i] && (!column.GivesBack(*changes[i]) || shape.DependsOn(column.Name)))
+            // A long text weighs anew.
+            if (changes[i] && (!column.GivesBack(*changes[i]) || shape.DependsOn(column.Name) ||
+                               LengthOf(*changes[i]) > CharactersOfARow))
                 return true;
         }
         return false;

@@ -99,6 +99,8 @@ void StoreStatement::Finish()
 {
     // The return value only repeats the error of the last step.
     sqlite3_reset(m_statement.get());
+    // The statement is kept, and with it a text of megabytes would be.
+    sqlite3_clear_bindings(m_statement.get());
 }
 
 int StoreStatement::ColumnCount() const

@@ -1,4 +1,5 @@
 #include "StoreTest.h"
+#include "support/Memory.h"
 #include "support/StoreFaults.h"
 #include <functional>
 #include <limits>
@@ -171,6 +172,22 @@ TEST_F(KeptRowsTest, AResultTooLongToKeepIsReadAnew)
     EXPECT_EQ(TextsOf(SecondPage).size(), 5000);
     EXPECT_EQ(TextsOf(SecondPage).last(), QStringLiteral("4999"));
     EXPECT_EQ(TextsOf(FirstPage).size(), 2);
+}
+
+TEST_F(KeptRowsTest, ATextOfMegabytesIsReadAnewAndNotKept)
+{
+    const qint64 before = UsedMemory();
+    {
+        const QString text(qsizetype{8} << 20, QLatin1Char('x'));
+        // As another program does, then by the station itself.
+        AddControl(Store, Card, 2, text);
+        EXPECT_EQ(TextsOf(SecondPage), QStringList{text});
+        EXPECT_EQ(TextsOf(FirstPage).size(), 2);
+        SetText(Store, text);
+        EXPECT_EQ(TextsOf(FirstPage).first(), text);
+        EXPECT_EQ(TextsOf(FirstPage).first(), text);
+    }
+    EXPECT_LT(UsedMemory() - before, 8 * MiB);
 }
 
 TEST_F(KeptRowsTest, ARowBegunAnewKeepsItsPlaceAndIsNullWhereNothingIsSet)
