@@ -1,4 +1,5 @@
 #include "base/Convert.h"
+#include "base/DecimalText.h"
 #include "base/Failure.h"
 #include "base/Text.h"
 #include <algorithm>
@@ -75,7 +76,7 @@ std::optional<double> WholeNumberText(const QString& text)
     const QStringView trimmed = TrimBlanks(text);
     if (trimmed.isEmpty() || NumberLength(trimmed) != trimmed.size())
         return std::nullopt;
-    return trimmed.toDouble();
+    return DecimalNumber(trimmed);
 }
 
 template <typename Number>
@@ -96,7 +97,7 @@ Number DigitsTo(const QString& text)
     const qsizetype first = !trimmed.isEmpty() && IsSign(trimmed[0]) ? 1 : 0;
     if (first == trimmed.size() || EndOfDigits(trimmed, first) != trimmed.size())
         FailMismatch();
-    return RoundTo<Number>(trimmed.toDouble());
+    return RoundTo<Number>(DecimalNumber(trimmed));
 }
 
 /// Converts a store value that is not null to a number. True counts as -1.
@@ -245,7 +246,7 @@ double Val(const QString& text)
     if (number.startsWith(u"&O", Qt::CaseInsensitive))
         return DigitsToBase(number.sliced(2), 8);
     const qsizetype length = NumberLength(number);
-    return length == 0 ? 0.0 : number.first(length).toDouble();
+    return length == 0 ? 0.0 : DecimalNumber(number.first(length));
 }
 
 QString NumberText(double value)

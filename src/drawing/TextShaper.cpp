@@ -111,6 +111,16 @@ bool IsSpecial(QChar unit)
     return unit.isSurrogate() || DrawsNothing(unit.unicode());
 }
 
+/// No installed font has a longer name; each kept line and font holds a copy of its name.
+constexpr qsizetype LongestName = 1000;
+
+Font WithoutRestOfName(Font font)
+{
+    font.Name.truncate(LongestName);
+    font.Name.squeeze();
+    return font;
+}
+
 } // namespace
 
 struct TextShaper::Caches
@@ -150,6 +160,8 @@ struct TextShaper::Caches
 
     std::shared_ptr<const ResolvedFont> Resolved(const Font& font)
     {
+        if (font.Name.size() > LongestName)
+            return Resolved(WithoutRestOfName(font));
         if (const auto* known = Fonts.object(font))
             return *known;
         auto made = std::make_shared<ResolvedFont>();
@@ -197,6 +209,8 @@ FontHeights TextShaper::Heights(const Font& font)
 
 std::shared_ptr<const ShapedLine> TextShaper::Line(const QString& text, const Font& font)
 {
+    if (font.Name.size() > LongestName)
+        return Line(text, WithoutRestOfName(font));
     const LineKey key{font, text};
     if (const auto* kept = m_caches->Lines.object(key))
         return *kept;
@@ -215,6 +229,8 @@ std::shared_ptr<const ShapedLine> TextShaper::Stretch(QStringView text, const Fo
 
 PairWidths& TextShaper::Pairs(const Font& font)
 {
+    if (font.Name.size() > LongestName)
+        return Pairs(WithoutRestOfName(font));
     PairWidths* pairs = m_caches->Pairs.object(font);
     if (pairs == nullptr) {
         pairs = new PairWidths(font);

@@ -1,6 +1,7 @@
 #include "ports/Framing.h"
 #include "base/HexCodes.h"
 #include "base/Text.h"
+#include "ports/FramedValues.h"
 #include <bitset>
 #include <limits>
 
@@ -38,20 +39,25 @@ private:
     std::bitset<std::size_t{std::numeric_limits<char16_t>::max()} + 1> m_has;
 };
 
-} // namespace
-
-QStringList SplitOnChars(const QString& text, const QString& delimiters)
+void ForEachToken(const QString& text, const QString& delimiters, const ValueSink& take)
 {
     const CharacterSet separators(delimiters);
-    QStringList tokens;
     qsizetype begin = 0;
     for (qsizetype i = 0; i <= text.size(); ++i) {
         if (i < text.size() && !separators.Has(text[i]))
             continue;
         if (i > begin)
-            tokens.append(text.sliced(begin, i - begin));
+            take(text.sliced(begin, i - begin));
         begin = i + 1;
     }
+}
+
+} // namespace
+
+QStringList SplitOnChars(const QString& text, const QString& delimiters)
+{
+    QStringList tokens;
+    ForEachToken(text, delimiters, [&](QString token) { tokens.append(std::move(token)); });
     return tokens;
 }
 
@@ -65,23 +71,39 @@ QString FilterValue(QString value, const Filters& filters)
     return trimmed.size() == value.size() ? value : trimmed.toString();
 }
 
-QStringList ParseDataStream(QString& buffer, const Delimiters& delimiters, const Filters& filters)
+void ParseDataStream(QString& buffer, const Delimiters& delimiters, const Filters& filters,
+                     const ValueSink& take)
 {
     const qsizetype start = InStr(1, buffer, DecodeHexCodes(delimiters.DataStart));
     const qsizetype end = InStr(start + 1, buffer, DecodeHexCodes(delimiters.DataEnd));
     buffer = Mid(buffer, start, end - start);
-    return ParseWithoutCut(buffer, delimiters, filters);
+    ParseWithoutCut(buffer, delimiters, filters, take);
 }
 
-QStringList ParseWithoutCut(QString& text, const Delimiters& delimiters, const Filters& filters)
+void ParseWithoutCut(QString& text, const Delimiters& delimiters, const Filters& filters,
+                     const ValueSink& take)
 {
     // The undecoded delimiters are removed, so a delimiter that is set as a code stays in the first
     // value.
     ReplaceText(text, delimiters.DataStart, {});
     ReplaceText(text, delimiters.DataEnd, {});
-    QStringList values = SplitOnChars(text, DecodeHexCodes(delimiters.DataSeperator));
-    for (QString& value : values)
-        value = FilterValue(std::move(value), filters);
+    ForEachToken(text, DecodeHexCodes(delimiters.DataSeperator),
+                 [&](QString value) { take(FilterValue(std::move(value), filters)); });
+}
+
+QStringList ParseDataStream(QString& buffer, const Delimiters& delimiters, const Filters& filters)
+{
+    QStringList values;
+    ParseDataStream(buffer, delimiters, filters,
+                    [&](QString value) { values.append(std::move(value)); });
+    return values;
+}
+
+QStringList ParseWithoutCut(QString& text, const Delimiters& delimiters, const Filters& filters)
+{
+    QStringList values;
+    ParseWithoutCut(text, delimiters, filters,
+                    [&](QString value) { values.append(std::move(value)); });
     return values;
 }
 

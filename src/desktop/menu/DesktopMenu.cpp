@@ -4,6 +4,7 @@
 #include "desktop/menu/DesktopMenuIcons.h"
 #include "desktop/menu/DesktopMenuRow.h"
 #include "station/commands/ObjectCommands.h"
+#include "station/compose/ComposerElement.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Session.h"
 #include <QCursor>
@@ -34,9 +35,6 @@ const char* MenuName(PopUp menu)
     }
     return "";
 }
-
-/// The most values that the menu lists; a host may send millions of them.
-constexpr int MostFieldsShown = 1000;
 
 /// A caption that shows every "&" of a value instead of taking it for a mnemonic.
 QString PlainMenuText(const QString& text)
@@ -170,7 +168,7 @@ void MainMenu::FillFields()
 {
     const FieldMenu& fields = m_session.Face.Fields();
     QAction* send = Find("sData");
-    const auto count = static_cast<std::size_t>(std::min(fields.Count(), MostFieldsShown));
+    const auto count = static_cast<std::size_t>(std::min(fields.Count(), MostValuesListed));
     for (; m_fields.size() > count; m_fields.pop_back())
         delete m_fields.back();
     while (m_fields.size() < count) {

@@ -1,6 +1,6 @@
 #include "station/capture/Pipeline.h"
 #include "base/Skip.h"
-#include "ports/Framing.h"
+#include "ports/FramedValues.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
 #include "station/macro/RunMacro.h"
@@ -16,12 +16,12 @@ constexpr int LastArrivalPanel = 3;
 
 // The buffer keeps the text between the delimiters until the record is processed; characters that
 // arrive in the meantime are appended to it.
-QStringList FrameInput(InputBuffer& input, const StationSettings& settings)
+void FrameInput(InputBuffer& input, const StationSettings& settings, FieldValues& values)
 {
     QString text = input.Text();
-    QStringList values = ParseDataStream(text, settings.Framing, settings.Filters);
+    ParseDataStream(text, settings.Framing, settings.Filters,
+                    [&](const QString& value) { values.Add(value); });
     input.Set(text);
-    return values;
 }
 
 // The dialog is not waited for, so this record's card shows the previous picture.
@@ -49,10 +49,8 @@ void ProcessStream(Session& session, QString text)
     session.InputBuffer.Set(text);
     session.LastRawData = std::move(text);
 
-    QStringList values;
-    Skip("framing", [&] { values = FrameInput(session.InputBuffer, session.Settings); });
-    for (const QString& value : std::as_const(values))
-        session.FieldValues.Add(value);
+    Skip("framing",
+         [&] { FrameInput(session.InputBuffer, session.Settings, session.FieldValues); });
 
     Skip("field application", [&] { ReapplyFieldValues(session); });
     Skip("field menu", [&] { BuildFieldMenu(session.Face, session.FieldValues); });

@@ -32,6 +32,10 @@ struct ElementNode
     ElementLook Look = {};
 };
 
+/// How many values of a record a menu, list or tree shows, and how many characters of each.
+inline constexpr int MostValuesListed = 1000;
+inline constexpr qsizetype LongestListed = 1000;
+
 /// Prefix of the key of a data field's node.
 inline constexpr QLatin1StringView DataFieldKey{"KEY="};
 

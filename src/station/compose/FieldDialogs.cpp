@@ -1,7 +1,9 @@
 #include "station/compose/FieldDialogs.h"
 #include "base/Convert.h"
 #include "base/Failure.h"
+#include "station/compose/ComposerElement.h"
 #include "station/session/Session.h"
+#include <algorithm>
 
 namespace vantrel {
 
@@ -22,7 +24,8 @@ void BeginPad(PadResult& pad)
 QStringList PadFieldTexts(const FieldValues& values)
 {
     QStringList texts;
-    for (int number = 1; number <= values.Count(); ++number)
+    const int listed = std::min(values.Count(), MostValuesListed);
+    for (int number = 1; number <= listed; ++number)
         texts.append(FieldText + QString::number(number));
     return texts;
 }

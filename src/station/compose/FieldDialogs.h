@@ -13,7 +13,8 @@ class CardDocument;
 
 /// Called when the padding dialog opens. Resets pad text, length and direction, but not the field.
 void BeginPad(PadResult& pad);
-/// Texts of the dialog's list, one for each value of the last record: "Data Field 1" and so on.
+/// Texts of the dialog's list, one for each of the first `MostValuesListed` values of the last
+/// record: "Data Field 1" and so on.
 QStringList PadFieldTexts(const FieldValues& values);
 /// Selects the field whose number is in the text of the clicked row.
 void ChoosePadField(PadResult& pad, const QString& text);

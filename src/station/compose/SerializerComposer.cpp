@@ -9,6 +9,14 @@
 
 namespace vantrel {
 
+namespace {
+
+/// In characters: more than the line of a preview keeps. Each key pressed in the filter asks for
+/// one, and each element may name a value of megabytes.
+constexpr qsizetype LongestPreview = qsizetype{1} << 16;
+
+} // namespace
+
 SerializerComposer::SerializerComposer(Session& session) : m_session(session)
 {
     Skip("read stream", [&] { ReadRow(); });
@@ -107,8 +115,11 @@ QString SerializerComposer::Preview(const QString& filterText) const
     const QString filter = DecodeHexCodes(filterText);
     QString text(QLatin1Char(' '));
     for (const StreamElement& element : m_row) {
+        if (text.size() >= LongestPreview)
+            break;
         Skip("render element", [&] {
-            text += RenderStreamElement(StoredFormOf(element), filter, m_session.FieldValues);
+            text += RenderStreamElement(StoredFormOf(element), filter, m_session.FieldValues)
+                        .left(LongestPreview - text.size());
         });
     }
     return text;

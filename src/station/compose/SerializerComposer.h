@@ -37,8 +37,8 @@ public:
     /// @param filterText  as typed, may contain "[HH]" codes
     void SaveStreamElements(const QString& filterText);
 
-    /// The line that would be sent if the elements were saved now. Does not raise automatic
-    /// numbers.
+    /// The line that would be sent if the elements were saved now, or the beginning of a very long
+    /// one. Does not raise automatic numbers.
     QString Preview(const QString& filterText) const;
 
 private:

@@ -1,6 +1,7 @@
 #include "station/compose/StreamElement.h"
 #include "base/Convert.h"
 #include "card/FieldValues.h"
+#include <algorithm>
 
 namespace vantrel {
 
@@ -135,10 +136,11 @@ std::vector<ElementNode> StreamElementNodes(const FieldValues& values)
     std::vector<ElementNode> nodes;
     for (const auto& node : FixedNodes)
         nodes.push_back({node.Text, node.Key});
-    for (int field = 1; field <= values.Count(); ++field) {
+    const int listed = std::min(values.Count(), MostValuesListed);
+    for (int field = 1; field <= listed; ++field) {
         const QString number = QString::number(field);
         nodes.push_back({QStringLiteral("Data Field ") + number + QStringLiteral("        (") +
-                             values.Item(field) + QLatin1Char(')'),
+                             values.Item(field).left(LongestListed) + QLatin1Char(')'),
                          DataFieldKey + number});
     }
     for (ElementNode& node : nodes) {

@@ -32,7 +32,7 @@ StreamElement MakeStreamElement(std::int32_t kind, const QString& tag, const QSt
 std::optional<StreamElement> StreamElementOf(const StoredStreamElement& stored);
 /// The element that a drop of this key creates; nothing for any other key, including "FD".
 std::optional<StreamElement> StreamElementOfKey(const QString& key);
-/// The nodes of the tree: the kinds, then the values of the last record.
+/// The nodes of the tree: the kinds, then the first `MostValuesListed` values of the last record.
 std::vector<ElementNode> StreamElementNodes(const FieldValues& values);
 
 /// Converts an element to its stored form. Its kind follows from its tag, and its text is stored

@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "card/CheckDigits.h"
 #include <QStringList>
+#include <algorithm>
 
 namespace vantrel {
 
@@ -187,7 +188,8 @@ std::vector<ElementNode> TrackElementNodes(int fieldCount, int autoNumberCount)
     std::vector<ElementNode> nodes;
     for (const KeyRule& node : FixedNodes)
         nodes.push_back({FormOf(node.Kind).Name, node.Key});
-    for (int number = 1; number <= fieldCount; ++number)
+    const int listed = std::min(fieldCount, MostValuesListed);
+    for (int number = 1; number <= listed; ++number)
         nodes.push_back(
             {NumberedNode(TokenKind::DataField, number), DataFieldKey + QString::number(number)});
     for (int number = 1; number <= autoNumberCount; ++number)

@@ -34,7 +34,8 @@ QString WriteTrackElements(const TrackElements& elements);
 /// The element that a drop of this key creates; nothing for any other key. A new formatted field
 /// holds the text "FD", which has no valid padding until its dialog was saved once.
 std::optional<TrackElement> TrackElementOfKey(const QString& key);
-/// The nodes of the tree: the kinds, then the values of the last record, then automatic numbers.
+/// The nodes of the tree: the kinds, then the first `MostValuesListed` values of the last record,
+/// then automatic numbers.
 std::vector<ElementNode> TrackElementNodes(int fieldCount, int autoNumberCount);
 
 /// The appearance of an element.

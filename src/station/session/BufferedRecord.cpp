@@ -1,4 +1,5 @@
 #include "station/session/BufferedRecord.h"
+#include "ports/FramedValues.h"
 #include "station/session/Session.h"
 
 namespace vantrel {
@@ -8,11 +9,11 @@ bool VT5_BufferedRecord::Create_From_Stream(const StationSettings& settings, QSt
     if (text.isEmpty())
         return false;
     RawData = text;
-    const QStringList values = ParseWithoutCut(text, settings.Framing, settings.Filters);
-    if (!values.isEmpty())
-        DataFields = {};
-    for (const QString& value : values)
-        DataFields.Add(value);
+    FieldValues values;
+    ParseWithoutCut(text, settings.Framing, settings.Filters,
+                    [&](const QString& value) { values.Add(value); });
+    if (values.Count() > 0)
+        DataFields = values;
     TimeCreated = QDateTime::currentDateTime();
     Valid = true;
     return true;
