@@ -1,6 +1,8 @@
 #include "drawing/BmpLength.h"
 #include "base/FileNumbers.h"
+#include <QtNumeric>
 #include <cstdlib>
+#include <limits>
 
 namespace vantrel {
 
@@ -70,7 +72,12 @@ std::optional<qint64> LeastBmpLength(QByteArrayView file)
     if (!head || head->Packing == PackedBytes || head->Packing == PackedHalfBytes)
         return std::nullopt;
     const qint64 bytesPerLine = (head->Width * head->BitsPerPixel + 31) / 32 * 4;
-    return head->PixelsAt + bytesPerLine * head->Height;
+    // The sides in a header may be so large that no file can hold the picture.
+    qint64 length = 0;
+    if (qMulOverflow(bytesPerLine, head->Height, &length) ||
+        qAddOverflow(length, head->PixelsAt, &length))
+        return std::numeric_limits<qint64>::max();
+    return length;
 }
 
 bool IsWholeBmp(QByteArrayView file)

@@ -2,6 +2,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace vantrel::test {
 
@@ -44,6 +45,16 @@ TEST(BmpLength, TheOldHeaderIsRead)
                                                "1800") +
                            QByteArray(24, '\0');
     EXPECT_EQ(LeastBmpLength(old), old.size());
+}
+
+TEST(BmpLength, SidesThatNoFileCanHoldAreBeyondEveryLength)
+{
+    QByteArray enormous = Bmp({37, 11}, QImage::Format_RGB32);
+    enormous.replace(18, 4, QByteArray::fromHex("ffffff7f")); // width 2147483647
+    enormous.replace(22, 4, QByteArray::fromHex("ffffff7f")); // height 2147483647
+    enormous.replace(28, 2, QByteArray::fromHex("ffff"));     // 65535 bits a pixel
+    EXPECT_EQ(LeastBmpLength(enormous), std::numeric_limits<qint64>::max());
+    EXPECT_FALSE(IsWholeBmp(enormous));
 }
 
 TEST(BmpLength, CompressedAndOtherFilesHaveNone)
