@@ -7,6 +7,7 @@
 #include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/SaveLayout.h"
+#include "station/ledger/StationLedger.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
@@ -100,6 +101,13 @@ struct BenchStation::Private
         Folder.setAutoRemove(!qEnvironmentVariableIsSet("VANTREL_BENCH_KEEP"));
         CreateLayoutDatabase(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
         OpenLayoutDb(Session);
+        if (size.KeepsAccount) {
+            Session.Options.Ledger = true;
+            Session.Options.KeepEveryRecord = true;
+            Session.Options.UniqueNumbers = true;
+            Printers.SetDurableFiles(true);
+            OpenLedger(Session);
+        }
         MakeLayout(size.FurtherLabels);
         for (int layout = 1; layout < size.Layouts; ++layout) {
             Session.CurrentLayoutName = QStringLiteral("Layout %1").arg(layout);
@@ -138,7 +146,7 @@ struct BenchStation::Private
         params.AutoSpool = true;
         params.BackImg1Path = SavePicture(QStringLiteral("back.jpg"), Photo(638, 1012));
         const QString photo = SavePicture(QStringLiteral("photo.jpg"), Photo(300, 400));
-        Draw_Image(Session, {200, 200, 1440, 1080}, 0, LoadPicture(photo), true, photo);
+        Draw_Image(OpenForm(Session), {200, 200, 1440, 1080}, 0, LoadPicture(photo), true, photo);
         std::int16_t field = 0;
         for (const TextOnCard& text : Texts(0)) {
             TextLooks looks;
@@ -147,20 +155,20 @@ struct BenchStation::Private
             const ObjectBox box{static_cast<std::int32_t>(text.Y),
                                 static_cast<std::int32_t>(text.X), 280, 2600};
             if (text.IsLabel)
-                Draw_Label(Session, box, looks);
+                Draw_Label(OpenForm(Session), box, looks);
             else
-                Draw_DataField(Session, ++field, box, looks);
+                Draw_DataField(OpenForm(Session), ++field, box, looks);
         }
         // The automatic number rises with every card, so every card must be saved.
         TextLooks looks;
         looks.cFont = NumberStyle();
         Draw_AutoNumber(
-            Session, FirstNumber,
+            OpenForm(Session), FirstNumber,
             {static_cast<std::int32_t>(NumberY), static_cast<std::int32_t>(NumberX), 280, 2600},
             looks);
         looks.cCaption = QStringLiteral("One of many");
         for (int label = 0; label < furtherLabels; ++label)
-            Draw_Label(Session, {label * 20, 100, 280, 2600}, looks);
+            Draw_Label(OpenForm(Session), {label * 20, 100, 280, 2600}, looks);
         SaveLayout(Session, SaveMessages::Silent);
     }
 
@@ -188,6 +196,22 @@ void BenchStation::PrintRecord(int card)
     m_d->Host.flush();
     while (!m_d->IsDone)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void BenchStation::PrintBurst(int firstCard, int count)
+{
+    int taken = 0;
+    const auto counting =
+        QObject::connect(&m_d->Session.Face, &StationFace::PanelChanged, &m_d->Session.Face,
+                         [&](int panel) { taken += panel == 3 ? 1 : 0; });
+    QByteArray records;
+    for (int card = firstCard; card < firstCard + count; ++card)
+        records += RecordOf(card);
+    m_d->Host.write(records);
+    m_d->Host.flush();
+    while (taken < count || !m_d->Session.Ledger.Runs().empty())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QObject::disconnect(counting);
 }
 
 void BenchStation::PrintNumber(int number)

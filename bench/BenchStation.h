@@ -14,6 +14,8 @@ struct StationSize
     int Layouts = 1;
     /// Additional labels on the page.
     int FurtherLabels = 0;
+    /// Whether it keeps a ledger, takes every record and gives each number once.
+    bool KeepsAccount = false;
 };
 
 /// A station without an operator, with a one-page layout of ten texts, a photo, a background and an
@@ -31,6 +33,9 @@ public:
     QString Path(const QString& name) const;
     /// Sends the record of one card over TCP and returns when the station is ready for the next.
     void PrintRecord(int card);
+    /// Sends so many records at once and returns when all cards are printed and, if the station
+    /// keeps account, their outcomes are in the ledger. The station must keep account.
+    void PrintBurst(int firstCard, int count);
     /// Generates one number and prints it, like the sequence generator.
     void PrintNumber(int number);
     /// Raises the page's automatic number and saves it in one durable commit.

@@ -27,7 +27,11 @@ public:
     QByteArray Kept;
 
 protected:
-    void Deliver(const QByteArray& pdf) override { Kept = pdf; }
+    JobOutcome Deliver(const QByteArray& pdf) override
+    {
+        Kept = pdf;
+        return {};
+    }
 };
 
 QByteArray CardWithPhoto()

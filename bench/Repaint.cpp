@@ -35,7 +35,8 @@ public:
         for (std::int16_t number = 1; number <= Objects; ++number) {
             const std::int32_t row = number % 40;
             const std::int32_t column = number / 40;
-            Draw_DataField(Session, number, {200 + row * 400, 200 + column * 5000, 300, 4000}, {});
+            Draw_DataField(OpenForm(Session), number,
+                           {200 + row * 400, 200 + column * 5000, 300, 4000}, {});
         }
     }
 

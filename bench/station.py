@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Measures the built station from outside, as an operator experiences it.
 
-    bench/station.py build/release/bin [--cards 10000]
+    bench/station.py build/release/bin [--cards 10000] [--bare]
 
 Measures the time from start to listening port, the idle load, the time from a record's last byte to its
-last finished file, and resident memory after 100 cards and after many. Uses a temporary demo folder.
+last finished file, and resident memory after 100 cards and after many. Uses a temporary demo folder, with
+the settings recommended for a new station, or --bare of them.
 """
 
 import argparse
@@ -27,11 +28,14 @@ def free_port():
         return probe.getsockname()[1]
 
 
-def make_folder(bin_dir, folder, port):
+def make_folder(bin_dir, folder, port, bare):
     subprocess.run([bin_dir / "vantrel-admin", "demo", folder], check=True, stdout=subprocess.DEVNULL)
     settings = folder / "Vantrel 6.ini"
     text = settings.read_bytes().decode("cp1252")
-    settings.write_bytes(re.sub(r"Port=\d+", f"Port={port}", text).encode("cp1252"))
+    text = re.sub(r"Port=\d+", f"Port={port}", text)
+    if bare:
+        text = re.sub(r"\[Station\]\r\n(?:[^\[\r\n]*\r\n)*", "", text)
+    settings.write_bytes(text.encode("cp1252"))
 
 
 def cpu_seconds(pid):
@@ -87,13 +91,14 @@ def main():
     parser.add_argument("bin_dir", type=pathlib.Path)
     parser.add_argument("--cards", type=int, default=10000)
     parser.add_argument("--idle-seconds", type=int, default=20)
+    parser.add_argument("--bare", action="store_true", help="without the recommended settings")
     options = parser.parse_args()
     bin_dir = options.bin_dir.resolve()
 
     with tempfile.TemporaryDirectory() as scratch:
         folder = pathlib.Path(scratch) / "Vantrel"
         port = free_port()
-        make_folder(bin_dir, folder, port)
+        make_folder(bin_dir, folder, port, options.bare)
         environment = dict(os.environ, VANTREL_HOME=str(folder), QT_QPA_PLATFORM="offscreen")
 
         begin = time.perf_counter()

@@ -1,11 +1,14 @@
 #include "ports/Framing.h"
 #include "FuzzInput.h"
 #include "base/Failure.h"
+#include "base/InputText.h"
 #include "ports/InputBuffer.h"
+#include "ports/RecordCutter.h"
 #include <algorithm>
 
 // For any delimiters and any bytes in any pieces: a record is found if and only if it would be
-// found in one piece, and no value contains a separator.
+// found in one piece, no value contains a separator, an input of its own gives the same records in
+// pieces as in one, and UTF-8 gives back its bytes.
 
 namespace {
 
@@ -37,6 +40,33 @@ void CutRecord(QString text, const Delimiters& delimiters, const Filters& filter
     ParseWithoutCut(whole, delimiters, filters);
 }
 
+QStringList RecordsOf(const QString& text, qsizetype piece, const Delimiters& delimiters)
+{
+    RecordCutter cutter;
+    cutter.SetDelimiters(delimiters.DataStart, delimiters.DataEnd);
+    QStringList records;
+    for (qsizetype from = 0; from < text.size(); from += piece) {
+        cutter.Append(text.mid(from, piece));
+        while (cutter.HasRecord())
+            records.append(cutter.TakeRecord());
+    }
+    return records;
+}
+
+void DecodeInput(const QByteArray& bytes, qsizetype piece)
+{
+    InputDecoder decoder(InputEncoding::Utf8);
+    QString text;
+    for (qsizetype from = 0; from < bytes.size(); from += piece)
+        text += decoder.Decode(bytes.mid(from, piece));
+    // Completes or breaks what is kept of the last character.
+    text += decoder.Decode(QByteArrayView(">", 1));
+    const QByteArray back = BytesOfInput(text, InputEncoding::Utf8);
+    fuzz::Require(back == bytes + '>' || "\xEF\xBB\xBF" + back == bytes + '>',
+                  "the bytes come back as they came, but for a byte order mark");
+    fuzz::Require(ShownInput(text).isValidUtf16(), "what is shown is valid text");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -45,7 +75,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Filters filters = FiltersOf(input.Byte());
     const int piece = 1 + input.Byte();
     const Delimiters delimiters{input.Line(), input.Line(), input.Line()};
-    const QString text = FromCodePage(input.Rest());
+    const QByteArray bytes = input.Rest();
+    const QString text = FromCodePage(bytes);
 
     InputBuffer inPieces;
     bool found = false;
@@ -60,5 +91,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::Require(found == inOne.IsComplete(delimiters.DataStart, delimiters.DataEnd),
                       "a record is found in pieces as in one");
     CutRecord(text, delimiters, filters);
+    fuzz::Require(RecordsOf(text, piece, delimiters) ==
+                      RecordsOf(text, std::max<qsizetype>(1, text.size()), delimiters),
+                  "the same records are cut from pieces as from one");
+    DecodeInput(bytes, piece);
     return 0;
 }

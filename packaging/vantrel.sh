@@ -36,7 +36,7 @@ esac
 if [ -z "${VANTREL_HOME:-}" ]; then
   VANTREL_HOME=${XDG_DATA_HOME:-${HOME:?vantrel: HOME is not set}/.local/share}/vantrel
   # Two sessions that start at once may both come here: one of them makes the folder.
-  if [ ! -e "$VANTREL_HOME/Vantrel.dat" ] && ! said=$("$admin" init "$VANTREL_HOME" 2>&1) &&
+  if [ ! -e "$VANTREL_HOME/Vantrel.dat" ] && ! said=$("$admin" new "$VANTREL_HOME" 2>&1) &&
     [ ! -e "$VANTREL_HOME/Vantrel.dat" ]; then
     rmdir "$VANTREL_HOME" 2>/dev/null || true
     die "the program folder cannot be made: ${said#vantrel-admin: }"

@@ -37,17 +37,18 @@ check_sizes() {
 readonly FLOORS='
 base
 store drawing ports
-printers
+printers ledger
 card
 station/session
 station/layout
+station/ledger
 station/print
 station/macro
 station/capture
 station/compose station/imaging station/commands
 station/start
 samples desktop/controls
-desktop/designer desktop/composers desktop/camera
+desktop/designer desktop/composers desktop/camera desktop/history
 desktop/dialogs
 desktop/menu
 desktop/window

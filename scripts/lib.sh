@@ -8,6 +8,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-
 RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)
 TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-utils ghostscript
+  fonts-urw-base35 mupdf-tools qpdf
   libqt6sql6-sqlite sqlite3 procps python3 xvfb dbus-daemon at-spi2-core openbox
   locales weston qt6-wayland)
 

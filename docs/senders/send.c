@@ -1,11 +1,15 @@
-/* send HOST PORT VALUE...: sends one record to a station, in its default framing.
-   The values are taken as bytes of code page 1252. Build it with: cc -o send send.c */
+/* send [--wait] HOST PORT VALUE...: sends one record to a station, in its default framing.
+   The values are sent as the bytes they are: code page 1252, or UTF-8 for a station that has
+   Encoding=utf-8. With --wait it waits up to a minute for the answer of a station that has
+   AnswerHost=True, writes it, and ends with 0 only if the cards were handed over.
+   Build it with: cc -o send send.c */
 #define _POSIX_C_SOURCE 200809L
 #include <errno.h>
 #include <netdb.h>
 #include <stdio.h>
 #include <string.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 /* Says what went wrong where it gives -1. */
@@ -48,12 +52,33 @@ static int send_all(int line, const char* bytes, size_t count)
     return 0;
 }
 
+/* Reads one line, without its end. The station may send it in pieces. */
+static int receive_line(int line, char* text, size_t size)
+{
+    const struct timeval limit = {60, 0};
+    size_t length = 0;
+    setsockopt(line, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
+    while (length + 1 < size && recv(line, text + length, 1, 0) == 1) {
+        if (text[length] == '\n') {
+            text[length] = '\0';
+            text[strcspn(text, "\r")] = '\0';
+            return 0;
+        }
+        length++;
+    }
+    return -1;
+}
+
 int main(int argc, char** argv)
 {
     char record[65536] = "<";
+    char answer[1024];
     size_t length = 1;
+    const int wait = argc > 1 && strcmp(argv[1], "--wait") == 0;
+    argc -= wait;
+    argv += wait;
     if (argc < 4) {
-        fprintf(stderr, "usage: send HOST PORT VALUE...\n");
+        fprintf(stderr, "usage: send [--wait] HOST PORT VALUE...\n");
         return 2;
     }
     for (int i = 3; i < argc; i++) {
@@ -74,5 +99,13 @@ int main(int argc, char** argv)
         perror("send");
         return 1;
     }
-    return close(line) == 0 ? 0 : 1;
+    if (!wait)
+        return close(line) == 0 ? 0 : 1;
+    if (receive_line(line, answer, sizeof answer) != 0) {
+        fprintf(stderr, "send: no answer\n");
+        return 1;
+    }
+    close(line);
+    puts(answer);
+    return strncmp(answer, "OK ", 3) == 0 ? 0 : 1;
 }

@@ -23,5 +23,7 @@ struct FileStamp
 
 /// Reads the stamp of the file at `path`. Never fails.
 FileStamp StampOfFile(const QString& path);
+/// Reads the stamp of an open file. Never fails.
+FileStamp StampOfFile(int descriptor);
 
 } // namespace vantrel

@@ -75,6 +75,20 @@ void UnnamedFile::Write(const QByteArray& bytes)
     }
 }
 
+void UnnamedFile::BeginSync()
+{
+    // Only a beginning: `Sync` reports what fails.
+    ::sync_file_range(m_descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
+void UnnamedFile::Sync()
+{
+    while (::fdatasync(m_descriptor) != 0) {
+        if (errno != EINTR)
+            FailWith(errno);
+    }
+}
+
 /// Some file systems report a full disk only on close; those do not support unnamed files.
 void UnnamedFile::Close()
 {

@@ -22,7 +22,11 @@ public:
 
     /// Appends bytes.
     void Write(const QByteArray& bytes);
-    /// Gives the file Gives the file its final name without replacing an existing file.
+    /// Begins to bring the bytes to the disk, so that the `Sync` of many files takes less time.
+    void BeginSync();
+    /// Waits until all bytes written so far are on the disk. After a failure the file is of no use.
+    void Sync();
+    /// Gives the file its final name without replacing an existing file.
     /// @param path  in the folder that was passed to the constructor
     /// @return false if a file of that name exists; another name may then be tried
     bool PutInPlace(const QString& path);

@@ -80,6 +80,8 @@ public:
     /// For a data field the position of its value in the record, for an automatic number its
     /// current number, in decimal.
     QString DataField;
+    /// For an automatic number the key of its row in the store; 0 before it was loaded or saved.
+    qlonglong StoreKey = 0;
     /// The word of its check digit scheme; empty for none.
     QString DataMember;
     /// For a data field: prefix, carriage return and suffix.

@@ -16,12 +16,16 @@ cairo_status_t WriteToSink(void* closure, const unsigned char* bytes, unsigned i
 
 } // namespace
 
-std::unique_ptr<CairoCanvas> CairoCanvas::OnPdf(double width, double height, Sink sink)
+std::unique_ptr<CairoCanvas> CairoCanvas::OnPdf(double width, double height, Sink sink,
+                                                Objects objects)
 {
     std::unique_ptr<CairoCanvas> canvas(new CairoCanvas(width));
     canvas->m_sink = std::move(sink);
     canvas->m_surface.reset(
         cairo_pdf_surface_create_for_stream(WriteToSink, &canvas->m_sink, width, height));
+    // Versions from 1.5 on may hold compressed objects.
+    if (objects == Objects::Plain)
+        cairo_pdf_surface_restrict_to_version(canvas->m_surface.get(), CAIRO_PDF_VERSION_1_4);
     canvas->m_context.reset(cairo_create(canvas->m_surface.get()));
     return canvas;
 }

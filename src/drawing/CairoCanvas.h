@@ -12,8 +12,11 @@ class CairoCanvas : public PageCanvas
 public:
     /// @param image  of format ARGB32_Premultiplied or RGB32; must outlive the canvas
     static std::unique_ptr<CairoCanvas> OnImage(QImage& image, double pixelsPerPoint);
+    /// How a PDF's objects are written; `Plain` ones can be found by the table of their offsets.
+    enum class Objects { AsCairoLikes, Plain };
     /// @param width,height  in points
-    static std::unique_ptr<CairoCanvas> OnPdf(double width, double height, Sink sink);
+    static std::unique_ptr<CairoCanvas> OnPdf(double width, double height, Sink sink,
+                                              Objects objects = Objects::AsCairoLikes);
     ~CairoCanvas() override;
 
     void Set(const PlacedLine& placed) override;

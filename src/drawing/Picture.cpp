@@ -13,7 +13,8 @@ namespace vantrel {
 
 namespace {
 
-/// Size of the cache of decoded pictures in KiB, enough for some hundred photos and backgrounds.
+/// First size of the cache of decoded pictures in KiB, enough for some hundred photos and
+/// backgrounds.
 constexpr int CacheKiB = 256 * 1024;
 /// Larger pictures are refused as a mistake or an attack; this many pixels need 256 MiB decoded.
 constexpr qint64 MaxPixels = 64LL * 1024 * 1024;
@@ -35,10 +36,9 @@ struct PictureFile
 
 /// Detects the format from the content and ignores the file name. Fails with `InvalidPicture` if
 /// the file is not a picture or is truncated.
-PictureFile ReadFile(const QString& path)
+PictureFile ReadFile(QFile& file)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > MaxFileBytes)
+    if (file.size() > MaxFileBytes)
         FailInvalid();
     const PictureFormat* format = FindPictureFormat(file.peek(PictureHeadBytes));
     if (format == nullptr)
@@ -70,9 +70,9 @@ QImage Decode(QImageReader& reader)
     return image;
 }
 
-std::shared_ptr<const PictureData> ReadPicture(const QString& path)
+std::shared_ptr<const PictureData> ReadPicture(QFile& opened)
 {
-    PictureFile file = ReadFile(path);
+    PictureFile file = ReadFile(opened);
     QBuffer buffer(&file.Bytes);
     QImageReader reader(&buffer, file.Format->Name);
     // Auto-detection could select a reader of vector drawings, which opens other files that a
@@ -103,6 +103,23 @@ QCache<QString, CachedPicture>& PictureCache()
 {
     static QCache<QString, CachedPicture> cache(CacheKiB);
     return cache;
+}
+
+/// The picture of a file with this stamp, from the cache or read.
+/// @param open  opens the file, and tells whether it is open
+template <typename Open>
+Picture CachedOrRead(const QString& path, const FileStamp& stamp, Open&& open)
+{
+    auto& cache = PictureCache();
+    if (const CachedPicture* cached = cache.object(path); cached && cached->Stamp == stamp)
+        return cached->Held;
+    QFile file(path);
+    if (!open(file))
+        FailInvalid();
+    Picture picture(ReadPicture(file));
+    const qsizetype kib = picture.Data()->BytesHeld() / 1024 + 1;
+    cache.insert(path, new CachedPicture{stamp, picture}, kib);
+    return picture;
 }
 
 } // namespace
@@ -136,13 +153,19 @@ Picture LoadPicture(const QString& path)
     const FileStamp stamp = StampOfFile(path);
     if (!stamp.IsFile)
         throw Failure(FailureNumber::FileNotFound, QStringLiteral("File not found: ") + path);
-    auto& cache = PictureCache();
-    if (const CachedPicture* cached = cache.object(path); cached && cached->Stamp == stamp)
-        return cached->Held;
-    Picture picture(ReadPicture(path));
-    const qsizetype kib = picture.Data()->BytesHeld() / 1024 + 1;
-    cache.insert(path, new CachedPicture{stamp, picture}, kib);
-    return picture;
+    return CachedOrRead(path, stamp, [](QFile& file) { return file.open(QIODevice::ReadOnly); });
+}
+
+Picture LoadPicture(int descriptor, const QString& path)
+{
+    return CachedOrRead(path, StampOfFile(descriptor), [descriptor](QFile& file) {
+        return file.open(descriptor, QIODevice::ReadOnly, QFileDevice::DontCloseHandle);
+    });
+}
+
+void LimitPictureCache(int kib)
+{
+    PictureCache().setMaxCost(kib);
 }
 
 } // namespace vantrel

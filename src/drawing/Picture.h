@@ -40,4 +40,12 @@ private:
 /// not a supported picture, is truncated or is too large.
 Picture LoadPicture(const QString& path);
 
+/// Reads the picture of an open file through the same cache. Fails with `InvalidPicture`.
+/// @param path  the file's name for the cache; it is not opened by it
+Picture LoadPicture(int descriptor, const QString& path);
+
+/// Sets how much memory the cache of `LoadPicture` may take, in KiB; at first 256 MiB. For programs
+/// that see each photo only once.
+void LimitPictureCache(int kib);
+
 } // namespace vantrel

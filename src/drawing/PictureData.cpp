@@ -1,6 +1,7 @@
 #include "drawing/PictureData.h"
 #include "base/Failure.h"
 #include "base/Twips.h"
+#include <QCryptographicHash>
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
@@ -133,6 +134,27 @@ const PackedPixels& PictureData::Packed() const
     if (!m_packed)
         m_packed = PackPixels(Stored);
     return *m_packed;
+}
+
+const QByteArray& PictureData::ContentKey() const
+{
+    if (m_contentKey.isEmpty()) {
+        // Photos may come from anybody, so nobody may be able to make two of one key.
+        QCryptographicHash hash(QCryptographicHash::Blake2b_256);
+        if (!Jpeg.Bytes.isEmpty()) {
+            hash.addData(Jpeg.Bytes);
+        } else {
+            const QByteArray shape = QByteArray::number(Stored.width()) + 'x' +
+                                     QByteArray::number(Stored.height()) +
+                                     (Stored.hasAlphaChannel() ? 'a' : 'o');
+            hash.addData(shape);
+            for (int y = 0; y < Stored.height(); ++y)
+                hash.addData(
+                    QByteArrayView(Stored.constScanLine(y), qsizetype{4} * Stored.width()));
+        }
+        m_contentKey = hash.result();
+    }
+    return m_contentKey;
 }
 
 } // namespace vantrel

@@ -42,6 +42,10 @@ struct PictureData
     /// The compressed pixels of `Stored`, made on the first call.
     const PackedPixels& Packed() const;
 
+    /// Is the same for pictures that look the same in a PDF, and differs for all others. Made on
+    /// the first call, in a time linear in the size of the picture.
+    const QByteArray& ContentKey() const;
+
     /// The pixels as stored in the file: RGB32 if all are opaque, otherwise ARGB32_Premultiplied.
     QImage Stored;
     /// The upright pixels; the same as `Stored` if the file needs no rotation.
@@ -57,6 +61,7 @@ struct PictureData
 
 private:
     mutable std::optional<PackedPixels> m_packed;
+    mutable QByteArray m_contentKey;
 };
 
 } // namespace vantrel

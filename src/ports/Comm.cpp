@@ -1,5 +1,4 @@
 #include "ports/Comm.h"
-#include "base/CodePage.h"
 #include "base/Failure.h"
 #include "base/Profile.h"
 #include <utility>
@@ -54,10 +53,16 @@ void Comm::SetPortOpen(bool open)
     }
     if (m_line != nullptr)
         throw Failure(FailureNumber::InvalidCall, QStringLiteral("The port is already open"));
-    m_line = m_maker(DevicePath()).release();
+    m_line = m_maker(DevicePath(), m_use).release();
+    ++m_opening;
+    m_hasRefused = false;
+    m_refusalTold = false;
     m_line->setParent(this);
+    m_decoder = InputDecoder(m_encoding);
     Adjust();
+    LimitReadAhead();
     connect(m_line, &SerialLine::Arrived, this, &Comm::Serve);
+    connect(m_line, &SerialLine::Sent, this, &Comm::OutputSent);
     connect(m_line, &SerialLine::Gone, this, &Comm::TakeGone);
 }
 
@@ -67,6 +72,12 @@ void Comm::Adjust()
         m_settings = m_takenSettings;
     if (!Give(*m_line, m_flow, m_takenFlow))
         m_flow = m_takenFlow;
+}
+
+// A sender that nothing stops would lose what is not read.
+void Comm::LimitReadAhead()
+{
+    m_line->LimitReadAhead(HasFlowControl() ? m_readAhead : 0);
 }
 
 void Comm::SetCommPort(int number)
@@ -84,19 +95,57 @@ void Comm::SetSettings(const QString& text)
 void Comm::SetHandshaking(std::int16_t number)
 {
     Set(m_line, ReadFlowControl(number), m_flow, m_takenFlow);
+    if (m_line != nullptr)
+        LimitReadAhead();
 }
 
 QString Comm::Input()
 {
+    m_taken = true;
     QByteArray bytes = std::exchange(m_lastBytes, {});
     if (m_line != nullptr)
         bytes += m_line->TakeBytes();
-    return FromCodePage(bytes);
+    return m_decoder.Decode(bytes);
+}
+
+void Comm::Resume()
+{
+    if (m_line != nullptr && m_line->HasBytes())
+        Serve();
+}
+
+bool Comm::Output(const QByteArray& bytes)
+{
+    if (m_line == nullptr || m_use == LineUse::Receive)
+        return false;
+    if (m_line->Unsent() + bytes.size() > OutputLimit) {
+        m_hasRefused = true;
+        return false;
+    }
+    m_line->Send(bytes);
+    return true;
+}
+
+bool Comm::TakeRefusalNotice()
+{
+    return m_hasRefused && !std::exchange(m_refusalTold, true);
+}
+
+bool Comm::IsOutputFull() const
+{
+    return m_line != nullptr && m_line->Unsent() > OutputLimit / 2;
+}
+
+void Comm::Close()
+{
+    if (m_line != nullptr)
+        Q_EMIT Closing();
+    CloseLine();
 }
 
 // A handler of the line's own signal may close it, so the line is deleted only after the handler
 // returns.
-void Comm::Close()
+void Comm::CloseLine()
 {
     m_lastBytes.clear();
     SerialLine* line = std::exchange(m_line, nullptr);
@@ -110,9 +159,10 @@ void Comm::Close()
 void Comm::TakeGone()
 {
     const QByteArray lastBytes = m_line->TakeBytes();
-    Close();
+    CloseLine();
     m_lastBytes = lastBytes;
     Serve();
+    Q_EMIT Closing();
 }
 
 void Comm::Serve()
@@ -122,9 +172,10 @@ void Comm::Serve()
         return;
     m_inHandler = true;
     while (std::exchange(m_eventWaits, false)) {
+        m_taken = false;
         Q_EMIT OnComm();
         // Bytes that arrived while the handler ran events were not signalled.
-        m_eventWaits = m_eventWaits || (m_line != nullptr && m_line->HasBytes());
+        m_eventWaits = m_eventWaits || (m_taken && m_line != nullptr && m_line->HasBytes());
     }
     m_inHandler = false;
 }

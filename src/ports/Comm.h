@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/InputText.h"
 #include "ports/SerialLine.h"
 
 namespace vantrel {
@@ -40,8 +41,35 @@ public:
     /// numbers and if the open port refuses it; the present one then stays.
     void SetHandshaking(std::int16_t number);
 
-    /// Takes all received characters (code page 1252); empty if there are none.
+    /// Sets how received bytes are read as characters, from the next opening on.
+    void SetEncoding(InputEncoding encoding) { m_encoding = encoding; }
+    /// Sets whether the port also sends, from the next opening on.
+    void SetAnswers(bool on) { m_use = on ? LineUse::ReceiveAndSend : LineUse::Receive; }
+    /// Limits how many bytes are read ahead if the port has flow control, from the next opening on;
+    /// 0 for no limit. Received bytes may then be left until `Resume` is called.
+    void SetReadAhead(qint64 bytes) { m_readAhead = bytes; }
+    /// Whether flow control can make the sender wait.
+    bool HasFlowControl() const { return m_flow != FlowControl::None; }
+    /// Signals again what was received and left.
+    void Resume();
+
+    /// The number of bytes that may wait to be sent.
+    static constexpr qint64 OutputLimit = qint64{64} << 10;
+    /// Counts the openings, so that an answer never goes to another device than its record came
+    /// from.
+    int Opening() const { return m_opening; }
+    /// Sends bytes without waiting. @return false, with no effect, if the port is closed or does
+    /// not send, or if too many bytes wait already
+    bool Output(const QByteArray& bytes);
+    /// Whether `Output` has refused bytes of the open port; each opening tells so once.
+    bool TakeRefusalNotice();
+    /// Whether so many bytes wait that nothing more should be read.
+    bool IsOutputFull() const;
+
+    /// Takes all received characters; empty if there are none.
     QString Input();
+    /// Whether a byte has come that is no character; each opening tells so once.
+    bool TakeStrayNotice() { return m_decoder.TakeStrayNotice(); }
 
     /// Replaces the function that opens devices.
     void SetLineMaker(SerialLineMaker maker) { m_maker = std::move(maker); }
@@ -50,11 +78,18 @@ Q_SIGNALS:
     /// Emitted when characters arrived or the device was removed. It is not emitted while its own
     /// handler runs; events in the meantime are signalled once after the handler returns.
     void OnComm();
+    /// Bytes were sent.
+    void OutputSent();
+    /// The port is about to be closed, or its device was removed; what it has received can still be
+    /// taken.
+    void Closing();
 
 private:
     QString DevicePath() const;
     void Adjust();
+    void LimitReadAhead();
     void Close();
+    void CloseLine();
     void TakeGone();
     void Serve();
 
@@ -67,10 +102,18 @@ private:
     /// The values that a device accepted last.
     SerialSettings m_takenSettings;
     FlowControl m_takenFlow = FlowControl::None;
+    LineUse m_use = LineUse::Receive;
+    qint64 m_readAhead = 0;
+    int m_opening = 0;
+    bool m_hasRefused = false;
+    bool m_refusalTold = false;
+    InputEncoding m_encoding = InputEncoding::CodePage1252;
+    InputDecoder m_decoder;
     /// The last bytes of a removed device.
     QByteArray m_lastBytes;
     bool m_inHandler = false;
     bool m_eventWaits = false;
+    bool m_taken = false;
 };
 
 } // namespace vantrel

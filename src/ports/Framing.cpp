@@ -1,6 +1,7 @@
 #include "ports/Framing.h"
 #include "base/HexCodes.h"
 #include "base/Text.h"
+#include "ports/FilterTable.h"
 #include "ports/FramedValues.h"
 #include <bitset>
 #include <limits>
@@ -8,21 +9,6 @@
 namespace vantrel {
 
 namespace {
-
-/// A filter flag and the replacement it makes in a value.
-struct FilterRow
-{
-    bool Filters::*Flag;
-    QStringView Wanted;
-    QStringView Replacement;
-};
-
-/// In the order of application. Pairs of blanks are replaced in a single pass, so three blanks
-/// become two.
-constexpr FilterRow filterTable[] = {
-    {&Filters::Cr, u"\r", {}},      {&Filters::Lf, u"\n", {}},    {&Filters::Tab, u"\t", u" "},
-    {&Filters::Space, u"  ", u" "}, {&Filters::Esc, u"\x1B", {}}, {&Filters::NewPage, u"\f", {}},
-};
 
 /// A set of separator characters with constant-time lookup.
 class CharacterSet
@@ -63,7 +49,7 @@ QStringList SplitOnChars(const QString& text, const QString& delimiters)
 
 QString FilterValue(QString value, const Filters& filters)
 {
-    for (const FilterRow& row : filterTable) {
+    for (const FilterRow& row : FilterReplacements) {
         if (filters.*row.Flag)
             ReplaceText(value, row.Wanted, row.Replacement);
     }

@@ -1,5 +1,4 @@
 #include "ports/SockArray.h"
-#include "base/CodePage.h"
 #include "base/Failure.h"
 #include "ports/SockLine.h"
 #include "ports/SockServer.h"
@@ -7,8 +6,7 @@
 #include <QNetworkInterface>
 #include <QPointer>
 #include <deque>
-#include <set>
-#include <sys/socket.h>
+#include <map>
 #include <unistd.h>
 
 namespace vantrel {
@@ -22,15 +20,13 @@ constexpr int MaxNesting = 256;
 constexpr int LowestPort = 1;
 constexpr int HighestPort = 65535;
 
-/// The peer's address of an accepted connection; null if the connection is gone.
-QHostAddress PeerOf(qintptr descriptor)
+/// Address and port of a host.
+QString PeerText(const PeerPlace& peer)
 {
-    sockaddr_storage peer{};
-    socklen_t length = sizeof peer;
-    auto* address = reinterpret_cast<sockaddr*>(&peer);
-    if (::getpeername(static_cast<int>(descriptor), address, &length) != 0)
-        return {};
-    return QHostAddress(address);
+    const QString form = peer.Address.protocol() == QAbstractSocket::IPv6Protocol
+                             ? QStringLiteral("[%1]:%2")
+                             : QStringLiteral("%1:%2");
+    return form.arg(peer.Address.toString()).arg(peer.Port);
 }
 
 Failure NotPossible(const QString& text)
@@ -59,7 +55,7 @@ struct SockArray::Private
         return *line;
     }
 
-    void Request(qintptr descriptor);
+    void Request(qintptr descriptor, const PeerPlace& peer);
     void Serve(Line& line);
     void ServeWaiting();
     void Drop(Line& line);
@@ -69,7 +65,11 @@ struct SockArray::Private
     int Port = 0;
     QHostAddress Address = QHostAddress::Any;
     HostAccess Access;
-    std::set<qintptr> Requests;
+    InputEncoding Encoding = InputEncoding::CodePage1252;
+    bool Answers = false;
+    qint64 ReadAhead = 0;
+    /// Connections that are offered to be accepted, by their descriptors.
+    std::map<qintptr, PeerPlace> Requests;
     /// Elements 1 and up; null for a closed element.
     std::vector<Line*> Lines;
     int Depth = 0;
@@ -77,13 +77,13 @@ struct SockArray::Private
     std::deque<QPointer<Line>> Waiting;
 };
 
-void SockArray::Private::Request(qintptr descriptor)
+void SockArray::Private::Request(qintptr descriptor, const PeerPlace& peer)
 {
-    if (!Access.Allows(PeerOf(descriptor))) {
+    if (!Access.Allows(peer.Address)) {
         ::close(static_cast<int>(descriptor));
         return;
     }
-    Requests.insert(descriptor);
+    Requests.emplace(descriptor, peer);
     Q_EMIT Array.ConnectionRequest(0, descriptor);
     if (Requests.erase(descriptor) > 0)
         ::close(static_cast<int>(descriptor));
@@ -107,7 +107,7 @@ void SockArray::Private::Serve(Line& line)
         line.Taken = false;
         Q_EMIT Array.DataArrival(line.Index);
     }
-    if (line.EndedByHost && !line.Dropped)
+    if (line.EndedByHost && !line.Dropped && (ReadAhead == 0 || line.bytesAvailable() == 0))
         Q_EMIT Array.ConnectionClosed(line.Index);
     line.InHandler = false;
     --Depth;
@@ -137,13 +137,16 @@ void SockArray::Private::Drop(Line& line)
     line.Dropped = true;
     line.disconnect(&Array);
     line.abort();
+    line.Answers.reset();
     if (!line.InHandler)
         line.deleteLater();
 }
 
 SockArray::SockArray(QObject* parent) : QObject(parent), m_d(std::make_unique<Private>(*this))
 {
-    m_d->Listener.OnRequest = [this](qintptr descriptor) { m_d->Request(descriptor); };
+    m_d->Listener.OnRequest = [this](qintptr descriptor, const PeerPlace& peer) {
+        m_d->Request(descriptor, peer);
+    };
 }
 
 SockArray::~SockArray()
@@ -183,6 +186,21 @@ void SockArray::SetAccess(const HostAccess& access)
     m_d->Access = access;
 }
 
+void SockArray::SetEncoding(InputEncoding encoding)
+{
+    m_d->Encoding = encoding;
+}
+
+void SockArray::SetAnswers(bool on)
+{
+    m_d->Answers = on;
+}
+
+void SockArray::SetReadAhead(qint64 bytes)
+{
+    m_d->ReadAhead = bytes;
+}
+
 int SockArray::LocalPort() const
 {
     return m_d->Listener.IsListening() ? m_d->Listener.Port() : m_d->Port;
@@ -211,17 +229,23 @@ void SockArray::Accept(int index, qintptr requestId)
     Line*& element = m_d->At(index);
     if (element != nullptr)
         throw NotPossible(QStringLiteral("The socket is in use"));
-    if (!m_d->Requests.contains(requestId))
+    const auto request = m_d->Requests.find(requestId);
+    if (request == m_d->Requests.end())
         throw NotPossible(QStringLiteral("The connection is gone"));
     auto line = std::make_unique<Line>(this, index);
+    line->setReadBufferSize(m_d->ReadAhead);
     if (!line->setSocketDescriptor(requestId))
         throw NotPossible(line->errorString());
-    m_d->Requests.erase(requestId);
+    const PeerPlace peer = m_d->Requests.extract(request).mapped();
 
     // A host that lost its power never closes its connection; without keep-alive such sockets would
     // accumulate.
     line->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-    line->Host = PlainAddress(line->peerAddress()).toString();
+    line->Host = peer.Address.toString();
+    line->Peer = PeerText(peer);
+    line->Decoder = InputDecoder(m_d->Encoding);
+    if (m_d->Answers)
+        line->Answers = AnswerLine::Open(static_cast<int>(requestId), line->Peer, this);
     element = line.release();
     connect(element, &QTcpSocket::readyRead, this, [this, &line = *element] { m_d->Serve(line); });
     connect(element, &QTcpSocket::disconnected, this, [this, &line = *element] {
@@ -234,7 +258,23 @@ QString SockArray::GetData(int index)
 {
     Line& line = m_d->Connected(index);
     line.Taken = true;
-    return FromCodePage(line.readAll());
+    return line.Decoder.Decode(line.readAll());
+}
+
+bool SockArray::TakeStrayNotice(int index)
+{
+    return m_d->Connected(index).Decoder.TakeStrayNotice();
+}
+
+void SockArray::Resume(int index)
+{
+    if (Line* line = m_d->At(index))
+        m_d->Serve(*line);
+}
+
+std::shared_ptr<AnswerLine> SockArray::Answers(int index)
+{
+    return m_d->Connected(index).Answers;
 }
 
 void SockArray::Close(int index)
@@ -243,6 +283,8 @@ void SockArray::Close(int index)
         m_d->Listener.Close();
         return;
     }
+    if (m_d->At(index) != nullptr)
+        Q_EMIT Closing(index);
     if (Line* line = std::exchange(m_d->At(index), nullptr))
         m_d->Drop(*line);
 }
@@ -250,6 +292,11 @@ void SockArray::Close(int index)
 QString SockArray::RemoteHostIP(int index) const
 {
     return m_d->Connected(index).Host;
+}
+
+QString SockArray::RemotePeer(int index) const
+{
+    return m_d->Connected(index).Peer;
 }
 
 QString SockArray::LocalIP() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/InputText.h"
 #include "ports/HostAccess.h"
 #include <QObject>
 #include <QString>
@@ -7,6 +8,8 @@
 #include <vector>
 
 namespace vantrel {
+
+class AnswerLine;
 
 /// States of a socket.
 enum class SockState { Closed = 0, Listening = 2, Connected = 7 };
@@ -36,6 +39,14 @@ public:
     /// Sets which hosts may connect. Connections of other hosts are closed at once without a
     /// signal.
     void SetAccess(const HostAccess& access);
+    /// Sets how the bytes of connections are read as characters, for those accepted from now on.
+    void SetEncoding(InputEncoding encoding);
+    /// Sets whether hosts get answers, for connections accepted from now on.
+    void SetAnswers(bool on);
+    /// Limits how many bytes of a connection are read ahead, for those accepted from now on; 0 for
+    /// no limit. With a limit, received bytes may be left until later: then `Resume` must be called
+    /// to get them, and a connection counts as closed only when all of them are taken.
+    void SetReadAhead(qint64 bytes);
     /// Starts listening. Fails with `InvalidCall` if the port is not 1 to 65535 or cannot be
     /// opened.
     void Listen();
@@ -44,12 +55,22 @@ public:
     /// Assigns a waiting connection to element `index`. Fails with `InvalidCall` if the connection
     /// is gone.
     void Accept(int index, qintptr requestId);
-    /// Takes all received bytes of an element, as characters of code page 1252.
+    /// Takes all received bytes of an element, as characters of its encoding.
     QString GetData(int index);
-    /// Closes an element; does nothing if it is closed.
+    /// Whether an element has received a byte that is no character; each connection tells so once.
+    bool TakeStrayNotice(int index);
+    /// Signals again what an element has received and what was left; does nothing if there is
+    /// nothing or it is closed.
+    void Resume(int index);
+    /// The way back to the host of an element; null if hosts get no answers.
+    std::shared_ptr<AnswerLine> Answers(int index);
+    /// Closes an element; does nothing if it is closed. The connection itself stays open while
+    /// somebody owns its way back.
     void Close(int index);
     /// Address of the host that is connected to an element.
     QString RemoteHostIP(int index) const;
+    /// Address and port of that host, such as "192.168.7.10:51234" or "[fd00::7]:51234".
+    QString RemotePeer(int index) const;
     /// The address that the station listens on, or else one of this machine's addresses that hosts
     /// can connect to.
     QString LocalIP() const;
@@ -61,6 +82,8 @@ Q_SIGNALS:
     void DataArrival(int index);
     /// The host has closed the connection of an element.
     void ConnectionClosed(int index);
+    /// `Close` is called for an open element; what it has received can still be taken.
+    void Closing(int index);
 
 private:
     struct Private;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/InputText.h"
+#include "ports/AnswerLine.h"
 #include <QString>
 #include <QTcpSocket>
 
@@ -17,6 +19,11 @@ public:
     /// Address of the host. Kept here because QTcpSocket clears it when the connection ends, before
     /// the last bytes are read.
     QString Host;
+    /// Address and port of the host, such as "192.168.7.10:51234".
+    QString Peer;
+    InputDecoder Decoder;
+    /// The way back to the host; null if hosts get no answers.
+    std::shared_ptr<AnswerLine> Answers;
     bool InHandler = false;
     bool Taken = false;
     bool EndedByHost = false;

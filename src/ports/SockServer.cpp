@@ -1,8 +1,10 @@
 #include "ports/SockServer.h"
+#include "ports/HostAccess.h"
 #include <QSocketNotifier>
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <netinet/in.h>
 #include <sys/eventfd.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -29,6 +31,13 @@ bool HasRoomForHost()
     ::close(next);
     const rlim_t kept = std::min(ReservedDescriptors, files.rlim_cur / 4);
     return static_cast<rlim_t>(next) < files.rlim_cur - kept;
+}
+
+PeerPlace PlaceOf(const sockaddr& address)
+{
+    // Both kinds of address have the port at the same place.
+    const auto& place = reinterpret_cast<const sockaddr_in&>(address);
+    return {PlainAddress(QHostAddress(&address)), ntohs(place.sin_port)};
 }
 
 bool IsWant(int error)
@@ -99,10 +108,13 @@ void SockServer::TakeHosts()
             Rest();
             return;
         }
-        const int host = ::accept4(static_cast<int>(m_server.socketDescriptor()), nullptr, nullptr,
+        sockaddr_storage peer{};
+        socklen_t length = sizeof peer;
+        auto* address = reinterpret_cast<sockaddr*>(&peer);
+        const int host = ::accept4(static_cast<int>(m_server.socketDescriptor()), address, &length,
                                    SOCK_CLOEXEC);
         if (host >= 0) {
-            OnRequest(host);
+            OnRequest(host, PlaceOf(*address));
         } else if (errno != EINTR && errno != ECONNABORTED) {
             if (IsWant(errno))
                 Rest();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHostAddress>
 #include <QObject>
 #include <QTcpServer>
 #include <QTimer>
@@ -9,6 +10,13 @@
 class QSocketNotifier;
 
 namespace vantrel {
+
+/// Where a connection comes from.
+struct PeerPlace
+{
+    QHostAddress Address;
+    int Port = 0;
+};
 
 /// A listening socket that passes on each connection as a socket descriptor. It reserves some
 /// descriptors for the process and stops accepting while no more are free; hosts then wait.
@@ -28,8 +36,9 @@ public:
     /// Turns accepting on or off; initially on. Hosts that are not accepted wait.
     void LetIn(bool on);
 
-    /// Receives the descriptor of each accepted connection and owns it.
-    std::function<void(qintptr)> OnRequest;
+    /// Receives the descriptor of each accepted connection and owns it. The place is told with it,
+    /// since the system forgets it when the host has reset the connection already.
+    std::function<void(qintptr, const PeerPlace&)> OnRequest;
 
 private:
     void TakeHosts();

@@ -1,7 +1,6 @@
 #include "printers/CupsPrinter.h"
 #include "base/Failure.h"
 #include "base/Twips.h"
-#include <QScopeGuard>
 #include <algorithm>
 #include <cmath>
 
@@ -110,13 +109,6 @@ void CupsPrinter::SendStripe(int trackNumber, const QString& line)
     m_stripe.push_back(std::move(option));
 }
 
-void CupsPrinter::EndDoc()
-{
-    // The stripe of this card must never go with the next job, even if this one fails.
-    const auto forget = qScopeGuard([this] { m_stripe.clear(); });
-    PagePrinter::EndDoc();
-}
-
 PagePrinter::PageSides CupsPrinter::Sides() const
 {
     // If the queue cannot be queried, the last known page stays; the job itself then fails with the
@@ -132,7 +124,7 @@ PagePrinter::PageSides CupsPrinter::Sides() const
     return m_sides;
 }
 
-void CupsPrinter::Deliver(const QByteArray& pdf)
+JobOutcome CupsPrinter::Deliver(const QByteArray& pdf)
 {
     if (!UpdateInfo()) {
         throw Failure(FailureNumber::PrinterError,
@@ -154,6 +146,9 @@ void CupsPrinter::Deliver(const QByteArray& pdf)
         FailWithReason();
     }
     SendDocument(pdf, jobId);
+    JobOutcome outcome;
+    outcome.JobId = jobId;
+    return outcome;
 }
 
 void CupsPrinter::SendDocument(const QByteArray& pdf, int jobId)

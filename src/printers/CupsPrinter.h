@@ -21,12 +21,13 @@ public:
     /// Fails with `PrinterError` also if the line is too long for a job option; a truncated stripe
     /// must never be encoded.
     void SendStripe(int trackNumber, const QString& line) override;
-    void EndDoc() override;
 
 protected:
     PageSides Sides() const override;
     /// Sends the job to the queue. Fails with `PrinterError` and the server's message.
-    void Deliver(const QByteArray& pdf) override;
+    JobOutcome Deliver(const QByteArray& pdf) override;
+    /// The stripe of a card must never go with the next job.
+    void ForgetJob() override { m_stripe.clear(); }
 
 private:
     /// Cached information about the queue. It is queried again after a while and after a failure,

@@ -51,12 +51,17 @@ PageCanvas& PagePrinter::OpenPage()
 {
     if (!m_page) {
         Setup();
-        m_page = PageCanvas::OnPdf(Width(), Height(), [this](const char* bytes, std::size_t count) {
-            m_pdf.append(bytes, static_cast<qsizetype>(count));
-            return true;
-        });
+        m_page = NewPage(Width(), Height());
     }
     return *m_page;
+}
+
+std::unique_ptr<PageCanvas> PagePrinter::NewPage(double width, double height)
+{
+    return PageCanvas::OnPdf(width, height, [this](const char* bytes, std::size_t count) {
+        m_pdf.append(bytes, static_cast<qsizetype>(count));
+        return true;
+    });
 }
 
 void PagePrinter::ClosePage()
@@ -82,17 +87,58 @@ void PagePrinter::PaintPicture(const Picture& picture, double x, double y, doubl
     page.PaintPicture(picture, x + m_setup.OffsetX, y + m_setup.OffsetY, width, height);
 }
 
-void PagePrinter::EndDoc()
+void PagePrinter::ReuseBuffer()
 {
-    if (!m_page)
-        return;
-    // The next page reuses the buffer even if this job fails.
-    const auto emptyBuffer = qScopeGuard([this] { m_pdf.resize(0); });
+    if (m_pdf.isDetached()) {
+        m_pdf.resize(0);
+    } else {
+        // A job that is delivered later still holds the buffer.
+        const qsizetype size = m_pdf.size();
+        m_pdf = QByteArray();
+        m_pdf.reserve(size);
+    }
+}
+
+void PagePrinter::EndPage(const std::function<void(const QByteArray&)>& deliver)
+{
+    const auto forget = qScopeGuard([this] {
+        ReuseBuffer();
+        ForgetJob();
+    });
     {
         const auto closePage = qScopeGuard([this] { ClosePage(); });
         m_page->Finish();
     }
-    Deliver(m_pdf);
+    deliver(m_pdf);
+}
+
+void PagePrinter::EndDoc()
+{
+    if (m_page)
+        EndPage([this](const QByteArray& pdf) { Deliver(pdf); });
+}
+
+void PagePrinter::EndDocAndTell(const JobEnd& told)
+{
+    JobOutcome outcome;
+    bool later = false;
+    if (!m_page) {
+        outcome.Reason = QString::fromLatin1(NothingDrawn);
+    } else {
+        try {
+            EndPage([&](const QByteArray& pdf) {
+                later = DeliverLater(pdf, told);
+                if (!later)
+                    outcome = Deliver(pdf);
+            });
+            outcome.HandedOver = true;
+        } catch (const Failure& failure) {
+            outcome.Reason = ReasonOf(failure);
+        }
+    }
+    // The printer is ready for the next page by now, which may well be drawn by `told`.
+    if (!later)
+        told(outcome);
 }
 
 } // namespace vantrel

@@ -34,6 +34,7 @@ public:
     void PaintPicture(const Picture& picture, double x, double y, double width,
                       double height) override;
     void EndDoc() override;
+    void EndDocAndTell(const JobEnd& told) override;
 
     /// From now on each page uses this printer's setup in the given settings file.
     void FollowSetup(const QString& settingsPath);
@@ -48,9 +49,17 @@ protected:
 
     /// The present page size of the printer; by default a CR80 card.
     virtual PageSides Sides() const { return {}; }
-    /// Delivers a finished job. Fails with `PrinterError`, and must then leave nothing of the job
-    /// among finished cards.
-    virtual void Deliver(const QByteArray& pdf) = 0;
+    /// Begins a page of this size in twips; by default a PDF of its own, which is then delivered.
+    virtual std::unique_ptr<PageCanvas> NewPage(double width, double height);
+    /// Delivers a finished job, the PDF of which is empty if `NewPage` made another page, and
+    /// returns its number or file. Fails with `PrinterError`, and must then leave nothing of the
+    /// job among finished cards.
+    virtual JobOutcome Deliver(const QByteArray& pdf) = 0;
+    /// Takes a finished job over that is to be delivered and told later. By default takes none.
+    /// @return whether it was taken; if not, it is delivered at once
+    virtual bool DeliverLater(const QByteArray& /*pdf*/, const JobEnd& /*told*/) { return false; }
+    /// Forgets what belongs to one job only; called after each job, even one that failed.
+    virtual void ForgetJob() {}
 
     const QString& JobTitle() const { return m_jobTitle; }
     /// The setup for the open page, or else for the next one. Never fails.
@@ -60,6 +69,10 @@ protected:
 
 private:
     void ClosePage();
+    /// Empties the buffer for the next page.
+    void ReuseBuffer();
+    /// Finishes the open page and passes its PDF on. All of the job is forgotten then.
+    void EndPage(const std::function<void(const QByteArray&)>& deliver);
 
     QString m_jobTitle;
     PrinterSetupFile m_setupFile;

@@ -1,63 +1,58 @@
 #include "printers/PdfPrinter.h"
-#include "base/Failure.h"
 #include "base/UnnamedFile.h"
+#include "printers/CardWriter.h"
 #include <QDir>
-#include <QDirIterator>
-#include <algorithm>
 
 namespace vantrel {
 
-namespace {
+PdfPrinter::PdfPrinter(QString folder) : m_folder(std::move(folder)) {}
 
-constexpr QLatin1StringView FileBeginning{"card-"};
-constexpr QLatin1StringView FileEnding{".pdf"};
-constexpr int FewestDigits = 6;
-/// Files with higher numbers are ignored: no station wrote them, and counting on from them could
-/// run out of numbers.
-constexpr qint64 HighestThatCounts = 999'999'999'999;
-
-QString FileNameOf(qint64 number)
+PdfPrinter::~PdfPrinter()
 {
-    return FileBeginning + QStringLiteral("%1").arg(number, FewestDigits, 10, QLatin1Char('0')) +
-           FileEnding;
+    FinishJobs();
 }
 
-/// @return the number in a card file's name, 0 for any other name or number
-qint64 NumberOf(const QString& fileName)
+void PdfPrinter::SetDurable(bool on)
 {
-    if (!fileName.startsWith(FileBeginning) || !fileName.endsWith(FileEnding))
-        return 0;
-    const QString digits = fileName.sliced(
-        FileBeginning.size(), fileName.size() - FileBeginning.size() - FileEnding.size());
-    const qint64 number = digits.toLongLong();
-    return number <= HighestThatCounts && FileNameOf(number) == fileName ? number : 0;
-}
-
-qint64 HighestNumberIn(const QString& folder)
-{
-    qint64 highest = 0;
-    for (QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::System); files.hasNext();) {
-        files.next();
-        highest = std::max(highest, NumberOf(files.fileName()));
+    if (!on) {
+        FinishJobs();
+        m_writer.reset();
+    } else if (!m_writer) {
+        m_writer = std::make_unique<CardWriter>(m_folder);
     }
-    return highest;
 }
 
-} // namespace
-
-void PdfPrinter::Deliver(const QByteArray& pdf)
+void PdfPrinter::FinishJobs()
 {
-    if (!QDir().mkpath(m_folder))
+    if (m_writer)
+        m_writer->Finish();
+}
+
+bool PdfPrinter::DeliverLater(const QByteArray& pdf, const JobEnd& told)
+{
+    if (!m_writer)
+        return false;
+    m_writer->Write(pdf, told);
+    return true;
+}
+
+JobOutcome PdfPrinter::Deliver(const QByteArray& pdf)
+{
+    JobOutcome outcome;
+    if (m_writer) {
+        outcome = m_writer->WriteNow(pdf);
+        if (!outcome.HandedOver)
+            throw Failure(FailureNumber::PrinterError,
+                          QStringLiteral("Printer error: ") + outcome.Reason);
+        return outcome;
+    }
+    if (!QDir().mkpath(m_folder.Path()))
         throw Failure(FailureNumber::PrinterError,
                       QStringLiteral("Printer error: no folder for cards"));
-    UnnamedFile file(m_folder);
+    UnnamedFile file(m_folder.Path());
     file.Write(pdf);
-    if (m_lastNumber < 0)
-        m_lastNumber = HighestNumberIn(m_folder);
-    qint64 number = m_lastNumber + 1;
-    while (!file.PutInPlace(m_folder + QLatin1Char('/') + FileNameOf(number)))
-        ++number;
-    m_lastNumber = number;
+    outcome.File = m_folder.Put(file);
+    return outcome;
 }
 
 } // namespace vantrel

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "printers/CardFolder.h"
 #include "printers/PagePrinter.h"
 
 namespace vantrel {
+
+class CardWriter;
 
 inline constexpr auto PdfDeviceName = "Vantrel PDF";
 
@@ -13,17 +16,28 @@ class PdfPrinter : public PagePrinter
 {
 public:
     /// @param folder  created with the first job
-    explicit PdfPrinter(QString folder) : m_folder(std::move(folder)) {}
+    explicit PdfPrinter(QString folder);
+    /// Like `FinishJobs`; what is told then must not use the printer.
+    ~PdfPrinter() override;
 
     QString DeviceName() const override { return QString::fromLatin1(PdfDeviceName); }
 
+    /// Whether a job counts as handed over only when its file is on the disk: it is forced there
+    /// before it gets its name, and then its name. A thread of its own does that, so that
+    /// `EndDocAndTell` need not wait for the disk; `EndDoc` waits. Off at first. Switching it off
+    /// finishes the jobs under way.
+    void SetDurable(bool on);
+    /// Waits until all jobs are on the disk and their outcomes told.
+    void FinishJobs();
+
 protected:
-    void Deliver(const QByteArray& pdf) override;
+    JobOutcome Deliver(const QByteArray& pdf) override;
+    bool DeliverLater(const QByteArray& pdf, const JobEnd& told) override;
 
 private:
-    QString m_folder;
-    /// The highest number seen in the folder; -1 before the folder was read.
-    qint64 m_lastNumber = -1;
+    /// Belongs to the writer's thread while there is a writer.
+    CardFolder m_folder;
+    std::unique_ptr<CardWriter> m_writer;
 };
 
 } // namespace vantrel

@@ -4,6 +4,7 @@
 #include "base/Failure.h"
 #include "base/Font.h"
 #include "drawing/Picture.h"
+#include "printers/JobOutcome.h"
 #include <QString>
 #include <QStringList>
 
@@ -66,6 +67,12 @@ public:
     }
     /// Ends the job and sends it. Does nothing without an open page.
     virtual void EndDoc() = 0;
+    /// Ends the job like `EndDoc`, and calls `told` exactly once with what became of it; a failure
+    /// is told and not thrown. Most printers call it before they return. One that is still writing
+    /// calls it later from the event loop of this thread, or in `Printers::FinishJobs`, or when it
+    /// is destroyed, and tells its jobs in their order. A job without an open page was not handed
+    /// over. `told` may print the next job, and must not destroy the printer.
+    virtual void EndDocAndTell(const JobEnd& told);
 };
 
 /// State of a printer's queue at the time of the query.
@@ -93,6 +100,8 @@ public:
     /// State of a device's queue. Never fails; a device that has no queue or no longer exists is
     /// reported as running and empty.
     virtual SpoolState SpoolStateOf(const QString& /*deviceName*/) { return {}; }
+    /// Waits until all jobs that were ended have been written or sent, and their outcomes told.
+    virtual void FinishJobs() {}
 };
 
 } // namespace vantrel

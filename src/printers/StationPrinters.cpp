@@ -33,11 +33,22 @@ StationPrinters::StationPrinters(const QString& programFolder, int sessionNumber
     auto pdf = std::make_unique<PdfPrinter>(
         QStringLiteral("%1/Printed/Session %2").arg(programFolder, QString::number(sessionNumber)));
     pdf->FollowSetup(m_settingsPath);
+    m_builtIn = pdf.get();
     const QString name = pdf->DeviceName();
     m_printers.emplace(name, std::move(pdf));
 }
 
 StationPrinters::~StationPrinters() = default;
+
+void StationPrinters::SetDurableFiles(bool on)
+{
+    m_builtIn->SetDurable(on);
+}
+
+void StationPrinters::FinishJobs()
+{
+    m_builtIn->FinishJobs();
+}
 
 void StationPrinters::LookAtQueues()
 {

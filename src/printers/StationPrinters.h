@@ -7,6 +7,8 @@
 
 namespace vantrel {
 
+class PdfPrinter;
+
 /// The machine's printers: the CUPS queues in CUPS order, then the built-in "Vantrel PDF", which is
 /// current if CUPS has no default. The queues are listed at most every two seconds, since each page
 /// of a card needs the list twice.
@@ -22,6 +24,10 @@ public:
     void MakeCurrent(const QString& deviceName) override;
     Printer& Current() override;
     SpoolState SpoolStateOf(const QString& deviceName) override;
+    void FinishJobs() override;
+    /// Whether a card of the built-in printer counts as handed over only when it is on the disk, as
+    /// in `PdfPrinter::SetDurable`; off at first.
+    void SetDurableFiles(bool on);
 
 private:
     void LookAtQueues();
@@ -33,6 +39,7 @@ private:
     QElapsedTimer m_age;
     /// Kept between jobs, since a printer holds its font and its open page.
     std::map<QString, std::unique_ptr<Printer>> m_printers;
+    PdfPrinter* m_builtIn = nullptr;
     Printer* m_current = nullptr;
 };
 

@@ -5,6 +5,7 @@
 #include "samples/DemoLayouts.h"
 #include "samples/FreshInstall.h"
 #include "samples/GalleryArt.h"
+#include "samples/RecommendedSettings.h"
 #include "store/Connection.h"
 #include <QDir>
 
@@ -64,7 +65,7 @@ void WriteSettings(const QString& path)
 
 void MakeDemoFolder(const QString& folder)
 {
-    MakeProgramFolder(folder);
+    MakeRecommendedFolder(folder);
     // The layouts hold absolute paths, so that a station finds its pictures from any working
     // directory.
     const QDir whole(QDir(folder).absolutePath());

@@ -4,7 +4,7 @@
 
 namespace vantrel {
 
-/// Creates a program folder like `MakeProgramFolder`, with sample layouts, their pictures, and
+/// Creates a program folder like `MakeRecommendedFolder`, with sample layouts, their pictures, and
 /// settings with which session 1 captures on port 10001 and opens the member card. Fails like
 /// `MakeProgramFolder`.
 void MakeDemoFolder(const QString& folder);

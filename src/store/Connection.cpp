@@ -110,6 +110,11 @@ bool Connection::IsOpen() const
     return m_d->Database != nullptr;
 }
 
+StoreDatabase& Connection::Database()
+{
+    return m_d->Opened();
+}
+
 void Connection::BeginTrans()
 {
     StoreDatabase& database = m_d->Opened();
@@ -141,6 +146,17 @@ void Connection::CommitTrans()
     // The transaction is already committed, so a failure here is ignored.
     if (isOutermost)
         Skip("tidy what is pending", [&] { m_d->Pending.AfterCommit(database); });
+}
+
+void Connection::RollbackTrans()
+{
+    if (!InTransaction()) {
+        m_d->Depth = m_d->DepthAside;
+        return;
+    }
+    Skip("roll back", [&] { m_d->Opened().Change(QStringLiteral("ROLLBACK")); });
+    m_d->Depth = m_d->DepthAside;
+    m_d->Kept.ForgetAll();
 }
 
 void Connection::SetAside(const QString& statement)

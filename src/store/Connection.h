@@ -5,6 +5,8 @@
 
 namespace vantrel {
 
+class StoreDatabase;
+
 /// A connection to the layout database, one SQLite file in WAL mode. Every commit is durable. A
 /// write waits up to five seconds for the lock of another session.
 class Connection
@@ -22,6 +24,9 @@ public:
     /// connection.
     void Close();
     bool IsOpen() const;
+    /// The open database, for tables that are not read by cursors. Fails with `ObjectClosed` on a
+    /// closed connection.
+    StoreDatabase& Database();
 
     /// Begins a transaction. The outermost one takes the write lock at once; a nested one is a
     /// savepoint. Fails with `StoreBusy` if another session holds the lock for five seconds.
@@ -30,6 +35,10 @@ public:
     /// in the file; transactions that were set aside are not. A transaction that was itself set
     /// aside ends without a commit. Fails with `InvalidCall` if no transaction is open.
     void CommitTrans();
+    /// Rolls back the transaction that is open in the file, with all levels of it that were begun
+    /// since the last one was set aside, and releases its lock. Does nothing if there is none.
+    /// Never fails.
+    void RollbackTrans();
     /// Rolls back the open transaction in the file and releases its lock, while this connection
     /// continues as if it were open: it is still counted, and the rows it wrote for `statement`
     /// stay visible to this connection until this or another session writes those rows in the file.

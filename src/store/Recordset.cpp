@@ -104,6 +104,24 @@ void Recordset::MoveNext()
     m_d->CurrentDeleted = false;
 }
 
+QStringList Recordset::Columns() const
+{
+    QStringList names;
+    for (const CursorShape::Column& column : m_d->Opened().Columns())
+        names.append(column.Name);
+    return names;
+}
+
+QVariantList Recordset::Values() const
+{
+    return m_d->Current().Values;
+}
+
+qlonglong Recordset::RowKey() const
+{
+    return m_d->Current().Key;
+}
+
 QVariant Recordset::Value(const QString& column) const
 {
     const int place = m_d->Opened().Find(column);

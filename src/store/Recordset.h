@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVariant>
+#include <QVariantList>
 #include <memory>
 
 namespace vantrel {
@@ -42,6 +44,12 @@ public:
 
     /// @return the value in the current row; a null is a null `QVariant`
     QVariant Value(const QString& column) const;
+    /// Names of the columns of the result, and the values of the current row in the same order.
+    /// Columns of a row that is being added or changed have their stored values.
+    QStringList Columns() const;
+    QVariantList Values() const;
+    /// The hidden key of the current row, which stays the same as long as the row exists.
+    qlonglong RowKey() const;
     /// Sets a value in the row being added or changed; a null `QVariant` writes a null. This and
     /// all functions below fail with `InvalidCall` on a read-only cursor.
     void SetValue(const QString& column, const QVariant& value);

@@ -91,6 +91,11 @@ bool StoreDatabase::InTransaction() const
     return sqlite3_get_autocommit(m_database.get()) == 0;
 }
 
+bool StoreDatabase::IsReadOnly() const
+{
+    return sqlite3_db_readonly(m_database.get(), "main") == 1;
+}
+
 StoreDatabase::State StoreDatabase::Now()
 {
     State state;

@@ -37,6 +37,10 @@ public:
     /// rows.
     template <typename Show, typename Take>
     void Read(const QString& sql, Show&& show, Take&& take);
+    /// Runs a prepared statement with the values bound in order, and calls `take` for each row of
+    /// its result.
+    template <typename Take>
+    void Select(const QString& sql, const QVariantList& values, Take&& take);
     /// Runs a prepared statement that returns no rows, with the values bound in order.
     /// @return the number of rows it has changed
     int Change(const QString& sql, const QVariantList& values = {});
@@ -50,6 +54,8 @@ public:
     /// Whether a transaction is open. SQLite may roll one back automatically if the disk is full or
     /// fails.
     bool InTransaction() const;
+    /// Whether the file could only be opened for reading.
+    bool IsReadOnly() const;
     /// The present state, for comparison with an earlier one.
     State Now();
     /// Name of the column that is the row key of a table, empty if the table does not exist.
@@ -83,6 +89,15 @@ private:
     QCache<QString, std::shared_ptr<StoreStatement>> m_statements;
     qlonglong m_failures = 0;
 };
+
+template <typename Take>
+void StoreDatabase::Select(const QString& sql, const QVariantList& values, Take&& take)
+{
+    Running statement(*this, sql);
+    statement->Bind(values);
+    while (statement->Step())
+        take(std::as_const(*statement));
+}
 
 template <typename Show, typename Take>
 void StoreDatabase::Read(const QString& sql, Show&& show, Take&& take)

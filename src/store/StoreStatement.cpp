@@ -30,6 +30,12 @@ int BindText(sqlite3_stmt* statement, int place, const QString& text)
                                SQLITE_UTF8);
 }
 
+int BindBytes(sqlite3_stmt* statement, int place, const QByteArray& bytes)
+{
+    return sqlite3_bind_blob64(statement, place, bytes.constData(),
+                               static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT);
+}
+
 int BindValue(sqlite3_stmt* statement, int place, const QVariant& value)
 {
     if (!value.isValid() || value.isNull())
@@ -41,6 +47,8 @@ int BindValue(sqlite3_stmt* statement, int place, const QVariant& value)
         return sqlite3_bind_int64(statement, place, value.toLongLong());
     case QMetaType::Double:
         return sqlite3_bind_double(statement, place, value.toDouble());
+    case QMetaType::QByteArray:
+        return BindBytes(statement, place, value.toByteArray());
     default:
         return BindText(statement, place, value.toString());
     }

@@ -21,7 +21,8 @@ public:
     /// Fails like `FailAsStore`.
     StoreStatement(sqlite3* database, const QString& sql);
 
-    /// Binds values to the placeholders, in order. Fails like `FailAsStore`.
+    /// Binds values to the placeholders, in order: whole numbers, reals, texts, bytes and nulls.
+    /// Fails like `FailAsStore`.
     void Bind(const QVariantList& values);
     /// Moves to the next row. Fails like `FailAsStore`.
     /// @return false if there is no further row

@@ -43,6 +43,16 @@ TEST_P(UnnamedFileTest, AFilePutInPlaceIsWholeAndTheOnlyOne)
     EXPECT_EQ(BytesOf(QStringLiteral("card")), Card);
 }
 
+TEST_P(UnnamedFileTest, AFileThatIsOnTheDiskStaysInvisibleUntilItIsPutInPlace)
+{
+    UnnamedFile file(m_folder.path(), GetParam());
+    file.Write(Card);
+    file.Sync();
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("card"))));
+    EXPECT_TRUE(file.PutInPlace(Path(QStringLiteral("card"))));
+    EXPECT_EQ(BytesOf(QStringLiteral("card")), Card);
+}
+
 TEST_P(UnnamedFileTest, AnAbandonedFileLeavesNothingBehind)
 {
     {

@@ -5,6 +5,7 @@
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/window/DesktopOperator.h"
 #include "samples/DemoArt.h"
+#include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/session/Settings.h"
 #include "support/Events.h"
@@ -30,8 +31,9 @@ public:
     CameraStation()
     {
         WithLayout();
-        Draw_CamView(Session, {.cTop = 1500, .cLeft = 300, .cHeight = 1400, .cWidth = 1050}, 0,
-                     Picture(), true, QString());
+        Draw_CamView(OpenForm(Session),
+                     {.cTop = 1500, .cLeft = 300, .cHeight = 1400, .cWidth = 1050}, 0, Picture(),
+                     true, QString());
         SavePage(Session);
         Load();
         const QString folder = Session.PathInFolder(QStringLiteral("faces"));

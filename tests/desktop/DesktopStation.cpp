@@ -18,8 +18,9 @@ constexpr int HangLimitMs = 20000;
 constexpr int HungExit = 99;
 
 /// Settings of a station before its window is made.
-vantrel::Session& Prepare(vantrel::Session& session, bool visible)
+vantrel::Session& Prepare(vantrel::Session& session, bool visible, const StationOptions& options)
 {
+    session.Options = options;
     session.Settings.MainVisible = visible;
     session.Settings.MTop = 300;
     session.Settings.MLeft = 450;
@@ -30,7 +31,8 @@ vantrel::Session& Prepare(vantrel::Session& session, bool visible)
 
 } // namespace
 
-DesktopStation::DesktopStation(bool visible) : Window(Prepare(Session, visible))
+DesktopStation::DesktopStation(bool visible, const StationOptions& options)
+    : Window(Prepare(Session, visible, options))
 {
     WithDatabase();
 }

@@ -13,7 +13,8 @@ namespace vantrel::test {
 class DesktopStation : public TestSession
 {
 public:
-    explicit DesktopStation(bool visible = true);
+    /// @param options  what is switched on, as at the start of a station
+    explicit DesktopStation(bool visible = true, const StationOptions& options = {});
 
     /// Makes a layout with one static text and one data field, and leaves it open.
     void WithLayout(const QString& name = QStringLiteral("Badge"));

@@ -11,25 +11,32 @@
 #include "desktop/dialogs/frmForms.h"
 #include "desktop/dialogs/frmGetLayout.h"
 #include "desktop/dialogs/frmMacro.h"
+#include "desktop/dialogs/frmOptions.h"
 #include "desktop/dialogs/frmPreSuffix.h"
 #include "desktop/dialogs/frmPrinters2.h"
 #include "desktop/dialogs/frmRawData.h"
 #include "desktop/dialogs/frmSendData.h"
 #include "desktop/dialogs/frmToolbar.h"
 #include "desktop/dialogs/frmWizard.h"
+#include "desktop/history/frmHistory.h"
 #include "desktop/window/frmMessage.h"
 #include "desktop/window/frmStatus.h"
+#include "ledger/LedgerTables.h"
+#include "station/layout/PageDescription.h"
 #include "station/session/BufferedRecord.h"
 #include "store/Recordset.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
+#include "support/LedgerFill.h"
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTabWidget>
+#include <QTableView>
 
 namespace vantrel::test {
 
@@ -64,6 +71,18 @@ template <typename Dialog>
 QWidget& Open(DesktopStation& station)
 {
     return OpenDialog<Dialog>(station.Session, &station.Window);
+}
+
+/// The history with an entry chosen.
+QWidget& OpenHistory(DesktopStation& station)
+{
+    auto& window = OpenDialog<frmHistory>(station.Session, &station.Window);
+    auto& list = DesktopStation::Named<QTableView>(window, "lstEntries");
+    auto& cards = DesktopStation::Named<QListWidget>(window, "lstCards");
+    EventsUntil([&] { return list.model()->rowCount() > 0; });
+    list.selectRow(0);
+    EventsUntil([&] { return cards.count() > 0; });
+    return window;
 }
 
 QWidget& OpenMain(DesktopStation& station)
@@ -102,9 +121,11 @@ constexpr WindowRow Windows[] = {
     {"frmFilters", Open<frmFilters>},
     {"frmForms", Open<frmForms>},
     {"frmGetLayout", Open<frmGetLayout>},
+    {"frmHistory", OpenHistory},
     {"frmMacro", Open<frmMacro>},
     {"frmMessageOk", OpenMessage<AppMessageButtons::OkOnly>},
     {"frmMessageYesNo", OpenMessage<AppMessageButtons::YesNo>},
+    {"frmOptions", Open<frmOptions>},
     {"frmPad", OpenPad},
     {"frmPreSuffix", Open<frmPreSuffix>},
     {"frmPrinters2", OpenPrinters},
@@ -116,6 +137,21 @@ constexpr WindowRow Windows[] = {
     {"frmToolbar", Open<frmToolbar>},
     {"frmWizard", Open<frmWizard>},
 };
+
+/// Two records and the card of the first.
+void FillLedger(Session& session)
+{
+    StoreDatabase& store = session.LayoutDb.Database();
+    MakeLedgerTables(store);
+    const PageDescription page = DescribePage(session.LayoutDb, session.CurrentLayoutName, 1);
+    store.Change(QStringLiteral("INSERT INTO LedgerPages (Hash, Content) VALUES (?, ?)"),
+                 {page.Hash, page.Content});
+    for (const char* name : {"Anna", "Zo\u00eb"}) {
+        LedgerEntry entry = PrintedEntry({QString::fromUtf8(name), QStringLiteral("1234")});
+        entry.Cards[0].PageHash = page.Hash;
+        AddLedgerEntry(store, entry);
+    }
+}
 
 } // namespace
 
@@ -152,6 +188,7 @@ FullStation::FullStation()
     macros.SetValue(QStringLiteral("MacroName"), QStringLiteral("Both sides"));
     macros.Update();
     SetRecord(Session, {QStringLiteral("Anna"), QStringLiteral("1234")});
+    FillLedger(Session);
 }
 
 void OnEachFace(QWidget& window, const std::function<void()>& look)

@@ -40,7 +40,10 @@ QImage Drawn(const QIcon& icon, int size)
 TEST(MenuIcons, AreShownBeforeTheEntriesOfTheTableOnly)
 {
     EXPECT_EQ(std::size(IconRows), 18U);
-    DesktopStation station;
+    // A station that has every row of the table.
+    StationOptions options;
+    options.Ledger = true;
+    DesktopStation station(true, options);
     station.Load();
     std::map<std::string, int> numbers;
     for (const IconRow& row : IconRows) {

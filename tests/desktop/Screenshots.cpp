@@ -2,6 +2,7 @@
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/controls/DesktopStyle.h"
 #include "desktop/dialogs/frmWizard.h"
+#include "ledger/LedgerReading.h"
 #include "samples/DemoInstall.h"
 #include "samples/FreshInstall.h"
 #include "station/layout/FieldApplication.h"
@@ -10,6 +11,7 @@
 #include "station/session/MainRuntime.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
+#include "support/LedgerFill.h"
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
@@ -34,7 +36,8 @@ constexpr PictureRow Pictures[] = {
     {"frmAquireImage2", "camera"},  {"frmCommSettings", "communication"},
     {"frmEncoding", "composer"},    {"frmFilters", "filters"},
     {"frmForms", "generator"},      {"frmGetLayout", "open-layout"},
-    {"frmMacro", "macros"},         {"frmPad", "padding"},
+    {"frmHistory", "history"},      {"frmMacro", "macros"},
+    {"frmOptions", "options"},      {"frmPad", "padding"},
     {"frmPreSuffix", "prefix"},     {"frmPrinters2", "printers"},
     {"frmRawData", "raw-data"},     {"frmSendData", "sequence"},
     {"frmSerialize", "serializer"}, {"frmSize", "size"},
@@ -63,6 +66,28 @@ public:
             BufferRecord(Session.RecordQueue, Session.Settings, text);
         }
         Session.LastRawData = QStringLiteral("<Ada Lovelace+40012345>");
+        KeepInLedger();
+    }
+
+private:
+    /// Records of the last minute, the newest with bytes of every kind.
+    void KeepInLedger()
+    {
+        StoreDatabase& store = Session.LayoutDb.Database();
+        const LedgerEntry first = FindEntry(store, 1).value();
+        int number = 1000;
+        for (const char* name : {"Grace Hopper", "Joan Clarke", "Ada Lovelace"}) {
+            ++number;
+            LedgerEntry entry =
+                PrintedEntry({QLatin1StringView(name), QStringLiteral("4001%1").arg(number)},
+                             {QString::number(number)});
+            entry.Raw =
+                "AT<" + QByteArray(name) + " +4001" + QByteArray::number(number) + "\t>\r\n";
+            entry.Framing = QStringLiteral(
+                R"({"start":"<","separator":"+","end":">","filters":["cr","lf","tab"]})");
+            entry.Cards[0].PageHash = first.Cards[0].PageHash;
+            AddLedgerEntry(store, entry);
+        }
     }
 };
 

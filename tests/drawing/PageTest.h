@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -52,6 +53,22 @@ protected:
             }
         }
         return ink;
+    }
+
+    /// The share of the ink of two pictures of one size that the other lacks, from 0 for none to 2
+    /// for all.
+    static double InkApart(const QImage& one, const QImage& other)
+    {
+        double apart = 0;
+        double ink = 0;
+        for (int y = 0; y < one.height(); ++y) {
+            for (int x = 0; x < one.width(); ++x) {
+                const int darkness = 255 - qGray(one.pixel(x, y));
+                apart += std::abs(darkness - (255 - qGray(other.pixel(x, y))));
+                ink += darkness;
+            }
+        }
+        return ink > 0 ? apart / ink : 2;
     }
 
     static QImage Solid(QRgb color, int width = 30, int height = 40)

@@ -2,7 +2,6 @@
 #include "drawing/CairoCanvas.h"
 #include "support/PdfReading.h"
 #include "support/Print.h"
-#include <cmath>
 #include <random>
 
 namespace vantrel::test {
@@ -26,22 +25,6 @@ QStringList AllScripts()
           "e\xcc\x81 n\xcc\x83 o\xcc\x88\xcc\xa3", "שלום עולם 123", "سلام 123", "№ ½ ™ ©"})
         texts.append(QString::fromUtf8(text));
     return texts;
-}
-
-/// The share of the ink of two pictures of one size that the other lacks, from 0 for none to 2 for
-/// all.
-double InkApart(const QImage& one, const QImage& other)
-{
-    double apart = 0;
-    double ink = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            const int darkness = 255 - qGray(one.pixel(x, y));
-            apart += std::abs(darkness - (255 - qGray(other.pixel(x, y))));
-            ink += darkness;
-        }
-    }
-    return ink > 0 ? apart / ink : 2;
 }
 
 QString ProducerOf(const QString& path)

@@ -50,7 +50,7 @@ for file in bin/vantrel bin/vantrel-admin libexec/vantrel/vantrel \
   share/icons/hicolor/{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256}/apps/org.vantrel.Vantrel.png \
   share/icons/hicolor/scalable/apps/org.vantrel.Vantrel.svg share/man/man1/{vantrel,vantrel-admin}.1.gz \
   share/doc/vantrel/{README.md,CHANGELOG.md,printers.md,images/station.png} lib/systemd/system/vantrel@.service \
-  lib/sysusers.d/vantrel.conf; do
+  lib/sysusers.d/vantrel.conf share/bash-completion/completions/vantrel-admin; do
   [ -s "$held/usr/$file" ] || fail "/usr/$file is missing"
 done
 grep -q '^# The book' "$held/usr/share/doc/vantrel/README.md" || fail "the book has no first page"
@@ -91,6 +91,7 @@ printed="$folder/Printed/Session 1"
 station=$!
 await test -s "$folder/Vantrel.dat"
 await test -s "$folder/SessionStatus.ini"
+grep -q '^Ledger=True' "$folder/Vantrel 6.ini" || fail "the first start does not set what is recommended"
 "$root/usr/bin/vantrel-admin" session stop "$folder" 1
 wait "$station" || fail "the first session ended with $?: $(cat "$scratch/errors")"
 

@@ -51,6 +51,20 @@ TEST_F(Sockets, HostThatSendsAndClosesAtOnceIsReadBeforeItsClose)
     EXPECT_EQ(Reports, (QStringList{QStringLiteral("1 sent <A+B>"), QStringLiteral("1 closed")}));
 }
 
+TEST_F(Sockets, HostThatResetItsConnectionBeforeItWasAcceptedIsKnownAndReadAllTheSame)
+{
+    QString peer;
+    QObject::connect(&Sock, &SockArray::DataArrival, &Sock,
+                     [&](int index) { peer = Sock.RemotePeer(index); });
+    Sock.SetAccess(HostAccess(QStringLiteral("127.0.0.1")));
+    Host host(Sock.LocalPort());
+    host.Send("<A+B>");
+    host.Reset();
+    ASSERT_TRUE(WasReported(QStringLiteral("1 sent <A+B>")));
+    EXPECT_TRUE(peer.startsWith(QStringLiteral("127.0.0.1:"))) << peer.toStdString();
+    EXPECT_FALSE(peer.endsWith(QStringLiteral(":0"))) << peer.toStdString();
+}
+
 TEST_F(Sockets, HostThatClosedBeforeItWasAcceptedIsReadAllTheSame)
 {
     Host host(Sock.LocalPort());

@@ -117,6 +117,39 @@ TEST(CupsPrinter, ARejectingQueueFailsWithTheServersReason)
     EXPECT_EQ(cups.WaitForJobs(1).size(), 1);
 }
 
+TEST(CupsPrinter, AnOutcomeNamesTheJobOrTheServersReason)
+{
+    PrivateCups cups;
+    cups.AddQueue(Queue);
+    CupsPrinter printer(Queue);
+    QList<JobOutcome> told;
+    const auto tell = [&](const JobOutcome& outcome) { told.append(outcome); };
+    const auto draw = [&] {
+        printer.SetFontName(QStringLiteral("Liberation Sans"));
+        printer.Print(QStringLiteral("x"));
+    };
+    printer.EndDocAndTell(tell);
+    draw();
+    printer.EndDocAndTell(tell);
+    draw();
+    printer.EndDocAndTell(tell);
+    cups.WaitForJobs(2);
+    cups.Reject(Queue);
+    draw();
+    printer.EndDocAndTell(tell);
+    ASSERT_EQ(told.size(), 4);
+    EXPECT_FALSE(told[0].HandedOver);
+    EXPECT_EQ(told[0].Reason, QStringLiteral("Nothing was drawn"));
+    EXPECT_TRUE(told[1].HandedOver);
+    EXPECT_EQ(told[1].JobId, 1);
+    EXPECT_EQ(told[1].Reason, QString());
+    EXPECT_EQ(told[2].JobId, 2);
+    EXPECT_EQ(told[2].File, QString());
+    EXPECT_FALSE(told[3].HandedOver);
+    EXPECT_EQ(told[3].JobId, 0);
+    EXPECT_EQ(told[3].Reason, QStringLiteral("Destination \"Cards\" is not accepting jobs."));
+}
+
 TEST(CupsPrinter, ADeletedQueueFails)
 {
     PrivateCups cups;

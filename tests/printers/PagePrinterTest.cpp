@@ -31,11 +31,12 @@ public:
     }
 
 protected:
-    void Deliver(const QByteArray& pdf) override
+    JobOutcome Deliver(const QByteArray& pdf) override
     {
         if (Refuses)
             throw Failure(FailureNumber::PrinterError, QStringLiteral("refused"));
         Delivered.push_back(pdf);
+        return {};
     }
 
 private:
@@ -232,6 +233,40 @@ TEST_F(PagePrinterTest, ARefusedJobIsGoneAndTheNextOneIsWhole)
     Printer.EndDoc();
     EXPECT_EQ(WordsOfPdf(Printer.File()).size(), 1U);
     EXPECT_NEAR(WordOfPdf(Printer.File(), QStringLiteral("whole")).YMin, 0, 0.1);
+}
+
+TEST_F(PagePrinterTest, WhatBecameOfAJobIsToldOnceAndAFailureIsNotThrown)
+{
+    QList<JobOutcome> told;
+    const auto tell = [&](const JobOutcome& outcome) { told.append(outcome); };
+    Printer.EndDocAndTell(tell);
+    Printer.Print(QStringLiteral("taken"));
+    Printer.EndDocAndTell(tell);
+    Printer.Refuses = true;
+    Printer.Print(QStringLiteral("refused"));
+    Printer.EndDocAndTell(tell);
+    ASSERT_EQ(told.size(), 3);
+    EXPECT_FALSE(told[0].HandedOver);
+    EXPECT_EQ(told[0].Reason, QStringLiteral("Nothing was drawn"));
+    EXPECT_TRUE(told[1].HandedOver);
+    EXPECT_EQ(told[1].Reason, QString());
+    EXPECT_FALSE(told[2].HandedOver);
+    EXPECT_EQ(told[2].Reason, QStringLiteral("refused"));
+    EXPECT_EQ(Printer.Delivered.size(), 1);
+}
+
+TEST_F(PagePrinterTest, APageDrawnByTheOneWhoIsToldIsAJobOfItsOwn)
+{
+    bool told = false;
+    Printer.Print(QStringLiteral("first"));
+    Printer.EndDocAndTell([&](const JobOutcome&) {
+        Printer.Print(QStringLiteral("second"));
+        Printer.EndDocAndTell([&](const JobOutcome&) { told = true; });
+    });
+    EXPECT_TRUE(told);
+    ASSERT_EQ(Printer.Delivered.size(), 2);
+    EXPECT_EQ(WordsOfPdf(Printer.File()).size(), 1);
+    EXPECT_EQ(WordsOfPdf(Printer.File()).at(0).Text, QStringLiteral("second"));
 }
 
 TEST_F(PagePrinterTest, AnEmptyPictureLeavesTheCardWithoutIt)

@@ -37,6 +37,23 @@ TEST_F(StationPrintersTest, WithoutAServerThereIsTheBuiltInPrinter)
     EXPECT_TRUE(QFile::exists(CardPath(1)));
 }
 
+TEST_F(StationPrintersTest, DurableFilesAreToldWhenTheJobsAreFinished)
+{
+    PrivateCups cups;
+    cups.Kill();
+    StationPrinters printers(m_program.path(), 2);
+    printers.SetDurableFiles(true);
+    QList<JobOutcome> told;
+    printers.Current().Print(QStringLiteral("A"));
+    printers.Current().EndDocAndTell([&](const JobOutcome& outcome) { told.append(outcome); });
+    EXPECT_TRUE(told.isEmpty());
+    printers.FinishJobs();
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].HandedOver);
+    EXPECT_EQ(told[0].File, QStringLiteral("card-000001.pdf"));
+    EXPECT_TRUE(QFile::exists(CardPath(1)));
+}
+
 TEST_F(StationPrintersTest, QueuesComeInTheirOrderAndTheBuiltInPrinterLast)
 {
     PrivateCups cups;

@@ -1,51 +1,14 @@
+#include "road/AdminRun.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
-#include "support/Print.h"
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
 
 namespace {
-struct Outcome
-{
-    int Code = -1;
-    QString Out;
-    QString Errors;
-};
-
-Outcome RunAdmin(const QStringList& arguments)
-{
-    constexpr int Patience = 60000;
-    QProcess program;
-    program.start(QStringLiteral(VANTREL_ADMIN_PROGRAM), arguments);
-    EXPECT_TRUE(program.waitForFinished(Patience));
-    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-    return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
-            QString::fromUtf8(program.readAllStandardError())};
-}
-
-void ExpectDone(const QStringList& arguments)
-{
-    const Outcome outcome = RunAdmin(arguments);
-    EXPECT_EQ(outcome.Code, 0) << arguments.join(u' ').toStdString();
-    EXPECT_EQ(outcome.Out, QString());
-    EXPECT_EQ(outcome.Errors, QString());
-}
-
-void ExpectOneLine(int code, const QStringList& arguments)
-{
-    const Outcome outcome = RunAdmin(arguments);
-    EXPECT_EQ(outcome.Code, code) << arguments.join(u' ').toStdString();
-    EXPECT_EQ(outcome.Out, QString());
-    EXPECT_TRUE(outcome.Errors.startsWith(QStringLiteral("vantrel-admin: ")));
-    EXPECT_EQ(outcome.Errors.indexOf(u'\n'), outcome.Errors.size() - 1)
-        << outcome.Errors.toStdString();
-}
-
 QByteArray Contents(const QString& path)
 {
     QFile file(path);
@@ -54,6 +17,8 @@ QByteArray Contents(const QString& path)
 }
 
 const QString Init = QStringLiteral("init");
+const QString New = QStringLiteral("new");
+const QString Existing = QStringLiteral("--existing");
 const QString Demo = QStringLiteral("demo");
 const QString Macro = QStringLiteral("macro");
 const QString Help = QStringLiteral("--help");
@@ -86,6 +51,58 @@ TEST_F(AdminProgram, InitMakesAFolderThatAStationCanStartIn)
               QByteArray("[Session 1]\r\nVisible=True\r\nActive=True\r\n"));
     Connection store;
     EXPECT_NO_THROW(store.Open(Folder + QStringLiteral("/Vantrel.dat")));
+}
+
+TEST_F(AdminProgram, NewMakesAFolderWithTheRecommendedSettings)
+{
+    ExpectDone({New, Folder});
+    EXPECT_EQ(Entries(),
+              QStringList({QStringLiteral("SessionStatus.ini"), QStringLiteral("Vantrel 6.ini"),
+                           QStringLiteral("Vantrel.dat")}));
+    EXPECT_EQ(Contents(Folder + QStringLiteral("/Vantrel 6.ini")),
+              QByteArray("[Station]\r\nLedger=True\r\nKeepEveryRecord=True\r\nUniqueNumbers="
+                         "True\r\nDesignTools=True\r\n"));
+}
+
+TEST_F(AdminProgram, NewLeavesAFolderThatIsThereAsItIs)
+{
+    ExpectDone({Init, Folder});
+    const QStringList entries = Entries();
+    ExpectOneLine(1, {New, Folder});
+    EXPECT_EQ(Entries(), entries);
+}
+
+TEST_F(AdminProgram, NewForAnExistingFolderKeepsACopyOfItsSettings)
+{
+    ExpectOneLine(1, {New, Folder, Existing});
+    EXPECT_FALSE(QDir(Folder).exists());
+    ExpectDone({Init, Folder});
+    const QString settings = Folder + QStringLiteral("/Vantrel 6.ini");
+    const QByteArray before = "[Station]\r\nLedger=False\r\nCamera=default\r\n";
+    {
+        QFile file(settings);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(before);
+    }
+    const Outcome outcome = RunAdmin({New, Existing, Folder});
+    EXPECT_EQ(outcome.Code, 0) << outcome.Errors.toStdString();
+    EXPECT_EQ(Contents(settings),
+              QByteArray("[Station]\r\nLedger=True\r\nCamera=default\r\n"
+                         "KeepEveryRecord=True\r\nUniqueNumbers=True\r\nDesignTools=True\r\n"));
+    const QStringList copies =
+        QDir(Folder).entryList({QStringLiteral("Vantrel 6.ini.*")}, QDir::Files);
+    ASSERT_EQ(copies.size(), 1);
+    EXPECT_EQ(Contents(QDir(Folder).filePath(copies.at(0))), before);
+    EXPECT_TRUE(outcome.Out.contains(copies.at(0))) << outcome.Out.toStdString();
+}
+
+TEST_F(AdminProgram, NewForAnExistingFolderWithoutSettingsMakesThem)
+{
+    ExpectDone({Init, Folder});
+    EXPECT_EQ(RunAdmin({New, Folder, Existing}).Code, 0);
+    EXPECT_EQ(Entries(),
+              QStringList({QStringLiteral("SessionStatus.ini"), QStringLiteral("Vantrel 6.ini"),
+                           QStringLiteral("Vantrel.dat")}));
 }
 
 TEST_F(AdminProgram, ACommandWithoutItsVerbReportsThatAWordIsMissing)
@@ -151,7 +168,9 @@ TEST_F(AdminProgram, DemoMakesACardToPrint)
               QStringList({QStringLiteral("Images"), QStringLiteral("SessionStatus.ini"),
                            QStringLiteral("Vantrel 6.ini"), QStringLiteral("Vantrel.dat")}));
     EXPECT_EQ(Contents(Folder + QStringLiteral("/Vantrel 6.ini")),
-              QByteArray("[Session 1]\r\nLastLayout=Member Card\r\nCaptureEnabled=True\r\n"
+              QByteArray("[Station]\r\nLedger=True\r\nKeepEveryRecord=True\r\n"
+                         "UniqueNumbers=True\r\nDesignTools=True\r\n[Session "
+                         "1]\r\nLastLayout=Member Card\r\nCaptureEnabled=True\r\n"
                          "UseIP=True\r\nPort=10001\r\nFilter_Cr=True\r\nFilter_Lf=True\r\n"));
     Connection store;
     store.Open(Folder + QStringLiteral("/Vantrel.dat"));
@@ -201,6 +220,10 @@ TEST_F(AdminProgram, AnUnknownCommandGivesOneLineAndExitCodeTwo)
         {Init, QString()},
         {Init, Folder, Folder},
         {Init, QStringLiteral("--force"), Folder},
+        {New},
+        {New, Folder, Folder},
+        {New, QStringLiteral("--existing=True"), Folder},
+        {Init, Existing, Folder},
         {Demo},
         {Macro},
         {Macro, Folder},

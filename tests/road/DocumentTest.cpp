@@ -71,6 +71,91 @@ TEST(Sender, TheSampleInEachLanguageMakesItsCard)
     }
 }
 
+TEST(Sender, TheSampleInEachLanguageSendsUtf8ToAStationThatReadsIt)
+{
+    StationFolder folder;
+    folder.SetOption("Encoding", QStringLiteral("utf-8"));
+    const int port = folder.WithCapture();
+    StationProcess station(folder.Session.ProgramFolder);
+    ASSERT_TRUE(station.WaitUntilItListens(port));
+    auto utf8 = QProcessEnvironment::systemEnvironment();
+    utf8.insert(QStringLiteral("SENDER_ENCODING"), QStringLiteral("utf-8"));
+    utf8.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    const QString name = QStringLiteral("Świętosława Ελένη");
+    int card = 0;
+    for (const QString& program : Senders()) {
+        ++card;
+        RunToEnd(program,
+                 {QStringLiteral("127.0.0.1"), QString::number(port), name, QString::number(card)},
+                 utf8);
+        EXPECT_EQ(folder.TextOfCard(card), name + QStringLiteral(" %1").arg(card))
+            << program.toStdString();
+    }
+    EXPECT_EQ(station.ErrorLines(), QStringList());
+}
+
+TEST(Sender, TheSampleInEachLanguageWaitsForItsAnswer)
+{
+    StationFolder folder;
+    folder.SetOption("AnswerHost", QStringLiteral("True"));
+    const int port = folder.WithCapture();
+    const QStringList record{QStringLiteral("--wait"), QStringLiteral("127.0.0.1"),
+                             QString::number(port), QStringLiteral("Zo\u00EB")};
+    {
+        StationProcess station(folder.Session.ProgramFolder);
+        ASSERT_TRUE(station.WaitUntilItListens(port));
+        int card = 0;
+        for (const QString& program : Senders()) {
+            ++card;
+            EXPECT_EQ(RunToEnd(program, record), QStringLiteral("OK %1 1\n").arg(card))
+                << program.toStdString();
+            // The card is whole when the answer comes.
+            EXPECT_EQ(folder.Cards().size(), card);
+        }
+        station.SendSignal(SIGTERM);
+        EXPECT_EQ(station.ExitCode(), 0);
+    }
+    folder.SetSetting("LastLayout", QString());
+    StationProcess station(folder.Session.ProgramFolder);
+    ASSERT_TRUE(station.WaitUntilItListens(port));
+    int number = 0;
+    for (const QString& program : Senders()) {
+        QProcess process;
+        process.start(program, record);
+        ASSERT_TRUE(process.waitForFinished(Patience)) << program.toStdString();
+        EXPECT_EQ(process.readAllStandardOutput(),
+                  "ERR " + QByteArray::number(++number) + " No layout is open.\n")
+            << program.toStdString();
+        EXPECT_EQ(process.exitCode(), 1) << program.toStdString();
+    }
+}
+
+TEST(Sender, OfManyRecordsSendsThemInOneConnectionAndTellsTheirAnswers)
+{
+    StationFolder folder;
+    folder.SetOption("AnswerHost", QStringLiteral("True"));
+    folder.SetOption("KeepEveryRecord", QStringLiteral("True"));
+    const int port = folder.WithCapture();
+    StationProcess station(folder.Session.ProgramFolder);
+    ASSERT_TRUE(station.WaitUntilItListens(port));
+    QProcess sender;
+    sender.start(QStringLiteral(VANTREL_DOCS "/senders/send_many.py"),
+                 {QStringLiteral("127.0.0.1"), QString::number(port)});
+    constexpr int count = 50;
+    QByteArray answers;
+    for (int number = 1; number <= count; ++number) {
+        sender.write("Anna\t" + QByteArray::number(number) + '\n');
+        answers += QByteArray::number(number) + " OK " + QByteArray::number(number) + " 1\n";
+    }
+    sender.closeWriteChannel();
+    ASSERT_TRUE(sender.waitForFinished(Patience));
+    EXPECT_EQ(sender.readAllStandardOutput(), answers);
+    EXPECT_EQ(sender.readAllStandardError(), QByteArray());
+    EXPECT_EQ(sender.exitCode(), 0);
+    EXPECT_EQ(folder.Cards().size(), count);
+    EXPECT_EQ(folder.TextOfCard(count), QStringLiteral("Anna %1").arg(count));
+}
+
 TEST(Sender, TheSampleInEachLanguageReportsWhatItCannotSend)
 {
     struct Refusal
@@ -211,8 +296,13 @@ TEST(QuickStart, ItsCommandsMakeACard)
     designed.Session.LayoutDb.Close();
     ASSERT_TRUE(QFile::remove(store));
     ASSERT_TRUE(QFile::copy(LayoutDatabasePath(designed.Session.ProgramFolder), store));
-    ASSERT_TRUE(QFile::copy(designed.Session.PathInFolder(QStringLiteral("Vantrel 6.ini")),
-                            station + QStringLiteral("/Vantrel 6.ini")));
+    // Its settings are added to those of the new folder.
+    QFile settings(designed.Session.PathInFolder(QStringLiteral("Vantrel 6.ini")));
+    QFile own(station + QStringLiteral("/Vantrel 6.ini"));
+    ASSERT_TRUE(settings.open(QIODevice::ReadOnly));
+    ASSERT_TRUE(own.open(QIODevice::Append));
+    own.write(settings.readAll());
+    own.close();
     StationProcess process(station);
     ASSERT_TRUE(process.WaitUntilItListens(port));
 

@@ -1,14 +1,12 @@
+#include "road/LockedStore.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
-#include "samples/FreshInstall.h"
 #include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Host.h"
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QThread>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -76,30 +74,6 @@ TEST(Fault, AKillAtAnyMomentTearsNothingAndGivesNoOlderNumberAgain)
     }
     EXPECT_LE(twice, Kills);
 }
-
-/// Holds the lock of the layout database, as another session in the middle of a save does.
-class LockedStore
-{
-public:
-    explicit LockedStore(const QString& programFolder)
-    {
-        m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lock"));
-        m_database.setDatabaseName(LayoutDatabasePath(programFolder));
-        EXPECT_TRUE(m_database.open());
-        EXPECT_TRUE(QSqlQuery(m_database).exec(QStringLiteral("BEGIN IMMEDIATE")));
-    }
-    LockedStore(const LockedStore&) = delete;
-    LockedStore& operator=(const LockedStore&) = delete;
-    ~LockedStore()
-    {
-        QSqlQuery(m_database).exec(QStringLiteral("ROLLBACK"));
-        m_database = {};
-        QSqlDatabase::removeDatabase(QStringLiteral("lock"));
-    }
-
-private:
-    QSqlDatabase m_database;
-};
 
 TEST(Fault, AStoreLockedForALittleHoldsTheCardUpAndLosesNothing)
 {

@@ -44,6 +44,8 @@ public:
         return TextOfPdf(path);
     }
 
+    void SetOption(const char* key) const { Set("Station", key, QStringLiteral("True")); }
+
 private:
     void Set(const char* section, const char* key, const QString& value) const
     {
@@ -69,6 +71,35 @@ TEST(SerialStation, MakesACardOfEachRecordOnItsSerialPort)
     EXPECT_EQ(station.ErrorLines(), QStringList());
 }
 
+TEST(SerialStation, KeepsEveryRecordOfOneSendAndAnswersEach)
+{
+    const SerialFolder folder;
+    folder.SetOption("KeepEveryRecord");
+    folder.SetOption("AnswerHost");
+    const PtyPair cable(folder.Device());
+    StationProcess station(folder.Session.ProgramFolder);
+    ASSERT_TRUE(EventsUntil([&] { return cable.Speed() == 19200; }));
+    constexpr int count = 1000;
+    QByteArray records = "end of noise>";
+    QByteArray answers;
+    for (int number = 1; number <= count; ++number) {
+        records += "<Anna+" + QByteArray::number(number) + ">\r\n";
+        answers += "OK " + QByteArray::number(number) + " 1\r\n";
+    }
+    cable.Send(records);
+    QByteArray received;
+    EXPECT_TRUE(EventsUntil([&] {
+        received += cable.Received();
+        return received.size() >= answers.size();
+    }));
+    EXPECT_EQ(received, answers);
+    EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("Anna 1"));
+    EXPECT_EQ(folder.TextOfCard(count), QStringLiteral("Anna %1").arg(count));
+    station.SendSignal(SIGTERM);
+    EXPECT_EQ(station.ExitCode(), 0);
+    EXPECT_EQ(station.ErrorLines(), QStringList());
+}
+
 TEST(SerialStation, PortThatAnotherProcessHoldsIsPassedOver)
 {
     const SerialFolder folder;
@@ -82,7 +113,7 @@ TEST(SerialStation, PortThatAnotherProcessHoldsIsPassedOver)
     EXPECT_TRUE(second.IsRunning());
 }
 
-TEST(SerialStation, PulledAdapterLeavesTheStationRunning)
+TEST(SerialStation, PulledAdapterIsClosedAndLeavesTheStationRunning)
 {
     const SerialFolder folder;
     PtyPair cable(folder.Device());
@@ -90,7 +121,10 @@ TEST(SerialStation, PulledAdapterLeavesTheStationRunning)
     ASSERT_TRUE(EventsUntil([&] { return cable.Speed() == 19200; }));
     cable.Send("<A+B>");
     EXPECT_EQ(folder.TextOfCard(1), QStringLiteral("A B"));
+    const QString device = QFileInfo(folder.Device()).symLinkTarget();
+    ASSERT_TRUE(station.HasOpen(device));
     cable.Unplug();
+    EXPECT_TRUE(EventsUntil([&] { return !station.HasOpen(device); }));
     station.SendSignal(SIGTERM);
     EXPECT_EQ(station.ExitCode(), 0);
 }

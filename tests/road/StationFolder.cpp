@@ -3,6 +3,7 @@
 #include "base/Profile.h"
 #include "road/StationProcess.h"
 #include "samples/FreshInstall.h"
+#include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/session/Settings.h"
 #include "support/Events.h"
@@ -27,8 +28,8 @@ StationFolder::StationFolder() : TestSession({QStringLiteral("Vantrel PDF")})
 
 void StationFolder::AddCameraObject()
 {
-    Draw_CamView(Session, {.cTop = 2000, .cLeft = 300, .cHeight = 900, .cWidth = 700}, 0, Picture(),
-                 true, QString());
+    Draw_CamView(OpenForm(Session), {.cTop = 2000, .cLeft = 300, .cHeight = 900, .cWidth = 700}, 0,
+                 Picture(), true, QString());
     SavePage(Session);
 }
 
@@ -56,6 +57,12 @@ void StationFolder::SetStatus(const char* key, const QString& value) const
 void StationFolder::SetSetting(const char* key, const QString& value) const
 {
     Set(SettingsPath(Session.ProgramFolder), key, value);
+}
+
+void StationFolder::SetOption(const char* key, const QString& value) const
+{
+    EXPECT_TRUE(WriteProfileValue(SettingsPath(Session.ProgramFolder), QStringLiteral("Station"),
+                                  QLatin1StringView(key), value));
 }
 
 QString StationFolder::Setting(const char* key) const

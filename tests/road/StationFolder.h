@@ -17,6 +17,8 @@ public:
     int WithCapture(std::uint8_t sessionNumber = 1);
     void SetStatus(const char* key, const QString& value) const;
     void SetSetting(const char* key, const QString& value) const;
+    /// Sets a key of the section "Station", which all sessions share.
+    void SetOption(const char* key, const QString& value) const;
     QString Setting(const char* key) const;
     /// The status the station writes: beside its folder, under the folder's name.
     QString WrittenVisible() const;

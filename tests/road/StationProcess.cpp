@@ -118,6 +118,17 @@ int StationProcess::OpenDescriptors() const
         descriptors.entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot).size());
 }
 
+bool StationProcess::HasOpen(const QString& path) const
+{
+    const QDir descriptors(QStringLiteral("/proc/%1/fd").arg(m_process.processId()));
+    const QFileInfoList links =
+        descriptors.entryInfoList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+    const QStringList targets{path, path + QStringLiteral(" (deleted)")};
+    return std::any_of(links.begin(), links.end(), [&targets](const QFileInfo& link) {
+        return targets.contains(link.symLinkTarget());
+    });
+}
+
 int StationProcess::MemoryMiB() const
 {
     QFile status(QStringLiteral("/proc/%1/status").arg(m_process.processId()));

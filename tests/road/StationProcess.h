@@ -42,6 +42,8 @@ public:
     bool WaitUntilHostsHaveLeft(int port);
     /// How many files, sockets and the like it holds open.
     int OpenDescriptors() const;
+    /// Whether it holds the file or device of that path open, even if it has been removed since.
+    bool HasOpen(const QString& path) const;
     /// Its resident memory.
     int MemoryMiB() const;
     qint64 Id() const { return m_process.processId(); }

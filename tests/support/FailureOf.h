@@ -17,4 +17,16 @@ int FailureOf(Step&& step)
     return 0;
 }
 
+/// @return the text of a step's failure, empty where it does not fail
+template <typename Step>
+QString FailureTextOf(Step&& step)
+{
+    try {
+        std::forward<Step>(step)();
+    } catch (const Failure& failure) {
+        return failure.Text();
+    }
+    return {};
+}
+
 } // namespace vantrel::test

@@ -35,6 +35,37 @@ void Host::Send(const QByteArray& bytes) const
               bytes.size());
 }
 
+qsizetype Host::SendWithoutWaiting(const QByteArray& bytes) const
+{
+    qsizetype sent = 0;
+    while (sent < bytes.size()) {
+        const ssize_t count =
+            ::send(m_descriptor, bytes.constData() + sent,
+                   static_cast<std::size_t>(bytes.size() - sent), MSG_NOSIGNAL | MSG_DONTWAIT);
+        if (count < 0)
+            break;
+        sent += count;
+    }
+    return sent;
+}
+
+void Host::EndSending() const
+{
+    ASSERT_EQ(::shutdown(m_descriptor, SHUT_WR), 0);
+}
+
+QByteArray Host::Received() const
+{
+    QByteArray received;
+    char bytes[4096];
+    for (;;) {
+        const ssize_t count = ::recv(m_descriptor, bytes, sizeof bytes, MSG_DONTWAIT);
+        if (count <= 0)
+            return received;
+        received.append(bytes, count);
+    }
+}
+
 void Host::Close()
 {
     if (m_descriptor >= 0)

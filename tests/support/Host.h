@@ -18,6 +18,12 @@ public:
 
     bool IsConnected() const { return m_connected; }
     void Send(const QByteArray& bytes) const;
+    /// Sends as many of these bytes as the connection takes at once. @return how many it took
+    qsizetype SendWithoutWaiting(const QByteArray& bytes) const;
+    /// Ends its sending side; it can still receive.
+    void EndSending() const;
+    /// What the station sent and was not yet read. Does not wait.
+    QByteArray Received() const;
     void Close();
     /// Resets the connection instead of closing it.
     void Reset();

@@ -36,22 +36,22 @@ CardObject& AddText(vantrel::Session& session, const QString& caption, TextAt at
 {
     TextLooks looks;
     looks.cCaption = caption;
-    return Draw_Label(session, BoxOf(at), looks);
+    return Draw_Label(OpenForm(session), BoxOf(at), looks);
 }
 
 CardObject& AddField(vantrel::Session& session, std::int16_t field, TextAt at)
 {
-    return Draw_DataField(session, field, BoxOf(at), TextLooks());
+    return Draw_DataField(OpenForm(session), field, BoxOf(at), TextLooks());
 }
 
 CardObject& AddNumber(vantrel::Session& session, double seed, TextAt at)
 {
-    return Draw_AutoNumber(session, seed, BoxOf(at), TextLooks());
+    return Draw_AutoNumber(OpenForm(session), seed, BoxOf(at), TextLooks());
 }
 
 CardObject& AddImage(vantrel::Session& session, const QString& path, TextAt at)
 {
-    return Draw_Image(session, BoxOf(at), 0, Picture(), true, path);
+    return Draw_Image(OpenForm(session), BoxOf(at), 0, Picture(), true, path);
 }
 
 void SavePage(vantrel::Session& session)
@@ -74,8 +74,13 @@ void SetRecord(vantrel::Session& session, const QStringList& values)
 
 QStringList StoredNumbers(vantrel::Session& session, const QString& layoutName)
 {
+    return StoredNumbers(session.LayoutDb, layoutName);
+}
+
+QStringList StoredNumbers(Connection& store, const QString& layoutName)
+{
     QStringList numbers;
-    Recordset rows(session.LayoutDb);
+    Recordset rows(store);
     rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [LayoutName] = '%1'").arg(layoutName));
     for (; !rows.IsEof(); rows.MoveNext()) {
         if (JoinedText(rows.Value(QStringLiteral("C_Param_1"))) == Marker::AutoNumber)

@@ -33,5 +33,6 @@ void BeginPage(vantrel::Session& session, std::int16_t page);
 void SetRecord(vantrel::Session& session, const QStringList& values);
 /// The stored current numbers of a layout's automatic numbers, page by page in row order.
 QStringList StoredNumbers(vantrel::Session& session, const QString& layoutName);
+QStringList StoredNumbers(Connection& store, const QString& layoutName);
 
 } // namespace vantrel::test

@@ -74,17 +74,86 @@ int PagesOfPdf(const QString& path)
     return LineOfInfo(path, QStringLiteral("Pages")).toInt();
 }
 
-QImage ImageOfPdf(const QString& path, int pixelsPerPoint)
+QStringList TextsOfPages(const QString& path)
 {
-    return DotsOfPdf(path, 72 * pixelsPerPoint);
+    QStringList texts =
+        OutputOf(QStringLiteral("pdftotext"), {path, QStringLiteral("-")}).split(QLatin1Char('\f'));
+    texts.removeLast(); // each page ends with a form feed
+    for (QString& text : texts)
+        text = text.simplified();
+    return texts;
 }
 
-QImage DotsOfPdf(const QString& path, int dotsPerInch)
+QStringList SizesOfPages(const QString& path)
+{
+    static const QRegularExpression line(QStringLiteral("^Page +\\d+ size: +(.*) pts"),
+                                         QRegularExpression::MultilineOption);
+    QStringList sizes;
+    const QString info =
+        OutputOf(QStringLiteral("pdfinfo"), {QStringLiteral("-f"), QStringLiteral("1"),
+                                             QStringLiteral("-l"), QStringLiteral("-1"), path});
+    for (auto matches = line.globalMatch(info); matches.hasNext();)
+        sizes.append(matches.next().captured(1));
+    return sizes;
+}
+
+void ExpectValidPdf(const QString& path)
+{
+    const auto expectSilence = [&path](const QString& tool, const QStringList& arguments,
+                                       QProcess::ProcessChannel channel) {
+        QProcess process;
+        process.start(tool, arguments);
+        EXPECT_TRUE(process.waitForFinished(120'000)) << tool.toStdString() << " is needed";
+        EXPECT_EQ(process.exitCode(), 0);
+        process.setReadChannel(channel);
+        QByteArray complaints = process.readAll();
+        // How this MuPDF was built, and nothing about the file.
+        complaints.replace("warning: ICC support is not available\n", "");
+        EXPECT_EQ(complaints.toStdString(), "")
+            << tool.toStdString() << " about " << path.toStdString();
+    };
+    expectSilence(QStringLiteral("qpdf"), {QStringLiteral("--check"), path},
+                  QProcess::StandardError);
+    expectSilence(QStringLiteral("mutool"),
+                  {QStringLiteral("draw"), QStringLiteral("-q"), QStringLiteral("-F"),
+                   QStringLiteral("bbox"), QStringLiteral("-o"), QStringLiteral("/dev/null"), path},
+                  QProcess::StandardError);
+    expectSilence(QStringLiteral("gs"),
+                  {QStringLiteral("-q"), QStringLiteral("-dBATCH"), QStringLiteral("-dNOPAUSE"),
+                   QStringLiteral("-dPDFSTOPONERROR"), QStringLiteral("-dPDFSTOPONWARNING"),
+                   QStringLiteral("-sDEVICE=nullpage"), path},
+                  QProcess::StandardOutput);
+    expectSilence(QStringLiteral("pdftotext"), {path, QStringLiteral("/dev/null")},
+                  QProcess::StandardError);
+}
+
+QStringList PictureObjectsOfPdf(const QString& path)
+{
+    const QString listed =
+        OutputOf(QStringLiteral("pdfimages"), {QStringLiteral("-list"), path}).trimmed();
+    QStringList objects;
+    const QStringList lines = listed.split(QLatin1Char('\n')).sliced(2);
+    for (const QString& line : lines) {
+        constexpr qsizetype kindAt = 2;
+        constexpr qsizetype objectAt = 10;
+        const QStringList columns = line.simplified().split(QLatin1Char(' '));
+        if (columns.value(kindAt) == QLatin1StringView("image"))
+            objects.append(columns.value(objectAt));
+    }
+    return objects;
+}
+
+QImage ImageOfPdf(const QString& path, int pixelsPerPoint, int page)
+{
+    return DotsOfPdf(path, 72 * pixelsPerPoint, page);
+}
+
+QImage DotsOfPdf(const QString& path, int dotsPerInch, int page)
 {
     const QByteArray png =
         BytesOf(QStringLiteral("pdftoppm"),
                 {QStringLiteral("-png"), QStringLiteral("-r"), QString::number(dotsPerInch),
-                 QStringLiteral("-singlefile"), path});
+                 QStringLiteral("-f"), QString::number(page), QStringLiteral("-singlefile"), path});
     QImage image = QImage::fromData(png, "PNG");
     EXPECT_FALSE(image.isNull());
     return image;

@@ -29,9 +29,19 @@ PdfWord WordOfPdf(const QString& path, const QString& text);
 /// pages.
 QString PageSizeOfPdf(const QString& path);
 int PagesOfPdf(const QString& path);
+/// The texts of all pages, with line ends and blanks as blanks.
+QStringList TextsOfPages(const QString& path);
+/// The pages' sizes in points, as `PageSizeOfPdf` gives that of the first.
+QStringList SizesOfPages(const QString& path);
+/// Fails the test if one of the independent readers (qpdf, MuPDF, Ghostscript, poppler) has
+/// anything to complain about.
+void ExpectValidPdf(const QString& path);
+/// The object numbers of the pictures on all pages, in their order; several times if several pages
+/// show the same.
+QStringList PictureObjectsOfPdf(const QString& path);
 /// The page as pixels on white, one pixel to the point times `pixelsPerPoint`.
-QImage ImageOfPdf(const QString& path, int pixelsPerPoint = 4);
+QImage ImageOfPdf(const QString& path, int pixelsPerPoint = 4, int page = 1);
 /// The page as the dots of a printer, so many to the inch.
-QImage DotsOfPdf(const QString& path, int dotsPerInch);
+QImage DotsOfPdf(const QString& path, int dotsPerInch, int page = 1);
 
 } // namespace vantrel::test

@@ -50,7 +50,7 @@ Sandboxing Relaxed
 /// Prints by copying; the PDF is put in place last, when the files that describe it are there.
 constexpr auto Backend = R"sh(#!/bin/sh
 [ $# -eq 0 ] && { echo 'direct testcopy "Unknown" "Copies jobs"'; exit 0; }
-case "$DEVICE_URI" in *fails*) exit 1;; esac
+case "$DEVICE_URI" in *fails*) echo 'ERROR: The ribbon is torn' >&2; exit 1;; esac
 out="%1/printed/$(printf %06d "$1")"
 printf %s "$PRINTER" > "$out.queue"
 printf %s "$3" > "$out.title"
@@ -229,6 +229,11 @@ void PrivateCups::AddDriverlessQueue(const QString& name, const QString& printer
     Delete(asking);
 }
 
+QString PrivateCups::DriverOf(const QString& name) const
+{
+    return TextOf(m_folder.filePath(QStringLiteral("ppd/%1.ppd").arg(name)));
+}
+
 void PrivateCups::Configure(const QString& name, const QString& option)
 {
     Run(Lpadmin, {QStringLiteral("-p"), name, QStringLiteral("-o"), option});
@@ -278,6 +283,12 @@ void PrivateCups::Pause(const QString& name)
 void PrivateCups::Delete(const QString& name)
 {
     Run(Lpadmin, {QStringLiteral("-x"), name});
+}
+
+void PrivateCups::Stop()
+{
+    m_server.terminate();
+    EXPECT_TRUE(m_server.waitForFinished(PatienceMilliseconds));
 }
 
 void PrivateCups::Kill()

@@ -30,6 +30,8 @@ public:
     /// A queue that the server makes from what an IPP printer reports. Jobs do not go to that
     /// printer: they are copied as with any queue.
     void AddDriverlessQueue(const QString& name, const QString& printerUri);
+    /// The driver's description as the server has it.
+    QString DriverOf(const QString& name) const;
     /// Sets an option of the queue as its administrator, "name=value".
     void Configure(const QString& name, const QString& option);
     /// Sets options of the queue as a user of it does by `lpoptions`, each "name=value".
@@ -40,9 +42,11 @@ public:
     void Pause(const QString& name);
     void Resume(const QString& name);
     void Delete(const QString& name);
+    /// Ends the server in order.
+    void Stop();
     /// Kills the server.
     void Kill();
-    /// Starts it again after that, with the queues it had.
+    /// Starts it again after either, with the queues it had.
     void Start();
 
     QString SocketPath() const { return m_folder.filePath(QStringLiteral("cups.sock")); }

@@ -2,6 +2,7 @@
 #include "support/Events.h"
 // The kernel's own declarations: those of the C library have no speed outside its list.
 #include <QFile>
+#include <algorithm>
 #include <asm/ioctls.h>
 #include <asm/termbits.h>
 #include <cstdlib>
@@ -68,6 +69,21 @@ void PtyPair::Send(const QByteArray& bytes) const
         sent += written > 0 ? written : 0;
         return sent == bytes.size();
     })) << "the line takes no more";
+}
+
+qsizetype PtyPair::SendWithoutWaiting(const QByteArray& bytes) const
+{
+    return std::max<ssize_t>(
+        0, ::write(m_host, bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
+QByteArray PtyPair::Received() const
+{
+    QByteArray received(BytesToRead(), Qt::Uninitialized);
+    const ssize_t count =
+        ::read(m_host, received.data(), static_cast<std::size_t>(received.size()));
+    received.truncate(std::max<ssize_t>(0, count));
+    return received;
 }
 
 void PtyPair::Unplug()

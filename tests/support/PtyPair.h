@@ -20,6 +20,10 @@ public:
     const QString& Device() const { return m_name; }
     /// Sends bytes as fast as the line takes them and lets events run while it is full.
     void Send(const QByteArray& bytes) const;
+    /// Sends as many of these bytes as the line takes at once. @return how many it took
+    qsizetype SendWithoutWaiting(const QByteArray& bytes) const;
+    /// What the station sent and was not yet read. Does not wait.
+    QByteArray Received() const;
     /// Pulls the adapter out: the device is gone, and its name with it.
     void Unplug();
     /// The number of unread bytes that the station sent.

@@ -117,6 +117,32 @@ void RecordingPrinter::EndDoc()
     Note(QStringLiteral("EndDoc"));
 }
 
+void RecordingPrinter::EndDocAndTell(const JobEnd& told)
+{
+    JobOutcome outcome;
+    outcome.HandedOver = true;
+    if (!Outcomes.isEmpty())
+        outcome = Outcomes.takeFirst();
+    try {
+        EndDoc();
+    } catch (const Failure& failure) {
+        outcome = {};
+        outcome.Reason = ReasonOf(failure);
+    }
+    m_untold.emplace_back(told, outcome);
+    if (!TellsLater)
+        TellOutcomes();
+}
+
+void RecordingPrinter::TellOutcomes()
+{
+    while (!m_untold.empty()) {
+        const auto [told, outcome] = std::move(m_untold.front());
+        m_untold.pop_front();
+        told(outcome);
+    }
+}
+
 RecordingPrinters::RecordingPrinters(const QStringList& names)
 {
     Install(names);
@@ -153,6 +179,12 @@ SpoolState RecordingPrinters::SpoolStateOf(const QString& deviceName)
 {
     const auto found = Spool.find(deviceName);
     return found == Spool.end() ? SpoolState() : found->second;
+}
+
+void RecordingPrinters::FinishJobs()
+{
+    for (const auto& [name, printer] : m_printers)
+        printer->TellOutcomes();
 }
 
 QStringList RecordingPrinters::Only(const QStringList& beginnings) const

@@ -2,8 +2,10 @@
 
 #include "printers/Printer.h"
 #include <QStringList>
+#include <deque>
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace vantrel::test {
@@ -44,6 +46,14 @@ public:
     bool CarriesStripe(int trackNumber) override { return CarriedTracks.contains(trackNumber); }
     void SendStripe(int trackNumber, const QString& line) override;
     void EndDoc() override;
+    void EndDocAndTell(const JobEnd& told) override;
+
+    /// Outcomes of the next jobs, in their order; further jobs are handed over.
+    QList<JobOutcome> Outcomes;
+    /// Whether outcomes wait until `TellOutcomes`, as those of a printer that is still writing.
+    bool TellsLater = false;
+    /// Tells the outcomes that wait, in the order of their jobs.
+    void TellOutcomes();
 
     /// Tracks whose stripe line is sent in a job option instead of on the page.
     QList<int> CarriedTracks;
@@ -54,6 +64,7 @@ private:
     QString m_name;
     QStringList& m_operations;
     int m_orientation = OrientationPortrait;
+    std::deque<std::pair<JobEnd, JobOutcome>> m_untold;
 };
 
 /// A machine with the printers a test gives it. All of them write to one list of operations; making
@@ -67,6 +78,8 @@ public:
     void MakeCurrent(const QString& deviceName) override;
     Printer& Current() override;
     SpoolState SpoolStateOf(const QString& deviceName) override;
+    /// Tells the outcomes that wait.
+    void FinishJobs() override;
 
     /// The states of the queues; a queue that is not in it is running and empty.
     std::map<QString, SpoolState> Spool;

@@ -61,4 +61,20 @@ void DesktopFileDialog::ShowOpen()
         FileName = dialog.selectedFiles().constFirst();
 }
 
+QString DesktopFileDialog::AskFileToSave(QWidget& window, const QString& title, const QString& name,
+                                         const QString& pattern)
+{
+    KindByName kinds;
+    QFileDialog dialog(&window, title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setIconProvider(&kinds);
+    dialog.setObjectName(QStringLiteral("SaveFile"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(pattern);
+    dialog.setDefaultSuffix(pattern.section(u'.', 1));
+    dialog.selectFile(name);
+    const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    return chosen ? dialog.selectedFiles().constFirst() : QString();
+}
+
 } // namespace vantrel

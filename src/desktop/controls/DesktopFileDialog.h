@@ -26,6 +26,14 @@ public:
     QString Filter;
     QString InitialFolder;
 
+    /// Asks for a file to write, and whether to replace one that is there, and waits. It shares no
+    /// values with the commands.
+    /// @param name  the file that it begins with
+    /// @param pattern  such as "*.csv"; its ending is added to a name without one
+    /// @return empty if cancelled
+    static QString AskFileToSave(QWidget& window, const QString& title, const QString& name,
+                                 const QString& pattern);
+
 private:
     explicit DesktopFileDialog(QWidget& window);
 

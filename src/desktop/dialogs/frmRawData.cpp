@@ -67,7 +67,7 @@ void frmRawData::View(bool hex)
 void frmRawData::Refresh()
 {
     const QString& raw = m_session.LastRawData;
-    m_data->Show(m_viewHex ? HexText(raw) : raw);
+    m_data->Show(m_viewHex ? HexText(raw, m_session.Options.Encoding) : ShownInput(raw));
     setWindowTitle(m_viewHex ? QStringLiteral(" Viewing : Hex Data")
                              : QStringLiteral(" Viewing : ASCII Data"));
 }
@@ -79,7 +79,7 @@ void frmRawData::Copy()
 
 void frmRawData::Clear()
 {
-    ClearInput(m_session.InputBuffer);
+    ClearInput(m_session);
     m_data->Show(QString());
 }
 

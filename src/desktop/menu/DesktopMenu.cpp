@@ -51,6 +51,16 @@ const MenuRow* RowOf(const char* name)
     return found == rows.end() ? nullptr : &*found;
 }
 
+/// Whether a station with these options has the row and the menus that it stands in.
+bool IsIn(const MenuRow& row, const StationOptions& options)
+{
+    for (const MenuRow* at = &row; at != nullptr; at = RowOf(at->Parent)) {
+        if (at->IsIn != nullptr && !at->IsIn(options))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 MainMenu::MainMenu(Session& session, QMainWindow& window)
@@ -64,6 +74,8 @@ MainMenu::MainMenu(Session& session, QMainWindow& window)
 void MainMenu::Build()
 {
     for (const MenuRow& row : MenuRows()) {
+        if (!IsIn(row, m_session.Options))
+            continue;
         QAction* action = nullptr;
         if (row.Kind == RowKind::Menu)
             action = MakeMenu(row)->menuAction();
@@ -71,15 +83,15 @@ void MainMenu::Build()
             FindMenu(row.Parent)->addAction(action = MakeCommand(row));
         action->setVisible(row.ShownAtStart);
         action->setEnabled(row.EnabledAtStart);
-        m_actions.push_back(action);
+        m_entries.push_back({&row, action});
     }
     SetIcons();
 }
 
 void MainMenu::SetIcons()
 {
-    for (QAction* action : m_actions)
-        action->setIcon(MenuIcon(MenuIconNumber(action->text())));
+    for (const Entry& entry : m_entries)
+        entry.Action->setIcon(MenuIcon(MenuIconNumber(entry.Action->text())));
 }
 
 QMenu* MainMenu::MakeMenu(const MenuRow& row)
@@ -134,25 +146,23 @@ QMenu* MainMenu::FindMenu(const char* name) const
 
 QAction* MainMenu::Find(const char* name) const
 {
-    const MenuRow* row = RowOf(name);
-    return row == nullptr ? nullptr : m_actions[static_cast<std::size_t>(row - MenuRows().data())];
+    const auto found = std::ranges::find(m_entries, RowOf(name), &Entry::Row);
+    return found == m_entries.end() ? nullptr : found->Action;
 }
 
 void MainMenu::MirrorTick(Tick tick, bool on)
 {
-    const auto rows = MenuRows();
-    for (std::size_t index = 0; index < rows.size(); ++index) {
-        if (rows[index].Ticked == tick)
-            m_actions[index]->setChecked(on);
+    for (const Entry& entry : m_entries) {
+        if (entry.Row->Ticked == tick)
+            entry.Action->setChecked(on);
     }
 }
 
 void MainMenu::MirrorEntry(ObjectEntry entry, bool visible)
 {
-    const auto rows = MenuRows();
-    for (std::size_t index = 0; index < rows.size(); ++index) {
-        if (rows[index].Follows == entry)
-            m_actions[index]->setVisible(visible);
+    for (const Entry& built : m_entries) {
+        if (built.Row->Follows == entry)
+            built.Action->setVisible(visible);
     }
 }
 
@@ -249,12 +259,11 @@ void MainMenu::ChooseField(int number)
 
 void MainMenu::UpdateEnabled()
 {
-    const auto rows = MenuRows();
-    for (std::size_t index = 0; index < rows.size(); ++index) {
-        const Enabled when = rows[index].When;
+    for (const Entry& entry : m_entries) {
+        const Enabled when = entry.Row->When;
         // Entries that need a selection are enabled and disabled by the document.
         if (when != Enabled::Always && when != Enabled::WithSelection)
-            m_actions[index]->setEnabled(Holds(when));
+            entry.Action->setEnabled(Holds(when));
     }
 }
 

@@ -30,6 +30,13 @@ public:
     void UpdateStartCaptions();
 
 private:
+    /// A row that this station has, with its action; that of a menu is its own action.
+    struct Entry
+    {
+        const MenuRow* Row;
+        QAction* Action;
+    };
+
     void Build();
     /// Sets the icons by the present captions.
     void SetIcons();
@@ -52,8 +59,7 @@ private:
 
     Session& m_session;
     QMainWindow& m_window;
-    /// One per row of the table; that of a menu is its own action.
-    std::vector<QAction*> m_actions;
+    std::vector<Entry> m_entries;
     /// Elements of the list of data fields from 1 on.
     std::vector<QAction*> m_fields;
 };

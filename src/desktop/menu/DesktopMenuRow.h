@@ -9,6 +9,7 @@ class QMainWindow;
 namespace vantrel {
 
 class Session;
+struct StationOptions;
 
 /// When an entry, or all entries of a menu, can be chosen.
 enum class Enabled { Always, WhileVisible, WithLayout, WhileVisibleWithLayout, WithSelection };
@@ -37,6 +38,8 @@ struct MenuRow
     std::optional<Tick> Ticked = {};
     /// Its place among the entries that follow the selected object, if it does.
     std::optional<ObjectEntry> Follows = {};
+    /// Whether a station with these options has the row; without a condition every station has it.
+    bool (*IsIn)(const StationOptions& options) = nullptr;
 
     constexpr MenuRow Hidden() const
     {
@@ -68,9 +71,15 @@ struct MenuRow
         row.Follows = entry;
         return row;
     }
+    constexpr MenuRow Where(bool (*isIn)(const StationOptions& options)) const
+    {
+        MenuRow row = *this;
+        row.IsIn = isIn;
+        return row;
+    }
 };
 
-/// The whole menu tree of the station.
+/// The whole menu tree, with the rows that only some stations have.
 std::span<const MenuRow> MenuRows();
 
 } // namespace vantrel

@@ -9,12 +9,14 @@
 #include "desktop/dialogs/frmForms.h"
 #include "desktop/dialogs/frmGetLayout.h"
 #include "desktop/dialogs/frmMacro.h"
+#include "desktop/dialogs/frmOptions.h"
 #include "desktop/dialogs/frmPreSuffix.h"
 #include "desktop/dialogs/frmPrinters2.h"
 #include "desktop/dialogs/frmRawData.h"
 #include "desktop/dialogs/frmSendData.h"
 #include "desktop/dialogs/frmToolbar.h"
 #include "desktop/dialogs/frmWizard.h"
+#include "desktop/history/frmHistory.h"
 #include "desktop/menu/DesktopFileCommands.h"
 #include "desktop/menu/DesktopMenuRow.h"
 #include "station/commands/Commands.h"
@@ -22,6 +24,7 @@
 #include "station/commands/ObjectCommands.h"
 #include "station/imaging/BackImage.h"
 #include "station/imaging/Workspace.h"
+#include "station/session/StationOptions.h"
 #include <QMainWindow>
 
 namespace vantrel {
@@ -61,6 +64,12 @@ template <auto Routine>
 void Runs(Session& session, QMainWindow& /*window*/)
 {
     Routine(session);
+}
+
+/// Whether the station has the menu of what goes beyond the other ones.
+bool HasStationMenu(const StationOptions& options)
+{
+    return options.Ledger || options.DesignTools;
 }
 
 constexpr auto WhileVisible = Enabled::WhileVisible;
@@ -201,6 +210,10 @@ constexpr MenuRow Rows[] = {
     Dash("mnuProperties"),
     Command("mnuProperties", "cmdContextDelete", "&Delete Selected...", "",
             Runs<DeleteSelectedObject>),
+
+    Menu("", "mnuStation", "S&tation").Where(HasStationMenu),
+    Command("mnuStation", "cmdHistory", "History ...", "F9", Opens<frmHistory>),
+    Command("mnuStation", "cmdStationOptions", "Options ...", "", Opens<frmOptions>),
 
     Menu("", "mnuHelp", "&Help"),
     Command("mnuHelp", "cmdAbout", "About Vantrel v5.xx", "", Opens<frmAbout>),

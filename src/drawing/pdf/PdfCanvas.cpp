@@ -5,33 +5,13 @@
 #include "drawing/pdf/PdfContent.h"
 #include "drawing/pdf/PdfFile.h"
 #include "drawing/pdf/PdfObjects.h"
-#include <algorithm>
 #include <set>
 #include <utility>
 
 namespace vantrel {
 
-namespace {
-
-bool HasAll(const PdfFace& face, const GlyphRun& run)
-{
-    return std::all_of(run.Glyphs.begin(), run.Glyphs.end(),
-                       [&face](const PlacedGlyph& glyph) { return face.Has(glyph.Id); });
-}
-
-void Collect(const GlyphRun& run, GlyphTexts& texts)
-{
-    for (const GlyphCluster& cluster : run.Clusters) {
-        const bool isOne = cluster.GlyphCount == 1;
-        for (const PlacedGlyph& glyph : run.GlyphsIn(cluster))
-            texts.try_emplace(glyph.Id, isOne ? run.TextIn(cluster).toString() : QString());
-    }
-}
-
-} // namespace
-
 PdfCanvas::PdfCanvas(double width, double height, Sink sink)
-    : m_width(width), m_height(height), m_sink(std::move(sink))
+    : ItemCanvas(width, height), m_sink(std::move(sink))
 {}
 
 /// @return nothing if a `PdfFace` cannot hold a line of the page
@@ -40,7 +20,7 @@ std::optional<PageFaces> PdfCanvas::ProvideFaces() const
     PageFaces faces;
     std::set<FaceHandle> lacking;
     std::vector<const GlyphRun*> runs;
-    for (const auto& item : m_items) {
+    for (const auto& item : Items()) {
         const auto* placed = std::get_if<PlacedLine>(&item);
         if (placed == nullptr)
             continue;
@@ -50,7 +30,7 @@ std::optional<PageFaces> PdfCanvas::ProvideFaces() const
             std::shared_ptr<PdfFace>& face = faces[run.Face];
             if (!face)
                 face = PdfFaceOf(run.Face);
-            if (!HasAll(*face, run))
+            if (!face->HasAll(run))
                 lacking.insert(run.Face);
             runs.push_back(&run);
         }
@@ -59,7 +39,7 @@ std::optional<PageFaces> PdfCanvas::ProvideFaces() const
         GlyphTexts texts;
         for (const GlyphRun* run : runs) {
             if (run->Face == handle)
-                Collect(*run, texts);
+                CollectTexts(*run, texts);
         }
         if (!faces.at(handle)->Provide(texts))
             return std::nullopt;
@@ -69,8 +49,8 @@ std::optional<PageFaces> PdfCanvas::ProvideFaces() const
 
 void PdfCanvas::FinishByCairo()
 {
-    const auto cairo = CairoCanvas::OnPdf(m_width, m_height, std::move(m_sink));
-    for (const auto& item : m_items)
+    const auto cairo = CairoCanvas::OnPdf(Width(), Height(), std::move(m_sink));
+    for (const auto& item : Items())
         std::visit([&cairo](const auto& placed) { cairo->Set(placed); }, item);
     cairo->Finish();
 }
@@ -82,11 +62,11 @@ void PdfCanvas::Finish()
         FinishByCairo();
         return;
     }
-    PdfContent content(m_height, *provided);
-    for (const auto& item : m_items)
+    PdfContent content(Height(), *provided);
+    for (const auto& item : Items())
         std::visit([&content](const auto& placed) { content.Add(placed); }, item);
     PdfFile file(std::move(m_sink));
-    const int catalog = AddOnlyPage(file, content, m_width, m_height);
+    const int catalog = AddOnlyPage(file, content, Width(), Height());
     if (!file.End(catalog, AddInformation(file)))
         throw Failure(FailureNumber::PrinterError,
                       QStringLiteral("Printer error: the page was not taken"));

@@ -113,6 +113,13 @@ void PdfContent::Add(const PlacedLine& placed)
     }
 }
 
+void PdfContent::AddForm(int form, double x, double y)
+{
+    m_operators += "q 1 0 0 1 ";
+    AppendNumbers(m_operators, x, m_pageHeight - y);
+    m_operators += "cm/X" + QByteArray::number(NumberIn(m_forms, form)) + " Do Q\n";
+}
+
 void PdfContent::AddRun(const GlyphRun& run, double x, double baseline)
 {
     const std::shared_ptr<PdfFace>& face = m_provided.at(run.Face);

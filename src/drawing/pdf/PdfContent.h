@@ -11,7 +11,7 @@ class PdfContent
 {
 public:
     /// @param pageHeight  in points
-    /// @param provided  all faces of the lines that will be added; must outlive the content
+    /// @param provided  all faces of the lines that are added; must outlive the content
     PdfContent(double pageHeight, const PageFaces& provided)
         : m_pageHeight(pageHeight), m_provided(provided)
     {}
@@ -20,10 +20,16 @@ public:
     void Add(const PlacedLine& placed);
     void Add(const PlacedPicture& placed);
 
+    /// Appends the operators that draw a form with its origin at this place, in points from the top
+    /// left corner.
+    /// @param form  its object number
+    void AddForm(int form, double x, double y);
+
     const QByteArray& Operators() const { return m_operators; }
-    /// Named F1, F2 ... and I1, I2 ... in this order.
+    /// Named F1, F2 ..., I1, I2 ... and X1, X2 ... in this order.
     const std::vector<std::shared_ptr<PdfFace>>& Faces() const { return m_faces; }
     const std::vector<Picture>& Pictures() const { return m_pictures; }
+    const std::vector<int>& Forms() const { return m_forms; }
 
 private:
     void AddRun(const GlyphRun& run, double x, double baseline);
@@ -33,6 +39,7 @@ private:
     QByteArray m_operators;
     std::vector<std::shared_ptr<PdfFace>> m_faces;
     std::vector<Picture> m_pictures;
+    std::vector<int> m_forms;
 };
 
 } // namespace vantrel

@@ -2,6 +2,7 @@
 #include "drawing/pdf/PdfSyntax.h"
 #include <QCache>
 #include <QtEndian>
+#include <algorithm>
 #include <hb-ot.h>
 #include <hb-subset.h>
 #include <utility>
@@ -130,12 +131,27 @@ void DropOtherTables(hb_subset_input_t* input, hb_face_t* face)
 
 } // namespace
 
+void CollectTexts(const GlyphRun& run, GlyphTexts& texts)
+{
+    for (const GlyphCluster& cluster : run.Clusters) {
+        const bool isOne = cluster.GlyphCount == 1;
+        for (const PlacedGlyph& glyph : run.GlyphsIn(cluster))
+            texts.try_emplace(glyph.Id, isOne ? run.TextIn(cluster).toString() : QString());
+    }
+}
+
 PdfFace::PdfFace(FaceHandle face)
     : m_face(std::move(face)), m_font(hb_font_create(m_face.get())),
       m_name(PostScriptName(m_face.get())), m_isPlain(HasPlainOutlines(m_face.get()))
 {
     hb_font_set_scale(m_font.get(), 1000 * Fineness, 1000 * Fineness);
     m_sizes = MeasuresOf(m_face.get(), m_font.get());
+}
+
+bool PdfFace::HasAll(const GlyphRun& run) const
+{
+    return std::all_of(run.Glyphs.begin(), run.Glyphs.end(),
+                       [this](const PlacedGlyph& glyph) { return Has(glyph.Id); });
 }
 
 bool PdfFace::Provide(const GlyphTexts& glyphs)

@@ -8,6 +8,9 @@ namespace vantrel {
 
 /// The text that each glyph represents.
 using GlyphTexts = std::map<std::uint16_t, QString>;
+/// Adds the glyphs of a run. A glyph that represents a text only together with others gets an empty
+/// one.
+void CollectTexts(const GlyphRun& run, GlyphTexts& texts);
 
 /// A compressed subset of a font face, as embedded in PDFs.
 struct PackedFace
@@ -43,15 +46,22 @@ public:
     /// Measures of the whole face.
     const Measures& Sizes() const { return m_sizes; }
     bool Has(std::uint16_t glyph) const { return m_glyphs.contains(glyph); }
+    bool HasAll(const GlyphRun& run) const;
+    /// Adds glyphs; the subset is as before until `Pack`.
+    void Add(const GlyphTexts& glyphs);
+    /// Builds the subset of all glyphs added.
+    /// @return false if the face cannot be subset
+    bool Pack();
+    /// Whether the face is plain TrueType outlines; colour, variable and PostScript faces are not.
+    bool IsPlain() const { return m_isPlain; }
     /// Builds a new subset unless the present one has all these glyphs.
-    /// @return false if the face is not plain TrueType outlines (colour, variable and PostScript
-    /// faces are not) or cannot be subset
+    /// @return false if the face is not plain or cannot be subset
     bool Provide(const GlyphTexts& glyphs);
     /// The text that a provided glyph represents in this subset.
     const QString& TextOf(std::uint16_t glyph) const { return m_glyphs.at(glyph).Text; }
     /// The advance of a provided glyph, in thousandths of the font size.
     double AdvanceOf(std::uint16_t glyph) const { return m_glyphs.at(glyph).Advance; }
-    /// The present subset; valid after `Provide`.
+    /// The present subset; valid after `Provide` or `Pack`.
     const PackedFace& Packed() const { return m_packed; }
 
 private:
@@ -65,8 +75,6 @@ private:
         void operator()(hb_font_t* font) const { hb_font_destroy(font); }
     };
 
-    void Add(const GlyphTexts& glyphs);
-    bool Pack();
     QByteArray Widths() const;
     QByteArray ToUnicode() const;
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <deque>
 #include <functional>
-#include <vector>
 
 namespace vantrel {
 
@@ -11,7 +11,7 @@ namespace vantrel {
 class PdfFile
 {
 public:
-    /// Receives the bytes in order; returns false if it cannot store them.
+    /// Receives the bytes in order; returns false if it cannot store them, or throws why.
     using Sink = std::function<bool(const char* bytes, std::size_t count)>;
 
     explicit PdfFile(Sink sink);
@@ -26,19 +26,27 @@ public:
     /// @param entries  entries of its dictionary except its length
     /// @return the object's number
     int AddStream(const QByteArray& entries, QByteArrayView bytes);
+    /// Whether the sink has taken all bytes so far. Once it has not, it is given no more.
+    bool IsTaken() const { return m_isTaken; }
     /// Writes the table of offsets. Every reserved number must have been written by then.
     /// @return false if the sink refused any bytes
     bool End(int catalog, int information);
+    /// Like `End`, but writes the table as a compressed stream, for files of many objects and of
+    /// any length. A reserved number that was not written names no object then.
+    bool EndCompact(int catalog, int information);
 
 private:
     void Begin(int object);
     void Put(QByteArrayView bytes);
+    /// The entries that a reader needs to begin reading.
+    QByteArray TrailerEntries(int catalog, int information) const;
+    void PutTableBegin(qint64 offset);
 
     Sink m_sink;
     bool m_isTaken = true;
     qint64 m_length = 0;
     /// Offset of each object, from number 1 on.
-    std::vector<qint64> m_begins;
+    std::deque<qint64> m_begins;
 };
 
 } // namespace vantrel

@@ -37,8 +37,16 @@ QByteArray ImageEntries(const QSize& size, QByteArrayView space, QByteArrayView 
            "/BitsPerComponent 8/Interpolate true" + filter.toByteArray();
 }
 
-/// @return the number of the font object
-int AddFace(PdfFile& file, const PdfFace& face)
+/// Appends names of one kind, numbered from 1, with their objects.
+void AppendNames(QByteArray& out, char kind, const std::vector<int>& objects)
+{
+    for (std::size_t i = 0; i < objects.size(); ++i)
+        out += '/' + (kind + QByteArray::number(i + 1)) + ' ' + PdfReference(objects[i]);
+}
+
+} // namespace
+
+QByteArray AddFaceParts(PdfFile& file, const PdfFace& face)
 {
     const PackedFace& packed = face.Packed();
     const int program = file.AddStream(
@@ -50,12 +58,11 @@ int AddFace(PdfFile& file, const PdfFace& face)
                  "/CIDSystemInfo<</Registry(Adobe)/Ordering(Identity)/Supplement 0>>"
                  "/CIDToGIDMap/Identity/FontDescriptor " +
                  PdfReference(descriptor) + "/W" + packed.Widths + ">>");
-    return file.Add("<</Type/Font/Subtype/Type0/BaseFont/" + packed.Name +
-                    "/Encoding/Identity-H/DescendantFonts[" + PdfReference(descendant) +
-                    "]/ToUnicode " + PdfReference(toUnicode) + ">>");
+    return "<</Type/Font/Subtype/Type0/BaseFont/" + packed.Name +
+           "/Encoding/Identity-H/DescendantFonts[" + PdfReference(descendant) + "]/ToUnicode " +
+           PdfReference(toUnicode) + ">>";
 }
 
-/// @return the number of the image object
 int AddPicture(PdfFile& file, const PictureData& picture)
 {
     const QSize size = picture.Stored.size();
@@ -71,33 +78,35 @@ int AddPicture(PdfFile& file, const PictureData& picture)
     return file.AddStream(entries, pixels.Colors);
 }
 
-/// A dictionary that maps names of one kind, numbered from 1, to their objects.
-QByteArray Names(char kind, const std::vector<int>& objects)
+QByteArray PdfPageBody(const PdfPageParts& parts)
 {
-    QByteArray names("<<");
-    for (std::size_t i = 0; i < objects.size(); ++i)
-        names += '/' + (kind + QByteArray::number(i + 1)) + ' ' + PdfReference(objects[i]);
-    return names + ">>";
+    QByteArray page = "<</Type/Page/Parent " + PdfReference(parts.Parent) + "/MediaBox[0 0 ";
+    AppendNumbers(page, parts.Width, parts.Height);
+    page += "]/Contents " + PdfReference(parts.Operators) +
+            "/Group<</S/Transparency/CS/DeviceRGB/I true>>/Resources<</XObject<<";
+    AppendNames(page, 'I', parts.Pictures);
+    AppendNames(page, 'X', parts.Forms);
+    page += ">>/Font<<";
+    AppendNames(page, 'F', parts.Faces);
+    return page + ">>>>>>";
 }
-
-} // namespace
 
 int AddOnlyPage(PdfFile& file, const PdfContent& content, double width, double height)
 {
-    const int operators = file.AddStream({}, content.Operators());
-    std::vector<int> pictures;
+    PdfPageParts parts{.Width = width, .Height = height};
+    parts.Operators = file.AddStream({}, content.Operators());
     for (const Picture& picture : content.Pictures())
-        pictures.push_back(AddPicture(file, *picture.Data()));
-    std::vector<int> faces;
+        parts.Pictures.push_back(AddPicture(file, *picture.Data()));
     for (const auto& face : content.Faces())
-        faces.push_back(AddFace(file, *face));
-    const int pages = file.Reserve();
-    QByteArray page = "<</Type/Page/Parent " + PdfReference(pages) + "/MediaBox[0 0 ";
-    AppendNumbers(page, width, height);
-    page += "]/Contents " + PdfReference(operators) +
-            "/Group<</S/Transparency/CS/DeviceRGB/I true>>/Resources<</XObject" +
-            Names('I', pictures) + "/Font" + Names('F', faces) + ">>>>";
-    file.Write(pages, "<</Type/Pages/Count 1/Kids[" + PdfReference(file.Add(page)) + "]>>");
+        parts.Faces.push_back(file.Add(AddFaceParts(file, *face)));
+    parts.Parent = file.Reserve();
+    file.Write(parts.Parent,
+               "<</Type/Pages/Count 1/Kids[" + PdfReference(file.Add(PdfPageBody(parts))) + "]>>");
+    return AddCatalog(file, parts.Parent);
+}
+
+int AddCatalog(PdfFile& file, int pages)
+{
     return file.Add("<</Type/Catalog/Pages " + PdfReference(pages) + ">>");
 }
 

@@ -1,22 +1,36 @@
 #include "CommandLine.h"
+#include <algorithm>
 
 namespace vantrel::admin {
 
 namespace {
 const QString Program = QStringLiteral("vantrel-admin");
-const QString SeeHelp = QStringLiteral(" (see %1 --help)").arg(Program);
+const QString End = QStringLiteral("--");
 
 QString UsageOf(const Command& command)
 {
     const QString usage = Program + QLatin1Char(' ') + QLatin1StringView(command.Name) +
                           QLatin1Char(' ') + QLatin1StringView(command.Arguments);
-    return usage.trimmed();
+    return usage.trimmed() +
+           (command.Options.empty() ? QString() : QStringLiteral(" [OPTION ...]"));
+}
+
+QString HelpOf(std::span<const Option> options)
+{
+    QString help;
+    for (const Option& option : options)
+        help += QStringLiteral("  ") +
+                QString(QLatin1StringView(option.Name) + QLatin1Char(' ') +
+                        QLatin1StringView(option.Value))
+                    .leftJustified(20) +
+                QLatin1StringView(option.Purpose) + QLatin1Char('\n');
+    return help.isEmpty() ? help : QStringLiteral("\nOptions:\n") + help;
 }
 
 QString HelpOf(const Command& command)
 {
     return QStringLiteral("Usage: ") + UsageOf(command) + QStringLiteral("\n\n") +
-           QLatin1StringView(command.Purpose) + QLatin1Char('\n');
+           QLatin1StringView(command.Purpose) + QLatin1Char('\n') + HelpOf(command.Options);
 }
 
 /// The help of all commands that begin with these words; empty if there are none.
@@ -40,89 +54,160 @@ QString HelpOfProgram()
                .arg(Program);
 }
 
-/// Removes the options from the words. @return false for an unknown option
-bool TakeOptions(QStringList& words, bool& help, bool& version, QString& unknown)
+bool IsOption(const QString& word)
+{
+    return word.startsWith(u'-') && word != QStringLiteral("-");
+}
+
+/// The words of a line that are no options, the values of options among them.
+QStringList PlainWords(const QStringList& line)
 {
     QStringList plain;
     bool ended = false;
-    for (const QString& word : words) {
-        if (ended || !word.startsWith(u'-') || word == QStringLiteral("-"))
+    for (const QString& word : line) {
+        if (ended || !IsOption(word))
             plain.append(word);
-        else if (word == QStringLiteral("--"))
+        else if (word == End)
             ended = true;
-        else if (word == QStringLiteral("--help") || word == QStringLiteral("-h"))
-            help = true;
-        else if (word == QStringLiteral("--version"))
-            version = true;
-        else if (unknown.isEmpty())
-            unknown = word;
     }
-    words = plain;
-    return unknown.isEmpty();
+    return plain;
 }
 
-/// The command whose words start the line, or null. Removes these words.
-const Command* FindCommand(QStringList& words)
+/// The command whose words start the line, or null.
+const Command* FindCommand(const QStringList& plain)
 {
     for (const Command& command : Commands()) {
         const QStringList name = QString::fromLatin1(command.Name).split(u' ');
-        if (words.mid(0, name.size()) == name) {
-            words.remove(0, name.size());
+        if (plain.mid(0, name.size()) == name)
             return &command;
-        }
     }
     return nullptr;
 }
-} // namespace
 
-Request ReadCommandLine(const QStringList& line)
+const Option* FindOption(const Command* command, const QString& name)
 {
-    QStringList words = line;
-    bool help = false;
-    bool version = false;
-    Request request;
-    QString unknown;
-    if (!TakeOptions(words, help, version, unknown)) {
-        request.Mistake = QStringLiteral("unknown option %1").arg(unknown) + SeeHelp;
-        return request;
+    if (command != nullptr)
+        for (const Option& option : command->Options)
+            if (name == QLatin1StringView(option.Name))
+                return &option;
+    return nullptr;
+}
+
+/// Separates a line into words and options.
+class Reader
+{
+public:
+    /// @param command  the one whose options are known; null for none
+    Reader(const QStringList& line, const Command* command) : m_line(line), m_command(command)
+    {
+        while (m_next < m_line.size() && Mistake.isEmpty())
+            Take(m_line.at(m_next++));
     }
-    if (version) {
-        request.Help = Program + QStringLiteral(" " VANTREL_VERSION "\n");
-        return request;
+
+    Words Given;
+    bool Help = false;
+    bool Version = false;
+    QString Mistake;
+
+private:
+    void Take(const QString& word)
+    {
+        if (m_ended || !IsOption(word))
+            Given.Arguments.append(word);
+        else if (word == End)
+            m_ended = true;
+        else if (word == QStringLiteral("--help") || word == QStringLiteral("-h"))
+            Help = true;
+        else if (word == QStringLiteral("--version"))
+            Version = true;
+        else
+            TakeOption(word);
     }
-    if (words.isEmpty()) {
+
+    void TakeOption(const QString& word)
+    {
+        const auto equals = word.indexOf(u'=');
+        const QString name = word.left(equals);
+        const Option* option = FindOption(m_command, name);
+        if (option == nullptr) {
+            Mistake = QStringLiteral("unknown option %1").arg(word) + HintOfHelp();
+            return;
+        }
+        const bool takesValue = *option->Value != '\0';
+        if (takesValue && equals < 0 && m_next == m_line.size())
+            Mistake = QStringLiteral("%1 wants a value").arg(name) + HintOfHelp();
+        else if (!takesValue && equals >= 0)
+            Mistake = QStringLiteral("%1 takes no value").arg(name) + HintOfHelp();
+        else if (!takesValue)
+            Given.Options[name] = QString();
+        else
+            Given.Options[name] = equals < 0 ? m_line.at(m_next++) : word.mid(equals + 1);
+    }
+
+    const QStringList& m_line;
+    const Command* m_command;
+    qsizetype m_next = 0;
+    bool m_ended = false;
+};
+
+bool HasTheArgumentsOf(const Command& command, const QStringList& arguments)
+{
+    const QStringList names =
+        QString::fromLatin1(command.Arguments).split(u' ', Qt::SkipEmptyParts);
+    const auto required = std::count_if(names.begin(), names.end(),
+                                        [](const QString& name) { return !name.startsWith(u'['); });
+    return arguments.size() >= required && arguments.size() <= names.size() &&
+           !arguments.contains(QString());
+}
+
+/// Fills in the help or the mistake of a line that begins with no whole command.
+void ReadWithoutCommand(const QString& asked, bool help, Request& request)
+{
+    if (asked.isEmpty()) {
         if (help)
             request.Help = HelpOfProgram();
         else
-            request.Mistake = QStringLiteral("a command is missing") + SeeHelp;
-        return request;
+            request.Mistake = QStringLiteral("a command is missing") + HintOfHelp();
+        return;
     }
+    const QString group = HelpOfGroup(asked + QLatin1Char(' '));
+    if (help)
+        request.Help = group;
+    if (request.Help.isEmpty()) {
+        request.Mistake = (group.isEmpty() ? QStringLiteral("unknown command: ")
+                                           : QStringLiteral("a word is missing behind: ")) +
+                          asked.simplified() + HintOfHelp();
+    }
+}
+} // namespace
 
-    const QString asked = words.join(u' ');
-    const Command* command = FindCommand(words);
-    if (command == nullptr) {
-        const QString group = HelpOfGroup(asked + QLatin1Char(' '));
-        if (help)
-            request.Help = group;
-        if (request.Help.isEmpty()) {
-            request.Mistake = (group.isEmpty() ? QStringLiteral("unknown command: ")
-                                               : QStringLiteral("a word is missing behind: ")) +
-                              asked.simplified() + SeeHelp;
-        }
-        return request;
-    }
-    if (help) {
+QString HintOfHelp()
+{
+    return QStringLiteral(" (see %1 --help)").arg(Program);
+}
+
+Request ReadCommandLine(const QStringList& line)
+{
+    Request request;
+    const QStringList plain = PlainWords(line);
+    const Command* command = FindCommand(plain);
+    const Reader reader(line, command);
+    if (!reader.Mistake.isEmpty()) {
+        request.Mistake = reader.Mistake;
+    } else if (reader.Version) {
+        request.Help = Program + QStringLiteral(" " VANTREL_VERSION "\n");
+    } else if (command == nullptr) {
+        ReadWithoutCommand(plain.join(u' '), reader.Help, request);
+    } else if (reader.Help) {
         request.Help = HelpOf(*command);
-        return request;
+    } else {
+        request.Given = reader.Given;
+        request.Given.Arguments.remove(0, QString::fromLatin1(command->Name).count(u' ') + 1);
+        if (HasTheArgumentsOf(*command, request.Given.Arguments))
+            request.Chosen = command;
+        else
+            request.Mistake = QStringLiteral("usage: ") + UsageOf(*command);
     }
-    const auto wanted =
-        QString::fromLatin1(command->Arguments).split(u' ', Qt::SkipEmptyParts).size();
-    if (words.size() != wanted || words.contains(QString())) {
-        request.Mistake = QStringLiteral("usage: ") + UsageOf(*command);
-        return request;
-    }
-    request.Chosen = command;
-    request.Arguments = words;
     return request;
 }
 

@@ -12,13 +12,17 @@ struct Request
     /// Text to print.
     QString Help;
     const Command* Chosen = nullptr;
-    QStringList Arguments;
+    Words Given;
     /// Description of an error in the command line, one line.
     QString Mistake;
 };
 
-/// Parses a command line without the program's name. "--" ends the options, so that a name may
+/// Parses a command line without the program's name. Options stand anywhere, those with a value
+/// behind the command, as "--name value" or "--name=value"; "--" ends them, so that a name may
 /// begin with "-". Never fails; mistakes are in the result.
 Request ReadCommandLine(const QStringList& words);
+
+/// What the program adds to a mistake: where its help is.
+QString HintOfHelp();
 
 } // namespace vantrel::admin

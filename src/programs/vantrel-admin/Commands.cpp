@@ -1,6 +1,9 @@
 #include "Commands.h"
+#include "LedgerCommands.h"
+#include "Output.h"
 #include "samples/DemoInstall.h"
 #include "samples/FreshInstall.h"
+#include "samples/RecommendedSettings.h"
 #include "station/commands/SessionSwitch.h"
 #include "station/macro/MacroTable.h"
 #include "station/session/SettingsGuide.h"
@@ -10,61 +13,82 @@
 namespace vantrel::admin {
 
 namespace {
+constexpr const char* ExistingOption = "--existing";
+constexpr Option NewOptions[] = {
+    {ExistingOption, "", "sets the keys in a folder that is there, after a copy of its settings"}};
+
 void OpenIn(const QString& folder, Connection& store)
 {
     store.Open(LayoutDatabasePath(folder));
 }
 
-void RunInit(const QStringList& arguments)
+void RunInit(const Words& words)
 {
-    MakeProgramFolder(arguments.at(0));
+    MakeProgramFolder(words.Arguments.at(0));
 }
 
-void RunDemo(const QStringList& arguments)
+void RunNew(const Words& words)
 {
-    MakeDemoFolder(arguments.at(0));
+    const QString folder = words.Arguments.at(0);
+    if (!words.Has(ExistingOption)) {
+        MakeRecommendedFolder(folder);
+        return;
+    }
+    const QString copy = BackUpSettings(folder);
+    SetRecommendedSettings(folder);
+    QString told = QStringLiteral("Set in the section [Station]: %1. Sessions read it when they "
+                                  "start.\n")
+                       .arg(RecommendedKeys().join(QStringLiteral(", ")));
+    if (!copy.isEmpty())
+        told += QStringLiteral("The settings as they were: %1\n").arg(copy);
+    WriteOutput(told.toLocal8Bit());
 }
 
-void RunSessionStart(const QStringList& arguments)
+void RunDemo(const Words& words)
 {
-    SetSessionActive(arguments.at(0), arguments.at(1), true);
+    MakeDemoFolder(words.Arguments.at(0));
 }
 
-void RunSessionStop(const QStringList& arguments)
+void RunSessionStart(const Words& words)
 {
-    SetSessionActive(arguments.at(0), arguments.at(1), false);
+    SetSessionActive(words.Arguments.at(0), words.Arguments.at(1), true);
 }
 
-void RunMacroList(const QStringList& arguments)
+void RunSessionStop(const Words& words)
+{
+    SetSessionActive(words.Arguments.at(0), words.Arguments.at(1), false);
+}
+
+void RunMacroList(const Words& words)
 {
     Connection store;
-    OpenIn(arguments.at(0), store);
+    OpenIn(words.Arguments.at(0), store);
     for (const QString& name : MacroNames(store))
         std::fprintf(stdout, "%s\n", name.toLocal8Bit().constData());
 }
 
-void RunMacroAdd(const QStringList& arguments)
+void RunMacroAdd(const Words& words)
 {
     Connection store;
-    OpenIn(arguments.at(0), store);
-    AddMacro(store, arguments.at(1));
+    OpenIn(words.Arguments.at(0), store);
+    AddMacro(store, words.Arguments.at(1));
 }
 
-void RunMacroRename(const QStringList& arguments)
+void RunMacroRename(const Words& words)
 {
     Connection store;
-    OpenIn(arguments.at(0), store);
-    RenameMacro(store, arguments.at(1), arguments.at(2));
+    OpenIn(words.Arguments.at(0), store);
+    RenameMacro(store, words.Arguments.at(1), words.Arguments.at(2));
 }
 
-void RunMacroRemove(const QStringList& arguments)
+void RunMacroRemove(const Words& words)
 {
     Connection store;
-    OpenIn(arguments.at(0), store);
-    RemoveMacro(store, arguments.at(1));
+    OpenIn(words.Arguments.at(0), store);
+    RemoveMacro(store, words.Arguments.at(1));
 }
 
-void PrintSettings(const QStringList& /*arguments*/)
+void PrintSettings(const Words& /*words*/)
 {
     std::fputs(SettingsGuide().toUtf8().constData(), stdout);
 }
@@ -74,8 +98,13 @@ constexpr Command Table[] = {
      "Makes DIR a program folder: an empty layout database and a SessionStatus.ini for session 1. "
      "A database that exists is never overwritten.",
      RunInit},
+    {"new", "DIR",
+     "The same, with the settings recommended for a new station: every record is kept in the "
+     "ledger "
+     "and printed, and no number comes twice.",
+     RunNew, NewOptions},
     {"demo", "DIR",
-     "The same, with sample layouts, their pictures, and settings for "
+     "The same as new, with sample layouts, their pictures, and settings for "
      "session 1.",
      RunDemo},
     {"session start", "DIR SESSION", "Lets a session run; it is to be started behind it.",
@@ -86,6 +115,24 @@ constexpr Command Table[] = {
     {"macro add", "DIR NAME", "Adds a macro. Its layouts are chosen in the station.", RunMacroAdd},
     {"macro rename", "DIR NAME NEW-NAME", "Gives a macro another name.", RunMacroRename},
     {"macro remove", "DIR NAME", "Removes a macro and its choice of layouts.", RunMacroRemove},
+    {"ledger list", "DIR", "Prints the entries of the ledger, newest first.", RunLedgerList,
+     ListOptions},
+    {"ledger show", "DIR ID", "Prints all of one entry: its record, values and cards.",
+     RunLedgerShow, JsonOptions},
+    {"ledger reprint", "DIR ID",
+     "Lets a running station print an entry again, with the numbers of its first print.",
+     RunLedgerReprint, ReprintOptions},
+    {"ledger void", "DIR ID",
+     "Declares an entry and its cards void; one that waits is not printed.", RunLedgerVoid},
+    {"ledger counts", "DIR",
+     "Prints the cards issued, failed, doubtful, void and reprinted, by day and layout.",
+     RunLedgerCounts, CountsOptions},
+    {"ledger export", "DIR [FILE]",
+     "Writes entries as CSV, a line for each card, into a file or on the standard output.",
+     RunLedgerExport, ExportOptions},
+    {"ledger purge", "DIR",
+     "Removes finished entries for good, and everything of them from the database's files.",
+     RunLedgerPurge, PurgeOptions},
     {"settings", "", "Prints every key of the settings files, as Markdown.", PrintSettings},
 };
 } // namespace

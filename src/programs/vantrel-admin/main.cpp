@@ -29,8 +29,10 @@ int main(int argc, char** argv)
         return 0;
     }
     try {
-        request.Chosen->Run(request.Arguments);
+        request.Chosen->Run(request.Given);
         return 0;
+    } catch (const vantrel::admin::NotUnderstood& mistake) {
+        return EndWith(ExitNotUnderstood, mistake.Text + vantrel::admin::HintOfHelp());
     } catch (const vantrel::Failure& failure) {
         return EndWith(ExitFailed, failure.Text());
     }

@@ -84,6 +84,7 @@ int RunStation(const QString& commandLine)
     // 3. The session: number, database, settings.
     Session session(folder, stationOperator, printers);
     Main(session, commandLine);
+    printers.SetDurableFiles(session.Options.Ledger);
 
     // 4. The main window. It loads inside the event loop, so that the station can also be ended
     // during the load.

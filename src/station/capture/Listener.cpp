@@ -1,6 +1,8 @@
 #include "station/capture/Listener.h"
 #include "base/Skip.h"
 #include "station/capture/Pipeline.h"
+#include "station/capture/RecordIntake.h"
+#include "station/capture/Sources.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 
@@ -20,11 +22,8 @@ void OnConnectionRequest(SockArray& sock, int index, qintptr requestId)
 
 void OnDataArrival(Session& session, int index)
 {
-    ArrivalSource source{QStringLiteral("Got Data (TCP/IP)"), {}};
-    QString characters;
-    Skip("host address", [&] { source.From = session.Sock.RemoteHostIP(index); });
-    Skip("data of the socket", [&] { characters = session.Sock.GetData(index); });
-    TakeArrival(session, characters, source);
+    const ArrivalSource source = SourceOfHost(session, index);
+    TakeArrival(session, TakeCharacters(session, index, source.Peer), source);
 }
 
 // All hosts share one buffer, so the close of any connection drops a partly received record of
@@ -41,10 +40,16 @@ void OnConnectionClosed(Session& session, int index)
 void ConnectSockets(Session& session)
 {
     SockArray& sock = session.Sock;
+    sock.SetEncoding(session.Options.Encoding);
+    sock.SetAnswers(session.Options.AnswerHost);
     QObject::connect(&sock, &SockArray::ConnectionRequest, &sock,
                      [&session](int index, qintptr requestId) {
                          OnConnectionRequest(session.Sock, index, requestId);
                      });
+    if (session.Options.KeepEveryRecord) {
+        RecordIntake::Of(session).ConnectSockets();
+        return;
+    }
     QObject::connect(&sock, &SockArray::DataArrival, &sock,
                      [&session](int index) { OnDataArrival(session, index); });
     QObject::connect(&sock, &SockArray::ConnectionClosed, &sock,

@@ -1,8 +1,12 @@
 #include "station/capture/Pipeline.h"
+#include "base/InputText.h"
 #include "base/Skip.h"
+#include "ledger/RecordRun.h"
 #include "ports/FramedValues.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
+#include "station/ledger/RecordRoad.h"
+#include "station/ledger/StationLedger.h"
 #include "station/macro/RunMacro.h"
 #include "station/print/PrintCard.h"
 #include "station/session/Operator.h"
@@ -12,15 +16,13 @@ namespace vantrel {
 
 namespace {
 
-constexpr int LastArrivalPanel = 3;
-
 // The buffer keeps the text between the delimiters until the record is processed; characters that
 // arrive in the meantime are appended to it.
 void FrameInput(InputBuffer& input, const StationSettings& settings, FieldValues& values)
 {
     QString text = input.Text();
     ParseDataStream(text, settings.Framing, settings.Filters,
-                    [&](const QString& value) { values.Add(value); });
+                    [&](const QString& value) { values.Add(ShownInput(value)); });
     input.Set(text);
 }
 
@@ -39,6 +41,34 @@ void TellLastArrival(StationFace& face, const ArrivalSource& source)
                          QStringLiteral("Data last received from (%1)").arg(source.From));
 }
 
+/// The part of a record's road behind its framing.
+void PourAndPrint(Session& session)
+{
+    Skip("field application", [&] { ReapplyFieldValues(session); });
+    Skip("field menu", [&] { BuildFieldMenu(session.Face, session.FieldValues); });
+    session.Operator.LetEventsRun();
+    if (DetectCamImages(session.Document)) {
+        // Nobody may answer the question for hours.
+        WriteLedger(session);
+        Skip("picture question", [&] { AskForPicture(session.Operator); });
+    }
+    if (!session.CurrentParams.LayoutOpen)
+        NoteWhyNoCard(session, QStringLiteral("No layout is open."));
+    else if (!session.CurrentParams.AutoSpool)
+        NoteWhyNoCard(session, QStringLiteral("The layout %1 does not print automatically.")
+                                   .arg(session.CurrentLayoutName));
+    else
+        Skip("card", [&] { PrintCard(session); });
+    session.InputBuffer.Clear();
+}
+
+void RunActiveMacro(Session& session)
+{
+    const QString macro = session.Settings.ActiveMacro;
+    if (!macro.isEmpty())
+        Skip("macro", [&] { RunMacro(session, macro); });
+}
+
 } // namespace
 
 void ProcessStream(Session& session, QString text)
@@ -51,16 +81,52 @@ void ProcessStream(Session& session, QString text)
 
     Skip("framing",
          [&] { FrameInput(session.InputBuffer, session.Settings, session.FieldValues); });
-
-    Skip("field application", [&] { ReapplyFieldValues(session); });
-    Skip("field menu", [&] { BuildFieldMenu(session.Face, session.FieldValues); });
-    session.Operator.LetEventsRun();
-    if (DetectCamImages(session.Document))
-        Skip("picture question", [&] { AskForPicture(session.Operator); });
-    if (session.CurrentParams.LayoutOpen && session.CurrentParams.AutoSpool)
-        Skip("card", [&] { PrintCard(session); });
-    session.InputBuffer.Clear();
+    NoteValues(session);
+    PourAndPrint(session);
 }
+
+void TakeValues(Session& session, const QString& text, const QStringList& values)
+{
+    const RoadHold hold(session.Road);
+    session.Face.NotifyRecordBegun();
+    session.LastRawData = text;
+    session.FieldValues = {};
+    for (const QString& value : values)
+        session.FieldValues.Add(value);
+    PourAndPrint(session);
+    RunActiveMacro(session);
+}
+
+bool TakeRecord(Session& session, QString text, const ArrivalSource& source)
+{
+    const RoadHold hold(session.Road);
+    RecordOrigin origin{.Source = source.Peer, .Raw = BytesOfInput(text, session.Options.Encoding)};
+    if (session.Options.AnswerHost && source.Answer)
+        origin.Told = [answer = source.Answer](const LedgerEntry& entry) {
+            answer(AnswerTo(entry));
+        };
+    RecordRoad road(session, std::move(origin));
+    if (!road.Secure(text))
+        return false;
+    ProcessStream(session, std::move(text));
+    if (session.Settings.BufferData)
+        Skip("record queue",
+             [&] { BufferRecord(session.RecordQueue, session.Settings, session.LastRawData); });
+    RunActiveMacro(session);
+    TellLastArrival(session.Face, source);
+    return true;
+}
+
+namespace {
+
+/// A record that must not be taken now stays in the input.
+void TakeOrKeep(Session& session, const ArrivalSource& source)
+{
+    if (!TakeRecord(session, session.InputBuffer.Text(), source))
+        session.OfferAgain = [&session, source] { TakeArrival(session, {}, source); };
+}
+
+} // namespace
 
 void TakeArrival(Session& session, const QString& characters, const ArrivalSource& source)
 {
@@ -70,17 +136,8 @@ void TakeArrival(Session& session, const QString& characters, const ArrivalSourc
     session.LastRawData = session.InputBuffer.Text();
 
     const Delimiters& framing = session.Settings.Framing;
-    if (!session.InputBuffer.IsComplete(framing.DataStart, framing.DataEnd))
-        return;
-    ProcessStream(session, session.InputBuffer.Text());
-    if (session.Settings.BufferData)
-        Skip("record queue",
-             [&] { BufferRecord(session.RecordQueue, session.Settings, session.LastRawData); });
-    if (!session.Settings.ActiveMacro.isEmpty()) {
-        const QString macro = session.Settings.ActiveMacro;
-        Skip("macro", [&] { RunMacro(session, macro); });
-    }
-    TellLastArrival(session.Face, source);
+    if (session.InputBuffer.IsComplete(framing.DataStart, framing.DataEnd))
+        TakeOrKeep(session, source);
 }
 
 } // namespace vantrel

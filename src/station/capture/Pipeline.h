@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 namespace vantrel {
 
@@ -12,6 +13,11 @@ class Session;
 /// @param text  a copy, because a closed connection may empty the input buffer in the meantime
 void ProcessStream(Session& session, QString text);
 
+/// Prints a record whose values are known, such as one that was received before the station was
+/// killed, and runs the active macro.
+/// @param text  the record as it came, for the raw view
+void TakeValues(Session& session, const QString& text, const QStringList& values);
+
 /// The source of characters, as shown in the last-arrival panel.
 struct ArrivalSource
 {
@@ -19,10 +25,23 @@ struct ArrivalSource
     QString Panel;
     /// The text in brackets in its tooltip: a host's address, or a COM port.
     QString From;
+    /// What the ledger names: a host's address and port, such as "192.168.7.10:51234", or a COM
+    /// port.
+    QString Peer = {};
+    /// Sends one line back to where the record came from, without its line end; empty if nothing is
+    /// answered. May be called after the host is gone, and then does nothing.
+    std::function<void(const QString& line)> Answer = {};
 };
 
+/// Takes one complete record: processes it, buffers it if that is set, runs the active macro and
+/// updates the panel.
+/// @param text  the record with its delimiters, and whatever else counts to it
+/// @return false if the record must not be taken, because the ledger must be kept and cannot be
+/// written; it is to be offered again later
+bool TakeRecord(Session& session, QString text, const ArrivalSource& source);
+
 /// Handles new characters of any port: appends them to the input buffer and, if a record is
-/// complete, processes it, buffers it if that is set, runs the active macro and updates the panel.
+/// complete, takes it.
 void TakeArrival(Session& session, const QString& characters, const ArrivalSource& source);
 
 } // namespace vantrel

@@ -1,5 +1,4 @@
 #include "station/capture/RawDataView.h"
-#include "base/CodePage.h"
 #include "station/session/Session.h"
 
 namespace vantrel {
@@ -41,10 +40,10 @@ void AddLine(ViewRows& rows, QStringView line)
 
 } // namespace
 
-QString HexText(const QString& raw)
+QString HexText(const QString& raw, InputEncoding encoding)
 {
     constexpr char digits[] = "0123456789ABCDEF";
-    const QByteArray bytes = ToCodePage(raw);
+    const QByteArray bytes = BytesOfInput(raw, encoding);
     QByteArray text;
     text.reserve(bytes.size() * LongestCode);
     for (const char byte : bytes) {
@@ -79,6 +78,13 @@ ViewRows CutIntoRows(const QString& text)
 void ClearInput(InputBuffer& input)
 {
     input.Clear();
+}
+
+void ClearInput(Session& session)
+{
+    ClearInput(session.InputBuffer);
+    if (session.Inputs)
+        session.Inputs->DropIncomplete();
 }
 
 } // namespace vantrel

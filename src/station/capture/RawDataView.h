@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/InputText.h"
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -7,12 +8,14 @@
 namespace vantrel {
 
 class InputBuffer;
+class Session;
 
 /// @file The last raw input as it is shown to the operator.
 
-/// @return the code of each character in brackets, followed by two blanks. The code is upper-case
-/// hexadecimal without a leading zero
-QString HexText(const QString& raw);
+/// @return the code of each received byte in brackets, followed by two blanks. The code is
+/// upper-case hexadecimal without a leading zero
+/// @param encoding  the one by which the bytes were read as characters
+QString HexText(const QString& raw, InputEncoding encoding = InputEncoding::CodePage1252);
 
 /// The longest row given to a text box, in characters; it would need seconds to lay out longer
 /// ones.
@@ -34,5 +37,7 @@ ViewRows CutIntoRows(const QString& text);
 /// Discards the characters in the input buffer, such as an incomplete record. The last raw text is
 /// kept.
 void ClearInput(InputBuffer& input);
+/// The same for a station, in which each connection may have an input of its own.
+void ClearInput(Session& session);
 
 } // namespace vantrel

@@ -1,6 +1,8 @@
 #include "station/capture/SerialCapture.h"
 #include "base/Skip.h"
 #include "station/capture/Pipeline.h"
+#include "station/capture/RecordIntake.h"
+#include "station/capture/Sources.h"
 #include "station/session/Session.h"
 
 namespace vantrel {
@@ -11,14 +13,20 @@ namespace {
 // input.
 void OnCommEvent(Session& session)
 {
-    const QString port = QStringLiteral("COM%1").arg(session.Comm.CommPort());
-    TakeArrival(session, session.Comm.Input(), {QStringLiteral("Got Data (%1)").arg(port), port});
+    const ArrivalSource source = SourceOfSerial(session);
+    TakeArrival(session, TakeSerialCharacters(session), source);
 }
 
 } // namespace
 
 void ConnectComm(Session& session)
 {
+    session.Comm.SetEncoding(session.Options.Encoding);
+    session.Comm.SetAnswers(session.Options.AnswerHost);
+    if (session.Options.KeepEveryRecord) {
+        RecordIntake::Of(session).ConnectComm();
+        return;
+    }
     QObject::connect(&session.Comm, &Comm::OnComm, &session.Comm,
                      [&session] { OnCommEvent(session); });
 }

@@ -10,6 +10,7 @@
 #include "station/layout/NewLayout.h"
 #include "station/layout/Pages.h"
 #include "station/layout/SaveLayout.h"
+#include "station/ledger/RecordRoad.h"
 #include "station/print/PrintCard.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Operator.h"
@@ -58,7 +59,12 @@ void PrintCommand(Session& session)
 {
     if (session.CurrentLayoutName.isEmpty())
         return;
-    PrintCard(session);
+    const RoadHold hold(session.Road);
+    {
+        const RecordRoad road(session, {.Source = QStringLiteral("Operator")});
+        NoteValues(session);
+        PrintCard(session);
+    }
     ReapplyFieldValues(session);
 }
 

@@ -1,5 +1,6 @@
 #include "station/commands/InsertCommands.h"
 #include "base/Skip.h"
+#include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/session/Session.h"
 
@@ -25,27 +26,27 @@ void Insert(Session& session, Draw draw)
 
 void InsertDataField(Session& session)
 {
-    Insert(session, [&] { Draw_DataField(session, FirstField, TextBox, {}); });
+    Insert(session, [&] { Draw_DataField(OpenForm(session), FirstField, TextBox, {}); });
 }
 
 void InsertText(Session& session)
 {
-    Insert(session, [&] { Draw_Label(session, TextBox, {}); });
+    Insert(session, [&] { Draw_Label(OpenForm(session), TextBox, {}); });
 }
 
 void InsertImage(Session& session)
 {
-    Insert(session, [&] { Draw_Image(session, ImageBox, NoBorder, {}, true, {}); });
+    Insert(session, [&] { Draw_Image(OpenForm(session), ImageBox, NoBorder, {}, true, {}); });
 }
 
 void InsertCameraImage(Session& session)
 {
-    Insert(session, [&] { Draw_CamView(session, CameraBox, NoBorder, {}, true, {}); });
+    Insert(session, [&] { Draw_CamView(OpenForm(session), CameraBox, NoBorder, {}, true, {}); });
 }
 
 void InsertAutoNumber(Session& session)
 {
-    Insert(session, [&] { Draw_AutoNumber(session, FirstNumber, TextBox, {}); });
+    Insert(session, [&] { Draw_AutoNumber(OpenForm(session), FirstNumber, TextBox, {}); });
 }
 
 } // namespace vantrel

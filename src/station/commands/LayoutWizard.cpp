@@ -36,8 +36,8 @@ void DrawFields(Session& session, const WizardAnswers& answers)
     looks.cFont = answers.DefaultFont.value_or(Font());
     for (std::int16_t field = 1; field <= answers.FieldCount; ++field) {
         Skip("draw field", [&] {
-            Draw_DataField(session, field, {field * FieldStep, FieldLeft, FieldHeight, FieldWidth},
-                           looks);
+            Draw_DataField(OpenForm(session), field,
+                           {field * FieldStep, FieldLeft, FieldHeight, FieldWidth}, looks);
         });
     }
 }

@@ -2,6 +2,7 @@
 #include "base/Convert.h"
 #include "base/Skip.h"
 #include "drawing/PageCanvas.h"
+#include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/session/Session.h"
 #include "station/session/Settings.h"
@@ -92,7 +93,7 @@ void DrawFields(Session& session, const OldSession& old)
         const OldText text = old.ReadText(FieldKeys, number);
         // The file counts fields from 0, a record counts values from 1.
         const auto field = static_cast<std::int16_t>(number + 1);
-        TakeSizeOfCaption(Draw_DataField(session, field, text.Box, text.Looks));
+        TakeSizeOfCaption(Draw_DataField(OpenForm(session), field, text.Box, text.Looks));
     }
 }
 
@@ -102,7 +103,7 @@ void DrawTexts(Session& session, const OldSession& old)
         ToInteger(old.Text(SettingsSection, QLatin1StringView(StaticKeys.Count)));
     for (std::int16_t number = 0; number < count; ++number) {
         const OldText text = old.ReadText(StaticKeys, number);
-        TakeSizeOfCaption(Draw_Label(session, text.Box, text.Looks));
+        TakeSizeOfCaption(Draw_Label(OpenForm(session), text.Box, text.Looks));
     }
 }
 
@@ -122,7 +123,7 @@ void DrawLogo(Session& session, const OldSession& old)
     const std::int32_t left = length("Left");
     const std::int32_t width = length("Width");
     const std::int32_t height = length("Height");
-    Draw_Image(session, {top, left, height, width}, 0, logo, true, path);
+    Draw_Image(OpenForm(session), {top, left, height, width}, 0, logo, true, path);
 }
 
 } // namespace

@@ -1,11 +1,15 @@
 #include "station/compose/CardSequence.h"
+#include "base/CodePage.h"
 #include "base/Convert.h"
 #include "base/Failure.h"
 #include "base/Skip.h"
 #include "base/Text.h"
 #include "card/CheckDigits.h"
 #include "station/capture/Pipeline.h"
+#include "station/ledger/RecordRoad.h"
+#include "station/ledger/StationLedger.h"
 #include "station/session/Session.h"
+#include <QScopeGuard>
 
 namespace vantrel {
 
@@ -59,6 +63,13 @@ QString InGroups(const QString& number, std::int32_t length)
     return TrimBlanks(spaced).toString();
 }
 
+void TakeSequenceRow(Session& session, const QString& record)
+{
+    const RecordRoad road(session,
+                          {.Source = QStringLiteral("Card sequence"), .Raw = ToCodePage(record)});
+    ProcessStream(session, record);
+}
+
 } // namespace
 
 SequenceRow MakeSequenceRow(const SequenceOrder& order, double value)
@@ -80,14 +91,21 @@ QString RecordOfRow(const SequenceOrder& order, const SequenceRow& row)
 
 void RunSequence(Session& session, const SequenceOrder& order, const SequenceProgress& progress)
 {
+    const RoadHold hold(session.Road);
     const RunDelimiters delimiters(session);
+    // While a next number follows, the ledger is written with its card.
+    const auto writeTheRest = qScopeGuard([&] {
+        session.RecordWaits = false;
+        WriteLedger(session);
+    });
     Skip("card number sequence", [&] {
         const double start = ToDouble(order.Start);
         const double count = ToDouble(order.End) - start;
         // The end number itself is not sent. Rows are counted because the value of very large
         // numbers does not change when 1 is added.
         for (double row = 0; row + 1 <= count; ++row) {
-            ProcessStream(session, RecordOfRow(order, MakeSequenceRow(order, start + row)));
+            session.RecordWaits = row + 2 <= count;
+            TakeSequenceRow(session, RecordOfRow(order, MakeSequenceRow(order, start + row)));
             if (!progress(row + 1, count))
                 return;
         }

@@ -1,7 +1,9 @@
 #include "station/compose/DocumentGenerator.h"
+#include "base/InputText.h"
 #include "base/Skip.h"
 #include "station/capture/Pipeline.h"
 #include "station/layout/LoadLayout.h"
+#include "station/ledger/RecordRoad.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
@@ -32,7 +34,11 @@ void PrintOnLayout(Session& session, const QString& rawData, const QString& layo
     Skip("load", [&] { LoadFirstPage(session, layout); });
     session.Document.Refresh();
     session.Operator.LetEventsRun();
-    ProcessStream(session, rawData);
+    {
+        const RecordRoad road(session, {.Source = QStringLiteral("Document generator"),
+                                        .Raw = BytesOfInput(rawData, session.Options.Encoding)});
+        ProcessStream(session, rawData);
+    }
     session.Operator.LetEventsRun();
     CloseWithoutSaving(session);
     session.Operator.LetEventsRun();
@@ -93,6 +99,7 @@ bool RecordList::LookForRecords()
 
 void PrintOnLayouts(Session& session, const QString& rawData, const QStringList& layouts)
 {
+    const RoadHold hold(session.Road);
     for (const QString& layout : layouts)
         PrintOnLayout(session, rawData, layout);
 }

@@ -29,7 +29,7 @@ void SerializerComposer::ReadRow()
     rows.Open(StreamOfLayout(m_session.CurrentLayoutName));
     for (; !rows.IsEof(); rows.MoveNext()) {
         Skip("read element", [&] {
-            if (const auto element = StreamElementOf(ReadStreamElement(rows)))
+            if (const auto element = StreamElementOf(ReadStreamElement(ReaderOf(rows))))
                 m_row.push_back(*element);
         });
     }

@@ -38,6 +38,12 @@ void EnsureDocument(Session& session)
     BuildFieldMenu(session.Face, session.FieldValues);
 }
 
+CardDocument& OpenForm(Session& session)
+{
+    EnsureDocument(session);
+    return session.Document;
+}
+
 void SetSize(Session& session)
 {
     EnsureDocument(session);

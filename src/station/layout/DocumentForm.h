@@ -8,6 +8,8 @@ class Session;
 /// Creates the document form if it does not exist, with its position, the size of the printer's
 /// page, no selection and the field menu. A failing step is skipped.
 void EnsureDocument(Session& session);
+/// The document form of the session, created like `EnsureDocument` if it does not exist.
+CardDocument& OpenForm(Session& session);
 
 /// Sets the size of the form according to the printer type, usually to the page of the selected
 /// printer, and to at least 2000 twips in each direction. Fails with `PrinterError` if the printer

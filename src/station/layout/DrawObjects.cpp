@@ -1,9 +1,8 @@
 #include "station/layout/DrawObjects.h"
 #include "base/Convert.h"
+#include "card/CardDocument.h"
 #include "card/Grips.h"
 #include "drawing/PageCanvas.h"
-#include "station/layout/DocumentForm.h"
-#include "station/session/Session.h"
 #include <algorithm>
 #include <limits>
 
@@ -13,12 +12,6 @@ namespace {
 
 /// Total margin added to the width of an automatic number, in twips.
 constexpr double NumberMargin = 100;
-
-CardObject& NewObject(Session& session, Family family)
-{
-    EnsureDocument(session);
-    return session.Document.Add(family);
-}
 
 void Place(CardObject& object, const ObjectBox& box)
 {
@@ -49,15 +42,15 @@ void DressText(const CardDocument& document, CardObject& object, const ObjectBox
     object.ForeColor = looks.cForeColor;
 }
 
-CardObject& NewImage(Session& session, Family family, const ObjectBox& box, const QString& tag,
-                     const Picture& picture)
+CardObject& NewImage(CardDocument& document, Family family, const ObjectBox& box,
+                     const QString& tag, const Picture& picture)
 {
-    CardObject& object = NewObject(session, family);
+    CardObject& object = document.Add(family);
     object.Tag = tag;
     Place(object, box);
     object.Stretch = true;
     object.Picture = picture;
-    return Finish(session.Document, object);
+    return Finish(document, object);
 }
 
 std::int16_t LargerOf(std::int16_t soFar, std::int32_t length)
@@ -68,58 +61,59 @@ std::int16_t LargerOf(std::int16_t soFar, std::int32_t length)
 
 } // namespace
 
-CardObject& Draw_DataField(Session& session, std::int16_t FieldIndex, const ObjectBox& box,
+CardObject& Draw_DataField(CardDocument& document, std::int16_t FieldIndex, const ObjectBox& box,
                            const TextLooks& looks)
 {
-    CardObject& object = NewObject(session, Family::lbl_DATA);
+    CardObject& object = document.Add(Family::lbl_DATA);
     const QString number = QString::number(FieldIndex);
     object.DataField = number;
     object.DataMember = BooleanText(false);
-    DressText(session.Document, object, box, looks);
+    DressText(document, object, box, looks);
     object.SetCaption(QStringLiteral("Data Field ") + number);
     object.LinkItem = Marker::DataField;
-    return Finish(session.Document, object);
+    return Finish(document, object);
 }
 
-CardObject& Draw_Label(Session& session, const ObjectBox& box, const TextLooks& looks)
+CardObject& Draw_Label(CardDocument& document, const ObjectBox& box, const TextLooks& looks)
 {
-    CardObject& object = NewObject(session, Family::lbl_TEXT);
-    DressText(session.Document, object, box, looks);
+    CardObject& object = document.Add(Family::lbl_TEXT);
+    DressText(document, object, box, looks);
     object.SetCaption(looks.cCaption.isEmpty()
                           ? QStringLiteral("Static Text %1").arg(object.Index())
                           : looks.cCaption);
     object.LinkItem = Marker::StaticText;
-    return Finish(session.Document, object);
+    return Finish(document, object);
 }
 
-CardObject& Draw_AutoNumber(Session& session, double cSeed, const ObjectBox& box,
+CardObject& Draw_AutoNumber(CardDocument& document, double cSeed, const ObjectBox& box,
                             const TextLooks& looks)
 {
-    CardObject& object = NewObject(session, Family::lbl_AUTO);
+    CardObject& object = document.Add(Family::lbl_AUTO);
     object.DataField = NumberText(cSeed);
-    DressText(session.Document, object, box, looks);
+    DressText(document, object, box, looks);
     object.SetCaption(looks.cCaption.isEmpty() ? object.DataField : looks.cCaption);
     object.LinkItem = Marker::AutoNumber;
     // Measured in the form's default font instead of the object's font.
     const double textWidth = PageCanvas::TextWidth(object.Caption(), Font());
     if (textWidth > static_cast<double>(object.Width))
         object.Width = static_cast<float>(textWidth + NumberMargin);
-    return Finish(session.Document, object);
+    return Finish(document, object);
 }
 
-CardObject& Draw_Image(Session& session, const ObjectBox& box, std::int16_t /*cBorderStyle*/,
+CardObject& Draw_Image(CardDocument& document, const ObjectBox& box, std::int16_t /*cBorderStyle*/,
                        const Picture& cPicture, bool /*cVisible*/, const QString& sPath)
 {
-    return NewImage(session, Family::img_LXV, box, sPath, cPicture);
+    return NewImage(document, Family::img_LXV, box, sPath, cPicture);
 }
 
-CardObject& Draw_CamView(Session& session, const ObjectBox& box, std::int16_t /*cBorderStyle*/,
-                         const Picture& cPicture, bool /*cVisible*/, const QString& /*sPath*/)
+CardObject& Draw_CamView(CardDocument& document, const ObjectBox& box,
+                         std::int16_t /*cBorderStyle*/, const Picture& cPicture, bool /*cVisible*/,
+                         const QString& /*sPath*/)
 {
-    CardObject& object = NewImage(session, Family::img_CAM, box, Marker::Camera,
+    CardObject& object = NewImage(document, Family::img_CAM, box, Marker::Camera,
                                   cPicture.HasHandle() ? cPicture : CameraPlaceholder());
-    session.Document.CamHeight = LargerOf(session.Document.CamHeight, box.cHeight);
-    session.Document.CamWidth = LargerOf(session.Document.CamWidth, box.cWidth);
+    document.CamHeight = LargerOf(document.CamHeight, box.cHeight);
+    document.CamWidth = LargerOf(document.CamWidth, box.cWidth);
     return object;
 }
 

@@ -5,7 +5,6 @@
 namespace vantrel {
 
 class CardDocument;
-class Session;
 
 /// Position and size of a new object, in twips.
 struct ObjectBox
@@ -31,22 +30,22 @@ struct TextLooks
     std::int16_t cAlignment = 1;
 };
 
-/// @file Functions that create card objects, on top of the existing ones. The returned reference is
-/// valid until the document is cleared.
+/// @file Functions that create card objects, on top of the existing ones. The document must be
+/// loaded. The returned reference is valid until the document is cleared.
 
 /// Creates a data field, a text that receives one value of the record; `FieldIndex` counts from 1.
-CardObject& Draw_DataField(Session& session, std::int16_t FieldIndex, const ObjectBox& box,
+CardObject& Draw_DataField(CardDocument& document, std::int16_t FieldIndex, const ObjectBox& box,
                            const TextLooks& looks);
 /// Creates a static text. Without a caption it shows "Static Text " and its number.
-CardObject& Draw_Label(Session& session, const ObjectBox& box, const TextLooks& looks);
+CardObject& Draw_Label(CardDocument& document, const ObjectBox& box, const TextLooks& looks);
 /// Creates an automatic number, which rises with every card. It is widened to fit its caption.
-CardObject& Draw_AutoNumber(Session& session, double cSeed, const ObjectBox& box,
+CardObject& Draw_AutoNumber(CardDocument& document, double cSeed, const ObjectBox& box,
                             const TextLooks& looks);
 /// Creates an image from a picture file, stretched to its box.
-CardObject& Draw_Image(Session& session, const ObjectBox& box, std::int16_t cBorderStyle,
+CardObject& Draw_Image(CardDocument& document, const ObjectBox& box, std::int16_t cBorderStyle,
                        const Picture& cPicture, bool cVisible, const QString& sPath);
 /// Creates a camera object. Without a camera picture it shows the placeholder.
-CardObject& Draw_CamView(Session& session, const ObjectBox& box, std::int16_t cBorderStyle,
+CardObject& Draw_CamView(CardDocument& document, const ObjectBox& box, std::int16_t cBorderStyle,
                          const Picture& cPicture, bool cVisible, const QString& sPath);
 
 /// The picture that a camera object shows before one was taken.

@@ -27,7 +27,7 @@ void MakeDynamicField(Session& session, int valueIndex, int fieldNumber, const Q
     TextLooks looks;
     looks.cBackStyle = 0;
     looks.cCaption = QStringLiteral("Data Field ") + number;
-    Draw_DataField(session, ToInteger(number), box, looks).SetCaption(value);
+    Draw_DataField(OpenForm(session), ToInteger(number), box, looks).SetCaption(value);
 }
 
 // Creates the fields. The first values, as many as the page has camera objects, get no field.

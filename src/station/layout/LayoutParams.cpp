@@ -24,35 +24,13 @@ void ResetPageOwn(LayoutParamsRecord& params)
 }
 
 /// The path of an unreadable picture is kept, so that the next save does not lose it.
-void ReadBackImage(LayoutParamsRecord& params, const Recordset& row)
+void ReadBackImage(LayoutParamsRecord& params, const ColumnReader& row)
 {
-    const QVariant path = row.Value(QStringLiteral("BackImg1"));
+    const QVariant path = row(QStringLiteral("BackImg1"));
     if (path.isNull())
         return;
     Skip("back image", [&] { params.BackImg1Picture = LoadPicture(ToText(path)); });
     Skip("back image path", [&] { params.BackImg1Path = ToText(path); });
-}
-
-void ReadRow(LayoutParamsRecord& params, const Recordset& row)
-{
-    const auto value = [&](const QString& column) { return row.Value(column); };
-    Skip("encode", [&] { params.Encode = StoredBoolean(value(QStringLiteral("Encode"))); });
-    Skip("printer device",
-         [&] { params.PrinterDevice = ToText(value(QStringLiteral("PrinterDevice"))); });
-    Skip("printer orientation",
-         [&] { params.PrinterOrientation = ToLong(value(QStringLiteral("PrinterOrientation"))); });
-    Skip("printer type",
-         [&] { params.PrinterType = ToLong(value(QStringLiteral("PrinterType"))); });
-    Skip("track 1", [&] { params.Track1 = ToText(value(QStringLiteral("Track1"))); });
-    Skip("track 2", [&] { params.Track2 = ToText(value(QStringLiteral("Track2"))); });
-    Skip("track 3", [&] { params.Track3 = ToText(value(QStringLiteral("Track3"))); });
-    Skip("filter", [&] { params.Filter = JoinedText(value(QStringLiteral("Filter"))); });
-    // The leading zero turns a null into a valid number.
-    Skip("copies", [&] {
-        params.PrinterCopies =
-            ToInteger(QLatin1Char('0') + JoinedText(value(QStringLiteral("PrinterCopies"))));
-    });
-    Skip("back image column", [&] { ReadBackImage(params, row); });
 }
 
 void FillRow(const QString& layoutName, const LayoutParamsRecord& params, Recordset& row)
@@ -95,6 +73,27 @@ void SelectPrinter(Session& session)
 
 } // namespace
 
+void ReadParams(LayoutParamsRecord& params, const ColumnReader& value)
+{
+    Skip("encode", [&] { params.Encode = StoredBoolean(value(QStringLiteral("Encode"))); });
+    Skip("printer device",
+         [&] { params.PrinterDevice = ToText(value(QStringLiteral("PrinterDevice"))); });
+    Skip("printer orientation",
+         [&] { params.PrinterOrientation = ToLong(value(QStringLiteral("PrinterOrientation"))); });
+    Skip("printer type",
+         [&] { params.PrinterType = ToLong(value(QStringLiteral("PrinterType"))); });
+    Skip("track 1", [&] { params.Track1 = ToText(value(QStringLiteral("Track1"))); });
+    Skip("track 2", [&] { params.Track2 = ToText(value(QStringLiteral("Track2"))); });
+    Skip("track 3", [&] { params.Track3 = ToText(value(QStringLiteral("Track3"))); });
+    Skip("filter", [&] { params.Filter = JoinedText(value(QStringLiteral("Filter"))); });
+    // The leading zero turns a null into a valid number.
+    Skip("copies", [&] {
+        params.PrinterCopies =
+            ToInteger(QLatin1Char('0') + JoinedText(value(QStringLiteral("PrinterCopies"))));
+    });
+    Skip("back image column", [&] { ReadBackImage(params, value); });
+}
+
 void LoadLayoutParams(Session& session)
 {
     LayoutParamsRecord& params = session.CurrentParams;
@@ -107,7 +106,7 @@ void LoadLayoutParams(Session& session)
     });
     // A page without a row inherits the parameters in memory.
     if (found)
-        ReadRow(params, row);
+        ReadParams(params, ReaderOf(row));
     Skip("count pages",
          [&] { params.PageCount = CountLayoutPages(session.LayoutDb, session.CurrentLayoutName); });
     if (found) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/ColumnReader.h"
 #include <cstdint>
 
 namespace vantrel {
@@ -12,6 +13,9 @@ class Session;
 /// printer current. A failing step is skipped; a page without a row inherits the parameters in
 /// memory.
 void LoadLayoutParams(Session& session);
+/// Takes the parameters of a row of `LayoutParams`, but not whether it prints automatically. A
+/// value that cannot be read leaves its parameter unchanged. Never fails.
+void ReadParams(LayoutParamsRecord& params, const ColumnReader& row);
 /// Writes the parameters to the page's row and adds the row if it is missing. Writes nothing
 /// without an open layout. Fails like `Recordset`.
 void SaveLayoutParams(Connection& layoutDb, const QString& layoutName,

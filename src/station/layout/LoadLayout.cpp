@@ -28,7 +28,7 @@ void LoadObjects(Session& session)
         session.Document.Show();
     // A row that cannot be loaded does not affect the other rows.
     for (; !rows.IsEof(); rows.MoveNext())
-        Skip("object", [&] { RowToObject(session, rows); });
+        Skip("object", [&] { RowToObject(OpenForm(session), ReaderOf(rows)); });
 }
 
 } // namespace

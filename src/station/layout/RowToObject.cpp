@@ -1,10 +1,9 @@
 #include "station/layout/RowToObject.h"
 #include "base/Convert.h"
 #include "base/Skip.h"
+#include "card/CardDocument.h"
 #include "card/CheckDigits.h"
 #include "station/layout/DrawObjects.h"
-#include "station/session/Session.h"
-#include "store/Recordset.h"
 #include "store/StoredValue.h"
 
 namespace vantrel {
@@ -12,28 +11,28 @@ namespace vantrel {
 namespace {
 
 /// The value of a column, or null if it cannot be read.
-QVariant ValueOf(const Recordset& row, const QString& column)
+QVariant ValueOf(const ColumnReader& row, const QString& column)
 {
     QVariant value;
-    Skip("read column", [&] { value = row.Value(column); });
+    Skip("read column", [&] { value = row(column); });
     return value;
 }
 
-QString TextOf(const Recordset& row, const QString& column)
+QString TextOf(const ColumnReader& row, const QString& column)
 {
     return JoinedText(ValueOf(row, column));
 }
 
 /// Calls a step with the value of a column unless it is null.
 template <typename Step>
-void WithValue(const Recordset& row, const QString& column, Step&& step)
+void WithValue(const ColumnReader& row, const QString& column, Step&& step)
 {
     const QVariant value = ValueOf(row, column);
     if (!value.isNull())
         Skip("apply column", [&] { step(value); });
 }
 
-ObjectBox BoxOf(const Recordset& row)
+ObjectBox BoxOf(const ColumnReader& row)
 {
     return {StoredLong(ValueOf(row, QStringLiteral("C_Top"))),
             StoredLong(ValueOf(row, QStringLiteral("C_Left"))),
@@ -41,7 +40,7 @@ ObjectBox BoxOf(const Recordset& row)
             StoredLong(ValueOf(row, QStringLiteral("C_Width")))};
 }
 
-Font FontOf(const Recordset& row)
+Font FontOf(const ColumnReader& row)
 {
     Font font;
     WithValue(row, QStringLiteral("C_FontName"), [&](const auto& v) { font.Name = ToText(v); });
@@ -56,7 +55,7 @@ Font FontOf(const Recordset& row)
     return font;
 }
 
-TextLooks LooksOf(const Recordset& row)
+TextLooks LooksOf(const ColumnReader& row)
 {
     TextLooks looks;
     looks.cFont = FontOf(row);
@@ -67,14 +66,14 @@ TextLooks LooksOf(const Recordset& row)
     return looks;
 }
 
-void ApplyAlignment(const Recordset& row, CardObject& object)
+void ApplyAlignment(const ColumnReader& row, CardObject& object)
 {
     WithValue(row, QStringLiteral("C_Alignment"),
               [&](const auto& v) { object.Alignment = ToInteger(v); });
 }
 
 /// If several flags of a row are true, the last one applies.
-void ApplyCheckDigit(const Recordset& row, CardObject& object)
+void ApplyCheckDigit(const ColumnReader& row, CardObject& object)
 {
     const auto apply = [&](const QString& column, QLatin1StringView word) {
         WithValue(row, column, [&](const auto& v) {
@@ -87,11 +86,11 @@ void ApplyCheckDigit(const Recordset& row, CardObject& object)
     apply(QStringLiteral("C_UseEBT"), WordEbt);
 }
 
-void RowToDataField(Session& session, const Recordset& row)
+void RowToDataField(CardDocument& document, const ColumnReader& row)
 {
     std::int16_t fieldIndex = 0;
     WithValue(row, QStringLiteral("C_Param_3"), [&](const auto& v) { fieldIndex = ToInteger(v); });
-    CardObject& object = Draw_DataField(session, fieldIndex, BoxOf(row), LooksOf(row));
+    CardObject& object = Draw_DataField(document, fieldIndex, BoxOf(row), LooksOf(row));
     WithValue(row, QStringLiteral("C_Param_2"), [&](const auto& v) { object.Tag = ToText(v); });
     object.ToolTipText = TextOf(row, QStringLiteral("C_Prefix")) + QLatin1Char('\r') +
                          TextOf(row, QStringLiteral("C_Suffix"));
@@ -100,49 +99,50 @@ void RowToDataField(Session& session, const Recordset& row)
     ApplyCheckDigit(row, object);
 }
 
-void RowToAutoNumber(Session& session, const Recordset& row)
+void RowToAutoNumber(CardDocument& document, const ColumnReader& row)
 {
     double seed = 0;
     WithValue(row, QStringLiteral("C_Value"), [&](const auto& v) { seed = ToDouble(v); });
-    CardObject& object = Draw_AutoNumber(session, seed, BoxOf(row), LooksOf(row));
+    CardObject& object = Draw_AutoNumber(document, seed, BoxOf(row), LooksOf(row));
+    object.StoreKey = ValueOf(row, RowKeyColumn).toLongLong();
     ApplyAlignment(row, object);
     ApplyCheckDigit(row, object);
 }
 
-void RowToStaticText(Session& session, const Recordset& row)
+void RowToStaticText(CardDocument& document, const ColumnReader& row)
 {
     TextLooks looks = LooksOf(row);
     looks.cCaption = TextOf(row, QStringLiteral("C_Value"));
-    ApplyAlignment(row, Draw_Label(session, BoxOf(row), looks));
+    ApplyAlignment(row, Draw_Label(document, BoxOf(row), looks));
 }
 
 /// A file that cannot be read gives an empty image, which keeps the path.
-void RowToImage(Session& session, const Recordset& row)
+void RowToImage(CardDocument& document, const ColumnReader& row)
 {
     const QString path = TextOf(row, QStringLiteral("C_ImagePath"));
     Picture picture;
     Skip("load image", [&] { picture = LoadPicture(path); });
-    Draw_Image(session, BoxOf(row), 1, picture, true, path);
+    Draw_Image(document, BoxOf(row), 1, picture, true, path);
 }
 
 } // namespace
 
-void RowToObject(Session& session, const Recordset& row)
+void RowToObject(CardDocument& document, const ColumnReader& row)
 {
     const QString type = TextOf(row, QStringLiteral("Control_Type"));
     const QString kind = TextOf(row, QStringLiteral("C_Param_1"));
     if (type == Marker::LabelRow) {
         if (kind == Marker::DataFieldRow)
-            RowToDataField(session, row);
+            RowToDataField(document, row);
         else if (kind == Marker::AutoNumber)
-            RowToAutoNumber(session, row);
+            RowToAutoNumber(document, row);
         else
-            RowToStaticText(session, row);
+            RowToStaticText(document, row);
     } else if (type == Marker::ImageRow) {
         if (kind == Marker::Camera)
-            Draw_CamView(session, BoxOf(row), 1, CameraPlaceholder(), true, QString());
+            Draw_CamView(document, BoxOf(row), 1, CameraPlaceholder(), true, QString());
         else
-            RowToImage(session, row);
+            RowToImage(document, row);
     }
 }
 

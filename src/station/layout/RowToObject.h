@@ -1,12 +1,13 @@
 #pragma once
 
+#include "store/ColumnReader.h"
+
 namespace vantrel {
 
-class Recordset;
-class Session;
+class CardDocument;
 
-/// Creates the card object of the cursor's current row. A row of an unknown type creates nothing; a
-/// value that cannot be applied leaves the default. Never fails.
-void RowToObject(Session& session, const Recordset& row);
+/// Creates the card object of a row of `Controls`. The document must be loaded. A row of an unknown
+/// type creates nothing; a value that cannot be applied leaves the default. Never fails.
+void RowToObject(CardDocument& document, const ColumnReader& row);
 
 } // namespace vantrel

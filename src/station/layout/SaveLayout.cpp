@@ -8,6 +8,7 @@
 #include "station/layout/Pages.h"
 #include "station/layout/SaveStep.h"
 #include "station/layout/StoreStatements.h"
+#include "station/layout/StoredNumbers.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 #include "store/Connection.h"
@@ -24,6 +25,15 @@ void DeleteRest(Recordset& rows)
         SaveStep("delete row", [&] { rows.Delete(); });
 }
 
+/// Calls a step with the document and a cursor over the page as it is stored.
+template <typename Step>
+void OnStoredPage(Session& session, const PageKey& key, Step&& step)
+{
+    Recordset rows(session.LayoutDb);
+    rows.Open(ObjectsOfPage(key.LayoutName, key.Page));
+    step(session.Document, rows);
+}
+
 /// Replaces the page's rows by the objects in memory. Existing rows are overwritten instead of
 /// being deleted and added again, so that unchanged rows are not written. Mostly only an automatic
 /// number has changed.
@@ -34,6 +44,8 @@ int ReplaceRows(Session& session)
     Recordset rows(session.LayoutDb);
     SaveStep("open page",
              [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });
+    if (session.Options.UniqueNumbers)
+        SaveStep("keep higher numbers", [&] { OnStoredPage(session, key, KeepHigherNumbers); });
     // After a failure the rows written so far stay, and the remaining old rows are deleted. This
     // must not happen if SQLite has rolled back the transaction, because each deletion would then
     // be committed at once.
@@ -50,6 +62,8 @@ int ReplaceRows(Session& session)
     }
     deleteRest.dismiss();
     DeleteRest(rows);
+    if (session.Options.UniqueNumbers)
+        SaveStep("note rows", [&] { OnStoredPage(session, key, NoteNumberRows); });
     return counter;
 }
 

@@ -5,6 +5,8 @@
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LayoutParams.h"
 #include "station/layout/LoadLayout.h"
+#include "station/ledger/CardRecord.h"
+#include "station/ledger/RecordRoad.h"
 #include "station/print/PrintPage.h"
 #include "station/print/Serializer.h"
 #include "station/session/Operator.h"
@@ -30,9 +32,15 @@ void OpenPage(Session& session, std::int16_t page)
     ReapplyFieldValues(session);
 }
 
-void PrintPages(Session& session, std::int16_t pages)
+struct Pages
 {
-    for (std::int16_t page = 1; page <= pages; ++page) {
+    std::int16_t First = 1;
+    std::int16_t Last = 0;
+};
+
+void PrintPages(Session& session, const Pages& pages)
+{
+    for (std::int16_t page = pages.First; page <= pages.Last; ++page) {
         OpenPage(session, page);
         PrintCard_Ex(session);
     }
@@ -40,13 +48,16 @@ void PrintPages(Session& session, std::int16_t pages)
 
 void PrintSerialized(Session& session)
 {
+    CardRecord record(session);
+    if (!record.Begin([&] { OpenPage(session, session.CurrentParams.PageIndex); }))
+        return;
     const QString text = BuildSerializerPattern(session);
     Skip("open output", [&] { session.Printers.Current().Print(QStringLiteral(" ")); });
     Skip("print output", [&] { session.Printers.Current().Print(text); });
-    Skip("end output", [&] { session.Printers.Current().EndDoc(); });
+    record.End();
 }
 
-void PrintCopy(Session& session, std::int16_t pages)
+void PrintCopy(Session& session, const Pages& pages)
 {
     switch (PrinterTypeOf(session.CurrentParams.PrinterType).Copy) {
     case CopyKind::OrientedPagePass:
@@ -66,6 +77,16 @@ void PrintCopy(Session& session, std::int16_t pages)
     }
 }
 
+/// Why printing the layout may give no card.
+QString WhyNoCard(const LayoutParamsRecord& params, std::int16_t copies)
+{
+    if (PrinterTypeOf(params.PrinterType).Copy == CopyKind::Nothing)
+        return QStringLiteral("The layout's printer type prints nothing.");
+    if (copies < 1)
+        return QStringLiteral("The layout prints no copy.");
+    return QStringLiteral("The layout has no page in the database.");
+}
+
 } // namespace
 
 void PrintCard(Session& session)
@@ -75,13 +96,44 @@ void PrintCard(Session& session)
     const std::int16_t openPage = session.CurrentParams.PageIndex;
     const std::int16_t copies = session.CurrentParams.PrinterCopies;
     std::int16_t pages = 0;
+    NoteWhyNoCard(session, WhyNoCard(session.CurrentParams, copies));
     for (int copy = 1; copy <= copies; ++copy) {
+        if (session.Run)
+            session.Run->Copy = copy;
         Skip("count pages",
              [&] { pages = CountLayoutPages(session.LayoutDb, session.CurrentLayoutName); });
-        PrintCopy(session, pages);
+        PrintCopy(session, {1, pages});
     }
     OpenPage(session, openPage);
     session.Operator.ShowBusyPointer(false);
+}
+
+void PrintFurther(Session& session, int copy, std::int16_t page)
+{
+    const std::int16_t openPage = session.CurrentParams.PageIndex;
+    const std::int16_t copies = session.CurrentParams.PrinterCopies;
+    std::int16_t pages = 0;
+    Skip("count pages",
+         [&] { pages = CountLayoutPages(session.LayoutDb, session.CurrentLayoutName); });
+    ChoosePrinter(session.Printers, session.CurrentParams);
+    // A copy of serialized output is one card whatever its pages.
+    if (PrinterTypeOf(session.CurrentParams.PrinterType).Copy == CopyKind::SerializedPass)
+        page = pages;
+    for (; copy <= copies; ++copy, page = 0) {
+        session.Run->Copy = copy;
+        if (page < pages)
+            PrintCopy(session, {static_cast<std::int16_t>(page + 1), pages});
+    }
+    OpenPage(session, openPage);
+}
+
+void PrintOnePage(Session& session, std::int16_t page)
+{
+    const std::int16_t openPage = session.CurrentParams.PageIndex;
+    OpenPage(session, page);
+    ChoosePrinter(session.Printers, session.CurrentParams);
+    PrintCopy(session, {page, page});
+    OpenPage(session, openPage);
 }
 
 } // namespace vantrel

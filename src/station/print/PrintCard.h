@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 namespace vantrel {
 
 class Session;
@@ -9,5 +11,13 @@ class Session;
 /// stored durably after each page. A failing step is skipped and not reported. Runs pending events
 /// between pages while the station is visible.
 void PrintCard(Session& session);
+
+/// Prints the pages behind one of a copy of the open layout, and the copies behind that one, like
+/// `PrintCard`. For a record on its road.
+void PrintFurther(Session& session, int copy, std::int16_t page);
+
+/// Prints one page of the open layout once, like `PrintCard`, as the copy that the record on its
+/// road names. Must not be called for a page that the layout has not.
+void PrintOnePage(Session& session, std::int16_t page);
 
 } // namespace vantrel

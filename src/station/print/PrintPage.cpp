@@ -4,7 +4,10 @@
 #include "card/OpeningFont.h"
 #include "card/TextLeft.h"
 #include "printers/Printer.h"
+#include "station/layout/FieldApplication.h"
+#include "station/layout/LoadLayout.h"
 #include "station/layout/SaveLayout.h"
+#include "station/ledger/CardRecord.h"
 #include "station/print/EncodeData.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
@@ -108,15 +111,31 @@ void PrintObjects(Printers& printers, const CardDocument& document)
     }
 }
 
+void ReopenPage(Session& session)
+{
+    LoadLayout(session, session.CurrentLayoutName);
+    ReapplyFieldValues(session);
+}
+
 } // namespace
+
+void DrawPage(Printers& printers, const QString& layoutName, const LayoutParamsRecord& params,
+              const FieldValues& values, const CardDocument& document)
+{
+    OpenPage(printers, layoutName, params.PageIndex);
+    PrintTracks(printers, params, values);
+    PrintBackImage(printers, document);
+    PrintObjects(printers, document);
+}
 
 void PrintCard_Ex(Session& session)
 {
-    OpenPage(session.Printers, session.CurrentLayoutName, session.CurrentParams.PageIndex);
-    PrintTracks(session.Printers, session.CurrentParams, session.FieldValues);
-    PrintBackImage(session.Printers, session.Document);
-    PrintObjects(session.Printers, session.Document);
-    OnPrinter(session.Printers, "end of job", [](Printer& printer) { printer.EndDoc(); });
+    CardRecord record(session);
+    if (!record.Begin([&] { ReopenPage(session); }))
+        return;
+    DrawPage(session.Printers, session.CurrentLayoutName, session.CurrentParams,
+             session.FieldValues, session.Document);
+    record.End();
     // The next page loads its numbers from the database.
     Skip("save numbers", [&] { SaveLayout(session, SaveMessages::Silent); });
     if (session.Settings.MainVisible) {

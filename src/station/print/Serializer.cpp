@@ -15,17 +15,22 @@ namespace {
 /// long value without limit.
 constexpr qsizetype LongestOutput = qsizetype{1} << 28;
 
+void AppendElement(QString& text, const ColumnReader& row, const QString& filter,
+                   const FieldValues& values)
+{
+    const QString rendered = RenderStreamElement(ReadStreamElement(row), filter, values);
+    if (rendered.size() > LongestOutput - text.size())
+        throw Failure(FailureNumber::Overflow, QStringLiteral("Overflow"));
+    text += rendered;
+}
+
 void AppendPattern(Session& session, QString& text)
 {
     Recordset rows(session.LayoutDb);
     rows.Open(StreamOfLayout(session.CurrentLayoutName));
     for (; !rows.IsEof(); rows.MoveNext()) {
         Skip("render element", [&] {
-            const QString rendered = RenderStreamElement(
-                ReadStreamElement(rows), session.CurrentParams.Filter, session.FieldValues);
-            if (rendered.size() > LongestOutput - text.size())
-                throw Failure(FailureNumber::Overflow, QStringLiteral("Overflow"));
-            text += rendered;
+            AppendElement(text, ReaderOf(rows), session.CurrentParams.Filter, session.FieldValues);
         });
     }
 }
@@ -40,6 +45,15 @@ QString BuildSerializerPattern(Session& session)
     }
     QString text;
     Skip("render pattern", [&] { AppendPattern(session, text); });
+    return QLatin1Char(' ') + text;
+}
+
+QString RenderStream(const std::vector<ColumnReader>& rows, const QString& filter,
+                     const FieldValues& values)
+{
+    QString text;
+    for (const ColumnReader& row : rows)
+        Skip("render element", [&] { AppendElement(text, row, filter, values); });
     return QLatin1Char(' ') + text;
 }
 

@@ -2,13 +2,12 @@
 #include "base/Convert.h"
 #include "card/FieldValues.h"
 #include "card/StripChars.h"
-#include "store/Recordset.h"
 
 namespace vantrel {
 
-StoredStreamElement ReadStreamElement(const Recordset& rows)
+StoredStreamElement ReadStreamElement(const ColumnReader& row)
 {
-    return {rows.Value(QStringLiteral("ElementType")), rows.Value(QStringLiteral("ElementData"))};
+    return {row(QStringLiteral("ElementType")), row(QStringLiteral("ElementData"))};
 }
 
 QString RenderStreamElement(const StoredStreamElement& element, const QString& filter,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/ColumnReader.h"
 #include <QString>
 #include <QVariant>
 #include <cstdint>
@@ -7,7 +8,6 @@
 namespace vantrel {
 
 class FieldValues;
-class Recordset;
 
 /// Kinds of elements of a layout's output stream, by their numbers in the database.
 namespace StreamKind {
@@ -28,8 +28,8 @@ struct StoredStreamElement
     QVariant ElementData;
 };
 
-/// Reads the element of the cursor's current row. Fails like `Recordset`.
-StoredStreamElement ReadStreamElement(const Recordset& rows);
+/// Reads the element of a row of `Serializer`. Fails like `Recordset`.
+StoredStreamElement ReadStreamElement(const ColumnReader& row);
 
 /// The text that one element adds to the output. Some kinds, such as hex codes, add nothing. Fails
 /// with `TypeMismatch` or `Overflow` if a data field's number is invalid, with

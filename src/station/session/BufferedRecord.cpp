@@ -1,4 +1,5 @@
 #include "station/session/BufferedRecord.h"
+#include "base/InputText.h"
 #include "ports/FramedValues.h"
 #include "station/session/Session.h"
 
@@ -11,7 +12,7 @@ bool VT5_BufferedRecord::Create_From_Stream(const StationSettings& settings, QSt
     RawData = text;
     FieldValues values;
     ParseWithoutCut(text, settings.Framing, settings.Filters,
-                    [&](const QString& value) { values.Add(value); });
+                    [&](const QString& value) { values.Add(ShownInput(value)); });
     if (values.Count() > 0)
         DataFields = values;
     TimeCreated = QDateTime::currentDateTime();

@@ -49,8 +49,9 @@ StatusVerdict ReadSessionStatus(Session& session);
 /// Updates the status bar; called every two seconds. Runs pending events.
 void TickStatusBar(Session& session);
 
-/// Called when the main window unloads: stores the settings for the next start and removes the
-/// notification icon. `geometry` is null for a minimised window.
+/// Called when the main window unloads: takes no further record from inputs of their own, stores
+/// the settings for the next start and removes the notification icon. `geometry` is null for a
+/// minimised window.
 void UnloadMain(Session& session, const Geometry* geometry);
 
 } // namespace vantrel

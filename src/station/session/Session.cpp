@@ -1,4 +1,5 @@
 #include "station/session/Session.h"
+#include "printers/Printer.h"
 #include "station/session/Settings.h"
 
 namespace vantrel {
@@ -9,7 +10,11 @@ Session::Session(QString programFolder, vantrel::Operator& stationOperator,
       Comm(SettingsPath(ProgramFolder))
 {}
 
-Session::~Session() = default;
+// The outcome of jobs under way is noted in this session's ledger.
+Session::~Session()
+{
+    Printers.FinishJobs();
+}
 
 QString PathIn(const QString& folder, const QString& name)
 {

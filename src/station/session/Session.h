@@ -4,13 +4,18 @@
 #include "card/FieldValues.h"
 #include "card/LayoutParamsRecord.h"
 #include "card/PadResult.h"
+#include "ledger/RecordLedger.h"
 #include "ports/Comm.h"
 #include "ports/InputBuffer.h"
 #include "ports/SockArray.h"
 #include "station/session/BufferedRecord.h"
+#include "station/session/HostInputs.h"
+#include "station/session/Road.h"
 #include "station/session/StationFace.h"
+#include "station/session/StationOptions.h"
 #include "station/session/StationSettings.h"
 #include "store/Connection.h"
+#include <memory>
 
 namespace vantrel {
 
@@ -45,6 +50,8 @@ public:
     bool OwnsTrayIcon = true;
 
     StationSettings Settings;
+    /// What is switched on for all sessions of this folder, as it was at the start.
+    StationOptions Options;
     StationFace Face;
 
     /// Received characters of all ports that are not yet a complete record.
@@ -57,6 +64,22 @@ public:
     vantrel::Comm Comm;
 
     Connection LayoutDb;
+    RecordLedger Ledger;
+    /// The record whose cards are being printed; null if none is, or if no account of records is
+    /// kept.
+    RecordRunPtr Run;
+    /// Watches how a job at the print server ends; empty if that is not watched.
+    std::function<void(int job)> WatchJob;
+    /// Offers a record again that could not be taken because the ledger must be kept; empty if
+    /// there is none.
+    std::function<void()> OfferAgain;
+    /// Whether another complete record is at hand, with whose card the ledger's changes are
+    /// written.
+    bool RecordWaits = false;
+    /// Whether it was told that the ledger cannot be written.
+    bool LedgerTroubleTold = false;
+    /// Records that were answered while no ledger was kept; their numbers count from 1.
+    qlonglong AnsweredRecords = 0;
     /// The open layout; empty means none.
     QString CurrentLayoutName;
     LayoutParamsRecord CurrentParams;
@@ -67,6 +90,12 @@ public:
     Picture RawPicture;
     /// The result of the padding dialog.
     PadResult Pad;
+
+    /// Held while a record is processed or cards print.
+    vantrel::Road Road;
+    /// The inputs of the connections and serial ports; null if all share one. Destroyed before
+    /// everything else here.
+    std::unique_ptr<HostInputs> Inputs;
 };
 
 } // namespace vantrel

@@ -35,6 +35,8 @@ StatusVerdict ReadSessionStatus(Session& session)
 
 void UnloadMain(Session& session, const Geometry* geometry)
 {
+    if (session.Inputs)
+        session.Inputs->Stop();
     if (geometry != nullptr) {
         SaveSetting(session, SettingNumber::MTop, QString::number(geometry->Top));
         SaveSetting(session, SettingNumber::MLeft, QString::number(geometry->Left));

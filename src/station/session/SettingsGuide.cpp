@@ -1,5 +1,6 @@
 #include "station/session/SettingsGuide.h"
 #include "station/session/SettingsTable.h"
+#include "station/session/StationOptions.h"
 #include <span>
 
 namespace vantrel {
@@ -63,6 +64,15 @@ QString Lines(std::span<const KeyRow> keys)
     return lines;
 }
 
+/// The meaning of a key that is on where it is missing is that of its other value.
+QString MeaningOf(const StationOptionRow& row)
+{
+    const QString meaning = QLatin1StringView(row.Meaning);
+    return QLatin1StringView(row.Default) == QLatin1StringView("True")
+               ? QStringLiteral("`False` ") + meaning
+               : meaning;
+}
+
 } // namespace
 
 QString SettingsGuide()
@@ -80,8 +90,11 @@ QString SettingsGuide()
         text += Line(QLatin1StringView(row.Key), QLatin1StringView(row.Default),
                      QLatin1StringView(row.Meaning));
     text += Heading("`Vantrel 6.ini`, section `[Station]`",
-                    "For all sessions. Nothing writes these keys but you.");
+                    "For all sessions, read when a session starts. The window \"Options ...\" and "
+                    "`vantrel-admin new` write some of them.");
     text += Lines(StationKeys);
+    for (const StationOptionRow& row : StationOptionRows())
+        text += Line(QLatin1StringView(row.Key), QLatin1StringView(row.Default), MeaningOf(row));
     text += Heading("`Vantrel 6.ini`, section `[Printer NAME]`",
                     "One section for each printer, read anew when the file changes. "
                     "See [Printers](printers.md).");

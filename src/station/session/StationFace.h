@@ -21,6 +21,9 @@ inline constexpr QLatin1StringView Disabled{"Vantrel v5 (Disabled)"};
 inline constexpr QLatin1StringView Receiving{"Vantrel v5 (Receiving Data)"};
 } // namespace TrayTip
 
+/// The panel of the status bar that tells what came last.
+inline constexpr int LastArrivalPanel = 3;
+
 /// A panel of the status bar.
 struct Panel
 {

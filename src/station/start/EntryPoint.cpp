@@ -1,11 +1,17 @@
 #include "station/start/EntryPoint.h"
 #include "base/Convert.h"
 #include "base/Skip.h"
+#include "station/ledger/StationLedger.h"
 #include "station/session/Session.h"
 #include "station/session/Settings.h"
 #include "store/Schema.h"
+#include <QLoggingCategory>
 
 namespace vantrel {
+
+namespace {
+Q_LOGGING_CATEGORY(stationLog, "vantrel.station")
+}
 
 CommandLine ReadCommandLine(const QString& text)
 {
@@ -28,7 +34,12 @@ void Main(Session& session, const QString& commandLine)
     session.SessionNumber = line.SessionNumber;
     session.OwnsTrayIcon = line.OwnsTrayIcon;
     session.FieldValues = FieldValues();
+    QStringList mistakes;
+    session.Options = ReadStationOptions(session.ProgramFolder, mistakes);
+    for (const QString& mistake : std::as_const(mistakes))
+        qCWarning(stationLog).noquote() << mistake;
     Skip("open layout database", [&] { OpenLayoutDb(session); });
+    OpenLedger(session);
     LoadSettings(session);
     session.RecordQueue = VT5_BufferedRecordQue();
 }

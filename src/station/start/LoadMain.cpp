@@ -2,6 +2,7 @@
 #include "station/capture/Listener.h"
 #include "station/capture/Ports.h"
 #include "station/capture/SerialCapture.h"
+#include "station/capture/StoredRecords.h"
 #include "station/layout/LoadLayout.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Operator.h"
@@ -29,6 +30,7 @@ void ReopenLastLayout(Session& session)
 
 void LoadMain(Session& session)
 {
+    FindDoubtfulCards(session);
     ConnectSockets(session);
     ConnectComm(session);
     if (session.OwnsTrayIcon)
@@ -39,6 +41,8 @@ void LoadMain(Session& session)
     session.Face.SetTick(Tick::cmdCapEnable, session.Settings.CaptureEnabled);
     PrepareComm(session.Comm, session.Settings);
     Skip("reopen last layout", [&] { ReopenLastLayout(session); });
+    // What was received before goes before what hosts send now.
+    TendLedger(session);
     if (session.Settings.CaptureEnabled)
         SwitchPorts(session, SwitchMode::All);
     session.Face.SetHideCaption(HideCaption(session.Settings));

@@ -22,6 +22,8 @@ public:
         QString Settings;
         FlowControl Flow = FlowControl::None;
         int Closed = 0;
+        qint64 ReadAhead = 0;
+        QByteArray Unsent;
         PickyLine* Line = nullptr;
     };
 
@@ -43,6 +45,9 @@ public:
     }
     bool HasBytes() const override { return !Bytes.isEmpty(); }
     QByteArray TakeBytes() override { return std::exchange(Bytes, {}); }
+    void LimitReadAhead(qint64 bytes) override { m_wire.ReadAhead = bytes; }
+    void Send(const QByteArray& bytes) override { m_wire.Unsent += bytes; }
+    qint64 Unsent() const override { return m_wire.Unsent.size(); }
     void Close() override { ++m_wire.Closed; }
 
     QByteArray Bytes;
@@ -56,7 +61,7 @@ class SerialPorts : public SerialStation
 protected:
     void WithPickyLine()
     {
-        Session.Comm.SetLineMaker([this](const QString& device) {
+        Session.Comm.SetLineMaker([this](const QString& device, LineUse) {
             Wire.Opened.append(device);
             return std::make_unique<PickyLine>(Wire);
         });

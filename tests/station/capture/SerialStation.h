@@ -15,8 +15,9 @@ namespace vantrel::test {
 class SerialStation : public StationWithLayout
 {
 protected:
-    SerialStation()
+    explicit SerialStation(const StationOptions& options = {})
     {
+        Session.Options = options;
         Session.Settings.UseSerial = true;
         Session.Settings.SPort = 3;
         Session.Settings.SSettings = QStringLiteral("9600,n,8,1");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "station/capture/Pipeline.h"
+#include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/LoadLayout.h"
 #include "support/Layouts.h"
@@ -26,7 +27,7 @@ protected:
         AddField(Session, 1);
         AddField(Session, 2);
         if (withCamera)
-            Draw_CamView(Session, {}, 0, Picture(), true, {});
+            Draw_CamView(OpenForm(Session), {}, 0, Picture(), true, {});
         SavePage(Session);
         ASSERT_TRUE(LoadLayout(Session, name));
         Station.Printers.Operations.clear();

@@ -43,6 +43,17 @@ TEST(PrintCommand, PrintsTheCardAndShowsTheRecordAgain)
               QStringLiteral("Anna"));
 }
 
+TEST(PrintCommand, HoldsTheRoadOfRecordsWhileItPrints)
+{
+    OpenStation station;
+    bool wasBusy = false;
+    station.Session.Settings.MainVisible = true;
+    station.Operator.WhileEventsRun.emplace_back([&] { wasBusy = station.Session.Road.IsBusy(); });
+    PrintCommand(station.Session);
+    EXPECT_TRUE(wasBusy);
+    EXPECT_FALSE(station.Session.Road.IsBusy());
+}
+
 TEST(PrintCommand, DoesNothingWithoutALayout)
 {
     OpenStation station;

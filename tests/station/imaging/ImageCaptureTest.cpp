@@ -1,6 +1,7 @@
 #include "station/imaging/ImageCapture.h"
 #include "base/Failure.h"
 #include "station/imaging/CameraLibrary.h"
+#include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
 #include "support/Events.h"
@@ -38,7 +39,7 @@ public:
     }
     CardObject& AddCamera(std::int32_t width, std::int32_t height)
     {
-        return Draw_CamView(Session,
+        return Draw_CamView(OpenForm(Session),
                             {.cTop = 300, .cLeft = 300, .cHeight = height, .cWidth = width}, 0,
                             Picture(), true, QString());
     }
@@ -261,7 +262,7 @@ TEST(ImageCapture, WithoutACameraObjectTheImageIsKeptForTheNextLayout)
     const ObjectBox box{.cTop = 0, .cLeft = 0, .cHeight = 10, .cWidth = 10};
     const Picture none;
     const QString path;
-    const CardObject& camera = Draw_CamView(station.Session, box, 0, none, true, path);
+    const CardObject& camera = Draw_CamView(OpenForm(station.Session), box, 0, none, true, path);
     ReapplyFieldValues(station.Session);
     EXPECT_EQ(camera.Picture.Image().size(), QSize(4, 3));
 }

@@ -1,4 +1,5 @@
 #include "StoredRows.h"
+#include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/LoadLayout.h"
 #include "support/Layouts.h"
@@ -229,7 +230,8 @@ TEST_F(Agreement, AnImageWhoseFileIsGoneLosesItsPathAtTheSave)
 
 TEST_F(Agreement, ACameraPictureIsNotStored)
 {
-    CardObject& camera = Draw_CamView(Session, {1, 2, 3, 4}, 1, Picture(), true, QString());
+    CardObject& camera =
+        Draw_CamView(OpenForm(Session), {1, 2, 3, 4}, 1, Picture(), true, QString());
     camera.Picture = LoadPicture(Test.WritePng(QStringLiteral("face.png"), 3, 4));
     const StoredRow row = Save();
     EXPECT_EQ(row[QStringLiteral("C_Param_1")], QStringLiteral("CVIEW"));

@@ -56,7 +56,7 @@ TEST(DrawObjects, DataFieldIgnoresCaptionVisibleBackStyleAndAlignment)
 {
     TestSession test;
     const TextLooks looks = OddLooks();
-    const CardObject& object = Draw_DataField(test.Session, 12, Box, looks);
+    const CardObject& object = Draw_DataField(OpenForm(test.Session), 12, Box, looks);
     ExpectTextLooks(object);
     EXPECT_EQ(object.Caption(), QStringLiteral("Data Field 12"));
     EXPECT_EQ(object.DataField, QStringLiteral("12"));
@@ -70,8 +70,8 @@ TEST(DrawObjects, TwoDataFieldsMayShareOneFieldIndex)
 {
     TestSession test;
     const TextLooks looks;
-    const CardObject& first = Draw_DataField(test.Session, 3, Box, looks);
-    const CardObject& second = Draw_DataField(test.Session, 3, Box, looks);
+    const CardObject& first = Draw_DataField(OpenForm(test.Session), 3, Box, looks);
+    const CardObject& second = Draw_DataField(OpenForm(test.Session), 3, Box, looks);
     EXPECT_EQ(first.DataField, second.DataField);
     EXPECT_EQ(second.Index(), 2);
 }
@@ -80,7 +80,7 @@ TEST(DrawObjects, LabelTakesItsCaption)
 {
     TestSession test;
     const TextLooks looks = OddLooks();
-    const CardObject& object = Draw_Label(test.Session, Box, looks);
+    const CardObject& object = Draw_Label(OpenForm(test.Session), Box, looks);
     ExpectTextLooks(object);
     EXPECT_EQ(object.Caption(), QStringLiteral("Given"));
     EXPECT_EQ(object.LinkItem, QStringLiteral("LXV01"));
@@ -91,10 +91,10 @@ TEST(DrawObjects, LabelWithoutCaptionIsNumberedByTheHighestIndex)
     TestSession test;
     for (int i = 0; i < 3; ++i)
         AddText(test.Session, QStringLiteral("x"));
-    EXPECT_EQ(Draw_Label(test.Session, Box, TextLooks()).Caption(),
+    EXPECT_EQ(Draw_Label(OpenForm(test.Session), Box, TextLooks()).Caption(),
               QStringLiteral("Static Text 4"));
     test.Session.Document.Remove(*test.Session.Document.Find(Family::lbl_TEXT, 2));
-    EXPECT_EQ(Draw_Label(test.Session, Box, TextLooks()).Caption(),
+    EXPECT_EQ(Draw_Label(OpenForm(test.Session), Box, TextLooks()).Caption(),
               QStringLiteral("Static Text 5"));
 }
 
@@ -102,7 +102,7 @@ TEST(DrawObjects, AutoNumberShowsItsSeed)
 {
     TestSession test;
     const TextLooks looks;
-    const CardObject& object = Draw_AutoNumber(test.Session, 41, Box, looks);
+    const CardObject& object = Draw_AutoNumber(OpenForm(test.Session), 41, Box, looks);
     EXPECT_EQ(object.DataField, QStringLiteral("41"));
     EXPECT_EQ(object.Caption(), QStringLiteral("41"));
     EXPECT_EQ(object.LinkItem, QStringLiteral("AUTO"));
@@ -114,7 +114,7 @@ TEST(DrawObjects, AutoNumberTakesAGivenCaption)
 {
     TestSession test;
     const TextLooks looks = OddLooks();
-    const CardObject& object = Draw_AutoNumber(test.Session, 1.5, Box, looks);
+    const CardObject& object = Draw_AutoNumber(OpenForm(test.Session), 1.5, Box, looks);
     ExpectTextLooks(object);
     EXPECT_EQ(object.DataField, QStringLiteral("1.5"));
     EXPECT_EQ(object.Caption(), QStringLiteral("Given"));
@@ -126,7 +126,7 @@ TEST(DrawObjects, AutoNumberIsWidenedToItsCaptionAndAHundredTwips)
     TextLooks looks;
     looks.cFont.Size = 72;
     const ObjectBox box{0, 0, 300, 200};
-    const CardObject& object = Draw_AutoNumber(test.Session, 123456789, box, looks);
+    const CardObject& object = Draw_AutoNumber(OpenForm(test.Session), 123456789, box, looks);
     // Measured in the form's font, however large the object's own is.
     const double measured = PageCanvas::TextWidth(QStringLiteral("123456789"), Font());
     ASSERT_GT(measured, 200.0);
@@ -136,7 +136,7 @@ TEST(DrawObjects, AutoNumberIsWidenedToItsCaptionAndAHundredTwips)
 TEST(DrawObjects, AutoNumberIsNotWidenedWhenItCountsUp)
 {
     TestSession test;
-    CardObject& object = Draw_AutoNumber(test.Session, 9, {0, 0, 300, 200}, TextLooks());
+    CardObject& object = Draw_AutoNumber(OpenForm(test.Session), 9, {0, 0, 300, 200}, TextLooks());
     object.DataField = QStringLiteral("99999999999");
     const float width = object.Width;
     Increment_If_AutoNumber(object);
@@ -152,9 +152,9 @@ TEST(DrawObjects, DefaultFontReplacesTheGivenOneOfEveryText)
     chosen.Name = QStringLiteral("Monospace");
     chosen.Size = 14;
     test.Session.Document.DefaultFont = chosen;
-    EXPECT_EQ(Draw_DataField(test.Session, 1, Box, OddLooks()).Font(), chosen);
-    EXPECT_EQ(Draw_Label(test.Session, Box, OddLooks()).Font(), chosen);
-    EXPECT_EQ(Draw_AutoNumber(test.Session, 1, Box, OddLooks()).Font(), chosen);
+    EXPECT_EQ(Draw_DataField(OpenForm(test.Session), 1, Box, OddLooks()).Font(), chosen);
+    EXPECT_EQ(Draw_Label(OpenForm(test.Session), Box, OddLooks()).Font(), chosen);
+    EXPECT_EQ(Draw_AutoNumber(OpenForm(test.Session), 1, Box, OddLooks()).Font(), chosen);
 }
 
 TEST(DrawObjects, ImageIsStretchedVisibleAndTaggedWithItsPath)
@@ -162,7 +162,7 @@ TEST(DrawObjects, ImageIsStretchedVisibleAndTaggedWithItsPath)
     TestSession test;
     const Picture picture = LoadPicture(test.WritePng(QStringLiteral("a.png"), 4, 5));
     const QString path = QStringLiteral("some/path");
-    const CardObject& object = Draw_Image(test.Session, Box, 1, picture, false, path);
+    const CardObject& object = Draw_Image(OpenForm(test.Session), Box, 1, picture, false, path);
     ExpectBox(object);
     EXPECT_EQ(object.Tag, QStringLiteral("some/path"));
     EXPECT_TRUE(object.Stretch);
@@ -175,7 +175,7 @@ TEST(DrawObjects, CameraObjectIgnoresItsPathAndShowsThePlaceholder)
     TestSession test;
     const Picture none;
     const QString path = QStringLiteral("some/path");
-    const CardObject& object = Draw_CamView(test.Session, Box, 1, none, false, path);
+    const CardObject& object = Draw_CamView(OpenForm(test.Session), Box, 1, none, false, path);
     ExpectBox(object);
     EXPECT_EQ(object.Tag, QStringLiteral("CVIEW"));
     EXPECT_TRUE(object.Stretch);
@@ -189,17 +189,18 @@ TEST(DrawObjects, CameraObjectTakesAGivenPicture)
 {
     TestSession test;
     const Picture picture = LoadPicture(test.WritePng(QStringLiteral("a.png"), 4, 5));
-    EXPECT_EQ(Draw_CamView(test.Session, Box, 1, picture, true, QString()).Picture, picture);
+    EXPECT_EQ(Draw_CamView(OpenForm(test.Session), Box, 1, picture, true, QString()).Picture,
+              picture);
 }
 
 TEST(DrawObjects, TheLargestCameraSizeIsKept)
 {
     TestSession test;
-    Draw_CamView(test.Session, {0, 0, 2000, 1500}, 1, Picture(), true, QString());
-    Draw_CamView(test.Session, {0, 0, 1000, 1800}, 1, Picture(), true, QString());
+    Draw_CamView(OpenForm(test.Session), {0, 0, 2000, 1500}, 1, Picture(), true, QString());
+    Draw_CamView(OpenForm(test.Session), {0, 0, 1000, 1800}, 1, Picture(), true, QString());
     EXPECT_EQ(test.Session.Document.CamHeight, 2000);
     EXPECT_EQ(test.Session.Document.CamWidth, 1800);
-    Draw_CamView(test.Session, {0, 0, 100000, 10}, 1, Picture(), true, QString());
+    Draw_CamView(OpenForm(test.Session), {0, 0, 100000, 10}, 1, Picture(), true, QString());
     EXPECT_EQ(test.Session.Document.CamHeight, 32767);
 }
 
@@ -222,7 +223,7 @@ TEST(DrawObjects, ACameraObjectIsDetectedUnlessItIsNotIncluded)
     AddText(session, QStringLiteral("x")).Tag = QStringLiteral("CVIEW");
     AddImage(session, QStringLiteral("x.png"));
     EXPECT_FALSE(DetectCamImages(session.Document));
-    CardObject& camera = Draw_CamView(session, Box, 1, Picture(), true, QString());
+    CardObject& camera = Draw_CamView(OpenForm(session), Box, 1, Picture(), true, QString());
     EXPECT_TRUE(DetectCamImages(session.Document));
     camera.Tag = Marker::NotIncluded;
     EXPECT_FALSE(DetectCamImages(session.Document));

@@ -1,4 +1,5 @@
 #include "station/layout/FieldApplication.h"
+#include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "support/Layouts.h"
 #include <gtest/gtest.h>
@@ -28,7 +29,7 @@ protected:
         ReapplyFieldValues(Session);
     }
 
-    CardObject& AddCamera() { return Draw_CamView(Session, {}, 0, Picture(), true, {}); }
+    CardObject& AddCamera() { return Draw_CamView(OpenForm(Session), {}, 0, Picture(), true, {}); }
 
     TestSession Station;
     vantrel::Session& Session = Station.Session;

@@ -1,4 +1,5 @@
 #include "MacroStation.h"
+#include "station/layout/DocumentForm.h"
 #include "station/session/MainRuntime.h"
 #include "support/Trace.h"
 
@@ -186,7 +187,7 @@ TEST_F(MacroStation, NumbersOfTheChainRiseInTheStore)
 TEST_F(MacroStation, NoPictureIsAskedForInAChain)
 {
     BeginCard(QStringLiteral("Camera"));
-    Draw_CamView(Session, {}, 0, Picture(), true, {});
+    Draw_CamView(OpenForm(Session), {}, 0, Picture(), true, {});
     SavePage(Session);
     CloseLayout(Session);
     DefineMacro(Macro, {QStringLiteral("Camera")});

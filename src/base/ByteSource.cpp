@@ -1,0 +1,50 @@
+#include "base/ByteSource.h"
+#include "base/Failure.h"
+#include <QFile>
+#include <cerrno>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace vantrel {
+
+namespace {
+
+constexpr QLatin1StringView StandardInput{"-"};
+
+[[noreturn]] void FailWith(int number, const QString& name, int error)
+{
+    throw Failure(number, name + QStringLiteral(": ") +
+                              QString::fromStdString(std::generic_category().message(error)));
+}
+
+} // namespace
+
+ByteSource::ByteSource(const QString& path)
+    : m_name(path == StandardInput ? QStringLiteral("standard input") : path),
+      m_descriptor(path == StandardInput
+                       ? STDIN_FILENO
+                       : ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC))
+{
+    if (m_descriptor < 0)
+        FailWith(FailureNumber::FileNotFound, m_name, errno);
+}
+
+ByteSource::~ByteSource()
+{
+    if (m_descriptor != STDIN_FILENO)
+        ::close(m_descriptor);
+}
+
+qsizetype ByteSource::Read(char* to, qsizetype most)
+{
+    for (;;) {
+        const ssize_t count = ::read(m_descriptor, to, static_cast<std::size_t>(most));
+        if (count >= 0)
+            return count;
+        if (errno != EINTR)
+            FailWith(FailureNumber::InvalidCall, m_name, errno);
+    }
+}
+
+} // namespace vantrel

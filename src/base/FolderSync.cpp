@@ -1,0 +1,62 @@
+#include "base/FolderSync.h"
+#include "base/Failure.h"
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace vantrel {
+
+namespace {
+
+[[noreturn]] void FailWith(int error)
+{
+    throw Failure(FailureNumber::PrinterError,
+                  QStringLiteral("Printer error: ") +
+                      QString::fromStdString(std::generic_category().message(error)));
+}
+
+bool IsUnsupported(int error)
+{
+    return error == EINVAL || error == ENOTSUP || error == ENOSYS;
+}
+
+} // namespace
+
+void SyncFolder(const QString& path)
+{
+    const int folder =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        FailWith(errno);
+    int result = 0;
+    do {
+        result = ::fsync(folder);
+    } while (result != 0 && errno == EINTR);
+    const int error = result == 0 ? 0 : errno;
+    ::close(folder);
+    if (error != 0 && !IsUnsupported(error))
+        FailWith(error);
+}
+
+void MakeFolderDurably(const QString& path)
+{
+    QStringList missing;
+    for (QString folder = QFileInfo(path).absoluteFilePath(); !QFileInfo(folder).isDir();
+         folder = QFileInfo(folder).path())
+        missing.prepend(folder);
+    for (const QString& folder : std::as_const(missing)) {
+        constexpr mode_t allThatTheUserAllows = 0777;
+        // Another session may have made it meanwhile; a file of that name is no folder.
+        if (::mkdir(QFile::encodeName(folder).constData(), allThatTheUserAllows) != 0 &&
+            !(errno == EEXIST && QFileInfo(folder).isDir()))
+            FailWith(errno == EEXIST ? ENOTDIR : errno);
+        SyncFolder(QFileInfo(folder).path());
+    }
+}
+
+} // namespace vantrel

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "card/FieldValues.h"
+#include "drawing/Picture.h"
+#include <QStringList>
+
+namespace vantrel {
+
+/// @file A picture for each card: an image whose path holds `{1}`, `{2}` ..., the number of a
+/// value, or `{NAME}`, the name of a column where the values have names.
+
+/// Whether a path holds a placeholder. Braces around anything else are a part of a path.
+/// @param columns  the names of the values in their order, compared exactly; empty if they have
+/// none
+bool HasPlaceholder(const QString& path, const QStringList& columns);
+
+/// The path with the values of a record in place of its placeholders. Braces within a value are no
+/// placeholders. Fails with `SubscriptOutOfRange` if the record has no such value.
+QString FilledPath(const QString& path, const FieldValues& values, const QStringList& columns);
+
+/// The picture of that name in a folder or in a folder below it. A name that came from outside
+/// never leads to anything else: see `FileBeneath`, with whose failures it fails. Fails with
+/// `InvalidPicture` if the file is no whole picture, recognised by its content. The texts of all
+/// failures are meant for the operator.
+/// @param name  tried as it is; no ending is added
+Picture SafePictureIn(const QString& folder, const QString& name);
+
+} // namespace vantrel

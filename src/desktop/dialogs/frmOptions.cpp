@@ -1,0 +1,189 @@
+#include "desktop/dialogs/frmOptions.h"
+#include "base/Convert.h"
+#include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopToolTip.h"
+#include "desktop/controls/DesktopWrappedText.h"
+#include "station/commands/OptionsCommand.h"
+#include "station/session/Session.h"
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <limits>
+
+namespace vantrel {
+
+namespace {
+
+/// Width of an explanation in average characters.
+constexpr int Columns = 110;
+constexpr int ExplanationIndent = 24;
+
+QString CaptionOf(const StationOptionRow& row)
+{
+    return QLatin1StringView(row.Caption);
+}
+
+bool IsYesOrNo(const StationOptionRow& row)
+{
+    const QString absent = QLatin1StringView(row.Default);
+    return absent == BooleanText(true) || absent == BooleanText(false);
+}
+
+QString WhenOf(const StationOptionRow& row)
+{
+    return row.Effect == OptionEffect::AtOnce ? QStringLiteral(" Takes effect at once.")
+                                              : QStringLiteral(" Takes effect at the next start.");
+}
+
+bool HasTab(const QTabWidget& tabs, const QString& text)
+{
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        if (tabs.tabText(tab) == text)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+frmOptions::frmOptions(Session& session, QWidget* parent)
+    : QDialog(parent), m_session(session), m_told(MakeControl<QLabel>("lblTold", this))
+{
+    setObjectName(QStringLiteral("frmOptions"));
+    setWindowTitle(QStringLiteral("Station Options"));
+    QStringList mistakes;
+    m_stored = ReadStationOptions(session.ProgramFolder, mistakes);
+    m_entered = m_stored;
+
+    auto* tabs = MakeControl<QTabWidget>("TabStrip", this);
+    for (const StationOptionRow& row : StationOptionRows()) {
+        if (const QString group = QLatin1StringView(row.Group); !HasTab(*tabs, group))
+            tabs->addTab(MakePage(group), group);
+    }
+    m_told->setWordWrap(true);
+    m_told->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_told->setMinimumHeight(fontMetrics().lineSpacing() * 2);
+    ShowTold();
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(tabs, 1);
+    column->addWidget(m_told);
+    column->addLayout(MakeButtons());
+    CentreOver(*this, parent);
+}
+
+int frmOptions::Widest() const
+{
+    return fontMetrics().averageCharWidth() * Columns;
+}
+
+QWidget* frmOptions::MakePage(const QString& group)
+{
+    auto* page = new QWidget(this);
+    auto* grid = new QGridLayout(page);
+    grid->setColumnMinimumWidth(0, ExplanationIndent);
+    grid->setColumnStretch(2, 1);
+    for (const StationOptionRow& row : StationOptionRows()) {
+        if (group == QLatin1StringView(row.Group))
+            AddRow(*grid, row);
+    }
+    grid->setRowStretch(grid->rowCount(), 1);
+    return page;
+}
+
+void frmOptions::AddRow(QGridLayout& grid, const StationOptionRow& row)
+{
+    const int line = grid.rowCount();
+    QWidget* control = nullptr;
+    if (IsYesOrNo(row)) {
+        control = MakeTick(row);
+        grid.addWidget(control, line, 0, 1, 3, Qt::AlignLeft);
+    } else {
+        control = row.Choices.empty() ? MakeNumber(row) : MakeChoice(row);
+        auto* caption = new QLabel(CaptionOf(row), this);
+        caption->setBuddy(control);
+        auto* beside = new QHBoxLayout;
+        beside->addWidget(caption);
+        beside->addWidget(control);
+        beside->addStretch();
+        grid.addLayout(beside, line, 0, 1, 3);
+    }
+    const QString explanation = OptionExplanation(row) + WhenOf(row);
+    control->setObjectName(QStringLiteral("opt") + QLatin1StringView(row.Key));
+    control->setAccessibleName(CaptionOf(row));
+    control->setAccessibleDescription(explanation);
+    SetPlainToolTip(*control, QStringLiteral("Key %1 in the section [Station] of the settings file")
+                                  .arg(QLatin1StringView(row.Key)));
+    int next = line;
+    for (const QString& sentence : explanation.split(u'\n'))
+        grid.addWidget(new DesktopWrappedText(sentence, Widest(), this), ++next, 1, 1, 2);
+    grid.setRowMinimumHeight(next + 1, fontMetrics().height() / 2);
+}
+
+QWidget* frmOptions::MakeTick(const StationOptionRow& row)
+{
+    auto* tick = new QCheckBox(CaptionOf(row), this);
+    tick->setChecked(row.Text(m_stored) == BooleanText(true));
+    connect(tick, &QCheckBox::toggled, this, [this, &row](bool on) { Take(row, BooleanText(on)); });
+    return tick;
+}
+
+QWidget* frmOptions::MakeNumber(const StationOptionRow& row)
+{
+    auto* number = new QSpinBox(this);
+    number->setRange(0, std::numeric_limits<int>::max());
+    number->setValue(row.Text(m_stored).toInt());
+    connect(number, &QSpinBox::valueChanged, this,
+            [this, &row](int value) { Take(row, QString::number(value)); });
+    return number;
+}
+
+QWidget* frmOptions::MakeChoice(const StationOptionRow& row)
+{
+    auto* choice = new QComboBox(this);
+    for (const char* value : row.Choices)
+        choice->addItem(QLatin1StringView(value));
+    choice->setCurrentText(row.Text(m_stored));
+    connect(choice, &QComboBox::currentTextChanged, this,
+            [this, &row](const QString& text) { Take(row, text); });
+    return choice;
+}
+
+QLayout* frmOptions::MakeButtons()
+{
+    auto* save = MakeControl<QPushButton>("cmdSave", QStringLiteral("&Save"), this);
+    auto* cancel = MakeControl<QPushButton>("cmdCancel", QStringLiteral("&Cancel"), this);
+    save->setDefault(true);
+    cancel->setAutoDefault(false);
+    connect(save, &QPushButton::clicked, this, &frmOptions::Save);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::close);
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(save);
+    row->addWidget(cancel);
+    return row;
+}
+
+void frmOptions::ShowTold()
+{
+    const QString told = ToldOfChanges(m_stored, m_entered);
+    m_told->setText(
+        told.isEmpty() ? QStringLiteral("What you change here is kept for all sessions.") : told);
+}
+
+void frmOptions::Take(const StationOptionRow& row, const QString& text)
+{
+    row.Read(m_entered, text);
+    ShowTold();
+}
+
+void frmOptions::Save()
+{
+    if (SaveOptions(m_session, m_stored, m_entered))
+        close();
+}
+
+} // namespace vantrel

@@ -1,0 +1,22 @@
+#include "ledger/LedgerPages.h"
+#include "store/StoreDatabase.h"
+
+namespace vantrel {
+
+bool HasPage(StoreDatabase& database, const QString& hash)
+{
+    bool found = false;
+    database.Select(QStringLiteral("SELECT 1 FROM LedgerPages WHERE Hash = ?"), {hash},
+                    [&](const StoreStatement& /*row*/) { found = true; });
+    return found;
+}
+
+QString PageContent(StoreDatabase& database, const QString& hash)
+{
+    QString content;
+    database.Select(QStringLiteral("SELECT Content FROM LedgerPages WHERE Hash = ?"), {hash},
+                    [&](const StoreStatement& row) { content = row.Value(0).toString(); });
+    return content;
+}
+
+} // namespace vantrel

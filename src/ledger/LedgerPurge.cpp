@@ -1,0 +1,130 @@
+#include "base/Failure.h"
+#include "ledger/LedgerRows.h"
+#include "ledger/LedgerTending.h"
+#include "store/StoreDatabase.h"
+#include "store/StoreTransaction.h"
+#include <QDateTime>
+#include <QSet>
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+namespace vantrel {
+
+namespace {
+
+/// What is removed in one transaction, so that a station never waits long for the lock.
+constexpr qlonglong EntriesAtOnce = 1000;
+constexpr qlonglong BytesAtOnce = 16 << 20;
+constexpr qint64 MillisecondsOfDay = 24LL * 60 * 60 * 1000;
+constexpr auto EveryTime = std::numeric_limits<qint64>::max();
+constexpr auto EveryEntry = std::numeric_limits<qlonglong>::max();
+/// Each try waits up to five seconds for others to end what they read.
+constexpr int TriesToEmpty = 4;
+
+qint64 DaysAgo(int days)
+{
+    return QDateTime::currentMSecsSinceEpoch() - days * MillisecondsOfDay;
+}
+
+/// From now on the connection overwrites what it deletes.
+void OverwriteDeleted(StoreDatabase& database)
+{
+    database.Execute(QStringLiteral("PRAGMA secure_delete = ON"));
+}
+
+/// The oldest finished entries before a time. An entry stays as long as a reprint waits, which
+/// shows its numbers.
+std::vector<qlonglong> FinishedBefore(StoreDatabase& database, qint64 time, qlonglong atMost)
+{
+    const QString received = NameOf(LedgerState::Received);
+    const QString printing = NameOf(LedgerState::Printing);
+    std::vector<qlonglong> numbers;
+    qlonglong bytes = 0;
+    database.Select(QStringLiteral("SELECT ID, Length FROM LedgerEntries e "
+                                   "WHERE Received < ? AND State NOT IN (?, ?) AND NOT EXISTS "
+                                   "(SELECT 1 FROM LedgerEntries r WHERE r.ReprintOf = e.ID "
+                                   "AND r.State IN (?, ?)) ORDER BY Received, ID LIMIT ?"),
+                    {time, received, printing, received, printing, std::min(atMost, EntriesAtOnce)},
+                    [&](const StoreStatement& row) {
+                        bytes += row.Value(1).toLongLong();
+                        if (numbers.empty() || bytes <= BytesAtOnce)
+                            numbers.push_back(row.Value(0).toLongLong());
+                    });
+    return numbers;
+}
+
+void RemoveEntry(StoreDatabase& database, qlonglong id, QSet<QString>& pages)
+{
+    database.Select(QStringLiteral("SELECT PageHash FROM LedgerCards WHERE EntryID = ?"), {id},
+                    [&](const StoreStatement& row) { pages.insert(row.Value(0).toString()); });
+    for (const char* statement :
+         {"DELETE FROM LedgerCards WHERE EntryID = ?",
+          "DELETE FROM LedgerRecords WHERE EntryID = ?", "DELETE FROM LedgerEntries WHERE ID = ?"})
+        database.Change(QLatin1StringView(statement), {id});
+}
+
+/// Removes some entries in a transaction of its own. @return their number
+qlonglong RemoveSome(StoreDatabase& database, qint64 before, qlonglong atMost)
+{
+    StoreTransaction transaction(database);
+    const std::vector<qlonglong> numbers = FinishedBefore(database, before, atMost);
+    QSet<QString> pages;
+    for (const qlonglong number : numbers)
+        RemoveEntry(database, number, pages);
+    // The next card of a page is mostly among the oldest, so it is soon found.
+    for (const QString& page : std::as_const(pages))
+        database.Change(QStringLiteral("DELETE FROM LedgerPages WHERE Hash = ? AND NOT EXISTS "
+                                       "(SELECT 1 FROM LedgerCards WHERE PageHash = ?)"),
+                        {page, page});
+    transaction.Commit();
+    return std::ssize(numbers);
+}
+
+qlonglong RemoveAll(StoreDatabase& database, qint64 before, qlonglong atMost)
+{
+    qlonglong removed = 0;
+    while (removed < atMost) {
+        const qlonglong some = RemoveSome(database, before, atMost - removed);
+        if (some == 0)
+            break;
+        removed += some;
+    }
+    return removed;
+}
+
+/// Writes the file anew without gaps and empties its log. Rows that were moved from page to page
+/// leave copies behind, which overwriting what is deleted does not reach.
+void EmptyFiles(StoreDatabase& database)
+{
+    // A copy of the whole database would not fit into memory.
+    database.Execute(QStringLiteral("PRAGMA temp_store = FILE"));
+    database.Execute(QStringLiteral("VACUUM"));
+    for (int attempt = 0; attempt < TriesToEmpty; ++attempt)
+        if (database.Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt() == 0)
+            return;
+    throw Failure(FailureNumber::StoreBusy,
+                  QStringLiteral("The entries are removed, but another program is reading the "
+                                 "layout database, so copies may be left in its files. Purge "
+                                 "once more when it has ended."));
+}
+
+} // namespace
+
+qlonglong PurgeEntries(StoreDatabase& database, std::optional<int> days)
+{
+    OverwriteDeleted(database);
+    const qlonglong removed = RemoveAll(database, days ? DaysAgo(*days) : EveryTime, EveryEntry);
+    EmptyFiles(database);
+    return removed;
+}
+
+qlonglong RemoveOldEntries(StoreDatabase& database, int days, qlonglong atMost)
+{
+    if (days <= 0)
+        return 0;
+    OverwriteDeleted(database);
+    return RemoveAll(database, DaysAgo(days), atMost);
+}
+
+} // namespace vantrel

@@ -1,0 +1,67 @@
+#include "ledger/RecordRun.h"
+#include <algorithm>
+
+namespace vantrel {
+
+namespace {
+
+/// Characters of a reason in an answer; a name in it may be long.
+constexpr qsizetype LongestReason = 200;
+
+bool IsHandedOver(LedgerState state)
+{
+    return state == LedgerState::Printed || state == LedgerState::Done;
+}
+
+} // namespace
+
+void RecordRun::Judge()
+{
+    const auto& cards = Entry.Cards;
+    const auto find = [&](LedgerState state) {
+        return std::find_if(cards.begin(), cards.end(),
+                            [&](const LedgerCard& card) { return card.State == state; });
+    };
+    LedgerState state = Entry.State;
+    QString reason;
+    if (!IsSettled()) {
+        state = cards.empty() ? LedgerState::Received : LedgerState::Printing;
+    } else if (cards.empty()) {
+        state = LedgerState::Failed;
+        reason = WhyNoCard;
+    } else if (const auto failed = find(LedgerState::Failed); failed != cards.end()) {
+        state = LedgerState::Failed;
+        reason = failed->Reason;
+    } else if (find(LedgerState::Doubtful) != cards.end()) {
+        state = LedgerState::Doubtful;
+    } else {
+        const bool done = std::all_of(cards.begin(), cards.end(), [](const LedgerCard& card) {
+            return card.State == LedgerState::Done;
+        });
+        state = done ? LedgerState::Done : LedgerState::Printed;
+    }
+    if (state == Entry.State && reason == Entry.Reason)
+        return;
+    Entry.State = state;
+    Entry.Reason = reason;
+    m_entryRow.Dirty = true;
+}
+
+bool RecordRun::MayBePostponed() const
+{
+    return m_wasInLedger && std::none_of(m_cardRows.begin(), m_cardRows.end(),
+                                         [](const RowState& row) { return row.Stored; });
+}
+
+QString AnswerTo(const LedgerEntry& entry)
+{
+    const QString id = QString::number(entry.Id);
+    if (!IsHandedOver(entry.State))
+        return QStringLiteral("ERR %1 ").arg(id) + entry.Reason.simplified().left(LongestReason);
+    const auto cards =
+        std::count_if(entry.Cards.begin(), entry.Cards.end(),
+                      [](const LedgerCard& card) { return IsHandedOver(card.State); });
+    return QStringLiteral("OK %1 %2").arg(id, QString::number(cards));
+}
+
+} // namespace vantrel

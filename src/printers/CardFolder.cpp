@@ -1,0 +1,58 @@
+#include "printers/CardFolder.h"
+#include "base/UnnamedFile.h"
+#include <QDirIterator>
+#include <QLatin1StringView>
+#include <algorithm>
+
+namespace vantrel {
+
+namespace {
+
+constexpr QLatin1StringView FileBeginning{"card-"};
+constexpr QLatin1StringView FileEnding{".pdf"};
+constexpr int FewestDigits = 6;
+/// Files with higher numbers are ignored: no station wrote them, and counting on from them could
+/// run out of numbers.
+constexpr qint64 HighestThatCounts = 999'999'999'999;
+
+QString FileNameOf(qint64 number)
+{
+    return FileBeginning + QStringLiteral("%1").arg(number, FewestDigits, 10, QLatin1Char('0')) +
+           FileEnding;
+}
+
+/// @return the number in a card file's name, 0 for any other name or number
+qint64 NumberOf(const QString& fileName)
+{
+    if (!fileName.startsWith(FileBeginning) || !fileName.endsWith(FileEnding))
+        return 0;
+    const QString digits = fileName.sliced(
+        FileBeginning.size(), fileName.size() - FileBeginning.size() - FileEnding.size());
+    const qint64 number = digits.toLongLong();
+    return number <= HighestThatCounts && FileNameOf(number) == fileName ? number : 0;
+}
+
+qint64 HighestNumberIn(const QString& folder)
+{
+    qint64 highest = 0;
+    for (QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::System); files.hasNext();) {
+        files.next();
+        highest = std::max(highest, NumberOf(files.fileName()));
+    }
+    return highest;
+}
+
+} // namespace
+
+QString CardFolder::Put(UnnamedFile& file)
+{
+    if (m_lastNumber < 0)
+        m_lastNumber = HighestNumberIn(m_path);
+    qint64 number = m_lastNumber + 1;
+    while (!file.PutInPlace(PathOf(FileNameOf(number))))
+        ++number;
+    m_lastNumber = number;
+    return FileNameOf(number);
+}
+
+} // namespace vantrel

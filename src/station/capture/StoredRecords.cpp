@@ -1,0 +1,166 @@
+#include "station/capture/StoredRecords.h"
+#include "base/InputText.h"
+#include "base/Skip.h"
+#include "ledger/LedgerReading.h"
+#include "ledger/LedgerTending.h"
+#include "station/capture/Pipeline.h"
+#include "station/layout/OtherLayout.h"
+#include "station/ledger/RecordRoad.h"
+#include "station/ledger/StationLedger.h"
+#include "station/print/Reprint.h"
+#include "station/session/Session.h"
+#include "store/Schema.h"
+#include "store/StoreDatabase.h"
+#include <QFileInfo>
+#include <QTimer>
+#include <algorithm>
+
+namespace vantrel {
+
+namespace {
+
+constexpr int LookMilliseconds = 500;
+constexpr int TidyMilliseconds = 60'000;
+/// While there is more to remove.
+constexpr int TidyAgainMilliseconds = 1000;
+/// Old entries that are removed at a time, so that no record waits for it.
+constexpr qlonglong FewEntries = 200;
+
+/// The first entry of this session that nobody is printing; nothing if there is none.
+std::optional<LedgerEntry> NextStoredEntry(Session& session)
+{
+    StoreDatabase& database = session.LayoutDb.Database();
+    std::optional<qlonglong> next;
+    const auto& runs = session.Ledger.Runs();
+    const auto isOnRoad = [&](qlonglong id) {
+        return std::any_of(runs.begin(), runs.end(),
+                           [&](const RecordRunPtr& run) { return run->Entry.Id == id; });
+    };
+    database.Select(QStringLiteral("SELECT ID FROM LedgerEntries WHERE State = ? AND "
+                                   "SessionNumber = ? ORDER BY ID LIMIT 100"),
+                    {NameOf(LedgerState::Received), static_cast<int>(session.SessionNumber)},
+                    [&](const StoreStatement& row) {
+                        const qlonglong id = row.Value(0).toLongLong();
+                        if (!next && !isOnRoad(id))
+                            next = id;
+                    });
+    return next ? FindEntry(database, *next) : std::nullopt;
+}
+
+/// The entry whose cards are printed again: the first one, or the first of its reprints of which a
+/// card was drawn; nothing if none was yet.
+std::optional<LedgerEntry> DrawnBefore(Session& session, const LedgerEntry& entry)
+{
+    std::optional<LedgerEntry> drawn;
+    if (!entry.ReprintOf)
+        return drawn;
+    StoreDatabase& database = session.LayoutDb.Database();
+    Skip("entry drawn before", [&] {
+        QVariant id;
+        database.Select(QStringLiteral("SELECT MIN(EntryID) FROM LedgerCards WHERE PageHash <> '' "
+                                       "AND EntryID IN (SELECT ? UNION ALL SELECT ID FROM "
+                                       "LedgerEntries WHERE ReprintOf = ? AND ID < ?)"),
+                        {*entry.ReprintOf, *entry.ReprintOf, entry.Id},
+                        [&](const StoreStatement& row) { id = row.Value(0); });
+        if (!id.isNull())
+            drawn = FindEntry(database, id.toLongLong());
+    });
+    return drawn;
+}
+
+/// @return false if it waits until its cards can be written into the ledger
+bool TakeStoredRecord(Session& session, const LedgerEntry& entry)
+{
+    const RoadHold hold(session.Road);
+    const RecordRoad road(session, {.Source = entry.Source, .Stored = entry});
+    if (!entry.HasValues) {
+        NoteWhyNoCard(session, QStringLiteral("The values of the record were not kept."));
+        return true;
+    }
+    if (const auto drawn = DrawnBefore(session, entry)) {
+        ReprintCards(session, *drawn);
+        return !road.IsPostponed();
+    }
+    // On the layout that was open when the record came.
+    const OtherLayout layout(session, entry.Layout);
+    InputDecoder decoder(session.Options.Encoding);
+    TakeValues(session, decoder.Decode(entry.Raw), entry.Values);
+    return !road.IsPostponed();
+}
+
+/// A store that could only be read when it was opened stays so until it is opened again.
+void OpenReadOnlyStoreAgain(Session& session)
+{
+    Connection& store = session.LayoutDb;
+    const QString path = session.PathInFolder(QLatin1StringView(LayoutDatabaseName));
+    if (session.Road.IsBusy() || !store.IsOpen() || !store.Database().IsReadOnly() ||
+        !QFileInfo(path).isWritable())
+        return;
+    Skip("open store again", [&] { store.Open(path); });
+    OpenLedger(session);
+}
+
+/// @return after how many milliseconds to come again
+int Look(Session& session)
+{
+    OpenReadOnlyStoreAgain(session);
+    // Also while a question is open that holds up the next card.
+    if (session.Ledger.HasChanges())
+        WriteLedger(session);
+    if (session.OfferAgain && !session.Road.IsBusy())
+        std::exchange(session.OfferAgain, nullptr)();
+    TakeStoredRecords(session);
+    return LookMilliseconds;
+}
+
+/// @return after how many milliseconds to come again
+int Tidy(Session& session)
+{
+    qlonglong removed = 0;
+    Skip("old entries", [&] {
+        removed = RemoveOldEntries(session.LayoutDb.Database(), session.Options.LedgerKeepDays,
+                                   FewEntries);
+    });
+    return removed < FewEntries ? TidyMilliseconds : TidyAgainMilliseconds;
+}
+
+/// Calls `act` after so many milliseconds, and each time after as many as it asks for.
+void Repeat(Session& session, int milliseconds, int (*act)(Session&))
+{
+    auto* timer = new QTimer(&session.Face);
+    QObject::connect(timer, &QTimer::timeout, timer,
+                     [&session, timer, act] { timer->setInterval(act(session)); });
+    timer->start(milliseconds);
+}
+
+} // namespace
+
+void FindDoubtfulCards(Session& session)
+{
+    if (!session.Options.Ledger)
+        return;
+    Skip("doubtful cards",
+         [&] { MakeDoubtful(session.LayoutDb.Database(), session.SessionNumber); });
+}
+
+void TakeStoredRecords(Session& session)
+{
+    if (!session.Options.Ledger || session.Road.IsBusy())
+        return;
+    std::optional<LedgerEntry> entry;
+    while (Skip("stored record", [&] { entry = NextStoredEntry(session); }) && entry &&
+           TakeStoredRecord(session, *entry))
+        continue;
+}
+
+void TendLedger(Session& session)
+{
+    if (!session.Options.Ledger)
+        return;
+    FollowJobs(session);
+    TakeStoredRecords(session);
+    Repeat(session, LookMilliseconds, Look);
+    Repeat(session, Tidy(session), Tidy);
+}
+
+} // namespace vantrel

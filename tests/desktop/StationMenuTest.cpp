@@ -1,0 +1,93 @@
+#include "desktop/DesktopStation.h"
+#include "desktop/StationOptionsOf.h"
+#include <QMenu>
+#include <QMenuBar>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace vantrel::test {
+namespace {
+
+StationOptions WithDesignTools()
+{
+    StationOptions options;
+    options.DesignTools = true;
+    return options;
+}
+
+QStringList Bar(const DesktopStation& station)
+{
+    QStringList names;
+    for (const QAction* action : station.Window.menuBar()->actions())
+        names.append(action->menu<QMenu*>()->objectName());
+    return names;
+}
+
+const QStringList OwnMenus{QStringLiteral("mnuFile"),     QStringLiteral("mnuEdit"),
+                           QStringLiteral("mnuData"),     QStringLiteral("mnuView"),
+                           QStringLiteral("mnuSettings"), QStringLiteral("mnuProperties"),
+                           QStringLiteral("mnuHelp")};
+
+TEST(StationMenu, IsNotThereWithoutItsOptions)
+{
+    StationOptions others;
+    others.AnswerHost = others.KeepEveryRecord = others.UniqueNumbers = true;
+    const DesktopStation station(true, others);
+    EXPECT_EQ(Bar(station), OwnMenus);
+    EXPECT_EQ(station.Window.findChild<QMenu*>(QStringLiteral("mnuStation")), nullptr);
+    EXPECT_EQ(station.Window.findChild<QAction*>(QStringLiteral("cmdStationOptions")), nullptr);
+}
+
+TEST(StationMenu, StandsBetweenPropertiesAndHelp)
+{
+    QStringList expected = OwnMenus;
+    expected.insert(expected.size() - 1, QStringLiteral("mnuStation"));
+    for (const StationOptions& options : {WithLedger(), WithDesignTools()})
+        EXPECT_EQ(Bar(DesktopStation(true, options)), expected);
+}
+
+TEST(StationMenu, HasItsEntriesInTheirOrder)
+{
+    DesktopStation station(true, WithLedger());
+    const auto& menu = station.Get<QMenu>("mnuStation");
+    EXPECT_EQ(menu.title(), QStringLiteral("S&tation"));
+    QStringList entries;
+    for (const QAction* action : menu.actions())
+        entries.append(action->objectName() + u'|' + action->text() + u'|' +
+                       action->shortcut().toString());
+    EXPECT_EQ(entries, QStringList({QStringLiteral("cmdHistory|History ...|F9"),
+                                    QStringLiteral("cmdStationOptions|Options ...|")}));
+}
+
+TEST(StationMenu, SharesNoShortcutAndNoMnemonicOfTheBar)
+{
+    const DesktopStation station(true, WithLedger());
+    std::multiset<QString> shortcuts;
+    for (const QAction* action : station.Window.findChildren<QAction*>()) {
+        if (!action->shortcut().isEmpty())
+            shortcuts.insert(action->shortcut().toString());
+    }
+    std::multiset<QString> mnemonics;
+    for (const QAction* action : station.Window.menuBar()->actions())
+        mnemonics.insert(QKeySequence::mnemonic(action->text()).toString());
+    for (const auto& keys : {shortcuts, mnemonics}) {
+        for (const QString& key : keys)
+            EXPECT_EQ(keys.count(key), 1U) << key.toStdString();
+    }
+    EXPECT_EQ(mnemonics.size(), 8U);
+}
+
+TEST(StationMenu, LeavesTheOtherEntriesWorking)
+{
+    DesktopStation station(true, WithLedger());
+    station.WithLayout();
+    station.Load();
+    station.Choose("cmdDynamicLayout");
+    EXPECT_TRUE(station.Get<QAction>("cmdDynamicLayout").isChecked());
+    EXPECT_TRUE(station.Session.Settings.DynamicLayouts);
+    EXPECT_EQ(station.Get<QAction>("cmdAbout").text(),
+              QStringLiteral("About Ostrand Vantrel v6.0"));
+}
+
+} // namespace
+} // namespace vantrel::test

@@ -1,0 +1,171 @@
+#include "road/BurstHost.h"
+#include "road/CardAccount.h"
+#include "road/LedgerFolder.h"
+#include "road/StationProcess.h"
+#include <QElapsedTimer>
+#include <QThread>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <random>
+
+// Whatever is killed whenever, the ledger accounts for every record and every card.
+
+namespace vantrel::test {
+namespace {
+
+constexpr std::size_t Connections = 3;
+constexpr std::size_t MostCardsRead = 150;
+/// Only ends a test that has failed.
+constexpr int LimitMs = 120'000;
+
+/// How often stations are killed; scripts/kills.sh asks for more.
+int KillCount(int shortRun)
+{
+    const int asked = qEnvironmentVariableIntValue("VANTREL_KILLS");
+    return asked > 0 ? asked : shortRun;
+}
+
+/// A session that is killed at random instants and started again, and the host that sends to it.
+class KilledSession
+{
+public:
+    KilledSession(StationFolder& folder, std::uint8_t session, unsigned seed)
+        : Host(folder.WithCapture(session), QString(QChar(u'A' + session)), Connections, seed),
+          m_folder(folder.Session.ProgramFolder), m_session(session), m_random(seed)
+    {
+        Start();
+    }
+
+    /// @return whether anything moved
+    bool GoOn()
+    {
+        const bool moved = Host.GoOn();
+        if (!m_isReached && Host.IsConnected()) {
+            m_isReached = true;
+            m_clock.start();
+        }
+        const bool counts = m_isReached || m_killsAtStart;
+        if (m_isKilled && counts && m_clock.elapsed() >= m_lifeMs) {
+            m_station->SendSignal(SIGKILL);
+            EXPECT_EQ(m_station->ExitCode(), -1);
+            ++Kills;
+            Start();
+        }
+        return moved;
+    }
+    void KillNoMore()
+    {
+        m_isKilled = false;
+        Host.BeginNothingNew();
+    }
+    /// Ends the station in order. @return its exit code
+    int End()
+    {
+        m_station->SendSignal(SIGTERM);
+        return m_station->ExitCode();
+    }
+
+    BurstHost Host;
+    int Kills = 0;
+
+private:
+    /// Mostly it is killed while it prints, now and then while it starts.
+    void Start()
+    {
+        constexpr int longestLifeMs = 150;
+        constexpr int oneIn = 5;
+        m_killsAtStart = m_random() % oneIn == 0;
+        m_lifeMs = static_cast<int>(m_random() % longestLifeMs);
+        m_isReached = false;
+        m_station = std::make_unique<StationProcess>(
+            m_folder, StationStart{.Arguments = {QString::number(m_session)}});
+        m_clock.start();
+    }
+
+    QString m_folder;
+    int m_session;
+    std::mt19937 m_random;
+    std::unique_ptr<StationProcess> m_station;
+    bool m_isKilled = true;
+    bool m_isReached = false;
+    bool m_killsAtStart = false;
+    int m_lifeMs = 0;
+    QElapsedTimer m_clock;
+};
+
+/// Kills the sessions at random instants, until all were killed so often, then lets them come to
+/// rest.
+void RunThroughKills(StationFolder& folder, std::uint8_t sessions, int kills)
+{
+    const unsigned seed = std::random_device()();
+    SCOPED_TRACE(seed);
+    std::vector<std::unique_ptr<KilledSession>> killed;
+    for (std::uint8_t session = 1; session <= sessions; ++session)
+        killed.push_back(std::make_unique<KilledSession>(folder, session, seed + session));
+    const auto goOnUntil = [&](auto&& holds) {
+        QElapsedTimer still;
+        still.start();
+        while (!holds()) {
+            bool moved = false;
+            for (const auto& session : killed)
+                moved |= session->GoOn();
+            if (moved)
+                still.start();
+            else
+                QThread::msleep(1);
+            if (still.elapsed() > LimitMs)
+                return false;
+        }
+        return true;
+    };
+    const auto killsSoFar = [&] {
+        int sum = 0;
+        for (const auto& session : killed)
+            sum += session->Kills;
+        return sum;
+    };
+    ASSERT_TRUE(goOnUntil([&] { return killsSoFar() >= kills; }));
+    for (const auto& session : killed)
+        session->KillNoMore();
+    ASSERT_TRUE(goOnUntil([&] {
+        return std::all_of(killed.begin(), killed.end(),
+                           [](const auto& session) { return session->Host.IsAllAnswered(); });
+    }));
+    for (const auto& session : killed)
+        EXPECT_EQ(session->End(), 0);
+
+    const CardAccount account(folder.Session.ProgramFolder, sessions);
+    account.ExpectEnded();
+    std::size_t answers = 0;
+    std::size_t sent = 0;
+    for (const auto& session : killed) {
+        account.ExpectRecordsOf(session->Host);
+        account.ExpectAnswersOf(session->Host);
+        answers += session->Host.Answers().size();
+        for (const auto& [value, times] : session->Host.Sent())
+            sent += static_cast<std::size_t>(times);
+    }
+    account.ExpectFiles(MostCardsRead);
+    EXPECT_GT(answers, static_cast<std::size_t>(kills));
+    EXPECT_EQ(folder.StoreIntegrity(), QStringLiteral("ok"));
+    std::cout << killsSoFar() << " kills, " << sent << " records sent, " << answers << " answered; "
+              << qPrintable(account.Summary()) << '\n';
+}
+
+TEST(LedgerKills, EveryAnsweredRecordHasItsCardAndNoNumberComesTwice)
+{
+    constexpr int shortRun = 25;
+    LedgerFolder folder;
+    RunThroughKills(folder, 1, KillCount(shortRun));
+}
+
+TEST(LedgerKills, TwoSessionsOnOneStoreLoseNothingAndShareNoNumber)
+{
+    constexpr int shortRun = 25;
+    LedgerFolder folder;
+    RunThroughKills(folder, 2, KillCount(shortRun));
+}
+
+} // namespace
+} // namespace vantrel::test
