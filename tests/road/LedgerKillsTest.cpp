@@ -125,7 +125,15 @@ void RunThroughKills(StationFolder& folder, std::uint8_t sessions, int kills)
             sum += session->Kills;
         return sum;
     };
-    ASSERT_TRUE(goOnUntil([&] { return killsSoFar() >= kills; }));
+    const auto answersSoFar = [&] {
+        std::size_t sum = 0;
+        for (const auto& session : killed)
+            sum += session->Host.Answers().size();
+        return sum;
+    };
+    // A slow machine may answer little within a station's short life, so it is killed more often.
+    ASSERT_TRUE(goOnUntil(
+        [&] { return killsSoFar() >= kills && answersSoFar() > static_cast<std::size_t>(kills); }));
     for (const auto& session : killed)
         session->KillNoMore();
     ASSERT_TRUE(goOnUntil([&] {
@@ -137,20 +145,17 @@ void RunThroughKills(StationFolder& folder, std::uint8_t sessions, int kills)
 
     const CardAccount account(folder.Session.ProgramFolder, sessions);
     account.ExpectEnded();
-    std::size_t answers = 0;
     std::size_t sent = 0;
     for (const auto& session : killed) {
         account.ExpectRecordsOf(session->Host);
         account.ExpectAnswersOf(session->Host);
-        answers += session->Host.Answers().size();
         for (const auto& [value, times] : session->Host.Sent())
             sent += static_cast<std::size_t>(times);
     }
     account.ExpectFiles(MostCardsRead);
-    EXPECT_GT(answers, static_cast<std::size_t>(kills));
     EXPECT_EQ(folder.StoreIntegrity(), QStringLiteral("ok"));
-    std::cout << killsSoFar() << " kills, " << sent << " records sent, " << answers << " answered; "
-              << qPrintable(account.Summary()) << '\n';
+    std::cout << killsSoFar() << " kills, " << sent << " records sent, " << answersSoFar()
+              << " answered; " << qPrintable(account.Summary()) << '\n';
 }
 
 TEST(LedgerKills, EveryAnsweredRecordHasItsCardAndNoNumberComesTwice)
