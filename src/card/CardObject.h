@@ -72,6 +72,11 @@ public:
     bool Visible = false;
     bool Stretch = false;
     vantrel::Picture Picture;
+    /// Whether the record in hand names the picture, see `FillRecordPictures`. It is then printed
+    /// as it is here, and not read from the path.
+    bool IsRecordPicture = false;
+    /// Why there is no such picture; empty otherwise.
+    QString PictureProblem;
     /// For a text its filter characters, for an image its path or "CVIEW"; "NO_INCL" if it is not
     /// card content.
     QString Tag;

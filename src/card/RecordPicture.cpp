@@ -1,13 +1,18 @@
 #include "card/RecordPicture.h"
 #include "base/Failure.h"
 #include "base/FileBeneath.h"
+#include "card/CardDocument.h"
 #include <algorithm>
+#include <climits>
 #include <limits>
 #include <optional>
 
 namespace vantrel {
 
 namespace {
+
+/// Characters of a name that a file can have.
+constexpr qsizetype LongestName = PATH_MAX;
 
 bool IsDigit(QChar character)
 {
@@ -70,7 +75,8 @@ QString FilledPath(const QString& path, const FieldValues& values, const QString
                 QStringLiteral("The record has no value for \"%1\"")
                     .arg(QStringView(path).sliced(place->Begin, place->End - place->Begin)));
         filled += QStringView(path).sliced(from, place->Begin - from);
-        filled += values.Item(place->Value);
+        // A longer name is refused whatever follows.
+        filled += values.Item(place->Value).left(LongestName + 1);
         from = place->End;
     }
     return filled + QStringView(path).sliced(from);
@@ -84,6 +90,44 @@ Picture SafePictureIn(const QString& folder, const QString& name)
     } catch (const Failure& failure) {
         throw Failure(failure.Number(),
                       QStringLiteral("\"%1\" is no picture, or not a whole one").arg(name));
+    }
+}
+
+bool PictureSource::IsNamedByRecord(const QString& path) const
+{
+    return !Folder.isEmpty() && HasPlaceholder(NameIn(path), Columns);
+}
+
+QString PictureSource::NameIn(const QString& path) const
+{
+    if (!path.startsWith(Folder))
+        return path;
+    qsizetype begin = Folder.size();
+    while (begin < path.size() && path[begin] == QLatin1Char('/'))
+        ++begin;
+    const bool isWithin = begin > Folder.size() || Folder.endsWith(QLatin1Char('/'));
+    return isWithin ? path.sliced(begin) : path;
+}
+
+void FillRecordPictures(CardDocument& document, const FieldValues& values,
+                        const PictureSource& source)
+{
+    if (source.Folder.isEmpty() || values.Count() == 0)
+        return;
+    for (const auto& object : document.Objects()) {
+        object->IsRecordPicture = false;
+        object->PictureProblem.clear();
+        if (!object->IsContent() || !object->IsImage() || object->Tag == Marker::Camera ||
+            !source.IsNamedByRecord(object->Tag))
+            continue;
+        object->IsRecordPicture = true;
+        object->Picture = Picture();
+        try {
+            object->Picture = SafePictureIn(
+                source.Folder, FilledPath(source.NameIn(object->Tag), values, source.Columns));
+        } catch (const Failure& failure) {
+            object->PictureProblem = failure.Text();
+        }
     }
 }
 

@@ -6,6 +6,8 @@
 
 namespace vantrel {
 
+class CardDocument;
+
 /// @file A picture for each card: an image whose path holds `{1}`, `{2}` ..., the number of a
 /// value, or `{NAME}`, the name of a column where the values have names.
 
@@ -24,5 +26,25 @@ QString FilledPath(const QString& path, const FieldValues& values, const QString
 /// failures are meant for the operator.
 /// @param name  tried as it is; no ending is added
 Picture SafePictureIn(const QString& folder, const QString& name);
+
+/// Where the pictures are that records name.
+struct PictureSource
+{
+    /// Empty for none; a placeholder in a path is then a part of the path.
+    QString Folder = {};
+    /// The names of the values in their order; empty if they have none.
+    QStringList Columns = {};
+
+    /// Whether an image of that path shows a picture that the record in hand names.
+    bool IsNamedByRecord(const QString& path) const;
+    /// The part of a path that is looked up in the folder: the path itself, or what follows the
+    /// folder if the path begins with it, as it does after the picture was chosen there.
+    QString NameIn(const QString& path) const;
+};
+
+/// Gives the images of a document whose paths hold placeholders the pictures that a record names,
+/// or no picture and the reason in `PictureProblem`. Without values, images keep what they show.
+void FillRecordPictures(CardDocument& document, const FieldValues& values,
+                        const PictureSource& source);
 
 } // namespace vantrel

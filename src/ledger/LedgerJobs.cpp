@@ -59,18 +59,24 @@ void NoteJobState(StoreDatabase& database, int session, int job, LedgerState sta
     const auto found = FindCard(database, session, job);
     if (!found)
         return;
-    // A text column must not be null.
-    const QString why = reason.isNull() ? QStringLiteral("") : reason;
-    database.Change(
-        QStringLiteral("UPDATE LedgerCards SET State = ?, Reason = ?, Changed = ? WHERE ID = ?"),
-        {NameOf(state), why, QDateTime::currentMSecsSinceEpoch(), found->Card});
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
     if (state == LedgerState::Failed) {
+        // A text column must not be null.
+        const QString why = reason.isNull() ? QStringLiteral("") : reason;
+        database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, Reason = ?, Changed = ? "
+                                       "WHERE ID = ?"),
+                        {NameOf(state), why, now, found->Card});
         database.Change(
             QStringLiteral("UPDATE LedgerEntries SET State = ?, Reason = ? WHERE ID = ?"),
             {NameOf(state), why, found->Entry});
-    } else if (!HasCardNotDone(database, found->Entry)) {
-        database.Change(QStringLiteral("UPDATE LedgerEntries SET State = ? WHERE ID = ?"),
-                        {NameOf(LedgerState::Done), found->Entry});
+    } else {
+        // What is missing on the card stays noted.
+        database.Change(
+            QStringLiteral("UPDATE LedgerCards SET State = ?, Changed = ? WHERE ID = ?"),
+            {NameOf(state), now, found->Card});
+        if (!HasCardNotDone(database, found->Entry))
+            database.Change(QStringLiteral("UPDATE LedgerEntries SET State = ? WHERE ID = ?"),
+                            {NameOf(LedgerState::Done), found->Entry});
     }
     transaction.Commit();
 }

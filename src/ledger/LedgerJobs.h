@@ -16,6 +16,7 @@ std::vector<int> OpenJobs(StoreDatabase& database, int session);
 /// that was handed over under that number, since a print server may begin to count anew. Does
 /// nothing if there is none. Fails like `StoreDatabase`.
 /// @param state  `Done` or `Failed`
+/// @param reason  why it has failed
 void NoteJobState(StoreDatabase& database, int session, int job, LedgerState state,
                   const QString& reason);
 

@@ -53,7 +53,7 @@ struct LedgerCard
     /// File name without its folder; empty for a job.
     QString File;
     LedgerState State = LedgerState::Printing;
-    /// Why it failed; empty otherwise.
+    /// Why it failed, or what is missing on a card that was printed; mostly empty.
     QString Reason;
     /// Time of the last change, in milliseconds since 1970, UTC.
     qint64 Changed = 0;
@@ -65,7 +65,7 @@ struct LedgerEntry
     /// The entry's number; 0 before it is stored. Numbers rise and are never used twice.
     qlonglong Id = 0;
     LedgerState State = LedgerState::Received;
-    /// Why it failed; empty otherwise.
+    /// Why it failed, or what is missing on the first of its cards that has such a remark.
     QString Reason;
     /// Time of arrival, in milliseconds since 1970, UTC.
     qint64 Received = 0;

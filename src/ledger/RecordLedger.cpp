@@ -20,6 +20,8 @@ Q_LOGGING_CATEGORY(ledgerLog, "vantrel.ledger")
 
 /// Characters that an entry is found by; a search reads them all.
 constexpr qsizetype LongestSearchText = 64 * 1024;
+/// Characters of what is missing on a card; a page may have any number of objects.
+constexpr qsizetype LongestRemark = 1000;
 /// Runs that wait to be written while the ledger cannot be; then the oldest are forgotten.
 constexpr std::size_t MostRuns = 10'000;
 /// Runs whose outcome is written at the latest with the next change.
@@ -190,13 +192,24 @@ void RecordLedger::Postpone(RecordRun& run)
     run.m_entryRow.Dirty = false;
 }
 
+void RecordLedger::NoteOnCard(RecordRun& run, std::size_t index, const QString& remark)
+{
+    QString& reason = run.Entry.Cards.at(index).Reason;
+    if (reason.size() >= LongestRemark)
+        return;
+    reason += reason.isEmpty() ? remark : QLatin1Char(' ') + remark;
+    reason.truncate(LongestRemark);
+    run.m_cardRows.at(index).Dirty = true;
+}
+
 void RecordLedger::EndCard(RecordRun& run, std::size_t index, const CardOutcome& outcome)
 {
     LedgerCard& card = run.Entry.Cards.at(index);
     if (card.State == LedgerState::Printing)
         --run.m_cardsUnderWay;
     card.State = outcome.State;
-    card.Reason = outcome.Reason;
+    if (!outcome.Reason.isEmpty() || outcome.State == LedgerState::Failed)
+        card.Reason = outcome.Reason;
     card.Job = outcome.Job;
     card.File = outcome.File;
     card.Changed = QDateTime::currentMSecsSinceEpoch();

@@ -57,7 +57,10 @@ public:
     void SetNumbers(RecordRun& run, std::size_t index, const QStringList& numbers);
     /// Leaves a run as it was before its cards were begun, see `RecordRun::MayBePostponed`.
     void Postpone(RecordRun& run);
-    /// Notes the outcome of a card.
+    /// Adds to a card's reason what is missing on it although it is printed. The reason has at most
+    /// a thousand characters; what comes then is left out.
+    void NoteOnCard(RecordRun& run, std::size_t index, const QString& remark);
+    /// Notes the outcome of a card. Where it has no reason, what was noted on the card stays.
     void EndCard(RecordRun& run, std::size_t index, const CardOutcome& outcome);
     /// Notes that a card has failed before it was drawn. It has no number and no page then, so that
     /// printing it again makes it as new. Nothing of it may be in the database.

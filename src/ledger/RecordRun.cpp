@@ -39,6 +39,10 @@ void RecordRun::Judge()
             return card.State == LedgerState::Done;
         });
         state = done ? LedgerState::Done : LedgerState::Printed;
+        const auto remarked = std::find_if(cards.begin(), cards.end(), [](const LedgerCard& card) {
+            return !card.Reason.isEmpty();
+        });
+        reason = remarked == cards.end() ? QString() : remarked->Reason;
     }
     if (state == Entry.State && reason == Entry.Reason)
         return;

@@ -3,6 +3,7 @@
 #include "desktop/history/DesktopRecordParts.h"
 #include "desktop/history/frmHistory.h"
 #include "station/print/CardAsPrinted.h"
+#include "station/session/Session.h"
 #include <QEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -120,7 +121,7 @@ void frmHistory::ShowCards(const HistoryEntry& entry)
     for (const HistoryCard& card : entry.Cards) {
         if (printed.size() < MostCardsDrawn)
             printed.push_back(
-                DrawCardAsPrinted(card.Page, values, card.Card,
+                DrawCardAsPrinted(card.Page, values, card.Card, m_session.Pictures,
                                   (QSizeF(PictureRoom) * devicePixelRatioF()).toSize()));
         auto* item = new QListWidgetItem(OneLine(card.Card), m_cards);
         const CardAsPrinted& shown =

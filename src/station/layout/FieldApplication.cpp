@@ -53,6 +53,7 @@ void ReapplyFieldValues(Session& session)
     FillDataFields(session.Document, session.FieldValues, separator);
     CheckAutoNumbers(session.Document, separator);
     FillCameraImages(session.Document, session.CameraImage);
+    FillRecordPictures(session.Document, session.FieldValues, session.Pictures);
     if (session.Settings.DynamicFields)
         MakeDynamicFields(session);
     // For one record only; the stored key keeps its value until the station ends.

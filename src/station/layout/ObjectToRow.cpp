@@ -2,6 +2,7 @@
 #include "base/Convert.h"
 #include "card/CardObject.h"
 #include "card/CheckDigits.h"
+#include "card/RecordPicture.h"
 #include "station/layout/PageKey.h"
 #include "station/layout/SaveStep.h"
 #include "store/Recordset.h"
@@ -117,15 +118,17 @@ void WriteText(const CardObject& object, const Font& font, const PageKey& key, R
     EndRow(rows);
 }
 
-/// If the file does not exist now, its path is not stored and so is lost.
-void WriteImage(const CardObject& object, const PageKey& key, Recordset& rows)
+/// If the file does not exist now, its path is not stored and so is lost, unless a record names the
+/// picture.
+void WriteImage(const CardObject& object, const PageKey& key, const PictureSource& pictures,
+                Recordset& rows)
 {
     BeginRow(rows);
     Write(rows, QStringLiteral("Page"), static_cast<int>(key.Page));
     Write(rows, QStringLiteral("Control_Type"), QString(Marker::ImageRow));
     Write(rows, QStringLiteral("LayoutName"), key.LayoutName);
     WriteGeometry(object, rows);
-    if (QFileInfo(object.Tag).isFile())
+    if (pictures.IsNamedByRecord(object.Tag) || QFileInfo(object.Tag).isFile())
         Write(rows, QStringLiteral("C_ImagePath"), object.Tag);
     else if (object.Tag == Marker::Camera)
         Write(rows, QStringLiteral("C_Param_1"), QString(Marker::Camera));
@@ -134,14 +137,15 @@ void WriteImage(const CardObject& object, const PageKey& key, Recordset& rows)
 
 } // namespace
 
-void ObjectToRow(const CardObject& object, const PageKey& key, Recordset& rows)
+void ObjectToRow(const CardObject& object, const PageKey& key, const PictureSource& pictures,
+                 Recordset& rows)
 {
     Font font;
     SaveStep("font", [&] { font = object.Font(); });
     if (object.IsLabel())
         WriteText(object, font, key, rows);
     else if (object.IsImage())
-        WriteImage(object, key, rows);
+        WriteImage(object, key, pictures, rows);
 }
 
 } // namespace vantrel

@@ -58,7 +58,7 @@ int ReplaceRows(Session& session)
         if (!object->IsContent())
             continue;
         ++counter;
-        ObjectToRow(*object, key, rows);
+        ObjectToRow(*object, key, session.Pictures, rows);
     }
     deleteRest.dismiss();
     DeleteRest(rows);

@@ -4,10 +4,14 @@
 #include "station/ledger/StationLedger.h"
 #include "station/ledger/TakeNumbers.h"
 #include "station/session/Session.h"
+#include <QLoggingCategory>
+#include <algorithm>
 
 namespace vantrel {
 
 namespace {
+
+Q_LOGGING_CATEGORY(stationLog, "vantrel.station")
 
 /// How often a page is loaded again whose numbers another session has changed in the meantime.
 constexpr int MostReloads = 3;
@@ -45,6 +49,18 @@ CardOutcome OutcomeOf(const JobOutcome& job)
         outcome.Job = job.JobId;
     outcome.File = job.File;
     return outcome;
+}
+
+/// A remark as a sentence in one line.
+QString TextOf(const CardRemark& remark, bool withReason)
+{
+    QString text = remark.What;
+    if (withReason && !remark.Why.isEmpty())
+        text += QStringLiteral(": ") + remark.Why;
+    std::replace_if(
+        text.begin(), text.end(), [](QChar c) { return !c.isPrint() && !c.isSurrogate(); },
+        QChar(QChar::ReplacementCharacter));
+    return text + u'.';
 }
 
 } // namespace
@@ -203,6 +219,18 @@ bool CardRecord::Commit(bool withLedger, const std::function<void()>& reload)
         TellLedgerState(m_session);
     }
     return true;
+}
+
+void CardRecord::Note(const CardRemarks& remarks)
+{
+    const QString& layout =
+        m_index ? m_run->Entry.Cards.at(*m_index).Layout : m_session.CurrentLayoutName;
+    for (const CardRemark& remark : remarks) {
+        const QString text = TextOf(remark, m_session.Options.LedgerValues);
+        qCWarning(stationLog).noquote() << QStringLiteral("A card of %1:").arg(layout) << text;
+        if (m_index)
+            m_session.Ledger.NoteOnCard(*m_run, *m_index, text);
+    }
 }
 
 void CardRecord::End()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "card/CardRemark.h"
 #include "ledger/RecordLedger.h"
 #include "printers/Printer.h"
 
@@ -26,6 +27,10 @@ public:
     /// @param content  the description of the page; empty if it is not known
     /// @return like `Begin`
     bool BeginAgain(const LedgerCard& first, const QString& content);
+    /// Tells what is not on the card as its layout has it: in the log, and with the card in the
+    /// ledger. Where values are not kept, it is told without the reasons, which may name them.
+    /// Called between `Begin` and `End`.
+    void Note(const CardRemarks& remarks);
     /// Must be called when the page is drawn: ends the printer's job and notes its outcome.
     void End();
     /// Notes that a card could not be begun.

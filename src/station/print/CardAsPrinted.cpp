@@ -72,7 +72,9 @@ void NotePictures(CardAsPrinted& card, const CardDocument& document)
             continue;
         if (object->Tag == Marker::Camera)
             card.HasCameraPicture = true;
-        else
+        else if (!object->PictureProblem.isEmpty())
+            card.MissingPictures.append(object->PictureProblem);
+        else if (!object->IsRecordPicture)
             NoteMissing(card.MissingPictures, object->Tag);
     }
 }
@@ -109,16 +111,17 @@ QImage Drawn(CardDocument& document, const LayoutParamsRecord& params, QSize roo
 } // namespace
 
 void BuildCard(const QString& page, const FieldValues& values, const LedgerCard& card,
-               CardDocument& document, LayoutParamsRecord& params)
+               const PictureSource& pictures, CardDocument& document, LayoutParamsRecord& params)
 {
     BuildPage(page, document, params);
     params.PageIndex = static_cast<std::int16_t>(card.Page);
     FillDataFields(document, values, MachineDecimalSeparator());
+    FillRecordPictures(document, values, pictures);
     SetNumbers(document, card.Numbers);
 }
 
 CardAsPrinted DrawCardAsPrinted(const QString& page, const FieldValues& values,
-                                const LedgerCard& card, QSize room)
+                                const LedgerCard& card, const PictureSource& pictures, QSize room)
 {
     CardAsPrinted printed;
     if (page.isEmpty())
@@ -126,7 +129,7 @@ CardAsPrinted DrawCardAsPrinted(const QString& page, const FieldValues& values,
     CardDocument document;
     document.Load();
     LayoutParamsRecord params;
-    BuildCard(page, values, card, document, params);
+    BuildCard(page, values, card, pictures, document, params);
     NoteUses(printed, document);
     if (PrinterTypeOf(params.PrinterType).Copy == CopyKind::SerializedPass) {
         printed.Line = RenderStream(StreamRows(page), params.Filter, values);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "card/LayoutParamsRecord.h"
+#include "card/RecordPicture.h"
 #include <QImage>
 #include <QStringList>
 #include <vector>
@@ -8,15 +9,15 @@
 namespace vantrel {
 
 class CardDocument;
-class FieldValues;
 struct LedgerCard;
 
 /// Builds the page on which a card was printed, with its values, and with its numbers one lower
 /// than they were, since drawing a page raises them. The document must be loaded and without
 /// content.
 /// @param page  the description of the page, see `PageDescription`
+/// @param pictures  where the pictures are that its values name
 void BuildCard(const QString& page, const FieldValues& values, const LedgerCard& card,
-               CardDocument& document, LayoutParamsRecord& params);
+               const PictureSource& pictures, CardDocument& document, LayoutParamsRecord& params);
 
 /// An object of a page that shows a value of the record.
 struct ValueUse
@@ -35,7 +36,8 @@ struct CardAsPrinted
     QImage Picture;
     /// The line that was sent instead; empty for a card that was drawn.
     QString Line;
-    /// Files of pictures that are not there any more.
+    /// Files of pictures that are not there any more, and why a picture that the record names is
+    /// not on the card.
     QStringList MissingPictures;
     /// Whether a camera picture stood on it, which is not kept.
     bool HasCameraPicture = false;
@@ -43,8 +45,9 @@ struct CardAsPrinted
 };
 
 /// Draws a card as it was printed. Never fails; what cannot be drawn is left out.
+/// @param pictures  where the pictures are that its values name
 /// @param room  what the picture has to fit into, in pixels
 CardAsPrinted DrawCardAsPrinted(const QString& page, const FieldValues& values,
-                                const LedgerCard& card, QSize room);
+                                const LedgerCard& card, const PictureSource& pictures, QSize room);
 
 } // namespace vantrel

@@ -87,7 +87,7 @@ void PrintLabel(Printers& printers, CardObject& label)
 void PrintImage(Printers& printers, const CardObject& image)
 {
     Picture picture;
-    if (image.Tag == Marker::Camera)
+    if (image.Tag == Marker::Camera || image.IsRecordPicture)
         picture = image.Picture;
     else
         Skip("load image", [&] { picture = LoadPicture(image.Tag); });
@@ -99,8 +99,9 @@ void PrintImage(Printers& printers, const CardObject& image)
 }
 
 /// Later objects are printed over earlier ones.
-void PrintObjects(Printers& printers, const CardDocument& document)
+CardRemarks PrintObjects(Printers& printers, const CardDocument& document)
 {
+    CardRemarks remarks;
     for (const auto& object : document.Objects()) {
         if (!object->IsContent())
             continue;
@@ -108,7 +109,11 @@ void PrintObjects(Printers& printers, const CardDocument& document)
             PrintLabel(printers, *object);
         else if (object->IsImage())
             PrintImage(printers, *object);
+        if (!object->PictureProblem.isEmpty())
+            remarks.push_back({QStringLiteral("The picture %1 is missing").arg(object->Tag),
+                               object->PictureProblem});
     }
+    return remarks;
 }
 
 void ReopenPage(Session& session)
@@ -119,13 +124,14 @@ void ReopenPage(Session& session)
 
 } // namespace
 
-void DrawPage(Printers& printers, const QString& layoutName, const LayoutParamsRecord& params,
-              const FieldValues& values, const CardDocument& document)
+CardRemarks DrawPage(Printers& printers, const QString& layoutName,
+                     const LayoutParamsRecord& params, const FieldValues& values,
+                     const CardDocument& document)
 {
     OpenPage(printers, layoutName, params.PageIndex);
     PrintTracks(printers, params, values);
     PrintBackImage(printers, document);
-    PrintObjects(printers, document);
+    return PrintObjects(printers, document);
 }
 
 void PrintCard_Ex(Session& session)
@@ -133,8 +139,8 @@ void PrintCard_Ex(Session& session)
     CardRecord record(session);
     if (!record.Begin([&] { ReopenPage(session); }))
         return;
-    DrawPage(session.Printers, session.CurrentLayoutName, session.CurrentParams,
-             session.FieldValues, session.Document);
+    record.Note(DrawPage(session.Printers, session.CurrentLayoutName, session.CurrentParams,
+                         session.FieldValues, session.Document));
     record.End();
     // The next page loads its numbers from the database.
     Skip("save numbers", [&] { SaveLayout(session, SaveMessages::Silent); });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "card/CardRemark.h"
 #include <QString>
 
 namespace vantrel {
@@ -12,8 +13,10 @@ struct LayoutParamsRecord;
 
 /// Draws a page on the current printer, as an open job, and raises its automatic numbers in memory.
 /// Every printer operation that fails is skipped.
-void DrawPage(Printers& printers, const QString& layoutName, const LayoutParamsRecord& params,
-              const FieldValues& values, const CardDocument& document);
+/// @return what is not on the card as the document has it
+CardRemarks DrawPage(Printers& printers, const QString& layoutName,
+                     const LayoutParamsRecord& params, const FieldValues& values,
+                     const CardDocument& document);
 
 /// Prints the open page as one job, then saves it. Called by `PrintCard` only. Every printer
 /// operation that fails is skipped.

@@ -34,7 +34,7 @@ void ReprintCard(Session& session, const LedgerCard& card, const FieldValues& va
     CardDocument document;
     document.Load();
     LayoutParamsRecord params;
-    BuildCard(content, values, card, document, params);
+    BuildCard(content, values, card, session.Pictures, document, params);
     const CopyKind kind = PrinterTypeOf(params.PrinterType).Copy;
     Skip("choose printer", [&] { session.Printers.MakeCurrent(card.Printer); });
     if (kind == CopyKind::SerializedPass) {
@@ -45,7 +45,7 @@ void ReprintCard(Session& session, const LedgerCard& card, const FieldValues& va
     if (kind == CopyKind::OrientedPagePass)
         Skip("orientation",
              [&] { session.Printers.Current().SetOrientation(params.PrinterOrientation); });
-    DrawPage(session.Printers, card.Layout, params, values, document);
+    record.Note(DrawPage(session.Printers, card.Layout, params, values, document));
     record.End();
 }
 

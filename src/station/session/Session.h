@@ -4,6 +4,7 @@
 #include "card/FieldValues.h"
 #include "card/LayoutParamsRecord.h"
 #include "card/PadResult.h"
+#include "card/RecordPicture.h"
 #include "ledger/RecordLedger.h"
 #include "ports/Comm.h"
 #include "ports/InputBuffer.h"
@@ -84,6 +85,8 @@ public:
     QString CurrentLayoutName;
     LayoutParamsRecord CurrentParams;
     CardDocument Document;
+    /// Where the pictures are that records name.
+    PictureSource Pictures;
     /// The last accepted camera picture.
     Picture CameraImage;
     /// The last uncropped picture of the camera or of a file.

@@ -31,13 +31,14 @@ protected:
         Card.Numbers = {QStringLiteral("1007")};
         Values.Add(QStringLiteral("Ada"));
     }
-    CardAsPrinted Draw() const { return DrawCardAsPrinted(Page, Values, Card, Room); }
+    CardAsPrinted Draw() const { return DrawCardAsPrinted(Page, Values, Card, Pictures, Room); }
 
     TestSession Station;
     QString PicturePath;
     QString Page;
     LedgerCard Card;
     FieldValues Values;
+    PictureSource Pictures;
 };
 
 int InkIn(const QImage& picture, const QRect& part)
