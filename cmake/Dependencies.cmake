@@ -4,6 +4,7 @@ if(VANTREL_DESKTOP)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Multimedia Widgets)
 endif()
 find_package(Cups REQUIRED)
+find_package(JPEG REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(SQLite3 REQUIRED)
 pkg_check_modules(pangocairo REQUIRED IMPORTED_TARGET pangocairo pangoft2 fontconfig cairo cairo-pdf

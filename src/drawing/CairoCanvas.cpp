@@ -63,19 +63,21 @@ void CairoCanvas::Set(const PlacedLine& placed)
 void CairoCanvas::Set(const PlacedPicture& placed)
 {
     const PictureData& data = *placed.Content.Data();
+    cairo_surface_t* surface = data.Surface();
+    const QSizeF upright = data.UprightSize();
     cairo_t* context = m_context.get();
     cairo_save(context);
     cairo_translate(context, placed.X, placed.Y);
-    cairo_scale(context, placed.Width / data.Pixels.width(), placed.Height / data.Pixels.height());
+    cairo_scale(context, placed.Width / upright.width(), placed.Height / upright.height());
     cairo_transform(context, &data.ToUpright);
-    cairo_set_source_surface(context, data.Surface.get(), 0, 0);
+    cairo_set_source_surface(context, surface, 0, 0);
     if (IsPdf()) {
         m_painted.push_back(placed.Content);
         cairo_paint(context);
     } else {
         // Otherwise stretched pixels at the edge would blend with what is under the picture.
         cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
-        cairo_rectangle(context, 0, 0, data.Stored.width(), data.Stored.height());
+        cairo_rectangle(context, 0, 0, data.StoredSize().width(), data.StoredSize().height());
         cairo_fill(context);
     }
     cairo_restore(context);

@@ -145,8 +145,19 @@ std::optional<JpegMarkers> ReadJpegMarkers(QByteArrayView file)
 QByteArray BareJpeg(QByteArrayView file)
 {
     QByteArray bare("\xFF\xD8");
+    bare.reserve(file.size());
     WalkSegments(file, [&bare](const JpegSegment& segment) { bare += PictureOwn(segment); });
     return bare + "\xFF\xD9";
+}
+
+QByteArray JpegWithoutPixels(QByteArrayView file)
+{
+    QByteArray frame("\xFF\xD8");
+    WalkSegments(file, [&frame](const JpegSegment& segment) {
+        const qsizetype length = ByteAt(segment.Bytes, 2) * 256 + ByteAt(segment.Bytes, 3);
+        frame += segment.Bytes.first(2 + length);
+    });
+    return frame + "\xFF\xD9";
 }
 
 } // namespace vantrel

@@ -27,4 +27,11 @@ std::optional<JpegMarkers> ReadJpegMarkers(QByteArrayView file);
 /// @param file  a file that `ReadJpegMarkers` accepts
 QByteArray BareJpeg(QByteArrayView file);
 
+/// The file without the coded pixels of its scans. A decoder fills in grey for them, however little
+/// of them is there, and fails for nothing in them; but it fails for tables and headers that no
+/// picture can have. So it refuses this file if and only if it refuses the whole one, and much
+/// sooner.
+/// @param file  a file that `ReadJpegMarkers` accepts
+QByteArray JpegWithoutPixels(QByteArrayView file);
+
 } // namespace vantrel

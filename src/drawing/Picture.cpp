@@ -1,6 +1,8 @@
 #include "drawing/Picture.h"
 #include "base/Failure.h"
 #include "base/FileStamp.h"
+#include "base/Skip.h"
+#include "drawing/JpegDecoding.h"
 #include "drawing/JpegMarkers.h"
 #include "drawing/PictureData.h"
 #include "drawing/PictureFormats.h"
@@ -58,12 +60,19 @@ PlainJpeg PlainJpegOf(const QByteArray& file)
     return isCommon ? PlainJpeg{BareJpeg(file), markers->Components == 1} : PlainJpeg();
 }
 
-/// Fails with `InvalidPicture`. A picture with too many pixels is refused before it is decoded.
-QImage Decode(QImageReader& reader)
+/// A picture with too many pixels is refused before it is decoded. Fails with `InvalidPicture`.
+QSize SizeOf(const QImageReader& reader)
 {
     const QSize size = reader.size();
     if (static_cast<qint64>(size.width()) * size.height() > MaxPixels)
         FailInvalid();
+    return size;
+}
+
+/// Fails with `InvalidPicture`.
+QImage Decode(QImageReader& reader)
+{
+    SizeOf(reader);
     QImage image = reader.read();
     if (image.isNull())
         FailInvalid();
@@ -82,8 +91,10 @@ std::shared_ptr<const PictureData> ReadPicture(QFile& opened)
         if (file.Bytes.size() > MaxJpegBytes)
             FailInvalid();
         if (PlainJpeg jpeg = PlainJpegOf(file.Bytes); !jpeg.Bytes.isEmpty()) {
-            const QImage stored = Decode(reader);
-            return std::make_shared<const PictureData>(stored, reader.transformation(),
+            const QSize size = SizeOf(reader);
+            if (!CanDecodeJpeg(file.Bytes))
+                FailInvalid();
+            return std::make_shared<const PictureData>(size, reader.transformation(),
                                                        std::move(jpeg));
         }
     }
@@ -122,6 +133,14 @@ Picture CachedOrRead(const QString& path, const FileStamp& stamp, Open&& open)
     return picture;
 }
 
+QSize HundredthsOf(const PictureData* data)
+{
+    QSize size(0, 0);
+    if (data != nullptr)
+        Skip("size of picture", [&] { size = data->Hundredths(); });
+    return size;
+}
+
 } // namespace
 
 Picture Picture::FromImage(const QImage& image)
@@ -133,17 +152,20 @@ Picture Picture::FromImage(const QImage& image)
 
 int Picture::WidthHundredths() const
 {
-    return m_data ? m_data->WidthHundredths : 0;
+    return HundredthsOf(m_data.get()).width();
 }
 
 int Picture::HeightHundredths() const
 {
-    return m_data ? m_data->HeightHundredths : 0;
+    return HundredthsOf(m_data.get()).height();
 }
 
 QImage Picture::Image() const
 {
-    return m_data ? m_data->Pixels : QImage();
+    QImage image;
+    if (m_data)
+        Skip("decode picture", [&] { image = m_data->Pixels(); });
+    return image;
 }
 
 Picture LoadPicture(const QString& path)

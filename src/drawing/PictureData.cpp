@@ -14,6 +14,13 @@ namespace {
 /// Resolution assumed for a picture file that specifies none.
 constexpr double DefaultDotsPerInch = 96.0;
 constexpr double HundredthsPerMetre = 100000.0;
+/// Cairo draws no larger picture.
+constexpr int LongestSide = 32767;
+
+[[noreturn]] void FailInvalid()
+{
+    throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
+}
 
 bool IsOpaque(const QImage& premultiplied)
 {
@@ -37,7 +44,7 @@ QImage RendererPixels(const QImage& image)
 
 /// Qt gives an image without a resolution that of the screen, which is not a property of the
 /// picture and differs between stations.
-int Hundredths(int pixels, int dotsPerMetre, int dotsPerMetreOfScreen)
+int HundredthsOf(int pixels, int dotsPerMetre, int dotsPerMetreOfScreen)
 {
     if (dotsPerMetre <= 0 || dotsPerMetre == dotsPerMetreOfScreen)
         return static_cast<int>(std::lround(pixels * HundredthsPerInch / DefaultDotsPerInch));
@@ -97,42 +104,70 @@ cairo_matrix_t UprightMatrix(QSize stored, QImageIOHandler::Transformations toUp
 } // namespace
 
 PictureData::PictureData(const QImage& image)
-    : PictureData(image, QImageIOHandler::TransformationNone, PlainJpeg())
-{}
-
-PictureData::PictureData(const QImage& image, QImageIOHandler::Transformations toUpright,
-                         PlainJpeg jpeg)
-    : Stored(RendererPixels(image)), Pixels(Upright(Stored, toUpright)),
-      ToUpright(UprightMatrix(image.size(), toUpright)), Jpeg(std::move(jpeg))
+    : PictureData(image.size(), QImageIOHandler::TransformationNone, PlainJpeg())
 {
+    m_decoded = FormsOf(image);
+}
+
+PictureData::PictureData(QSize stored, QImageIOHandler::Transformations toUpright, PlainJpeg jpeg)
+    : ToUpright(UprightMatrix(stored, toUpright)), Jpeg(std::move(jpeg)), m_storedSize(stored),
+      m_toUpright(toUpright)
+{
+    if (stored.isEmpty() || stored.width() > LongestSide || stored.height() > LongestSide)
+        FailInvalid();
+}
+
+QSize PictureData::UprightSize() const
+{
+    return IsTurned(m_toUpright) ? m_storedSize.transposed() : m_storedSize;
+}
+
+PictureData::DecodedForms PictureData::FormsOf(const QImage& image) const
+{
+    DecodedForms forms;
+    forms.Stored = RendererPixels(image);
+    forms.Pixels = Upright(forms.Stored, m_toUpright);
     const QImage untold(1, 1, QImage::Format_RGB32);
-    WidthHundredths = Hundredths(image.width(), image.dotsPerMeterX(), untold.dotsPerMeterX());
-    HeightHundredths = Hundredths(image.height(), image.dotsPerMeterY(), untold.dotsPerMeterY());
-    if (IsTurned(toUpright))
-        std::swap(WidthHundredths, HeightHundredths);
+    forms.Hundredths = {
+        HundredthsOf(image.width(), image.dotsPerMeterX(), untold.dotsPerMeterX()),
+        HundredthsOf(image.height(), image.dotsPerMeterY(), untold.dotsPerMeterY())};
+    if (IsTurned(m_toUpright))
+        forms.Hundredths.transpose();
     const cairo_format_t format =
-        Stored.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
+        forms.Stored.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
     // Cairo never writes to a source surface, so the pixels can stay shared.
-    Surface.reset(cairo_image_surface_create_for_data(const_cast<uchar*>(Stored.constBits()),
-                                                      format, Stored.width(), Stored.height(),
-                                                      static_cast<int>(Stored.bytesPerLine())));
-    if (cairo_surface_status(Surface.get()) != CAIRO_STATUS_SUCCESS)
-        throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
+    forms.Surface.reset(cairo_image_surface_create_for_data(
+        const_cast<uchar*>(forms.Stored.constBits()), format, forms.Stored.width(),
+        forms.Stored.height(), static_cast<int>(forms.Stored.bytesPerLine())));
+    if (cairo_surface_status(forms.Surface.get()) != CAIRO_STATUS_SUCCESS)
+        FailInvalid();
     if (!Jpeg.Bytes.isEmpty())
-        AttachJpeg(Surface.get(), Jpeg.Bytes);
+        AttachJpeg(forms.Surface.get(), Jpeg.Bytes);
+    return forms;
+}
+
+const PictureData::DecodedForms& PictureData::Decoded() const
+{
+    if (!m_decoded) {
+        const QImage image = QImage::fromData(Jpeg.Bytes, "jpeg");
+        if (image.size() != m_storedSize)
+            FailInvalid();
+        m_decoded = FormsOf(image);
+    }
+    return *m_decoded;
 }
 
 qint64 PictureData::BytesHeld() const
 {
-    const bool isShared = Pixels.constBits() == Stored.constBits();
-    const qint64 packed = Jpeg.Bytes.isEmpty() ? Stored.sizeInBytes() : Jpeg.Bytes.size();
-    return Stored.sizeInBytes() + (isShared ? 0 : Pixels.sizeInBytes()) + packed;
+    const qint64 pixels = qint64{4} * m_storedSize.width() * m_storedSize.height();
+    const bool isShared = m_toUpright == QImageIOHandler::TransformationNone;
+    return pixels * (isShared ? 1 : 2) + (Jpeg.Bytes.isEmpty() ? pixels : Jpeg.Bytes.size());
 }
 
 const PackedPixels& PictureData::Packed() const
 {
     if (!m_packed)
-        m_packed = PackPixels(Stored);
+        m_packed = PackPixels(Stored());
     return *m_packed;
 }
 
@@ -144,13 +179,14 @@ const QByteArray& PictureData::ContentKey() const
         if (!Jpeg.Bytes.isEmpty()) {
             hash.addData(Jpeg.Bytes);
         } else {
-            const QByteArray shape = QByteArray::number(Stored.width()) + 'x' +
-                                     QByteArray::number(Stored.height()) +
-                                     (Stored.hasAlphaChannel() ? 'a' : 'o');
+            const QImage& stored = Stored();
+            const QByteArray shape = QByteArray::number(stored.width()) + 'x' +
+                                     QByteArray::number(stored.height()) +
+                                     (stored.hasAlphaChannel() ? 'a' : 'o');
             hash.addData(shape);
-            for (int y = 0; y < Stored.height(); ++y)
+            for (int y = 0; y < stored.height(); ++y)
                 hash.addData(
-                    QByteArrayView(Stored.constScanLine(y), qsizetype{4} * Stored.width()));
+                    QByteArrayView(stored.constScanLine(y), qsizetype{4} * stored.width()));
         }
         m_contentKey = hash.result();
     }

@@ -5,10 +5,15 @@
 #include "station/session/Settings.h"
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -96,6 +101,38 @@ TEST_F(OptionsWindow, WritesOnlyTheKeysThatWereChanged)
     EXPECT_TRUE(Dialog.isNull() || !Dialog->isVisible());
     EXPECT_EQ(Lines(), before + QStringList({QStringLiteral("LedgerKeepDays=7"),
                                              QStringLiteral("UniqueNumbers=True")}));
+}
+
+TEST_F(OptionsWindow, AFolderIsTypedOrChosen)
+{
+    const QString folder = Station.Session.PathInFolder(QStringLiteral("photos"));
+    ASSERT_TRUE(QDir().mkpath(folder));
+    Open();
+    Get<QLineEdit>("optImagesFrom").setText(QStringLiteral("/srv/photos "));
+    int dialogs = 0;
+    QTimer::singleShot(0, Dialog, [&] {
+        auto* chooser = Dialog->findChild<QFileDialog*>(QStringLiteral("OpenFolder"));
+        ASSERT_NE(chooser, nullptr);
+        ++dialogs;
+        chooser->reject();
+    });
+    Get<QAbstractButton>("cmdBrowseImagesFrom").click();
+    EXPECT_EQ(Get<QLineEdit>("optImagesFrom").text(), QStringLiteral("/srv/photos "));
+    QTimer::singleShot(0, Dialog, [&] {
+        auto* chooser = Dialog->findChild<QFileDialog*>(QStringLiteral("OpenFolder"));
+        ASSERT_NE(chooser, nullptr);
+        ++dialogs;
+        chooser->setDirectory(Station.Session.ProgramFolder);
+        chooser->selectFile(folder);
+        chooser->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click();
+    });
+    Get<QAbstractButton>("cmdBrowseImagesFrom").click();
+    EXPECT_EQ(dialogs, 2);
+    EXPECT_EQ(Get<QLineEdit>("optImagesFrom").text(), folder);
+    Save();
+    EXPECT_TRUE(Lines().contains(QStringLiteral("ImagesFrom=") + folder));
+    QStringList mistakes;
+    EXPECT_EQ(ReadStationOptions(Station.Session.ProgramFolder, mistakes).ImagesFrom, folder);
 }
 
 TEST_F(OptionsWindow, CancelWritesNothing)

@@ -67,8 +67,7 @@ protected:
     {
         const unsigned char* data = nullptr;
         unsigned long size = 0;
-        cairo_surface_get_mime_data(picture.Data()->Surface.get(), CAIRO_MIME_TYPE_JPEG, &data,
-                                    &size);
+        cairo_surface_get_mime_data(picture.Data()->Surface(), CAIRO_MIME_TYPE_JPEG, &data, &size);
         return data != nullptr && size > 0;
     }
 
@@ -279,6 +278,8 @@ TEST_F(PictureTest, AnyPhotoOfATurnedCameraIsShownAndDrawnUpright)
         reader.setAutoTransform(true);
         const QImage expected = reader.read();
         const Picture picture = LoadPicture(path);
+        ASSERT_EQ(picture.Data()->UprightSize(), expected.size()) << int{orientation};
+        EXPECT_EQ(picture.Data()->StoredSize(), quarters.size()) << int{orientation};
         ASSERT_EQ(picture.Image().size(), expected.size()) << int{orientation};
         EXPECT_EQ(picture.WidthHundredths() > picture.HeightHundredths(),
                   expected.width() > expected.height());

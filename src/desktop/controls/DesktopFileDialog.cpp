@@ -77,4 +77,19 @@ QString DesktopFileDialog::AskFileToSave(QWidget& window, const QString& title, 
     return chosen ? dialog.selectedFiles().constFirst() : QString();
 }
 
+QString DesktopFileDialog::AskFolder(QWidget& window, const QString& title, const QString& folder)
+{
+    KindByName kinds;
+    QFileDialog dialog(&window, title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setIconProvider(&kinds);
+    dialog.setObjectName(QStringLiteral("OpenFolder"));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    if (!folder.isEmpty())
+        dialog.setDirectory(folder);
+    const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    return chosen ? dialog.selectedFiles().constFirst() : QString();
+}
+
 } // namespace vantrel

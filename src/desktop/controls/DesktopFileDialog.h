@@ -34,6 +34,11 @@ public:
     static QString AskFileToSave(QWidget& window, const QString& title, const QString& name,
                                  const QString& pattern);
 
+    /// Asks for a folder that is there, and waits. It shares no values with the commands.
+    /// @param folder  where it begins; may be empty
+    /// @return empty if cancelled
+    static QString AskFolder(QWidget& window, const QString& title, const QString& folder);
+
 private:
     explicit DesktopFileDialog(QWidget& window);
 

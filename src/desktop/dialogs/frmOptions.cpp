@@ -1,6 +1,8 @@
 #include "desktop/dialogs/frmOptions.h"
 #include "base/Convert.h"
+#include "base/Profile.h"
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopFileDialog.h"
 #include "desktop/controls/DesktopToolTip.h"
 #include "desktop/controls/DesktopWrappedText.h"
 #include "station/commands/OptionsCommand.h"
@@ -9,6 +11,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -25,12 +28,6 @@ constexpr int ExplanationIndent = 24;
 QString CaptionOf(const StationOptionRow& row)
 {
     return QLatin1StringView(row.Caption);
-}
-
-bool IsYesOrNo(const StationOptionRow& row)
-{
-    const QString absent = QLatin1StringView(row.Default);
-    return absent == BooleanText(true) || absent == BooleanText(false);
 }
 
 QString WhenOf(const StationOptionRow& row)
@@ -98,17 +95,22 @@ void frmOptions::AddRow(QGridLayout& grid, const StationOptionRow& row)
 {
     const int line = grid.rowCount();
     QWidget* control = nullptr;
-    if (IsYesOrNo(row)) {
+    if (row.Kind == OptionKind::YesOrNo) {
         control = MakeTick(row);
         grid.addWidget(control, line, 0, 1, 3, Qt::AlignLeft);
     } else {
-        control = row.Choices.empty() ? MakeNumber(row) : MakeChoice(row);
+        control = MakeField(row);
         auto* caption = new QLabel(CaptionOf(row), this);
         caption->setBuddy(control);
         auto* beside = new QHBoxLayout;
         beside->addWidget(caption);
-        beside->addWidget(control);
-        beside->addStretch();
+        if (row.Kind == OptionKind::Folder) {
+            beside->addWidget(control, 1);
+            beside->addWidget(MakeBrowse(row, *control));
+        } else {
+            beside->addWidget(control);
+            beside->addStretch();
+        }
         grid.addLayout(beside, line, 0, 1, 3);
     }
     const QString explanation = OptionExplanation(row) + WhenOf(row);
@@ -150,6 +152,41 @@ QWidget* frmOptions::MakeChoice(const StationOptionRow& row)
     connect(choice, &QComboBox::currentTextChanged, this,
             [this, &row](const QString& text) { Take(row, text); });
     return choice;
+}
+
+QWidget* frmOptions::MakeFolder(const StationOptionRow& row)
+{
+    auto* folder = new QLineEdit(row.Text(m_stored), this);
+    folder->setMaxLength(ProfileValueLimit);
+    connect(folder, &QLineEdit::textChanged, this,
+            [this, &row](const QString& text) { Take(row, text.trimmed()); });
+    return folder;
+}
+
+QWidget* frmOptions::MakeBrowse(const StationOptionRow& row, QWidget& folder)
+{
+    auto* browse = new QPushButton(QStringLiteral("&Browse ..."), this);
+    browse->setObjectName(QStringLiteral("cmdBrowse") + QLatin1StringView(row.Key));
+    browse->setAutoDefault(false);
+    auto& edit = static_cast<QLineEdit&>(folder);
+    connect(browse, &QPushButton::clicked, this, [this, &row, &edit] {
+        const QString chosen = DesktopFileDialog::AskFolder(*this, CaptionOf(row), edit.text());
+        if (!chosen.isEmpty())
+            edit.setText(chosen);
+    });
+    return browse;
+}
+
+QWidget* frmOptions::MakeField(const StationOptionRow& row)
+{
+    switch (row.Kind) {
+    case OptionKind::Folder:
+        return MakeFolder(row);
+    case OptionKind::Choice:
+        return MakeChoice(row);
+    default:
+        return MakeNumber(row);
+    }
 }
 
 QLayout* frmOptions::MakeButtons()

@@ -28,6 +28,9 @@ private:
     QWidget* MakeTick(const StationOptionRow& row);
     QWidget* MakeNumber(const StationOptionRow& row);
     QWidget* MakeChoice(const StationOptionRow& row);
+    QWidget* MakeFolder(const StationOptionRow& row);
+    QWidget* MakeBrowse(const StationOptionRow& row, QWidget& folder);
+    QWidget* MakeField(const StationOptionRow& row);
     void ShowTold();
     void Take(const StationOptionRow& row, const QString& text);
     void Save();

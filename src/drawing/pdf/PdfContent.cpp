@@ -136,14 +136,15 @@ void PdfContent::AddRun(const GlyphRun& run, double x, double baseline)
 void PdfContent::Add(const PlacedPicture& placed)
 {
     const PictureData& data = *placed.Content.Data();
+    const QSizeF stored = data.StoredSize();
+    const QSizeF upright = data.UprightSize();
     // PDF maps a picture to the unit square with the y axis upwards; pixels count downwards.
     cairo_matrix_t matrix;
-    cairo_matrix_init(&matrix, data.Stored.width(), 0, 0, -data.Stored.height(), 0,
-                      data.Stored.height());
+    cairo_matrix_init(&matrix, stored.width(), 0, 0, -stored.height(), 0, stored.height());
     cairo_matrix_multiply(&matrix, &matrix, &data.ToUpright);
     cairo_matrix_t onPage;
-    cairo_matrix_init(&onPage, placed.Width / data.Pixels.width(), 0, 0,
-                      -placed.Height / data.Pixels.height(), placed.X, m_pageHeight - placed.Y);
+    cairo_matrix_init(&onPage, placed.Width / upright.width(), 0, 0,
+                      -placed.Height / upright.height(), placed.X, m_pageHeight - placed.Y);
     cairo_matrix_multiply(&matrix, &matrix, &onPage);
     m_operators += "q ";
     AppendNumbers(m_operators, matrix.xx, matrix.yx, matrix.xy, matrix.yy, matrix.x0, matrix.y0);

@@ -65,7 +65,7 @@ QByteArray AddFaceParts(PdfFile& file, const PdfFace& face)
 
 int AddPicture(PdfFile& file, const PictureData& picture)
 {
-    const QSize size = picture.Stored.size();
+    const QSize size = picture.StoredSize();
     if (!picture.Jpeg.Bytes.isEmpty()) {
         const char* space = picture.Jpeg.IsGrey ? "DeviceGray" : "DeviceRGB";
         return file.AddStream(ImageEntries(size, space, "/Filter/DCTDecode"), picture.Jpeg.Bytes);

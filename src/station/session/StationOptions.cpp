@@ -30,6 +30,8 @@ void ReadInto(StationOptions& options, const QString& text)
         if (days < 0)
             Refuse();
         option = days;
+    } else if constexpr (std::is_same_v<Type, QString>) {
+        option = text;
     } else {
         const QString name = text.trimmed().toLower();
         if (name == QLatin1StringView(EncodingNames[0]))
@@ -50,8 +52,24 @@ QString TextOf(const StationOptions& options)
         return BooleanText(option);
     else if constexpr (std::is_same_v<Type, std::int32_t>)
         return QString::number(option);
+    else if constexpr (std::is_same_v<Type, QString>)
+        return option;
     else
         return QLatin1StringView(EncodingNames[static_cast<int>(option)]);
+}
+
+template <auto Option>
+constexpr OptionKind KindOf()
+{
+    using Type = std::remove_cvref_t<decltype(StationOptions().*Option)>;
+    if constexpr (std::is_same_v<Type, bool>)
+        return OptionKind::YesOrNo;
+    else if constexpr (std::is_same_v<Type, std::int32_t>)
+        return OptionKind::Number;
+    else if constexpr (std::is_same_v<Type, QString>)
+        return OptionKind::Folder;
+    else
+        return OptionKind::Choice;
 }
 
 template <auto Option>
@@ -60,8 +78,8 @@ constexpr StationOptionRow Row(const char* key, const char* group, const char* c
                                OptionEffect effect, const char* recommended = nullptr,
                                std::span<const char* const> choices = {})
 {
-    return {key,    caption, group,       absent,           meaning,       otherwise,
-            effect, choices, recommended, ReadInto<Option>, TextOf<Option>};
+    return {key,    caption,          group,   absent,      meaning,          otherwise,
+            effect, KindOf<Option>(), choices, recommended, ReadInto<Option>, TextOf<Option>};
 }
 
 constexpr OptionEffect AtStart = OptionEffect::AtStart;
@@ -101,6 +119,11 @@ constexpr StationOptionRow Rows[] = {
         "at most once",
         "A number is stored after its page, so it may come twice if the station is killed in between.",
         AtStart, "True"),
+    Row<&StationOptions::ImagesFrom>(
+        "ImagesFrom", "Cards", "Folder of photos", "",
+        "the folder of photos for records: an image whose path holds `{1}`, `{2}` and so on shows the "
+        "photo that these values of the record name; a relative path begins at the program folder",
+        "An image shows the same picture on every card.", AtStart),
     Row<&StationOptions::Encoding>(
         "Encoding", "Records", "Encoding of input", "cp1252",
         "how bytes from hosts and serial ports are read: `cp1252` or `utf-8`",

@@ -29,6 +29,8 @@ struct StationOptions
     /// Automatic numbers are taken from the store durably before their page is drawn.
     bool UniqueNumbers = false;
     InputEncoding Encoding = InputEncoding::CodePage1252;
+    /// The folder of the pictures that records name, as it is written in the file; empty for none.
+    QString ImagesFrom;
     /// The menu "Station" is shown also where no ledger is kept.
     bool DesignTools = false;
 };
@@ -40,6 +42,9 @@ enum class OptionEffect {
     /// At once in the session that changes it, in others with their next start.
     AtOnce,
 };
+
+/// What the values of an option are.
+enum class OptionKind { YesOrNo, Number, Choice, Folder };
 
 /// One key of the section "Station" that belongs to `StationOptions`.
 struct StationOptionRow
@@ -56,7 +61,8 @@ struct StationOptionRow
     /// The behaviour where the key is missing, likewise.
     const char* Otherwise;
     OptionEffect Effect;
-    /// The values to choose from; empty for a yes or no and for a number.
+    OptionKind Kind;
+    /// The values to choose from; empty for other kinds.
     std::span<const char* const> Choices;
     /// The value of a new folder made by `vantrel-admin new`; null for the default.
     const char* Recommended;

@@ -5,6 +5,7 @@
 #include "station/session/Session.h"
 #include "station/session/Settings.h"
 #include "store/Schema.h"
+#include <QDir>
 #include <QLoggingCategory>
 
 namespace vantrel {
@@ -38,6 +39,8 @@ void Main(Session& session, const QString& commandLine)
     session.Options = ReadStationOptions(session.ProgramFolder, mistakes);
     for (const QString& mistake : std::as_const(mistakes))
         qCWarning(stationLog).noquote() << mistake;
+    if (const QString& folder = session.Options.ImagesFrom; !folder.isEmpty())
+        session.Pictures.Folder = QDir(session.ProgramFolder).filePath(folder);
     Skip("open layout database", [&] { OpenLayoutDb(session); });
     OpenLedger(session);
     LoadSettings(session);

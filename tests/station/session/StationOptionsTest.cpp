@@ -36,6 +36,7 @@ TEST_F(StationOptionsFile, WithoutAFileEverythingIsOff)
     EXPECT_FALSE(options.AnswerHost);
     EXPECT_FALSE(options.UniqueNumbers);
     EXPECT_FALSE(options.DesignTools);
+    EXPECT_EQ(options.ImagesFrom, QString());
     EXPECT_EQ(options.Encoding, InputEncoding::CodePage1252);
     EXPECT_TRUE(m_mistakes.isEmpty());
 }
@@ -51,6 +52,7 @@ TEST_F(StationOptionsFile, EachKeySetsItsOption)
     Write("UniqueNumbers", "True");
     Write("DesignTools", "True");
     Write("Encoding", "UTF-8");
+    Write("ImagesFrom", "/srv/Photos of 2026");
     const StationOptions options = Read();
     EXPECT_TRUE(options.Ledger);
     EXPECT_EQ(options.LedgerKeepDays, 0);
@@ -61,6 +63,7 @@ TEST_F(StationOptionsFile, EachKeySetsItsOption)
     EXPECT_TRUE(options.UniqueNumbers);
     EXPECT_TRUE(options.DesignTools);
     EXPECT_EQ(options.Encoding, InputEncoding::Utf8);
+    EXPECT_EQ(options.ImagesFrom, QStringLiteral("/srv/Photos of 2026"));
     EXPECT_TRUE(m_mistakes.isEmpty());
 }
 
@@ -87,6 +90,7 @@ TEST_F(StationOptionsFile, TheTextOfAnOptionIsReadAsTheSameOption)
     options.AnswerHost = options.UniqueNumbers = options.DesignTools = true;
     options.LedgerValues = false;
     options.LedgerKeepDays = 7;
+    options.ImagesFrom = QStringLiteral("/srv/photos");
     options.Encoding = InputEncoding::Utf8;
     for (const StationOptionRow& row : StationOptionRows()) {
         StationOptions other;
