@@ -1,0 +1,53 @@
+#!/usr/bin/env python3
+"""Makes one PDF of many cards with pycairo as a fast script would:
+PICTURES-FOLDER FILE.pdf CARDS."""
+
+import cairo
+from book import BACKGROUND, PHOTO, run
+from card import PAGE, texts
+from with_pycairo import size_of_jpeg
+
+
+def picture_of(path):
+    with open(path, "rb") as file:
+        jpeg = file.read()
+    columns, rows = size_of_jpeg(jpeg)
+    surface = cairo.ImageSurface(cairo.FORMAT_RGB24, columns, rows)
+    surface.set_mime_data(cairo.MIME_TYPE_JPEG, jpeg)
+    return surface, columns, rows
+
+
+def paint(context, picture, box):
+    surface, columns, rows = picture
+    left, top, width, height = box
+    context.save()
+    context.translate(left, top)
+    context.scale(width / columns, height / rows)
+    context.set_source_surface(surface)
+    context.paint()
+    context.restore()
+
+
+def make_book(path, background, photos):
+    shared = picture_of(background)
+    faces = {}
+    surface = cairo.PDFSurface(path, *PAGE)
+    context = cairo.Context(surface)
+    for card, photo in enumerate(photos, 1):
+        paint(context, shared, BACKGROUND)
+        paint(context, picture_of(photo), PHOTO)
+        context.set_source_rgb(0, 0, 0)
+        for text, font, left, top in texts(card):
+            if font not in faces:
+                weight = cairo.FONT_WEIGHT_BOLD if font[2] else cairo.FONT_WEIGHT_NORMAL
+                faces[font] = cairo.ToyFontFace(font[0], cairo.FONT_SLANT_NORMAL, weight)
+            context.set_font_face(faces[font])
+            context.set_font_size(font[1])
+            context.move_to(left, top + context.font_extents()[0])
+            context.show_text(text)
+        surface.show_page()
+    surface.finish()
+
+
+if __name__ == "__main__":
+    run(make_book)
