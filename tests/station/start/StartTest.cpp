@@ -48,6 +48,22 @@ void Start(vantrel::Session& session)
     LoadMain(session);
 }
 
+TEST(Start, TheFolderOfPhotosBeginsAtTheProgramFolder)
+{
+    for (const auto& [value, folder] : std::vector<std::pair<QString, QString>>{
+             {QString(), QString()},
+             {QStringLiteral("Photos"), QStringLiteral("%1/Photos")},
+             {QStringLiteral("/srv/photos"), QStringLiteral("/srv/photos")}}) {
+        TestSession station;
+        ASSERT_TRUE(WriteProfileValue(station.Session.PathInFolder(QStringLiteral("Vantrel 6.ini")),
+                                      QStringLiteral("Station"), QStringLiteral("ImagesFrom"),
+                                      value));
+        Main(station.Session, QString());
+        EXPECT_EQ(station.Session.Pictures.Folder,
+                  QString(folder).replace(QStringLiteral("%1"), station.Session.ProgramFolder));
+    }
+}
+
 TEST(Start, AFirstRunWithoutASettingsFileComesUpWithCaptureDisabled)
 {
     TestSession station;
