@@ -44,7 +44,7 @@ station/layout
 station/ledger
 station/print
 station/macro
-station/capture
+station/capture station/batch
 station/compose station/imaging station/commands
 station/start
 samples desktop/controls

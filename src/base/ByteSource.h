@@ -22,6 +22,8 @@ public:
     /// Waits for bytes and reads them like `ReadBytes`. Fails with `InvalidCall` and the system's
     /// reason.
     qsizetype Read(char* to, qsizetype most);
+    /// The open file, to wait for bytes.
+    int Descriptor() const { return m_descriptor; }
 
 private:
     QString m_name;

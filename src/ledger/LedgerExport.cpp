@@ -1,4 +1,5 @@
 #include "ledger/LedgerExport.h"
+#include "base/CsvLine.h"
 #include "ledger/LedgerJson.h"
 #include "ledger/LedgerTables.h"
 #include "store/StoreDatabase.h"
@@ -8,35 +9,18 @@ namespace vantrel {
 
 namespace {
 
-/// One line, field by field.
-class Line
+/// One line of the export.
+class Line : public CsvLine
 {
 public:
-    void Add(const QString& text)
-    {
-        if (m_hasFields)
-            m_bytes += ',';
-        m_hasFields = true;
-        const QByteArray utf8 = text.toUtf8();
-        const bool isPlain = std::none_of(utf8.begin(), utf8.end(), [](char c) {
-            return c == ',' || c == '"' || c == '\r' || c == '\n';
-        });
-        if (isPlain)
-            m_bytes += utf8;
-        else
-            m_bytes += '"' + QByteArray(utf8).replace('"', "\"\"") + '"';
-    }
+    using CsvLine::Add;
     void Add(qlonglong number) { Add(QString::number(number)); }
     template <typename Number>
     void Add(const std::optional<Number>& number)
     {
         Add(number ? QString::number(*number) : QString());
     }
-    QByteArray Ended() const { return m_bytes + "\r\n"; }
-
-private:
-    QByteArray m_bytes;
-    bool m_hasFields = false;
+    QByteArray Ended() const { return Bytes() + "\r\n"; }
 };
 
 constexpr const char* EntryNames[] = {"id",     "state",      "received", "session", "source",

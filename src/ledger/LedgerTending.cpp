@@ -1,5 +1,6 @@
 #include "ledger/LedgerTending.h"
 #include "base/Failure.h"
+#include "ledger/LedgerBatches.h"
 #include "ledger/LedgerReading.h"
 #include "store/StoreDatabase.h"
 #include "store/StoreTransaction.h"
@@ -51,10 +52,12 @@ qlonglong AddReprintOf(StoreDatabase& database, qlonglong id)
 {
     database.Change(QStringLiteral("INSERT INTO LedgerEntries (State, Received, SessionNumber, "
                                    "ReprintOf, Length, ValueCount, Source, Layout, Reason, Hash, "
-                                   "SearchText) SELECT ?, ?, SessionNumber, ID, Length, "
+                                   "SearchText) SELECT ?, ?, CASE WHEN SessionNumber < ? THEN "
+                                   "SessionNumber ELSE ? END, ID, Length, "
                                    "ValueCount, Source, Layout, '', Hash, SearchText "
                                    "FROM LedgerEntries WHERE ID = ?"),
-                    {NameOf(LedgerState::Received), QDateTime::currentMSecsSinceEpoch(), id});
+                    {NameOf(LedgerState::Received), QDateTime::currentMSecsSinceEpoch(),
+                     FirstRunSession, SessionOfReprints, id});
     const qlonglong added = database.LastKey();
     database.Change(QStringLiteral("INSERT INTO LedgerRecords (EntryID, Framing, RecordValues, "
                                    "Raw) SELECT ?, Framing, RecordValues, Raw "

@@ -23,7 +23,8 @@ enum class ReprintMode {
 LedgerEntry EntryToReprint(StoreDatabase& database, qlonglong id);
 
 /// Adds an entry in the state `Received` with the record of another one, which a running station of
-/// its session prints. It names the first entry, also if it is a reprint that is printed again.
+/// its session prints; what was printed from a file is printed again by session 1. It names the
+/// first entry, also if it is a reprint that is printed again.
 /// Refuses an entry that is unknown, whose values were not kept, or that is not finished, and with
 /// `Once` one that was printed again without failing.
 /// @return the number of the new entry

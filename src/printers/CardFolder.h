@@ -20,6 +20,13 @@ public:
     /// Fails with `PrinterError`.
     /// @return the file's name without the folder
     QString Put(UnnamedFile& file);
+    /// Gives a finished file this number. Fails with `PrinterError` also if the number is taken.
+    /// @return the file's name without the folder
+    QString PutAs(qint64 number, UnnamedFile& file) const;
+    /// The highest number of a card in the folder now; 0 if there is none.
+    qint64 HighestNumber() const;
+    /// The name of the file with this number, without the folder.
+    static QString FileNameOf(qint64 number);
 
 private:
     QString m_path;

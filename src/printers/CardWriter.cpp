@@ -70,20 +70,22 @@ void CardWriter::Add(std::unique_lock<std::mutex>& lock, Job job)
     m_given.notify_one();
 }
 
-void CardWriter::Write(const QByteArray& pdf, const JobEnd& told)
+void CardWriter::Write(const QByteArray& pdf, const JobEnd& told, std::optional<qint64> number)
 {
     Job job;
     job.Pdf = pdf;
+    job.Number = number;
     job.Told = told;
     std::unique_lock lock(m_mutex);
     Add(lock, std::move(job));
 }
 
-JobOutcome CardWriter::WriteNow(const QByteArray& pdf)
+JobOutcome CardWriter::WriteNow(const QByteArray& pdf, std::optional<qint64> number)
 {
     std::optional<JobOutcome> answer;
     Job job;
     job.Pdf = pdf;
+    job.Number = number;
     job.Answer = &answer;
     std::unique_lock lock(m_mutex);
     Add(lock, std::move(job));
@@ -143,7 +145,8 @@ void CardWriter::WriteTogether(Jobs& jobs)
     SyncBytes(jobs);
     for (Job& job : jobs) {
         job.Try([&] {
-            job.Outcome.File = m_folder.Put(*job.File);
+            job.Outcome.File =
+                job.Number ? m_folder.PutAs(*job.Number, *job.File) : m_folder.Put(*job.File);
             job.File.reset();
         });
     }

@@ -32,9 +32,10 @@ public:
     /// Adds a card; its outcome is told by this thread's event loop or in `Finish`. Waits while
     /// eight cards or 16 MiB wait for the disk. Fails with `PrinterError` if no thread can be
     /// started.
-    void Write(const QByteArray& pdf, const JobEnd& told);
+    /// @param number  of its file; the next free one without it
+    void Write(const QByteArray& pdf, const JobEnd& told, std::optional<qint64> number = {});
     /// Adds a card and waits for its outcome. Fails like `Write`.
-    JobOutcome WriteNow(const QByteArray& pdf);
+    JobOutcome WriteNow(const QByteArray& pdf, std::optional<qint64> number = {});
     /// Waits until all cards are written and their outcomes told, also of those that were added
     /// meanwhile.
     void Finish();
@@ -43,6 +44,7 @@ private:
     struct Job
     {
         QByteArray Pdf;
+        std::optional<qint64> Number;
         /// Is told the outcome; or else the outcome is put here.
         JobEnd Told;
         std::optional<JobOutcome>* Answer = nullptr;

@@ -28,11 +28,16 @@ void PdfPrinter::FinishJobs()
         m_writer->Finish();
 }
 
+std::optional<qint64> PdfPrinter::TakeNumber()
+{
+    return m_nextNumber ? std::optional((*m_nextNumber)++) : std::nullopt;
+}
+
 bool PdfPrinter::DeliverLater(const QByteArray& pdf, const JobEnd& told)
 {
     if (!m_writer)
         return false;
-    m_writer->Write(pdf, told);
+    m_writer->Write(pdf, told, TakeNumber());
     return true;
 }
 
@@ -40,7 +45,7 @@ JobOutcome PdfPrinter::Deliver(const QByteArray& pdf)
 {
     JobOutcome outcome;
     if (m_writer) {
-        outcome = m_writer->WriteNow(pdf);
+        outcome = m_writer->WriteNow(pdf, TakeNumber());
         if (!outcome.HandedOver)
             throw Failure(FailureNumber::PrinterError,
                           QStringLiteral("Printer error: ") + outcome.Reason);
@@ -51,7 +56,8 @@ JobOutcome PdfPrinter::Deliver(const QByteArray& pdf)
                       QStringLiteral("Printer error: no folder for cards"));
     UnnamedFile file(m_folder.Path());
     file.Write(pdf);
-    outcome.File = m_folder.Put(file);
+    const std::optional<qint64> number = TakeNumber();
+    outcome.File = number ? m_folder.PutAs(*number, file) : m_folder.Put(file);
     return outcome;
 }
 

@@ -2,6 +2,7 @@
 
 #include "printers/CardFolder.h"
 #include "printers/PagePrinter.h"
+#include <optional>
 
 namespace vantrel {
 
@@ -27,6 +28,9 @@ public:
     /// `EndDocAndTell` need not wait for the disk; `EndDoc` waits. Off at first. Switching it off
     /// finishes the jobs under way.
     void SetDurable(bool on);
+    /// From now on the files are numbered from this number on, one for each job that is drawn. A
+    /// job whose number is taken fails.
+    void CountFrom(qint64 number) { m_nextNumber = number; }
     /// Waits until all jobs are on the disk and their outcomes told.
     void FinishJobs();
 
@@ -35,6 +39,11 @@ protected:
     bool DeliverLater(const QByteArray& pdf, const JobEnd& told) override;
 
 private:
+    /// The number of the next job, and it is one higher from then on; nothing if the folder
+    /// decides.
+    std::optional<qint64> TakeNumber();
+
+    std::optional<qint64> m_nextNumber;
     /// Belongs to the writer's thread while there is a writer.
     CardFolder m_folder;
     std::unique_ptr<CardWriter> m_writer;

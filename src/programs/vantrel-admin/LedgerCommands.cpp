@@ -8,6 +8,7 @@
 #include "ledger/LedgerTables.h"
 #include "ledger/LedgerTending.h"
 #include "samples/FreshInstall.h"
+#include "station/batch/RunLock.h"
 #include "station/print/Reprint.h"
 #include "store/Connection.h"
 #include <QSaveFile>
@@ -33,6 +34,7 @@ public:
                                          "starts with Ledger=True in the section [Station] of "
                                          "its settings.")
                               .arg(folder));
+        EndDeadRuns(folder, m_store.Database());
     }
     StoreDatabase& Database() { return m_store.Database(); }
     Connection& Store() { return m_store; }

@@ -3,6 +3,7 @@
 #include "station/layout/PageDescription.h"
 #include "station/ledger/StationLedger.h"
 #include "station/ledger/TakeNumbers.h"
+#include "station/session/CardKeeper.h"
 #include "station/session/Session.h"
 #include <QLoggingCategory>
 #include <algorithm>
@@ -108,6 +109,10 @@ bool CardRecord::Postponed()
 
 bool CardRecord::Begin(const std::function<void()>& reload)
 {
+    if (m_session.Keeper != nullptr) {
+        return m_session.Keeper->Begin(m_session.CurrentLayoutName,
+                                       m_session.CurrentParams.PageIndex, m_session.Document);
+    }
     const StationOptions& options = m_session.Options;
     if (!m_run && !options.UniqueNumbers)
         return true;
@@ -227,6 +232,10 @@ void CardRecord::Note(const CardRemarks& remarks)
         m_index ? m_run->Entry.Cards.at(*m_index).Layout : m_session.CurrentLayoutName;
     for (const CardRemark& remark : remarks) {
         const QString text = TextOf(remark, m_session.Options.LedgerValues);
+        if (m_session.Keeper != nullptr) {
+            m_session.Keeper->Note(text);
+            continue;
+        }
         qCWarning(stationLog).noquote() << QStringLiteral("A card of %1:").arg(layout) << text;
         if (m_index)
             m_session.Ledger.NoteOnCard(*m_run, *m_index, text);
@@ -235,6 +244,10 @@ void CardRecord::Note(const CardRemarks& remarks)
 
 void CardRecord::End()
 {
+    if (m_session.Keeper != nullptr) {
+        Skip("end of job", [&] { m_session.Keeper->End(m_session.Printers.Current()); });
+        return;
+    }
     if (!m_index) {
         Skip("end of job", [&] { m_session.Printers.Current().EndDoc(); });
         return;

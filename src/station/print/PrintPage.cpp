@@ -143,7 +143,8 @@ void PrintCard_Ex(Session& session)
                          session.FieldValues, session.Document));
     record.End();
     // The next page loads its numbers from the database.
-    Skip("save numbers", [&] { SaveLayout(session, SaveMessages::Silent); });
+    if (session.Keeper == nullptr)
+        Skip("save numbers", [&] { SaveLayout(session, SaveMessages::Silent); });
     if (session.Settings.MainVisible) {
         session.Document.Refresh();
         session.Operator.LetEventsRun();

@@ -20,6 +20,7 @@
 
 namespace vantrel {
 
+class CardKeeper;
 class Operator;
 class Printers;
 
@@ -69,6 +70,8 @@ public:
     /// The record whose cards are being printed; null if none is, or if no account of records is
     /// kept.
     RecordRunPtr Run;
+    /// Keeps the account of the cards instead of the store and the ledger; null if those do.
+    CardKeeper* Keeper = nullptr;
     /// Watches how a job at the print server ends; empty if that is not watched.
     std::function<void(int job)> WatchJob;
     /// Offers a record again that could not be taken because the ledger must be kept; empty if

@@ -1,4 +1,5 @@
 #include "base/Skip.h"
+#include "station/batch/RunLock.h"
 #include "station/capture/Listener.h"
 #include "station/capture/Ports.h"
 #include "station/capture/SerialCapture.h"
@@ -12,6 +13,12 @@
 namespace vantrel {
 
 namespace {
+
+void FindDeadRuns(Session& session)
+{
+    if (session.Options.Ledger && session.LayoutDb.IsOpen())
+        EndDeadRuns(session.ProgramFolder, session.LayoutDb.Database());
+}
 
 void ReopenLastLayout(Session& session)
 {
@@ -31,6 +38,7 @@ void ReopenLastLayout(Session& session)
 void LoadMain(Session& session)
 {
     FindDoubtfulCards(session);
+    FindDeadRuns(session);
     ConnectSockets(session);
     ConnectComm(session);
     if (session.OwnsTrayIcon)

@@ -1,0 +1,87 @@
+#include "ledger/LedgerBatches.h"
+#include "ledger/LedgerReading.h"
+#include "store/StoreDatabase.h"
+#include "store/StoreTransaction.h"
+#include <QDateTime>
+
+namespace vantrel {
+
+namespace {
+
+/// Entries are ended so many at a time.
+constexpr int EntriesAtATime = 200;
+
+/// The state of an entry from those of its cards, the first that one of them has.
+const QString StateFromCards = QStringLiteral(
+    "UPDATE LedgerEntries SET State = CASE "
+    "WHEN EXISTS (SELECT 1 FROM LedgerCards WHERE EntryID = LedgerEntries.ID AND State = 'failed') "
+    "THEN 'failed' "
+    "WHEN EXISTS (SELECT 1 FROM LedgerCards WHERE EntryID = LedgerEntries.ID AND State = "
+    "'doubtful') THEN 'doubtful' "
+    "WHEN EXISTS (SELECT 1 FROM LedgerCards WHERE EntryID = LedgerEntries.ID AND State = 'void') "
+    "THEN 'void' ELSE 'printed' END WHERE ");
+
+std::vector<qlonglong> PrintingEntries(StoreDatabase& database, int session)
+{
+    std::vector<qlonglong> ids;
+    database.Select(QStringLiteral("SELECT ID FROM LedgerEntries WHERE SessionNumber = ? AND "
+                                   "State = ? ORDER BY ID LIMIT ?"),
+                    {session, NameOf(LedgerState::Printing), EntriesAtATime},
+                    [&](const StoreStatement& row) { ids.push_back(row.Value(0).toLongLong()); });
+    return ids;
+}
+
+void EndCards(StoreDatabase& database, const LedgerEntry& entry,
+              const std::function<LedgerState(const LedgerCard&)>& judge)
+{
+    for (const LedgerCard& card : entry.Cards) {
+        if (card.State == LedgerState::Printing)
+            database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, Changed = ? "
+                                           "WHERE ID = ?"),
+                            {NameOf(judge(card)), QDateTime::currentMSecsSinceEpoch(), card.Id});
+    }
+    database.Change(StateFromCards + QStringLiteral("ID = ?"), {entry.Id});
+}
+
+} // namespace
+
+void EndCardsOf(StoreDatabase& database, int session,
+                const std::function<LedgerState(const LedgerCard&)>& judge)
+{
+    for (;;) {
+        const std::vector<qlonglong> ids = PrintingEntries(database, session);
+        if (ids.empty())
+            return;
+        StoreTransaction transaction(database);
+        for (const qlonglong id : ids) {
+            if (const auto entry = FindEntry(database, id, LedgerBytes::Without))
+                EndCards(database, *entry, judge);
+        }
+        transaction.Commit();
+    }
+}
+
+void EndBookOf(StoreDatabase& database, int session, LedgerState state, const QString& file)
+{
+    const QString printing = NameOf(LedgerState::Printing);
+    StoreTransaction transaction(database);
+    database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, File = ?, Changed = ? WHERE "
+                                   "State = ? AND EntryID IN (SELECT ID FROM LedgerEntries WHERE "
+                                   "SessionNumber = ? AND State = ?)"),
+                    {NameOf(state), file.isNull() ? QStringLiteral("") : file,
+                     QDateTime::currentMSecsSinceEpoch(), printing, session, printing});
+    database.Change(StateFromCards + QStringLiteral("SessionNumber = ? AND State = ?"),
+                    {session, printing});
+    transaction.Commit();
+}
+
+void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids)
+{
+    for (const qlonglong id : ids) {
+        database.Change(QStringLiteral("DELETE FROM LedgerCards WHERE EntryID = ?"), {id});
+        database.Change(QStringLiteral("DELETE FROM LedgerRecords WHERE EntryID = ?"), {id});
+        database.Change(QStringLiteral("DELETE FROM LedgerEntries WHERE ID = ?"), {id});
+    }
+}
+
+} // namespace vantrel

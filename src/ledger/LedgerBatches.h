@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ledger/LedgerRows.h"
+#include <functional>
+#include <vector>
+
+namespace vantrel {
+
+class StoreDatabase;
+
+/// @file Entries of cards that are printed from a file. Such a run keeps its entries under a
+/// session number of its own, beyond those of stations, as long as it lives.
+
+/// The session number of the first run; others at the same time have the next ones.
+inline constexpr int FirstRunSession = 1001;
+inline constexpr int MostRunsAtOnce = 64;
+/// The session of a station that prints an entry again which a run has printed.
+inline constexpr int SessionOfReprints = 1;
+
+/// Sets the state of all entries of a session that are being printed, and of their cards that are:
+/// each card to what `judge` says of it, and each entry to `Failed`, `Doubtful`, `Void` or
+/// `Printed`, the first of these in which one of its cards is. In one durable commit; fails like
+/// `StoreDatabase`.
+void EndCardsOf(StoreDatabase& database, int session,
+                const std::function<LedgerState(const LedgerCard&)>& judge);
+
+/// Sets all entries of a session that are being printed to the same end at once: their cards that
+/// are printing become `Printed` with this file, or `Void` with no file. Fails like
+/// `StoreDatabase`.
+void EndBookOf(StoreDatabase& database, int session, LedgerState state, const QString& file);
+
+/// Removes entries whose cards were never begun and whose numbers were given back. Must be called
+/// inside a transaction. Fails like `StoreDatabase`.
+void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids);
+
+} // namespace vantrel

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "PrintOptions.h"
+#include "Progress.h"
+#include "Workers.h"
+#include "base/ByteSource.h"
+#include "printers/BookPrinter.h"
+#include "printers/DryPrinter.h"
+#include "printers/PdfPrinter.h"
+#include "printers/StationPrinters.h"
+#include "station/batch/BatchAccount.h"
+#include "station/batch/BatchPrinters.h"
+#include "station/batch/RowPrinter.h"
+#include "station/batch/RunLock.h"
+#include "station/session/Session.h"
+#include "station/session/UnattendedOperator.h"
+#include <atomic>
+#include <map>
+#include <memory>
+
+namespace vantrel::print {
+
+/// The session in which rows are drawn, without ports and windows.
+class PrintSession
+{
+public:
+    /// Opens the store and the settings of the program folder. Fails with `FileNotFound` if it has
+    /// no layout database.
+    explicit PrintSession(const PrintOptions& options);
+
+    DryPrinter Dry;
+    BatchPrinters Printers;
+    UnattendedOperator Operator;
+    vantrel::Session Session;
+};
+
+/// How a run has ended.
+struct RunEnd
+{
+    qint64 Printed = 0;
+    qint64 Failed = 0;
+    bool IsInterrupted = false;
+    /// Why the run stopped before the last row; empty if it did not.
+    QString Trouble;
+    /// The first row that was not begun, where the run stopped.
+    qint64 NextRow = 0;
+};
+
+/// Prints the rows of a file.
+class PrintRun
+{
+public:
+    /// Checks all that can be checked before the first row. Fails with a `Failure` and one plain
+    /// line; nothing is begun then.
+    /// @param workers  started for `options`; null if this process prints
+    /// @param stop  set by a signal
+    PrintRun(const PrintOptions& options, Workers* workers, const std::atomic<bool>& stop,
+             Progress& progress);
+    ~PrintRun();
+
+    /// Prints. Never fails: what failed is told and counted.
+    RunEnd Print();
+    /// Where the cards are, for people.
+    QString PlaceText() const;
+
+private:
+    void OpenPlace();
+    RowFormat Format() const;
+    qsizetype ReadSome(char* to, qsizetype most);
+    bool IsStopped() const;
+    bool TakeRow();
+    void PrintBatch();
+    void PrintHere(const Batch& batch);
+    void TakeResults();
+    std::vector<RowResult> LostResults(const Batch& batch) const;
+    void Note(const Batch& batch, const std::vector<RowResult>& results);
+    void CloseBook();
+    void Tell(const RowResult& result);
+    void TellFailed(const QString& line);
+    void TellLedgerTrouble();
+    void ShowProgress(qint64 row);
+
+    const PrintOptions& m_options;
+    Workers* m_workers;
+    const std::atomic<bool>& m_stop;
+    Progress& m_progress;
+
+    PrintSession m_session;
+    std::unique_ptr<RowPrinter> m_printer;
+    RowPlan m_plan;
+    std::unique_ptr<RunLock> m_lock;
+    std::unique_ptr<BatchAccount> m_account;
+    // One of these, as the place is.
+    std::unique_ptr<PdfPrinter> m_folder;
+    std::unique_ptr<BookPrinter> m_book;
+    std::unique_ptr<StationPrinters> m_machine;
+    int m_folderLock = -1;
+    QString m_path;
+    qint64 m_nextFile = 1;
+
+    ByteSource m_source;
+    std::unique_ptr<RowSource> m_rows;
+    qint64 m_bytes = 0;
+    qint64 m_allBytes = -1;
+    Batch m_batch;
+    qsizetype m_batchCharacters = 0;
+    /// Batches that workers print, by the number of their first row.
+    std::map<qint64, Batch> m_underWay;
+    /// Whether no further row is to be read.
+    bool m_isAtEnd = false;
+    bool m_isTroubleTold = false;
+    RunEnd m_end;
+};
+
+/// The work of a worker for these options.
+Workers::Work MakeWork(const PrintOptions& options);
+
+/// The folder for the cards where a run has one.
+QString FolderOf(const PrintOptions& options);
+
+} // namespace vantrel::print

@@ -1,0 +1,76 @@
+#include "PrintRun.h"
+#include "samples/FreshInstall.h"
+#include "station/session/Settings.h"
+#include "station/start/EntryPoint.h"
+#include <QDir>
+#include <QFileInfo>
+
+namespace vantrel::print {
+
+namespace {
+
+QString FolderPath(const PrintOptions& options)
+{
+    return QDir(options.Folder).absolutePath();
+}
+
+} // namespace
+
+PrintSession::PrintSession(const PrintOptions& options)
+    : Printers(Dry), Session(FolderPath(options), Operator, Printers)
+{
+    if (!QFileInfo(LayoutDatabasePath(Session.ProgramFolder)).isFile())
+        throw Failure(FailureNumber::FileNotFound,
+                      QStringLiteral("There is no layout database in %1.").arg(options.Folder));
+    if (!options.Images.isEmpty() && !QFileInfo(options.Images).isDir())
+        throw Failure(FailureNumber::PathNotFound,
+                      QStringLiteral("There is no folder %1.").arg(options.Images));
+    Dry.FollowSetup(SettingsPath(Session.ProgramFolder));
+    Printers.SetWanted([this] { return Session.CurrentParams.PrinterDevice; });
+    QStringList mistakes;
+    Session.Options = ReadStationOptions(Session.ProgramFolder, mistakes);
+    OpenLayoutDb(Session);
+    LoadSettings(Session);
+    if (!options.Images.isEmpty())
+        Session.Pictures.Folder = QFileInfo(options.Images).absoluteFilePath();
+    // These belong to a station's windows.
+    Session.CurrentLayoutName.clear();
+    Session.Settings.MainVisible = false;
+    Session.Settings.DynamicFields = false;
+}
+
+QString FolderOf(const PrintOptions& options)
+{
+    if (options.PlaceName.isEmpty())
+        return QDir(FolderPath(options)).filePath(QStringLiteral("Printed/Print"));
+    return QFileInfo(options.PlaceName).absoluteFilePath();
+}
+
+Workers::Work MakeWork(const PrintOptions& options)
+{
+    struct Tools
+    {
+        explicit Tools(const PrintOptions& asked)
+            : Session(asked), Printer(Session.Session, asked.Target), Plan(Printer.Plan()),
+              Folder(FolderOf(asked))
+        {
+            Folder.FollowSetup(SettingsPath(Session.Session.ProgramFolder));
+            Folder.SetDurable(Session.Session.Options.Ledger);
+            Printer.NumberFiles([this](qint64 number) { Folder.CountFrom(number); });
+            Session.Printers.Use(Folder);
+        }
+
+        PrintSession Session;
+        RowPrinter Printer;
+        RowPlan Plan;
+        PdfPrinter Folder;
+    };
+    const auto tools = std::make_shared<Tools>(options);
+    return [tools](const Batch& batch) {
+        return tools->Printer.Print(
+            batch, tools->Plan, [](std::size_t) { return true; },
+            [&] { tools->Folder.FinishJobs(); });
+    };
+}
+
+} // namespace vantrel::print
