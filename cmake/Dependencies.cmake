@@ -9,6 +9,14 @@ find_package(PkgConfig REQUIRED)
 find_package(SQLite3 REQUIRED)
 pkg_check_modules(pangocairo REQUIRED IMPORTED_TARGET pangocairo pangoft2 fontconfig cairo cairo-pdf
                   harfbuzz-subset)
+# Debian's library brings neither a pkg-config file nor, before release 13, one for CMake.
+find_path(ZINT_INCLUDE_DIR zint.h REQUIRED)
+find_library(ZINT_LIBRARY zint REQUIRED)
+if(NOT TARGET Zint::Zint)
+  add_library(Zint::Zint UNKNOWN IMPORTED)
+  set_target_properties(Zint::Zint PROPERTIES IMPORTED_LOCATION "${ZINT_LIBRARY}"
+                                              INTERFACE_INCLUDE_DIRECTORIES "${ZINT_INCLUDE_DIR}")
+endif()
 if(VANTREL_TESTS)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Sql)
   find_package(GTest REQUIRED)

@@ -1,5 +1,6 @@
 #include "card/PaintDocument.h"
 #include "base/Skip.h"
+#include "card/CaptionFigure.h"
 #include "card/CardDocument.h"
 #include "card/LayoutParamsRecord.h"
 #include "card/TextLeft.h"
@@ -20,10 +21,21 @@ void PaintBox(PageCanvas& canvas, const Picture& picture, float x, float y, floa
     });
 }
 
+void PaintFigure(PageCanvas& canvas, const CaptionFigure& figure, ColorValue color)
+{
+    canvas.FillBoxes(figure.Boxes, color);
+    for (const NoticeLine& line : figure.Notice)
+        canvas.DrawText(line.Text, figure.NoticeFont, color, line.X, line.Y);
+}
+
 /// A label paints only its text: no border, no fill, no clipping to its box.
 void PaintLabel(PageCanvas& canvas, const CardObject& label)
 {
     const Font& font = label.Font();
+    if (IsFigureFont(font)) {
+        PaintFigure(canvas, FigureOf(label, 0), label.ForeColor);
+        return;
+    }
     const double textWidth =
         label.Alignment == 0 ? 0.0 : PageCanvas::TextWidth(label.Caption(), font);
     canvas.DrawText(label.Caption(), font, label.ForeColor, TextLeft(label, textWidth),

@@ -14,6 +14,29 @@ cairo_status_t WriteToSink(void* closure, const unsigned char* bytes, unsigned i
                                                              : CAIRO_STATUS_WRITE_ERROR;
 }
 
+void SetColor(cairo_t* context, ColorValue color)
+{
+    const ColorParts parts = PartsOfColor(color);
+    cairo_set_source_rgb(context, parts.Red / 255.0, parts.Green / 255.0, parts.Blue / 255.0);
+}
+
+void AddRoundedBox(cairo_t* context, const FilledBox& box)
+{
+    constexpr double quarter = 1.5707963267948966;
+    const double right = box.Width / box.RadiusX;
+    const double bottom = box.Height / box.RadiusY;
+    cairo_save(context);
+    cairo_translate(context, box.X, box.Y);
+    cairo_scale(context, box.RadiusX, box.RadiusY);
+    cairo_new_sub_path(context);
+    cairo_arc(context, right - 1, 1, 1, -quarter, 0);
+    cairo_arc(context, right - 1, bottom - 1, 1, 0, quarter);
+    cairo_arc(context, 1, bottom - 1, 1, quarter, 2 * quarter);
+    cairo_arc(context, 1, 1, 1, 2 * quarter, 3 * quarter);
+    cairo_close_path(context);
+    cairo_restore(context);
+}
+
 } // namespace
 
 std::unique_ptr<CairoCanvas> CairoCanvas::OnPdf(double width, double height, Sink sink,
@@ -53,8 +76,7 @@ CairoCanvas::~CairoCanvas()
 void CairoCanvas::Set(const PlacedLine& placed)
 {
     cairo_t* context = m_context.get();
-    const ColorParts parts = PartsOfColor(placed.Color);
-    cairo_set_source_rgb(context, parts.Red / 255.0, parts.Green / 255.0, parts.Blue / 255.0);
+    SetColor(context, placed.Color);
     cairo_move_to(context, placed.X, placed.Baseline);
     pango_cairo_show_layout_line(context,
                                  pango_layout_get_line_readonly(placed.Line->Layout.get(), 0));
@@ -81,6 +103,20 @@ void CairoCanvas::Set(const PlacedPicture& placed)
         cairo_fill(context);
     }
     cairo_restore(context);
+}
+
+void CairoCanvas::Set(const PlacedBoxes& placed)
+{
+    cairo_t* context = m_context.get();
+    SetColor(context, placed.Color);
+    cairo_new_path(context);
+    for (const FilledBox& box : placed.Boxes) {
+        if (box.IsRounded())
+            AddRoundedBox(context, box);
+        else
+            cairo_rectangle(context, box.X, box.Y, box.Width, box.Height);
+    }
+    cairo_fill(context);
 }
 
 void CairoCanvas::Finish()

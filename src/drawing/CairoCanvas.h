@@ -21,6 +21,7 @@ public:
 
     void Set(const PlacedLine& placed) override;
     void Set(const PlacedPicture& placed) override;
+    void Set(const PlacedBoxes& placed) override;
     void Finish() override;
 
 private:

@@ -84,6 +84,23 @@ void PageCanvas::PaintPicture(const Picture& picture, double x, double y, double
                       PointsOfTwips(height)});
 }
 
+void PageCanvas::FillBoxes(const std::vector<FilledBox>& boxes, ColorValue color)
+{
+    PlacedBoxes placed{{}, color};
+    placed.Boxes.reserve(boxes.size());
+    for (const FilledBox& box : boxes) {
+        if (!IsNear(box.X) || !IsNear(box.Y) || !IsNear(box.Width) || !IsNear(box.Height) ||
+            box.Width <= 0 || box.Height <= 0)
+            continue;
+        placed.Boxes.push_back({PointsOfTwips(box.X), PointsOfTwips(box.Y),
+                                PointsOfTwips(box.Width), PointsOfTwips(box.Height),
+                                PointsOfTwips(std::min(box.RadiusX, box.Width / 2)),
+                                PointsOfTwips(std::min(box.RadiusY, box.Height / 2))});
+    }
+    if (!placed.Boxes.empty())
+        Set(placed);
+}
+
 double PageCanvas::TextWidth(const QString& text, const Font& font)
 {
     double widest = 0;

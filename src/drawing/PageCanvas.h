@@ -2,11 +2,13 @@
 
 #include "base/Color.h"
 #include "base/Font.h"
+#include "drawing/FilledBox.h"
 #include "drawing/Picture.h"
 #include <QString>
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace vantrel {
 
@@ -29,6 +31,13 @@ struct PlacedPicture
     double Y = 0;
     double Width = 0;
     double Height = 0;
+};
+
+/// Boxes filled together with one colour, in points from the top left corner.
+struct PlacedBoxes
+{
+    std::vector<FilledBox> Boxes;
+    ColorValue Color = ColorBlack;
 };
 
 /// A page to draw on. Paper and screen share the same rules and the same text shaping, so the
@@ -58,6 +67,9 @@ public:
     void DrawText(const QString& text, const Font& font, ColorValue color, double x, double y);
     /// Draws a picture stretched into the rectangle. Fails with `InvalidPicture` for an empty one.
     void PaintPicture(const Picture& picture, double x, double y, double width, double height);
+    /// Fills boxes with one colour, as one drawing of lines and not as a picture, so that no seam
+    /// shows where they touch. Boxes without a side, and those far from any card, are left out.
+    void FillBoxes(const std::vector<FilledBox>& boxes, ColorValue color);
     /// Ends the page and writes the last bytes. Fails with `PrinterError` if the sink refused any
     /// bytes.
     virtual void Finish() = 0;
@@ -79,6 +91,8 @@ protected:
     virtual void Set(const PlacedLine& placed) = 0;
     /// @param placed  a picture that is not empty, in a box of positive size
     virtual void Set(const PlacedPicture& placed) = 0;
+    /// @param placed  at least one box, each of positive sides
+    virtual void Set(const PlacedBoxes& placed) = 0;
 
 private:
     void DrawLine(const QString& line, const Font& font, ColorValue color, double x,

@@ -1,6 +1,7 @@
 #include "printers/CupsPrinter.h"
 #include "base/Failure.h"
 #include "base/Twips.h"
+#include "printers/DotsPerInch.h"
 #include <algorithm>
 #include <cmath>
 
@@ -122,6 +123,11 @@ PagePrinter::PageSides CupsPrinter::Sides() const
         m_mediaOptions = m_info.Sheet->Options;
     }
     return m_sides;
+}
+
+int CupsPrinter::DeviceDotsPerInch() const
+{
+    return UpdateInfo() ? DotsOfQueue(*m_info.Destination, *m_info.Info) : 0;
 }
 
 JobOutcome CupsPrinter::Deliver(const QByteArray& pdf)

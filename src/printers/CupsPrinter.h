@@ -24,6 +24,7 @@ public:
 
 protected:
     PageSides Sides() const override;
+    int DeviceDotsPerInch() const override;
     /// Sends the job to the queue. Fails with `PrinterError` and the server's message.
     JobOutcome Deliver(const QByteArray& pdf) override;
     /// The stripe of a card must never go with the next job.

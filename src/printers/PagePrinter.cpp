@@ -1,11 +1,21 @@
 #include "printers/PagePrinter.h"
 #include "base/Failure.h"
+#include "base/Twips.h"
+#include "drawing/CodeLayout.h"
 #include <QScopeGuard>
+#include <cmath>
 
 namespace vantrel {
 
 namespace {
 constexpr double LargestFontSize = 2160.0;
+
+/// A length in twips as the nearest number of whole dots, also in twips.
+double InWholeDots(double twips, int dotsPerInch)
+{
+    const double dot = TwipsPerInch / (dotsPerInch > 0 ? dotsPerInch : CardDotsPerInch);
+    return std::round(twips / dot) * dot;
+}
 } // namespace
 
 void PagePrinter::SetOrientation(int orientation)
@@ -85,6 +95,27 @@ void PagePrinter::PaintPicture(const Picture& picture, double x, double y, doubl
 {
     PageCanvas& page = OpenPage();
     page.PaintPicture(picture, x + m_setup.OffsetX, y + m_setup.OffsetY, width, height);
+}
+
+void PagePrinter::FillBoxes(const std::vector<FilledBox>& boxes)
+{
+    PageCanvas& page = OpenPage();
+    // Boxes on whole dots stay there.
+    const int dots = DotsPerInch();
+    const double right = InWholeDots(m_setup.OffsetX, dots);
+    const double down = InWholeDots(m_setup.OffsetY, dots);
+    std::vector<FilledBox> shifted = boxes;
+    for (FilledBox& box : shifted) {
+        box.X += right;
+        box.Y += down;
+    }
+    page.FillBoxes(shifted, m_color);
+}
+
+int PagePrinter::DotsPerInch()
+{
+    const int dots = Setup().DotsPerInch;
+    return dots > 0 ? dots : DeviceDotsPerInch();
 }
 
 void PagePrinter::ReuseBuffer()

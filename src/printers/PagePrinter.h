@@ -33,6 +33,9 @@ public:
     void Print(const QString& text) override;
     void PaintPicture(const Picture& picture, double x, double y, double width,
                       double height) override;
+    void FillBoxes(const std::vector<FilledBox>& boxes) override;
+    /// The administrator's setup of the printer goes before what the device tells.
+    int DotsPerInch() override;
     void EndDoc() override;
     void EndDocAndTell(const JobEnd& told) override;
 
@@ -49,6 +52,8 @@ protected:
 
     /// The present page size of the printer; by default a CR80 card.
     virtual PageSides Sides() const { return {}; }
+    /// What the device tells of its dots to the inch; 0 by default.
+    virtual int DeviceDotsPerInch() const { return 0; }
     /// Begins a page of this size in twips; by default a PDF of its own, which is then delivered.
     virtual std::unique_ptr<PageCanvas> NewPage(double width, double height);
     /// Delivers a finished job, the PDF of which is empty if `NewPage` made another page, and

@@ -3,10 +3,12 @@
 #include "base/Color.h"
 #include "base/Failure.h"
 #include "base/Font.h"
+#include "drawing/FilledBox.h"
 #include "drawing/Picture.h"
 #include "printers/JobOutcome.h"
 #include <QString>
 #include <QStringList>
+#include <vector>
 
 namespace vantrel {
 
@@ -55,6 +57,10 @@ public:
     /// Draws a picture stretched into the rectangle.
     virtual void PaintPicture(const Picture& picture, double x, double y, double width,
                               double height) = 0;
+    /// Fills boxes with the colour of text, as a drawing and not as a picture.
+    virtual void FillBoxes(const std::vector<FilledBox>& boxes) = 0;
+    /// The printer's dots to the inch in both directions; 0 if they are not known.
+    virtual int DotsPerInch() { return 0; }
     /// Whether a track's stripe line is sent beside the page by `SendStripe`. If not, it is printed
     /// as text on the page, where the driver finds it.
     virtual bool CarriesStripe(int /*trackNumber*/) { return false; }

@@ -2,6 +2,7 @@
 #include "base/Convert.h"
 #include "base/Profile.h"
 #include "base/Skip.h"
+#include "printers/DotsPerInch.h"
 #include <QChar>
 #include <algorithm>
 
@@ -56,6 +57,8 @@ PrinterSetup PrinterSetupFile::Read() const
     }
     Skip("offset X", [&] { setup.OffsetX = ToLong(value(QStringLiteral("OffsetX"))); });
     Skip("offset Y", [&] { setup.OffsetY = ToLong(value(QStringLiteral("OffsetY"))); });
+    Skip("dots per inch",
+         [&] { setup.DotsPerInch = UsableDots(ToLong(value(QStringLiteral("DotsPerInch")))); });
     return setup;
 }
 

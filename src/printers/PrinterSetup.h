@@ -18,6 +18,8 @@ struct PrinterSetup
     /// Shift of everything drawn on this printer to the right and down, in twips.
     double OffsetX = 0;
     double OffsetY = 0;
+    /// Dots to the inch; 0 to take what the printer tells.
+    int DotsPerInch = 0;
 };
 
 /// The section "Printer NAME" of a settings file. It is read again when the file has changed, so a

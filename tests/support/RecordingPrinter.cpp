@@ -107,6 +107,12 @@ void RecordingPrinter::PaintPicture(const Picture& picture, double x, double y, 
              .arg(NumberText(x), NumberText(y), NumberText(width), NumberText(height)));
 }
 
+void RecordingPrinter::FillBoxes(const std::vector<FilledBox>& boxes)
+{
+    Note(QStringLiteral("FillBoxes(%1)").arg(boxes.size()));
+    LastBoxes = boxes;
+}
+
 void RecordingPrinter::SendStripe(int trackNumber, const QString& line)
 {
     Note(QStringLiteral("Stripe(%1, %2)").arg(QString::number(trackNumber), Quoted(line)));

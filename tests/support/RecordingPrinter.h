@@ -43,6 +43,8 @@ public:
     void Print(const QString& text) override;
     void PaintPicture(const Picture& picture, double x, double y, double width,
                       double height) override;
+    void FillBoxes(const std::vector<FilledBox>& boxes) override;
+    int DotsPerInch() override { return Dots; }
     bool CarriesStripe(int trackNumber) override { return CarriedTracks.contains(trackNumber); }
     void SendStripe(int trackNumber, const QString& line) override;
     void EndDoc() override;
@@ -55,6 +57,10 @@ public:
     /// Tells the outcomes that wait, in the order of their jobs.
     void TellOutcomes();
 
+    /// What the printer tells of its dots to the inch.
+    int Dots = 0;
+    /// The boxes of the last operation that filled any.
+    std::vector<FilledBox> LastBoxes;
     /// Tracks whose stripe line is sent in a job option instead of on the page.
     QList<int> CarriedTracks;
 

@@ -11,7 +11,7 @@ namespace vantrel {
 class ItemCanvas : public PageCanvas
 {
 public:
-    using Item = std::variant<PlacedLine, PlacedPicture>;
+    using Item = std::variant<PlacedLine, PlacedPicture, PlacedBoxes>;
 
 protected:
     ItemCanvas(double width, double height) : m_width(width), m_height(height) {}
@@ -24,6 +24,7 @@ protected:
 private:
     void Set(const PlacedLine& placed) override { m_items.emplace_back(placed); }
     void Set(const PlacedPicture& placed) override { m_items.emplace_back(placed); }
+    void Set(const PlacedBoxes& placed) override { m_items.emplace_back(placed); }
 
     double m_width;
     double m_height;

@@ -102,6 +102,7 @@ private:
             content.AddForm(FormOf(placed), placed.X, placed.Baseline);
     }
     static void Add(PdfContent& content, const PlacedPicture& placed) { content.Add(placed); }
+    static void Add(PdfContent& content, const PlacedBoxes& placed) { content.Add(placed); }
 
     int AddOperators(const QByteArray& operators)
     {

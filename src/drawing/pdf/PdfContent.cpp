@@ -100,9 +100,7 @@ private:
 
 void PdfContent::Add(const PlacedLine& placed)
 {
-    const ColorParts parts = PartsOfColor(placed.Color);
-    AppendNumbers(m_operators, parts.Red / 255.0, parts.Green / 255.0, parts.Blue / 255.0);
-    m_operators += "rg\n";
+    AddColor(placed.Color);
     const double baseline = m_pageHeight - placed.Baseline;
     for (const GlyphRun& run : placed.Line->Glyphs.Runs)
         AddRun(run, placed.X, baseline);
@@ -111,6 +109,61 @@ void PdfContent::Add(const PlacedLine& placed)
                       bar.Height);
         m_operators += "re f\n";
     }
+}
+
+void PdfContent::AddColor(ColorValue color)
+{
+    const ColorParts parts = PartsOfColor(color);
+    AppendNumbers(m_operators, parts.Red / 255.0, parts.Green / 255.0, parts.Blue / 255.0);
+    m_operators += "rg\n";
+}
+
+void PdfContent::Add(const PlacedBoxes& placed)
+{
+    AddColor(placed.Color);
+    for (const FilledBox& box : placed.Boxes) {
+        if (box.IsRounded()) {
+            AddRoundedBox(box);
+            continue;
+        }
+        AppendNumbers(m_operators, box.X, m_pageHeight - box.Y - box.Height, box.Width, box.Height);
+        m_operators += "re\n";
+    }
+    m_operators += "f\n";
+}
+
+void PdfContent::AddRoundedBox(const FilledBox& box)
+{
+    // Where the handles of a curve stand that comes nearest to a quarter of a circle, from its
+    // ends.
+    constexpr double reach = 0.5523;
+    const double left = box.X;
+    const double right = box.X + box.Width;
+    const double top = m_pageHeight - box.Y;
+    const double bottom = top - box.Height;
+    const double x = box.RadiusX;
+    const double y = box.RadiusY;
+    const double dx = x * (1 - reach);
+    const double dy = y * (1 - reach);
+    const auto line = [this](double toX, double toY) {
+        AppendNumbers(m_operators, toX, toY);
+        m_operators += "l\n";
+    };
+    const auto curve = [this](double x1, double y1, double x2, double y2, double x3, double y3) {
+        AppendNumbers(m_operators, x1, y1, x2, y2, x3, y3);
+        m_operators += "c\n";
+    };
+    AppendNumbers(m_operators, left + x, top);
+    m_operators += "m\n";
+    line(right - x, top);
+    curve(right - dx, top, right, top - dy, right, top - y);
+    line(right, bottom + y);
+    curve(right, bottom + dy, right - dx, bottom, right - x, bottom);
+    line(left + x, bottom);
+    curve(left + dx, bottom, left, bottom + dy, left, bottom + y);
+    line(left, top - y);
+    curve(left, top - dy, left + dx, top, left + x, top);
+    m_operators += "h\n";
 }
 
 void PdfContent::AddForm(int form, double x, double y)

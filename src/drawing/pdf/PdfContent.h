@@ -16,9 +16,10 @@ public:
         : m_pageHeight(pageHeight), m_provided(provided)
     {}
 
-    /// Append the operators of a line or a picture.
+    /// Append the operators of a line, a picture or filled boxes.
     void Add(const PlacedLine& placed);
     void Add(const PlacedPicture& placed);
+    void Add(const PlacedBoxes& placed);
 
     /// Appends the operators that draw a form with its origin at this place, in points from the top
     /// left corner.
@@ -32,6 +33,8 @@ public:
     const std::vector<int>& Forms() const { return m_forms; }
 
 private:
+    void AddColor(ColorValue color);
+    void AddRoundedBox(const FilledBox& box);
     void AddRun(const GlyphRun& run, double x, double baseline);
 
     double m_pageHeight;

@@ -1,6 +1,7 @@
 #include "station/print/PrintPage.h"
 #include "base/Skip.h"
 #include "card/AutoNumber.h"
+#include "card/CaptionFigure.h"
 #include "card/OpeningFont.h"
 #include "card/TextLeft.h"
 #include "printers/Printer.h"
@@ -72,9 +73,50 @@ void CopyFont(Printers& printers, const Font& font)
     OnPrinter(printers, "font italic", [&](Printer& p) { p.SetFontItalic(font.Italic); });
 }
 
-void PrintLabel(Printers& printers, CardObject& label)
+int DotsPerInch(Printers& printers)
+{
+    int dots = 0;
+    OnPrinter(printers, "dots per inch", [&](Printer& p) { dots = p.DotsPerInch(); });
+    return dots;
+}
+
+void PrintFigure(Printers& printers, const CaptionFigure& figure, ColorValue color)
+{
+    OnPrinter(printers, "colour", [&](Printer& p) { p.SetForeColor(color); });
+    if (!figure.Boxes.empty())
+        OnPrinter(printers, "boxes", [&](Printer& p) { p.FillBoxes(figure.Boxes); });
+    if (!figure.Notice.empty())
+        CopyFont(printers, figure.NoticeFont);
+    for (const NoticeLine& line : figure.Notice) {
+        OnPrinter(printers, "position", [&](Printer& p) { p.SetCurrentX(line.X); });
+        OnPrinter(printers, "line", [&](Printer& p) { p.SetCurrentY(static_cast<float>(line.Y)); });
+        OnPrinter(printers, "text", [&](Printer& p) { p.Print(line.Text); });
+    }
+}
+
+/// What the object is called in the log and the ledger.
+QString SpokenName(const CardObject& label)
+{
+    switch (label.Family()) {
+    case Family::lbl_DATA:
+        return QStringLiteral("Data Field ") + label.DataField;
+    case Family::lbl_AUTO:
+        return QStringLiteral("AutoNumber Field");
+    default:
+        return QStringLiteral("Static Text");
+    }
+}
+
+void PrintLabel(Printers& printers, CardObject& label, CardRemarks& remarks)
 {
     Skip("raise number", [&] { Increment_If_AutoNumber(label); });
+    if (IsFigureFont(label.Font())) {
+        const CaptionFigure figure = FigureOf(label, DotsPerInch(printers));
+        PrintFigure(printers, figure, label.ForeColor);
+        if (!figure.Trouble.isEmpty())
+            remarks.push_back({SpokenName(label) + QStringLiteral(": ") + figure.Trouble, {}});
+        return;
+    }
     CopyFont(printers, label.Font());
     OnPrinter(printers, "colour", [&](Printer& p) { p.SetForeColor(label.ForeColor); });
     OnPrinter(printers, "position", [&](Printer& p) {
@@ -106,7 +148,7 @@ CardRemarks PrintObjects(Printers& printers, const CardDocument& document)
         if (!object->IsContent())
             continue;
         if (object->IsLabel())
-            PrintLabel(printers, *object);
+            PrintLabel(printers, *object, remarks);
         else if (object->IsImage())
             PrintImage(printers, *object);
         if (!object->PictureProblem.isEmpty())

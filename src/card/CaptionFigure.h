@@ -1,0 +1,44 @@
+#pragma once
+
+#include "base/Font.h"
+#include "drawing/FilledBox.h"
+#include <QString>
+#include <vector>
+
+namespace vantrel {
+
+class CardObject;
+
+/// One line of a notice, with the place of its upper left corner in twips.
+struct NoticeLine
+{
+    QString Text;
+    double X = 0;
+    double Y = 0;
+};
+
+/// What a label shows in its box instead of its caption as text, all in its text colour and in
+/// twips on the page: a bar code of the caption, a shape, or a frame with a notice why the caption
+/// cannot be shown.
+struct CaptionFigure
+{
+    std::vector<FilledBox> Boxes;
+    Font NoticeFont;
+    std::vector<NoticeLine> Notice;
+    /// Why the caption cannot be shown, such as "EAN-13: 12 or 13 digits are wanted"; empty if it
+    /// is. Never holds any part of the caption.
+    QString Trouble;
+};
+
+/// Whether a font shows figures instead of text: its name is "Barcode" or "Shape", a blank and the
+/// name of a kind, exactly so.
+bool IsFigureFont(const Font& font);
+
+/// The figure of a label; empty where its font shows text. A bar code is as large as fits its box
+/// with its quiet zone, in the middle of it; an empty caption draws nothing. A shape fills its box,
+/// whatever the caption. Never fails.
+/// @param dotsPerInch  of the printer, for modules of whole dots; 0 if it is not known, then those
+/// of most card printers count
+CaptionFigure FigureOf(const CardObject& label, int dotsPerInch);
+
+} // namespace vantrel
