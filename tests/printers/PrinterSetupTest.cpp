@@ -27,6 +27,7 @@ void ExpectNothing(const PrinterSetup& setup)
         EXPECT_EQ(option, QString());
     EXPECT_EQ(setup.OffsetX, 0);
     EXPECT_EQ(setup.OffsetY, 0);
+    EXPECT_EQ(setup.DotsPerInch, 0);
 }
 
 } // namespace
@@ -55,6 +56,27 @@ TEST_F(PrinterSetupTest, ReadsItsSectionInAnyCase)
     EXPECT_EQ(setup.StripeOptions[2], QStringLiteral("three_c"));
     EXPECT_EQ(setup.OffsetX, -120);
     EXPECT_EQ(setup.OffsetY, 45);
+}
+
+TEST_F(PrinterSetupTest, DotsPerInchCountIfAPrinterMayHaveThem)
+{
+    for (const auto& [written, dots] :
+         std::initializer_list<std::pair<const char*, int>>{{"300", 300},
+                                                            {" 600 ", 600},
+                                                            {"100", 100},
+                                                            {"4800", 4800},
+                                                            {"99", 0},
+                                                            {"4801", 0},
+                                                            {"-300", 0},
+                                                            {"0", 0},
+                                                            {"fine", 0},
+                                                            {"300dpi", 0},
+                                                            {"99999999999", 0},
+                                                            {"", 0}}) {
+        Set("DotsPerInch", written);
+        PrinterSetupFile file(m_path, QStringLiteral("Cards"));
+        EXPECT_EQ(file.Current().DotsPerInch, dots) << written;
+    }
 }
 
 TEST_F(PrinterSetupTest, OptionsCountOnlyWithTheirChannel)

@@ -27,8 +27,9 @@ constexpr auto PdfTaken = R"ppd(*cupsFilter2: "application/pdf application/pdf 0
 constexpr auto DotsTaken =
     R"ppd(*cupsFilter2: "application/vnd.cups-raster application/vnd.cups-raster 0 -"
 *OpenUI *Resolution/Resolution: PickOne
-*DefaultResolution: 300dpi
-*Resolution 300dpi/300 DPI: "<</HWResolution[300 300]>>setpagedevice"
+*DefaultResolution: DOTSdpi
+*Resolution DOTSdpi/DOTS DPI: "<</HWResolution[DOTS DOTS]>>setpagedevice"
+*Resolution 1200dpi/1200 DPI: "<</HWResolution[1200 1200]>>setpagedevice"
 *CloseUI: *Resolution
 *OpenUI *ColorModel/Color Model: PickOne
 *DefaultColorModel: RGB
@@ -80,7 +81,9 @@ QByteArray Choice(const CardDriver& driver, const QByteArray& keyword)
 QByteArray PpdOf(const CardDriver& driver)
 {
     QByteArray ppd = Beginning;
-    ppd += driver.TakesDots ? DotsTaken : PdfTaken;
+    ppd += driver.TakesDots
+               ? QByteArray(DotsTaken).replace("DOTS", QByteArray::number(driver.DotsPerInch))
+               : QByteArray(PdfTaken);
     ppd += Choice(driver, "PageSize") + Choice(driver, "PageRegion");
     ppd += ForEachSize(driver, "ImageableArea", [&driver](const DriverSize& size) -> QByteArray {
         const QByteArray margin = QByteArray::number(driver.Margin);

@@ -22,8 +22,10 @@ struct CardDriver
     QByteArray Default = "Card";
     /// The margin that the printer leaves white on each side, in points.
     int Margin = 0;
-    /// Whether it takes dots, 300 to the inch, instead of PDF.
+    /// Whether it takes dots instead of PDF.
     bool TakesDots = false;
+    /// Dots to the inch of a driver that takes dots.
+    int DotsPerInch = 300;
     /// Whether it accepts custom sizes, from 72 to 500 points a side.
     bool TakesAnySize = false;
 };

@@ -34,6 +34,8 @@ constexpr KeyRow PrinterKeys[] = {
     {"StripeOption3", "", "job option for track 3"},
     {"OffsetX", "0", "moves what is drawn to the right, twips"},
     {"OffsetY", "0", "moves what is drawn down, twips"},
+    {"DotsPerInch", "",
+     "dots of the printer, for bar codes; without it what the print server tells, else 300"},
 };
 
 constexpr KeyRow SerialKeys[] = {

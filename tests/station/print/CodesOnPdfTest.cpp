@@ -147,7 +147,7 @@ TEST_P(EachCodeOnPdf, ASlightlySmallerBoxSaysSoInstead)
     at.Width -= 20;
     at.Height -= 20;
     AddCode(Kind, Text, at);
-    AnnounceWarning(QStringLiteral("Card, page 1: Static Text: ") + RowOf(Kind).Name +
+    AnnounceWarning(QStringLiteral("A card of Card: Static Text: ") + RowOf(Kind).Name +
                     QStringLiteral(": a larger box is wanted"));
     const QString card = Printed();
     EXPECT_EQ(TextsOfPages(card),
@@ -190,7 +190,8 @@ TEST_F(CodesOnPdf, AWrongCaptionPrintsWhyAndTheRestOfTheCard)
         .SetFont({FontOf(CodeKind::Ean13), 10});
     AddText(Session, QStringLiteral("member"), {.Top = 3000});
     SetRecord(Session, {QStringLiteral("4006381333932")});
-    AnnounceWarning(QStringLiteral("Card, page 1: Data Field 1: EAN-13: the check digit is wrong"));
+    AnnounceWarning(
+        QStringLiteral("A card of Card: Data Field 1: EAN-13: the check digit is wrong"));
     EXPECT_EQ(TextsOfPages(Printed()),
               QStringList(QStringLiteral("EAN-13: the check digit is wrong member")));
 }
