@@ -1,5 +1,6 @@
 #include "card/CardDocument.h"
 #include <algorithm>
+#include <iterator>
 
 namespace vantrel {
 
@@ -39,6 +40,7 @@ void CardDocument::Unload()
     Hide();
     m_loaded = false;
     SelectedObject = nullptr;
+    AlsoSelected.clear();
     HandlesShown = false;
     Drag = {};
     for (auto& members : m_members)
@@ -77,6 +79,7 @@ void CardDocument::Forget(const CardObject& object)
 {
     if (SelectedObject == &object)
         SelectedObject = nullptr;
+    std::erase(AlsoSelected, &object);
     auto& members = MembersOf(object.Family());
     members[static_cast<std::size_t>(object.Index())] = nullptr;
     // The next index follows the highest one in use, so gaps at the end are dropped.
@@ -104,6 +107,33 @@ void CardDocument::RemoveContent()
         Forget(*object);
         return true;
     });
+    Q_EMIT Changed();
+}
+
+std::vector<std::unique_ptr<CardObject>> CardDocument::TakeContent()
+{
+    SelectedObject = nullptr;
+    const auto firstOfContent =
+        std::stable_partition(m_objects.begin(), m_objects.end(),
+                              [](const auto& object) { return !object->IsContent(); });
+    std::vector<std::unique_ptr<CardObject>> content(std::make_move_iterator(firstOfContent),
+                                                     std::make_move_iterator(m_objects.end()));
+    m_objects.erase(firstOfContent, m_objects.end());
+    for (const auto& object : content)
+        Forget(*object);
+    return content;
+}
+
+void CardDocument::PutContent(std::vector<std::unique_ptr<CardObject>> content)
+{
+    for (auto& object : content) {
+        auto& members = MembersOf(object->Family());
+        const auto index = static_cast<std::size_t>(object->Index());
+        if (members.size() <= index)
+            members.resize(index + 1, nullptr);
+        members[index] = object.get();
+        m_objects.push_back(std::move(object));
+    }
     Q_EMIT Changed();
 }
 

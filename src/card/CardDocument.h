@@ -40,6 +40,11 @@ public:
     void Remove(CardObject& object);
     /// Deletes all objects that are card content, and clears the selection.
     void RemoveContent();
+    /// Takes all objects that are card content away, in stacking order, and clears the selection.
+    std::vector<std::unique_ptr<CardObject>> TakeContent();
+    /// Adds objects on top of the others in their order. Each must have an index from 1 on that its
+    /// family does not use.
+    void PutContent(std::vector<std::unique_ptr<CardObject>> content);
 
     /// Whether the document window is to be shown; `Show` and `Hide` change it.
     bool IsShown() const { return m_shown; }
@@ -62,8 +67,13 @@ public:
     std::int16_t CamWidth = 0;
     /// The designer's selection.
     CardObject* SelectedObject = nullptr;
+    /// Objects that are selected together with `SelectedObject`, without it. They count only while
+    /// there is one.
+    std::vector<CardObject*> AlsoSelected;
     int SelectedIndex = 0;
     QString SelectedFamily;
+    /// How often the values of a record were filled into the fields.
+    std::uint64_t Pours = 0;
     /// True after a load, false after a press on an object. Nothing reads it.
     bool LayoutUnchanged = false;
     bool HandlesShown = false;

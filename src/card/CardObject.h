@@ -53,6 +53,8 @@ public:
     /// Sets the caption. For data fields and automatic numbers all characters of `Tag` are removed
     /// from it, even if the text has not changed.
     void SetCaption(const QString& text);
+    /// Takes the caption as another object shows it, without removing anything.
+    void TakeCaption(const CardObject& other) { m_caption = other.m_caption; }
 
     /// The font of a label. Fails with `PropertyNotSupported` for other objects.
     const vantrel::Font& Font() const;
@@ -87,6 +89,8 @@ public:
     QString DataField;
     /// For an automatic number the key of its row in the store; 0 before it was loaded or saved.
     qlonglong StoreKey = 0;
+    /// Tells the object from all others while the designer's steps are kept; 0 for none yet.
+    qulonglong DesignKey = 0;
     /// The word of its check digit scheme; empty for none.
     QString DataMember;
     /// For a data field: prefix, carriage return and suffix.

@@ -22,6 +22,7 @@ void AppendCheckDigit(CardObject& number, QChar decimalSeparator)
 void FillDataFields(CardDocument& document, const FieldValues& values, QChar decimalSeparator)
 {
     CarriedValue carried;
+    ++document.Pours;
     const int highest = document.HighestIndex(Family::lbl_DATA);
     for (int index = 1; index <= highest; ++index) {
         if (CardObject* field = document.Find(Family::lbl_DATA, index))

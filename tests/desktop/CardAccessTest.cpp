@@ -16,6 +16,8 @@ namespace {
 class AccessibleCard : public Designer
 {
 public:
+    using Designer::Designer;
+
     QAccessibleInterface& Card() const { return *QAccessible::queryAccessibleInterface(Form); }
     QAccessibleInterface& Main() { return *QAccessible::queryAccessibleInterface(&Window); }
     /// The objects as "role|name|kind".
@@ -100,6 +102,19 @@ TEST(AccessibleCard, NothingIsKeptOfAnObjectThatHasGone)
     dynamic_cast<CardAccess&>(designer.Card()).Follow();
     EXPECT_EQ(QAccessible::accessibleInterface(text), nullptr);
     EXPECT_EQ(QAccessible::accessibleInterface(field), designer.Card().child(0));
+}
+
+TEST(AccessibleCard, AllSelectedObjectsAreReportedAsSelected)
+{
+    StationOptions options;
+    options.DesignTools = true;
+    AccessibleCard designer(options);
+    designer.Click(designer.At(600, 375));
+    designer.Click(designer.At(600, 975), Qt::ControlModifier);
+    dynamic_cast<CardAccess&>(designer.Card()).Follow(true);
+    EXPECT_TRUE(designer.Card().child(0)->state().selected);
+    EXPECT_TRUE(designer.Card().child(1)->state().selected);
+    EXPECT_FALSE(designer.Card().child(2)->state().selected);
 }
 
 TEST(AccessibleCard, AnOpenPopUpMenuIsAChildOfTheMainWindow)

@@ -9,7 +9,8 @@
 
 namespace vantrel::test {
 
-Designer::Designer() : Form(&Get<frmDocument>("frmDocument"))
+Designer::Designer(const StationOptions& options)
+    : DesktopStation(true, options), Form(&Get<frmDocument>("frmDocument"))
 {
     WithLayout();
     AddNumber(Session, 7, {1500, 400, 300, 1500});
@@ -31,9 +32,9 @@ void Designer::Send(QEvent::Type type, QPoint point, Qt::MouseButton button,
     QApplication::sendEvent(Form, &event);
 }
 
-void Designer::Drag(QPoint from, QPoint to)
+void Designer::Drag(QPoint from, QPoint to, Qt::KeyboardModifiers keys)
 {
-    Press(from);
+    Press(from, Qt::LeftButton, keys);
     Move((from + to) / 2);
     Move(to);
     Release(to);

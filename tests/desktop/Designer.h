@@ -12,7 +12,7 @@ namespace vantrel::test {
 class Designer : public DesktopStation
 {
 public:
-    Designer();
+    explicit Designer(const StationOptions& options = {});
 
     /// The point of the window at that place on the card, in twips.
     QPoint At(int left, int top) const
@@ -29,10 +29,10 @@ public:
     {
         Send(QEvent::MouseButtonRelease, point, button);
     }
-    void Drag(QPoint from, QPoint to);
-    void Click(QPoint point)
+    void Drag(QPoint from, QPoint to, Qt::KeyboardModifiers keys = Qt::NoModifier);
+    void Click(QPoint point, Qt::KeyboardModifiers keys = Qt::NoModifier)
     {
-        Press(point);
+        Press(point, Qt::LeftButton, keys);
         Release(point);
     }
     CardObject& Object(Family family) { return *Session.Document.Find(family, 1); }

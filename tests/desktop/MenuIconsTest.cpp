@@ -42,7 +42,7 @@ TEST(MenuIcons, AreShownBeforeTheEntriesOfTheTableOnly)
     EXPECT_EQ(std::size(IconRows), 18U);
     // A station that has every row of the table.
     StationOptions options;
-    options.Ledger = true;
+    options.Ledger = options.DesignTools = true;
     DesktopStation station(true, options);
     station.Load();
     std::map<std::string, int> numbers;

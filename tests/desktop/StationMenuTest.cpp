@@ -59,6 +59,43 @@ TEST(StationMenu, HasItsEntriesInTheirOrder)
                                     QStringLiteral("cmdStationOptions|Options ...|")}));
 }
 
+QStringList EntriesOf(DesktopStation& station, const char* menu)
+{
+    QStringList entries;
+    for (const QAction* action : station.Get<QMenu>(menu).actions()) {
+        if (action->isSeparator())
+            entries.append(QStringLiteral("-"));
+        else
+            entries.append(action->text() + u'|' + action->shortcut().toString());
+    }
+    return entries;
+}
+
+TEST(StationMenu, HasTheDesignToolsWhereTheyAreOn)
+{
+    DesktopStation station(true, WithDesignTools());
+    EXPECT_EQ(station.Get<QMenu>("mnuDesignTools").title(), QStringLiteral("&Design Tools"));
+    EXPECT_EQ(EntriesOf(station, "mnuDesignTools"),
+              QStringList({QStringLiteral("&Undo|Alt+Backspace"),
+                           QStringLiteral("&Redo|Alt+Shift+Backspace"), QStringLiteral("-"),
+                           QStringLiteral("Dup&licate|Ctrl+J"), QStringLiteral("&Order|"),
+                           QStringLiteral("&Align|"), QStringLiteral("Di&stribute|")}));
+    EXPECT_EQ(EntriesOf(station, "mnuStack"),
+              QStringList({QStringLiteral("To &Front|Ctrl+Shift+Up"),
+                           QStringLiteral("One &Up|Ctrl+Up"), QStringLiteral("One &Down|Ctrl+Down"),
+                           QStringLiteral("To &Back|Ctrl+Shift+Down")}));
+    EXPECT_EQ(
+        EntriesOf(station, "mnuLineUp"),
+        QStringList({QStringLiteral("&Left Sides|"), QStringLiteral("&Middles Across|"),
+                     QStringLiteral("&Right Sides|"), QStringLiteral("-"), QStringLiteral("&Tops|"),
+                     QStringLiteral("Middles &Down|"), QStringLiteral("&Bottoms|")}));
+    EXPECT_EQ(EntriesOf(station, "mnuSpread"),
+              QStringList({QStringLiteral("&Across|"), QStringLiteral("&Down|")}));
+    DesktopStation without(true, WithLedger());
+    EXPECT_EQ(without.Window.findChild<QMenu*>(QStringLiteral("mnuDesignTools")), nullptr);
+    EXPECT_EQ(without.Window.findChild<QAction*>(QStringLiteral("cmdUndo")), nullptr);
+}
+
 TEST(StationMenu, SharesNoShortcutAndNoMnemonicOfTheBar)
 {
     const DesktopStation station(true, WithLedger());

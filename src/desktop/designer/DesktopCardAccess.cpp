@@ -1,5 +1,6 @@
 #include "desktop/designer/DesktopCardAccess.h"
 #include "card/CardDocument.h"
+#include "card/ObjectArrange.h"
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/designer/frmDocument.h"
 #include <QPointer>
@@ -83,7 +84,7 @@ public:
         state.invalid = object == nullptr;
         state.invisible = object == nullptr || !m_form->isVisible();
         state.selectable = true;
-        state.selected = object != nullptr && m_form->Document().SelectedObject == object;
+        state.selected = object != nullptr && IsSelected(m_form->Document(), *object);
         return state;
     }
 
@@ -167,12 +168,33 @@ QAccessibleInterface* CardAccess::childAt(int x, int y) const
     return object == nullptr ? nullptr : Tell({object->Family(), object->Index()});
 }
 
-void CardAccess::Follow()
+void CardAccess::TellDesign(const ObjectKey& key, QAccessibleInterface& object, Told& told) const
+{
+    const CardObject& shown = *m_form.ShownObject(key.first, key.second);
+    const QRectF box(shown.Left, shown.Top, shown.Width, shown.Height);
+    const bool isSelected = object.state().selected;
+    if (told.Announced && box != told.Box) {
+        QAccessibleEvent moved(&object, QAccessible::LocationChanged);
+        QAccessible::updateAccessibility(&moved);
+    }
+    if (told.Announced && isSelected != told.Selected) {
+        QAccessible::State changed;
+        changed.selected = true;
+        QAccessibleStateChangeEvent selection(&object, changed);
+        QAccessible::updateAccessibility(&selection);
+    }
+    told.Box = box;
+    told.Selected = isSelected;
+}
+
+void CardAccess::Follow(bool tellsDesign)
 {
     List();
     for (const ObjectKey& key : m_listed) {
         QAccessibleInterface* const object = Tell(key);
         Told& told = m_told[key];
+        if (tellsDesign)
+            TellDesign(key, *object, told);
         const QString name = object->text(QAccessible::Name);
         if (told.Announced && name == told.Name)
             continue;

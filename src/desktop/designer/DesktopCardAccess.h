@@ -2,6 +2,7 @@
 
 #include "card/CardObject.h"
 #include <QAccessibleWidget>
+#include <QRectF>
 #include <map>
 #include <utility>
 #include <vector>
@@ -31,7 +32,8 @@ public:
 
     /// Reports to screen readers which objects have appeared, disappeared or changed their text
     /// since the last report.
-    void Follow();
+    /// @param tellsDesign  also which have moved, and which are selected
+    void Follow(bool tellsDesign = false);
 
 private:
     struct Told
@@ -39,10 +41,14 @@ private:
         QAccessible::Id Id = 0;
         QString Name;
         bool Announced = false;
+        /// In twips of the card.
+        QRectF Box;
+        bool Selected = false;
     };
 
     void List() const;
     QAccessibleInterface* Tell(const ObjectKey& key) const;
+    void TellDesign(const ObjectKey& key, QAccessibleInterface& object, Told& told) const;
 
     frmDocument& m_form;
     /// The objects in their order, as they were when they were last counted.

@@ -99,7 +99,7 @@ void frmDocument::TellChanges()
     if (!QAccessible::isActive())
         return;
     if (auto* told = dynamic_cast<CardAccess*>(QAccessible::queryAccessibleInterface(this)))
-        told->Follow();
+        told->Follow(m_session.Options.DesignTools);
 }
 
 void frmDocument::DrawCard()

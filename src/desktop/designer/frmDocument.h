@@ -47,6 +47,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     /// A window in the workspace would handle the Tab key itself, but the card has no control to go
     /// to.
     bool focusNextPrevChild(bool next) override;
@@ -64,7 +65,13 @@ private:
     void TellChanges();
     void DrawCard();
     void PaintDesign(QPainter& painter) const;
+    void PaintSelected(QPainter& painter) const;
     void TakeCursor(const QMouseEvent& event);
+    void PressOnObject(CardObject& object, const QMouseEvent& event);
+    void PressOnPage(const QMouseEvent& event);
+    /// Stretches the band that selects objects from where it was begun to the pointer.
+    void StretchBand();
+    void SelectByBand();
     CardObject* GripAt(const QPointF& position) const;
     QRect BoxOf(const CardObject& object) const;
 
@@ -79,6 +86,8 @@ private:
     /// The button was pressed on an object, which also gets the release.
     bool m_objectHasMouse = false;
     std::optional<CRect> m_band;
+    /// Where a band that selects objects was begun, in screen pixels.
+    std::optional<Point> m_bandFrom;
 };
 
 } // namespace vantrel

@@ -1,12 +1,17 @@
 #include "desktop/controls/ScreenUnits.h"
 #include "desktop/designer/frmDocument.h"
 #include "desktop/designer/frmSize.h"
+#include "station/commands/ArrangeCommands.h"
+#include "station/layout/DesignSelection.h"
+#include "station/layout/DesignSteps.h"
 #include "station/session/Session.h"
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace vantrel {
 
@@ -56,6 +61,14 @@ void PaintOutline(QPainter& painter, const CardObject& object, const QRect& box)
     painter.drawRect(box.adjusted(0, 0, -1, -1));
 }
 
+void Release(Session& session, DesignScreen& screen, MouseButton button)
+{
+    if (session.Options.DesignTools)
+        ReleaseSeveral(session.Document, session.Face, screen, button);
+    else
+        ReleaseButton(session.Document, session.Face, screen, button);
+}
+
 /// Ends a drag whose left button is released over another window of this program, such as a menu
 /// that opened meanwhile and has the mouse now: the form must still get that release.
 class ReleaseWatch : public QObject
@@ -72,7 +85,7 @@ public:
         if (event->type() == QEvent::MouseButtonRelease && watched->isWidgetType() &&
             watched != &m_form && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
             // This object is deleted with the drag.
-            ReleaseButton(m_session.Document, m_session.Face, m_screen, MouseButton::Left);
+            Release(m_session, m_screen, MouseButton::Left);
         }
         return false;
     }
@@ -183,8 +196,7 @@ void frmDocument::TakeCursor(const QMouseEvent& event)
 void frmDocument::mousePressEvent(QMouseEvent* event)
 {
     TakeCursor(*event);
-    const MouseButton button = ButtonOf(event->button());
-    const ShiftState shift = ShiftStateOf(event->modifiers());
+    NoteDesign(m_session);
     m_objectHasMouse = false;
     // During a drag the form gets the mouse, whatever is under the pointer.
     const bool isDragging = m_session.Document.Drag.Mode != DragMode::None;
@@ -193,11 +205,80 @@ void frmDocument::mousePressEvent(QMouseEvent* event)
     if (grip != nullptr) {
         PressHandle(m_session.Document, *this, grip->Index());
     } else if (object != nullptr) {
-        PressObject(m_session.Document, m_session.Face, *this, *object, button, shift);
-        m_objectHasMouse = button != MouseButton::Left || shift == ShiftState::Held;
+        PressOnObject(*object, *event);
     } else {
-        PressForm(m_session.Document);
+        PressOnPage(*event);
     }
+    if (m_session.Options.DesignTools)
+        m_session.Face.NotifyDesign();
+    event->accept();
+}
+
+void frmDocument::PressOnObject(CardObject& object, const QMouseEvent& event)
+{
+    const MouseButton button = ButtonOf(event.button());
+    const ShiftState shift = ShiftStateOf(event.modifiers());
+    if (m_session.Options.DesignTools) {
+        const bool adds =
+            (event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier)) ==
+            Qt::ControlModifier;
+        PressOneOfSeveral(m_session.Document, m_session.Face, *this, object, button, shift, adds);
+    } else {
+        PressObject(m_session.Document, m_session.Face, *this, object, button, shift);
+    }
+    m_objectHasMouse = button != MouseButton::Left || shift == ShiftState::Held;
+}
+
+void frmDocument::PressOnPage(const QMouseEvent& event)
+{
+    const bool isDragging = m_session.Document.Drag.Mode != DragMode::None;
+    PressForm(m_session.Document);
+    if (!m_session.Options.DesignTools || isDragging || event.button() != Qt::LeftButton)
+        return;
+    m_bandFrom = m_cursor;
+}
+
+void frmDocument::StretchBand()
+{
+    m_band = CRect{m_bandFrom->X, m_bandFrom->Y, m_cursor.X, m_cursor.Y};
+    update();
+}
+
+void frmDocument::SelectByBand()
+{
+    m_bandFrom.reset();
+    if (!m_band)
+        return;
+    CRect inside = *std::exchange(m_band, std::nullopt);
+    inside.ScreenToTwips(Form());
+    SelectInside(m_session.Document, m_session.Face, inside);
+    update();
+}
+
+void frmDocument::keyPressEvent(QKeyEvent* event)
+{
+    struct ArrowRow
+    {
+        int Key;
+        float Right;
+        float Down;
+    };
+    constexpr ArrowRow arrows[] = {
+        {Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Down, 0, 1}};
+    const auto* arrow = std::ranges::find(arrows, event->key(), &ArrowRow::Key);
+    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
+    const bool moves = m_session.Options.DesignTools && arrow != std::end(arrows) &&
+                       (held == Qt::NoModifier || held == Qt::ShiftModifier);
+    if (!moves) {
+        QMdiSubWindow::keyPressEvent(event);
+        return;
+    }
+    // A key that is held makes one step.
+    if (!event->isAutoRepeat())
+        NoteDesign(m_session);
+    CloseSizeDialog();
+    const float step = held == Qt::ShiftModifier ? TwipStep : PointStep;
+    MoveSelected(m_session, arrow->Right * step, arrow->Down * step);
     event->accept();
 }
 
@@ -209,15 +290,22 @@ void frmDocument::mouseMoveEvent(QMouseEvent* event)
         setCursor(grip != nullptr ? ShapeOf(CursorOfGrip(grip->Index())) : Qt::ArrowCursor);
     }
     MoveMouse(m_session.Document, *this);
+    if (m_bandFrom)
+        StretchBand();
     event->accept();
 }
 
 void frmDocument::mouseReleaseEvent(QMouseEvent* event)
 {
     TakeCursor(*event);
-    if (!m_objectHasMouse)
-        ReleaseButton(m_session.Document, m_session.Face, *this, ButtonOf(event->button()));
+    if (m_bandFrom && event->button() == Qt::LeftButton)
+        SelectByBand();
+    else if (!m_objectHasMouse)
+        Release(m_session, *this, ButtonOf(event->button()));
     m_objectHasMouse = false;
+    NoteDesign(m_session);
+    if (m_session.Options.DesignTools)
+        m_session.Face.NotifyDesign();
     event->accept();
 }
 
@@ -232,6 +320,17 @@ void frmDocument::leaveEvent(QEvent* event)
     // The frame of a window in the workspace has pointer shapes of its own; the card has no frame.
     unsetCursor();
     event->accept();
+}
+
+void frmDocument::PaintSelected(QPainter& painter) const
+{
+    const CardDocument& document = m_session.Document;
+    if (document.SelectedObject == nullptr)
+        return;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), BandWidth));
+    painter.setBrush(Qt::NoBrush);
+    for (const CardObject* object : document.AlsoSelected)
+        painter.drawRect(BoxOf(*object).adjusted(0, 0, -1, -1));
 }
 
 void frmDocument::PaintDesign(QPainter& painter) const
@@ -249,6 +348,7 @@ void frmDocument::PaintDesign(QPainter& painter) const
         if (handle != nullptr && handle->Visible)
             painter.drawRect(BoxOf(*handle).adjusted(0, 0, -1, -1));
     }
+    PaintSelected(painter);
     if (!m_band)
         return;
     painter.setCompositionMode(QPainter::CompositionMode_Difference);

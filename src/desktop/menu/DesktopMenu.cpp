@@ -5,6 +5,7 @@
 #include "desktop/menu/DesktopMenuRow.h"
 #include "station/commands/ObjectCommands.h"
 #include "station/compose/ComposerElement.h"
+#include "station/layout/DesignSteps.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Session.h"
 #include <QCursor>
@@ -114,6 +115,9 @@ QAction* MainMenu::MakeCommand(const MenuRow& row)
     auto* action = new QAction(QLatin1StringView(row.Caption), &m_window);
     action->setObjectName(QLatin1StringView(row.Name));
     action->setShortcut(QKeySequence(QLatin1StringView(row.Shortcut)));
+    if (IsTool(row) && *row.ToolShortcut != '\0')
+        action->setShortcuts(
+            {action->shortcut(), QKeySequence(QLatin1StringView(row.ToolShortcut))});
     action->setSeparator(row.Kind == RowKind::Dash);
     if (row.Ticked) {
         action->setCheckable(true);
@@ -136,6 +140,7 @@ void MainMenu::MirrorFace()
     connect(&face, &StationFace::FieldsChanged, this, &MainMenu::MirrorFields);
     connect(FindMenu("mnuDataFields"), &QMenu::aboutToShow, this, &MainMenu::FillFields);
     connect(&face, &StationFace::PopUpAsked, this, &MainMenu::OpenPopUp);
+    connect(&face, &StationFace::DesignChanged, this, &MainMenu::UpdateEnabled);
     MirrorFields();
 }
 
@@ -223,16 +228,32 @@ bool MainMenu::Holds(Enabled when) const
         return visible && layout;
     case Enabled::WithSelection:
         return m_session.Document.SelectedObject != nullptr;
+    case Enabled::WithStepBack:
+        return CanUndoDesign(m_session);
+    case Enabled::WithStepForward:
+        return CanRedoDesign(m_session);
+    case Enabled::WithObject:
+        return m_session.Document.SelectedObject != nullptr;
     case Enabled::Always:
         break;
     }
     return true;
 }
 
+bool MainMenu::IsTool(const MenuRow& row) const
+{
+    return row.ToolAction != nullptr && m_session.Options.DesignTools;
+}
+
+Enabled MainMenu::WhenOf(const MenuRow& row) const
+{
+    return IsTool(row) ? row.ToolWhen : row.When;
+}
+
 bool MainMenu::CanRun(const MenuRow& row) const
 {
     for (const MenuRow* at = &row; at != nullptr; at = RowOf(at->Parent)) {
-        if (!Holds(at->When))
+        if (!Holds(WhenOf(*at)))
             return false;
     }
     return true;
@@ -245,8 +266,14 @@ void MainMenu::Run(const MenuRow& row)
         MirrorTick(*row.Ticked, m_session.Face.IsTicked(*row.Ticked));
     // The timers disable menus a little later than a record removes the object or layout that a
     // command works on.
-    if (row.Action != nullptr && CanRun(row))
-        RunOrEnd([&] { row.Action(m_session, m_window); });
+    const MenuAction action = IsTool(row) ? row.ToolAction : row.Action;
+    if (action == nullptr || !CanRun(row))
+        return;
+    RunOrEnd([&] {
+        NoteDesign(m_session);
+        action(m_session, m_window);
+        NoteDesign(m_session);
+    });
 }
 
 void MainMenu::ChooseField(int number)
@@ -254,13 +281,17 @@ void MainMenu::ChooseField(int number)
     // A record that has just begun has no values yet, while the menu still shows those of the last
     // one.
     if (number <= m_session.FieldValues.Count())
-        RunOrEnd([&] { ChooseDataField(m_session, number); });
+        RunOrEnd([&] {
+            NoteDesign(m_session);
+            ChooseDataField(m_session, number);
+            NoteDesign(m_session);
+        });
 }
 
 void MainMenu::UpdateEnabled()
 {
     for (const Entry& entry : m_entries) {
-        const Enabled when = entry.Row->When;
+        const Enabled when = WhenOf(*entry.Row);
         // Entries that need a selection are enabled and disabled by the document.
         if (when != Enabled::Always && when != Enabled::WithSelection)
             entry.Action->setEnabled(Holds(when));

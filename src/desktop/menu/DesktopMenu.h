@@ -50,6 +50,9 @@ private:
     void MirrorProperties(bool enabled);
     void OpenPopUp(PopUp menu);
     bool Holds(Enabled when) const;
+    /// Whether the entry does something else here than at a station without design tools.
+    bool IsTool(const MenuRow& row) const;
+    Enabled WhenOf(const MenuRow& row) const;
     /// Whether the row and the menus it stands in can be chosen at this moment.
     bool CanRun(const MenuRow& row) const;
     void Run(const MenuRow& row);

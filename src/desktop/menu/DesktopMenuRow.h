@@ -12,7 +12,18 @@ class Session;
 struct StationOptions;
 
 /// When an entry, or all entries of a menu, can be chosen.
-enum class Enabled { Always, WhileVisible, WithLayout, WhileVisibleWithLayout, WithSelection };
+enum class Enabled {
+    Always,
+    WhileVisible,
+    WithLayout,
+    WhileVisibleWithLayout,
+    WithSelection,
+    /// With a step of the designer that can be taken back, or taken again.
+    WithStepBack,
+    WithStepForward,
+    /// With a selected object; unlike `WithSelection` for entries outside the object's own menus.
+    WithObject,
+};
 
 enum class RowKind { Menu, Command, Dash };
 
@@ -40,6 +51,11 @@ struct MenuRow
     std::optional<ObjectEntry> Follows = {};
     /// Whether a station with these options has the row; without a condition every station has it.
     bool (*IsIn)(const StationOptions& options) = nullptr;
+    /// What the entry does, when and with which further key, at a station with design tools; none
+    /// if it is the same at all stations.
+    MenuAction ToolAction = nullptr;
+    Enabled ToolWhen = Enabled::Always;
+    const char* ToolShortcut = "";
 
     constexpr MenuRow Hidden() const
     {
@@ -69,6 +85,14 @@ struct MenuRow
     {
         MenuRow row = *this;
         row.Follows = entry;
+        return row;
+    }
+    constexpr MenuRow WithTools(MenuAction action, Enabled when, const char* shortcut = "") const
+    {
+        MenuRow row = *this;
+        row.ToolAction = action;
+        row.ToolWhen = when;
+        row.ToolShortcut = shortcut;
         return row;
     }
     constexpr MenuRow Where(bool (*isIn)(const StationOptions& options)) const

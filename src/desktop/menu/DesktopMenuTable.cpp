@@ -17,13 +17,17 @@
 #include "desktop/dialogs/frmToolbar.h"
 #include "desktop/dialogs/frmWizard.h"
 #include "desktop/history/frmHistory.h"
+#include "desktop/menu/DesktopClipboard.h"
 #include "desktop/menu/DesktopFileCommands.h"
 #include "desktop/menu/DesktopMenuRow.h"
+#include "station/commands/ArrangeCommands.h"
+#include "station/commands/ClipCommands.h"
 #include "station/commands/Commands.h"
 #include "station/commands/InsertCommands.h"
 #include "station/commands/ObjectCommands.h"
 #include "station/imaging/BackImage.h"
 #include "station/imaging/Workspace.h"
+#include "station/layout/DesignSteps.h"
 #include "station/session/StationOptions.h"
 #include <QMainWindow>
 
@@ -66,6 +70,39 @@ void Runs(Session& session, QMainWindow& /*window*/)
     Routine(session);
 }
 
+/// The action that goes through the designer's steps. The size dialog would show what the object
+/// was.
+template <auto Routine>
+void StepsThrough(Session& session, QMainWindow& window)
+{
+    if (auto* dialog = window.findChild<frmSize*>())
+        dialog->close();
+    Routine(session);
+}
+
+template <StackMove Move>
+void Stacks(Session& session, QMainWindow& /*window*/)
+{
+    StackSelected(session, Move);
+}
+
+template <AlignLine Line>
+void Aligns(Session& session, QMainWindow& /*window*/)
+{
+    AlignSelected(session, Line);
+}
+
+template <SpreadAxis Axis>
+void Spreads(Session& session, QMainWindow& /*window*/)
+{
+    SpreadSelected(session, Axis);
+}
+
+bool HasDesignTools(const StationOptions& options)
+{
+    return options.DesignTools;
+}
+
 /// Whether the station has the menu of what goes beyond the other ones.
 bool HasStationMenu(const StationOptions& options)
 {
@@ -76,6 +113,9 @@ constexpr auto WhileVisible = Enabled::WhileVisible;
 constexpr auto WithLayout = Enabled::WithLayout;
 constexpr auto WhileVisibleWithLayout = Enabled::WhileVisibleWithLayout;
 constexpr auto WithSelection = Enabled::WithSelection;
+constexpr auto WithStepBack = Enabled::WithStepBack;
+constexpr auto WithStepForward = Enabled::WithStepForward;
+constexpr auto WithObject = Enabled::WithObject;
 
 // clang-format off
 constexpr MenuRow Rows[] = {
@@ -108,9 +148,10 @@ constexpr MenuRow Rows[] = {
     Command("mnuFile", "cmdExit", "&Disable Vantrel", "Shift+Del", Runs<ExitCommand>),
 
     Menu("", "mnuEdit", "&Edit"),
-    Command("mnuEdit", "cmdCut", "&Cut", "Ctrl+Y").Disabled(),
-    Command("mnuEdit", "cmdCopy", "C&opy", "Ctrl+C").Disabled(),
-    Command("mnuEdit", "cmdPaste", "&Paste", "Ctrl+V").Disabled(),
+    Command("mnuEdit", "cmdCut", "&Cut", "Ctrl+Y").Disabled()
+        .WithTools(CutCommand, WithObject, "Ctrl+X"),
+    Command("mnuEdit", "cmdCopy", "C&opy", "Ctrl+C").Disabled().WithTools(CopyCommand, WithObject),
+    Command("mnuEdit", "cmdPaste", "&Paste", "Ctrl+V").Disabled().WithTools(PasteCommand, WithLayout),
     Dash("mnuEdit"),
     Command("mnuEdit", "cmdDelete", "&Delete", "", Runs<DeleteSelectedObject>),
 
@@ -213,6 +254,30 @@ constexpr MenuRow Rows[] = {
 
     Menu("", "mnuStation", "S&tation").Where(HasStationMenu),
     Command("mnuStation", "cmdHistory", "History ...", "F9", Opens<frmHistory>),
+    Menu("mnuStation", "mnuDesignTools", "&Design Tools").Where(HasDesignTools).On(WithLayout),
+    Command("mnuDesignTools", "cmdUndo", "&Undo", "Alt+Backspace", StepsThrough<UndoDesign>)
+        .On(WithStepBack),
+    Command("mnuDesignTools", "cmdRedo", "&Redo", "Alt+Shift+Backspace", StepsThrough<RedoDesign>)
+        .On(WithStepForward),
+    Dash("mnuDesignTools"),
+    Command("mnuDesignTools", "cmdDuplicate", "Dup&licate", "Ctrl+J", Runs<DuplicateSelected>)
+        .On(WithObject),
+    Menu("mnuDesignTools", "mnuStack", "&Order").On(WithObject),
+    Command("mnuStack", "cmdToFront", "To &Front", "Ctrl+Shift+Up", Stacks<StackMove::ToFront>),
+    Command("mnuStack", "cmdOneUp", "One &Up", "Ctrl+Up", Stacks<StackMove::Up>),
+    Command("mnuStack", "cmdOneDown", "One &Down", "Ctrl+Down", Stacks<StackMove::Down>),
+    Command("mnuStack", "cmdToBack", "To &Back", "Ctrl+Shift+Down", Stacks<StackMove::ToBack>),
+    Menu("mnuDesignTools", "mnuLineUp", "&Align").On(WithObject),
+    Command("mnuLineUp", "cmdLineLeft", "&Left Sides", "", Aligns<AlignLine::Left>),
+    Command("mnuLineUp", "cmdLineMiddle", "&Middles Across", "", Aligns<AlignLine::Middle>),
+    Command("mnuLineUp", "cmdLineRight", "&Right Sides", "", Aligns<AlignLine::Right>),
+    Dash("mnuLineUp"),
+    Command("mnuLineUp", "cmdLineTop", "&Tops", "", Aligns<AlignLine::Top>),
+    Command("mnuLineUp", "cmdLineCentre", "Middles &Down", "", Aligns<AlignLine::Centre>),
+    Command("mnuLineUp", "cmdLineBottom", "&Bottoms", "", Aligns<AlignLine::Bottom>),
+    Menu("mnuDesignTools", "mnuSpread", "Di&stribute").On(WithObject),
+    Command("mnuSpread", "cmdSpreadAcross", "&Across", "", Spreads<SpreadAxis::Across>),
+    Command("mnuSpread", "cmdSpreadDown", "&Down", "", Spreads<SpreadAxis::Down>),
     Command("mnuStation", "cmdStationOptions", "Options ...", "", Opens<frmOptions>),
 
     Menu("", "mnuHelp", "&Help"),

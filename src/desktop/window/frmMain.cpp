@@ -10,6 +10,7 @@
 #include "desktop/designer/frmDocument.h"
 #include "desktop/menu/DesktopMenu.h"
 #include "desktop/window/Background.h"
+#include "desktop/window/DesignWatch.h"
 #include "desktop/window/DesktopTray.h"
 #include "desktop/window/frmNav.h"
 #include "station/session/MainRuntime.h"
@@ -59,6 +60,8 @@ frmMain::frmMain(Session& session, Display display)
     m_flashTimer = &MakeTimer("tmrFlash", FlashInterval, &frmMain::OnFlashTick);
     BuildStatusBar();
     MirrorFace();
+    if (m_session.Options.DesignTools)
+        new DesignWatch(m_session, *this);
     if (m_display == Display::Present)
         new DesktopTray(m_session.Face, *this);
 }

@@ -6,6 +6,7 @@
 #include "desktop/dialogs/frmGetLayout.h"
 #include "desktop/window/NavIcons.h"
 #include "station/commands/Commands.h"
+#include "station/layout/DesignSteps.h"
 #include "station/layout/Navigation.h"
 #include <QEvent>
 #include <QGridLayout>
@@ -67,7 +68,13 @@ frmNav::frmNav(Session& session, QWidget* parent) : QFrame(parent), m_session(se
         button->setFocusPolicy(Qt::TabFocus);
         connect(
             button, &QToolButton::clicked, this,
-            [this, &entry] { RunOrEnd([&] { entry.Action(m_session, window()); }); },
+            [this, &entry] {
+                RunOrEnd([&] {
+                    NoteDesign(m_session);
+                    entry.Action(m_session, window());
+                    NoteDesign(m_session);
+                });
+            },
             Qt::QueuedConnection);
         grid->addWidget(button, entry.Row, entry.Column);
     }

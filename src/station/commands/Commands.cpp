@@ -4,6 +4,7 @@
 #include "ports/Launcher.h"
 #include "station/capture/Ports.h"
 #include "station/layout/DeleteLayout.h"
+#include "station/layout/DesignSteps.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LayoutParams.h"
 #include "station/layout/LoadLayout.h"
@@ -57,7 +58,7 @@ void FlipStored(Session& session, const StoredTick& tick)
 
 void PrintCommand(Session& session)
 {
-    if (session.CurrentLayoutName.isEmpty())
+    if (session.CurrentLayoutName.isEmpty() || !MayLeavePage(session))
         return;
     const RoadHold hold(session.Road);
     {
@@ -75,6 +76,8 @@ void SaveCommand(Session& session)
 
 void NewCommand(Session& session)
 {
+    if (!MayLeavePage(session))
+        return;
     const QString name = session.Operator.InputBox(QStringLiteral("Enter Layout Name"),
                                                    QStringLiteral("New Layout"), QString());
     Skip("new layout", [&] { NewLayout(session, name); });
@@ -95,7 +98,7 @@ void DeleteLayoutCommand(Session& session)
 
 void NewPageCommand(Session& session)
 {
-    if (!session.CurrentLayoutName.isEmpty())
+    if (!session.CurrentLayoutName.isEmpty() && MayLeavePage(session))
         NewPage(session);
 }
 
@@ -107,7 +110,7 @@ void DeletePageCommand(Session& session)
 
 void CloseCommand(Session& session)
 {
-    if (!session.CurrentLayoutName.isEmpty())
+    if (!session.CurrentLayoutName.isEmpty() && MayLeavePage(session))
         CloseLayout(session);
 }
 
@@ -152,7 +155,8 @@ void ExitCommand(Session& session)
         QStringLiteral("Closing Vantrel will disable it's ability to capture data.  \r\n"
                        "Are you sure this is what you want?");
     if (!session.Operator.ShowAppMessage(question, QStringLiteral(" Disable Vantrel?"),
-                                         AppMessageButtons::YesNo))
+                                         AppMessageButtons::YesNo) ||
+        !MayLeavePage(session))
         return;
     if (session.SessionNumber < FirstWorkerSession)
         PostCloseToLauncher(session.ProgramFolder);

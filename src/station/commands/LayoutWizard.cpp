@@ -1,6 +1,7 @@
 #include "station/commands/LayoutWizard.h"
 #include "base/Convert.h"
 #include "base/Skip.h"
+#include "station/layout/DesignSteps.h"
 #include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/LayoutParams.h"
@@ -134,6 +135,8 @@ std::vector<WizardPrinterKind> WizardPrinterKinds(Connection& layoutDb)
 
 void BuildWizardLayout(Session& session, const WizardAnswers& answers)
 {
+    if (!MayLeavePage(session))
+        return;
     session.Operator.ShowBusyPointer(true);
     session.Operator.LetEventsRun();
     session.CurrentLayoutName = answers.LayoutName;

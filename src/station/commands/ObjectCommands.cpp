@@ -3,6 +3,7 @@
 #include "base/Skip.h"
 #include "card/CheckDigits.h"
 #include "card/Grips.h"
+#include "card/ObjectArrange.h"
 #include "station/layout/DesignSurface.h"
 #include "station/layout/DocumentForm.h"
 #include "station/session/Operator.h"
@@ -116,15 +117,18 @@ void DeleteSelectedObject(Session& session)
 {
     if (session.CurrentLayoutName.isEmpty())
         return;
+    const std::size_t several = SelectedObjects(session.Document).size();
     const QString question =
-        QStringLiteral("Are you sure you want to delete the selected item?   ");
+        several > 1 ? QStringLiteral("Are you sure you want to delete the %1 selected items?   ")
+                          .arg(several)
+                    : QStringLiteral("Are you sure you want to delete the selected item?   ");
     if (session.Operator.AskYesNoCancel(question, QStringLiteral("Really Delete?")) !=
         BoxAnswer::Yes)
         return;
-    CardObject* selected = session.Document.SelectedObject;
-    if (selected == nullptr)
+    if (session.Document.SelectedObject == nullptr)
         return;
-    session.Document.Remove(*selected);
+    for (CardObject* selected : SelectedObjects(session.Document))
+        session.Document.Remove(*selected);
     Skip("hide grips", [&] { ShowHandles(session.Document, false); });
 }
 

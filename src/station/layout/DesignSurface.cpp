@@ -140,6 +140,7 @@ void PressForm(CardDocument& document)
 {
     ShowHandles(document, false);
     document.SelectedObject = nullptr;
+    document.AlsoSelected.clear();
 }
 
 void MoveMouse(CardDocument& document, DesignScreen& screen)

@@ -50,8 +50,9 @@ void FillRow(const QString& layoutName, const LayoutParamsRecord& params, Record
     row.SetValue(QStringLiteral("AutoSpool"), params.AutoSpool);
 }
 
-/// Makes the page's printer current; if no printer has its name, the current one stays.
-void SelectPrinter(Session& session)
+} // namespace
+
+void SelectPagePrinter(Session& session)
 {
     const LayoutParamsRecord& params = session.CurrentParams;
     const QStringList names = session.Printers.DeviceNames();
@@ -70,8 +71,6 @@ void SelectPrinter(Session& session)
         return;
     }
 }
-
-} // namespace
 
 void ReadParams(LayoutParamsRecord& params, const ColumnReader& value)
 {
@@ -114,7 +113,7 @@ void LoadLayoutParams(Session& session)
              [&] { params.AutoSpool = StoredBoolean(row.Value(QStringLiteral("AutoSpool"))); });
     }
     Skip("close parameters", [&] { row.Close(); });
-    SelectPrinter(session);
+    SelectPagePrinter(session);
 }
 
 void SaveLayoutParams(Connection& layoutDb, const QString& layoutName,

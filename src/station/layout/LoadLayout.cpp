@@ -64,6 +64,7 @@ bool LoadLayout(Session& session, const QString& layoutName)
     session.Document.Refresh();
     params.LayoutOpen = true;
     session.Document.LayoutUnchanged = true;
+    session.History.PageWasLoaded();
     BuildFieldMenu(session.Face, session.FieldValues);
     session.Face.SetCaption(
         CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, PlainCaption()));

@@ -1,5 +1,6 @@
 #include "station/layout/Navigation.h"
 #include "base/Convert.h"
+#include "station/layout/DesignSteps.h"
 #include "station/layout/DocumentForm.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LoadLayout.h"
@@ -45,14 +46,14 @@ void StepPage(Session& session, int step)
 void NextPage(Session& session)
 {
     const BusyPointer busy(session.Operator);
-    if (session.CurrentParams.PageIndex < session.CurrentParams.PageCount)
+    if (session.CurrentParams.PageIndex < session.CurrentParams.PageCount && MayLeavePage(session))
         StepPage(session, 1);
 }
 
 void PreviousPage(Session& session)
 {
     const BusyPointer busy(session.Operator);
-    if (session.CurrentParams.PageIndex > 1)
+    if (session.CurrentParams.PageIndex > 1 && MayLeavePage(session))
         StepPage(session, -1);
 }
 
@@ -68,6 +69,8 @@ QStringList LayoutNames(Connection& layoutDb)
 
 void OpenLayout(Session& session, const QString& layoutName)
 {
+    if (!MayLeavePage(session))
+        return;
     const BusyPointer busy(session.Operator);
     LoadFirstPage(session, layoutName);
     EnsureDocument(session);

@@ -84,6 +84,8 @@ bool DeletePage(Session& session)
     // The page number is deleted from all layouts.
     DeleteObjectsOf(session.LayoutDb, params.PageIndex);
     MoveDownObjectsAbove(session.LayoutDb, params.PageIndex);
+    // Steps name their pages by numbers, which are other pages now.
+    session.History.Clear();
     --params.PageCount;
     params.PageIndex =
         params.PageIndex > 2 ? static_cast<std::int16_t>(params.PageIndex - 1) : FirstPage;

@@ -1,5 +1,6 @@
 #include "station/layout/SaveLayout.h"
 #include "base/Skip.h"
+#include "station/layout/DesignSteps.h"
 #include "station/layout/DocumentForm.h"
 #include "station/layout/LayoutParams.h"
 #include "station/layout/LoadLayout.h"
@@ -126,6 +127,7 @@ bool SaveLayout(Session& session, SaveMessages messages)
         LeaveEmptyPage(session);
         return false;
     }
+    NoteSaved(session);
     if (messages == SaveMessages::Shown)
         ReportSaved(session);
     return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "card/CardDocument.h"
+#include "card/DesignHistory.h"
 #include "card/FieldValues.h"
 #include "card/LayoutParamsRecord.h"
 #include "card/PadResult.h"
@@ -90,6 +91,8 @@ public:
     CardDocument Document;
     /// Where the pictures are that records name.
     PictureSource Pictures;
+    /// The steps of the designer that can be taken back; kept with `Options.DesignTools` only.
+    DesignHistory History;
     /// The last accepted camera picture.
     Picture CameraImage;
     /// The last uncropped picture of the camera or of a file.

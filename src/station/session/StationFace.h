@@ -87,6 +87,8 @@ public:
     void NotifyBackground() { Q_EMIT BackgroundChanged(); }
     /// Signals that the processing of a record starts; the icon flashes.
     void NotifyRecordBegun() { Q_EMIT RecordBegun(); }
+    /// Signals that the steps of the designer, or its selection, have changed.
+    void NotifyDesign() { Q_EMIT DesignChanged(); }
     /// Signals that the operator has confirmed the exit.
     void NotifyExitConfirmed() { Q_EMIT ExitConfirmed(); }
 
@@ -104,6 +106,7 @@ Q_SIGNALS:
     void VisibilityChanged(bool visible);
     void BackgroundChanged();
     void RecordBegun();
+    void DesignChanged();
     void ExitConfirmed();
 
 private:

@@ -130,8 +130,10 @@ constexpr StationOptionRow Rows[] = {
         "A byte is a character of Windows code page 1252.", AtStart, nullptr, EncodingNames),
     Row<&StationOptions::DesignTools>(
         "DesignTools", "Cards", "Design tools", "False",
-        "shows the menu \"Station\" also where no ledger is kept",
-        "The menu \"Station\" is shown only where a ledger is kept.", AtStart, "True"),
+        "takes steps of the designer back, copies, aligns and moves objects by keys, and asks before "
+        "unsaved changes are lost",
+        "The designer does none of this, and the menu \"Station\" is shown only where a ledger is kept.",
+        AtStart, "True"),
 };
 // clang-format on
 
