@@ -11,7 +11,7 @@ readonly PAGES=2
 
 install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}"
 cmake --preset release
-cmake --build --preset release --target vantrel vantrel-admin
+cmake --build --preset release --target vantrel vantrel-admin vantrel-print
 bin=$PWD/build/release/bin
 
 # Cards hold personal data, so new files are accessible to this user and group only.

@@ -45,12 +45,12 @@ echo "== what it holds"
 # Some machines leave documents out when they install.
 held=$scratch/held
 dpkg-deb --extract "$package" "$held"
-for file in bin/vantrel bin/vantrel-admin libexec/vantrel/vantrel \
+for file in bin/vantrel bin/vantrel-admin bin/vantrel-print libexec/vantrel/vantrel \
   share/applications/org.vantrel.Vantrel.desktop share/metainfo/org.vantrel.Vantrel.metainfo.xml \
   share/icons/hicolor/{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256}/apps/org.vantrel.Vantrel.png \
-  share/icons/hicolor/scalable/apps/org.vantrel.Vantrel.svg share/man/man1/{vantrel,vantrel-admin}.1.gz \
-  share/doc/vantrel/{README.md,CHANGELOG.md,printers.md,images/station.png} lib/systemd/system/vantrel@.service \
-  lib/sysusers.d/vantrel.conf share/bash-completion/completions/vantrel-admin; do
+  share/icons/hicolor/scalable/apps/org.vantrel.Vantrel.svg share/man/man1/{vantrel,vantrel-admin,vantrel-print}.1.gz \
+  share/doc/vantrel/{README.md,CHANGELOG.md,printers.md,cards-from-a-file.md,images/station.png} lib/systemd/system/vantrel@.service \
+  lib/sysusers.d/vantrel.conf share/bash-completion/completions/{vantrel-admin,vantrel-print}; do
   [ -s "$held/usr/$file" ] || fail "/usr/$file is missing"
 done
 grep -q '^# The book' "$held/usr/share/doc/vantrel/README.md" || fail "the book has no first page"
@@ -78,6 +78,14 @@ echo "== every command is in its manual page"
 while read -r command; do
   zgrep -q "^\.BI \"$command " "$held/usr/share/man/man1/vantrel-admin.1.gz" || fail "the manual does not tell of $command"
 done <"$scratch/commands"
+
+echo "== every option of cards from a file is in its manual page"
+"$root/usr/bin/vantrel-print" --help | grep -oE '^  (-h, )?--[a-z-]+' | grep -oE -- '--[a-z-]+' >"$scratch/options"
+[ "$(wc -l <"$scratch/options")" -ge 16 ] || fail "the help names $(wc -l <"$scratch/options") options"
+zcat "$held/usr/share/man/man1/vantrel-print.1.gz" | sed 's/\\-/-/g' >"$scratch/manual"
+while read -r option; do
+  grep -A1 '^\.TP' "$scratch/manual" | grep -qE -- "^\.B(I|R)? .*$option( |\"|$)" || fail "the manual does not tell of $option"
+done <"$scratch/options"
 
 echo "== the first start"
 export HOME="$scratch/a home" XDG_RUNTIME_DIR=$scratch/runtime QT_QPA_PLATFORM=offscreen
@@ -110,6 +118,17 @@ await test -s "$printed/card-000002.pdf"
 wait "$station" || fail "the session ended with $?: $(cat "$scratch/errors")"
 "$root/usr/bin/vantrel-admin" session start "$folder" 1
 station=
+
+echo "== cards from a file"
+printf 'name,number,tier\n"Lovelace, Ada",40012345,Gold\nGrace Hopper,40054321,Silver\n' >"$scratch/members.csv"
+said=$("$root/usr/bin/vantrel-print" "$folder" "Member Card" "$scratch/members.csv" --header --one "$scratch/members.pdf")
+[ "$said" = "2 rows printed: $scratch/members.pdf" ] || fail "it said: $said"
+pdftotext -layout "$scratch/members.pdf" "$scratch/members.txt"
+for text in 'Lovelace, Ada' 'Grace Hopper' Silver; do
+  grep -qF "$text" "$scratch/members.txt" || fail "$text is on no card"
+done
+"$root/usr/bin/vantrel-admin" ledger list "$folder" --text 'members.csv:3' | grep -q 'printed.*Grace Hopper' ||
+  fail "a row is not in the ledger"
 
 echo "== where no folder can be made"
 touch "$scratch/file"
