@@ -3,6 +3,7 @@
 #include "samples/FreshInstall.h"
 #include "station/session/SettingsGuide.h"
 #include "support/Events.h"
+#include "support/PdfReading.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -195,10 +196,12 @@ TEST(SettingsPage, DocumentsTheKeysAsTheyAreRead)
     EXPECT_EQ(Document("settings.md"), SettingsGuide());
 }
 
-/// The home of a reader whose station is a folder of the test's.
+/// The home of a reader, in which he types commands.
 class ReaderHome
 {
 public:
+    ReaderHome() = default;
+    /// The station in it is a folder of the test's.
     explicit ReaderHome(const StationFolder& folder)
     {
         EXPECT_TRUE(
@@ -210,8 +213,13 @@ public:
     {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("HOME"), m_home.path());
+        environment.insert(QStringLiteral("PATH"),
+                           QFileInfo(QStringLiteral(VANTREL_ADMIN_PROGRAM)).path() +
+                               QLatin1Char(':') + environment.value(QStringLiteral("PATH")));
         return RunToEnd(QStringLiteral("bash"), {QStringLiteral("-ec"), lines}, environment);
     }
+
+    QString PathOf(const char* name) const { return m_home.filePath(QLatin1StringView(name)); }
 
 private:
     QTemporaryDir m_home;
@@ -315,6 +323,39 @@ TEST(QuickStart, ItsCommandsMakeACard)
     ASSERT_TRUE(EventsUntil([&] { return QFileInfo::exists(second); }));
     EXPECT_EQ(TextOfPdf(second), QString::fromUtf8("Zo\u00EB M\u00FCller 40012346"));
     EXPECT_TRUE(type(commands.at(5)).contains(QStringLiteral("card-000002.pdf")));
+}
+
+TEST(CardsFromAFile, TheirCommandsMakeTheCards)
+{
+    const QString page = Document("cards-from-a-file.md");
+    const QStringList commands = CommandsOf(page);
+    ASSERT_EQ(commands.size(), 7);
+    const ReaderHome home;
+    EXPECT_EQ(
+        home.Type(commands.at(0)),
+        QStringLiteral("2 rows would print\n2 rows printed: %1\n").arg(home.PathOf("members.pdf")));
+    EXPECT_EQ(PagesOfPdf(home.PathOf("members.pdf")), 4);
+    EXPECT_TRUE(TextOfPdf(home.PathOf("members.pdf")).contains(QStringLiteral("Okafor, Miriam")));
+    home.Type(commands.at(1));
+    const QString card = TextOfPdf(home.PathOf("library/card-000002.pdf"));
+    EXPECT_TRUE(card.contains(QStringLiteral("Okafor, Miriam"))) << card.toStdString();
+    EXPECT_FALSE(card.contains(QStringLiteral("Silver"))) << card.toStdString();
+    home.Type(commands.at(2));
+    EXPECT_TRUE(TextOfPdf(home.PathOf("record.pdf")).contains(QStringLiteral("Ada Lovelace")));
+    const QString told =
+        home.Type(QStringLiteral("exec 2>&1\n") + commands.at(3)).section(QLatin1Char('\n'), 0, 0);
+    EXPECT_TRUE(told.startsWith(QStringLiteral("vantrel-print: Line 3: "))) << told.toStdString();
+    EXPECT_TRUE(page.contains(told)) << told.toStdString();
+    // The second card lacks its photo.
+    EXPECT_EQ(PictureObjectsOfPdf(home.PathOf("photos.pdf")).size() + 1,
+              PictureObjectsOfPdf(home.PathOf("members.pdf")).size());
+    EXPECT_EQ(home.Type(commands.at(4)).section(QLatin1Char('\n'), 1),
+              QStringLiteral("card-000001.pdf\ncard-000002.pdf\ncard-000003.pdf\n"
+                             "card-000004.pdf\n"));
+    const QString entries = home.Type(commands.at(5));
+    EXPECT_EQ(entries.count(QStringLiteral("members.csv:3")), 4) << entries.toStdString();
+    const QString withoutCard = home.Type(commands.at(6));
+    EXPECT_FALSE(withoutCard.contains(QStringLiteral("members.csv"))) << withoutCard.toStdString();
 }
 
 } // namespace
