@@ -1,5 +1,6 @@
 #include "LedgerViews.h"
 #include "base/CodePage.h"
+#include "base/HarmlessText.h"
 #include <QDateTime>
 #include <QStringDecoder>
 

@@ -9,10 +9,6 @@
 
 namespace vantrel::admin {
 
-/// A text as it may stand on a terminal: control characters, and those that turn the direction of
-/// what follows, are replaced by visible ones, so that no value moves the cursor or hides another.
-QString HarmlessText(QStringView text);
-
 /// The columns that a text takes on a terminal: two for a wide character, none for one that
 /// combines.
 int ColumnsOf(const QString& text);

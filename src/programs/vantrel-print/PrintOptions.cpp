@@ -8,6 +8,7 @@ namespace vantrel::print {
 namespace {
 
 constexpr int MostWorkers = 64;
+constexpr auto AnyNumber = std::numeric_limits<qint64>::max();
 
 /// A mistake in the command line.
 struct Mistake
@@ -86,10 +87,11 @@ struct Options
     }
 };
 
-QString Wants(const QCommandLineOption& option, const char* wanted, const QString& text)
+QString Wants(const QCommandLineOption& option, const QString& wanted, const QString& text)
 {
     return QStringLiteral("--%1 wants %2, not %3")
-        .arg(option.names().constFirst(), QLatin1StringView(wanted), text);
+        .arg(option.names().constFirst(), wanted,
+             text.isEmpty() ? QStringLiteral("an empty text") : text);
 }
 
 qint64 NumberOf(const QCommandLineParser& parser, const QCommandLineOption& option, qint64 most)
@@ -97,8 +99,12 @@ qint64 NumberOf(const QCommandLineParser& parser, const QCommandLineOption& opti
     const QString text = parser.value(option);
     bool isNumber = false;
     const qint64 number = text.toLongLong(&isNumber);
-    if (!isNumber || number < 1 || number > most)
-        throw Mistake{Wants(option, "a whole number from 1 on", text)};
+    if (!isNumber || number < 1 || number > most) {
+        const QString wanted = most == AnyNumber
+                                   ? QStringLiteral("a whole number from 1 on")
+                                   : QStringLiteral("a whole number from 1 to %1").arg(most);
+        throw Mistake{Wants(option, wanted, text)};
+    }
     return number;
 }
 
@@ -118,7 +124,7 @@ PrintOptions::Format FormatOf(const QCommandLineParser& parser, const Options& o
         return Format::Tsv;
     if (name == QStringLiteral("records"))
         return Format::Records;
-    throw Mistake{Wants(options.Format, "csv, tsv or records", name)};
+    throw Mistake{Wants(options.Format, QStringLiteral("csv, tsv or records"), name)};
 }
 
 InputEncoding EncodingOf(const QCommandLineOption& option, const QString& name)
@@ -127,7 +133,7 @@ InputEncoding EncodingOf(const QCommandLineOption& option, const QString& name)
         return InputEncoding::Utf8;
     if (name == QStringLiteral("cp1252"))
         return InputEncoding::CodePage1252;
-    throw Mistake{Wants(option, "utf-8 or cp1252", name)};
+    throw Mistake{Wants(option, QStringLiteral("utf-8 or cp1252"), name)};
 }
 
 QStringList NamesOf(const QCommandLineOption& option, const QString& list)
@@ -139,7 +145,7 @@ QStringList NamesOf(const QCommandLineOption& option, const QString& list)
     } catch (const Failure&) {
         // Told below.
     }
-    throw Mistake{Wants(option, "names with commas between", list)};
+    throw Mistake{Wants(option, QStringLiteral("names with commas between"), list)};
 }
 
 void TakeArguments(const QCommandLineParser& parser, const Options& options, PrintOptions& asked)
@@ -178,7 +184,7 @@ void TakePlace(const QCommandLineParser& parser, const Options& options, PrintOp
         asked.Place = place;
         asked.PlaceName = parser.value(option);
         if (asked.PlaceName.isEmpty())
-            throw Mistake{Wants(option, "a name", QStringLiteral("an empty one"))};
+            throw Mistake{Wants(option, QStringLiteral("a name"), QString())};
     }
     if (asked.Place == Place::Printer && asked.PlaceName == QLatin1StringView(PdfDeviceName)) {
         asked.Place = Place::Folder;
@@ -186,9 +192,15 @@ void TakePlace(const QCommandLineParser& parser, const Options& options, PrintOp
     }
 }
 
+/// The parser names the program only where there is an application, which is made later.
+QString HelpOf(const QCommandLineParser& parser)
+{
+    return parser.helpText().replace(QStringLiteral("<executable_name>"),
+                                     QStringLiteral("vantrel-print"));
+}
+
 PrintOptions OptionsOf(const QCommandLineParser& parser, const Options& options)
 {
-    constexpr auto anyNumber = std::numeric_limits<qint64>::max();
     PrintOptions asked;
     TakeArguments(parser, options, asked);
     TakePlace(parser, options, asked);
@@ -203,14 +215,14 @@ PrintOptions OptionsOf(const QCommandLineParser& parser, const Options& options)
     if (parser.isSet(options.Encoding))
         asked.Encoding = EncodingOf(options.Encoding, parser.value(options.Encoding));
     if (parser.isSet(options.First))
-        asked.First = NumberOf(parser, options.First, anyNumber);
+        asked.First = NumberOf(parser, options.First, AnyNumber);
     if (parser.isSet(options.Count))
-        asked.Count = NumberOf(parser, options.Count, anyNumber);
+        asked.Count = NumberOf(parser, options.Count, AnyNumber);
     if (parser.isSet(options.Workers))
         asked.Workers = static_cast<int>(NumberOf(parser, options.Workers, MostWorkers));
     asked.Images = parser.value(options.Images);
     if (parser.isSet(options.Images) && asked.Images.isEmpty())
-        throw Mistake{Wants(options.Images, "a folder", QStringLiteral("an empty name"))};
+        throw Mistake{Wants(options.Images, QStringLiteral("a folder"), QString())};
     asked.IsDryRun = parser.isSet(options.DryRun);
     asked.IsQuiet = parser.isSet(options.Quiet);
     return asked;
@@ -229,7 +241,7 @@ Request ReadCommandLine(const QStringList& line)
         if (!isUnderstood)
             throw Mistake{parser.errorText()};
         if (parser.isSet(options.Help))
-            request.Help = parser.helpText();
+            request.Help = HelpOf(parser);
         else if (parser.isSet(options.Version))
             request.Help = QStringLiteral("vantrel-print " VANTREL_VERSION "\n");
         else

@@ -1,4 +1,5 @@
 #include "Progress.h"
+#include "base/HarmlessText.h"
 #include <algorithm>
 #include <cstdio>
 #include <sys/ioctl.h>
@@ -93,7 +94,7 @@ void Progress::Tell(const QString& line)
 {
     const bool hadBar = m_hasBar;
     Erase();
-    std::fprintf(stderr, "%s\n", qPrintable(line));
+    std::fprintf(stderr, "%s\n", qPrintable(HarmlessText(line)));
     if (hadBar)
         Draw();
 }

@@ -30,7 +30,7 @@ public:
 
     /// Draws the bar again, at most some times a second.
     void Show(const RunShare& done);
-    /// Writes one line; the bar stays below it.
+    /// Writes one line, in which no value moves the cursor; the bar stays below it.
     void Tell(const QString& line);
 
 private:

@@ -1,6 +1,7 @@
 #include "PrintOptions.h"
 #include "PrintRun.h"
 #include "base/FileModes.h"
+#include "base/HarmlessText.h"
 #include "drawing/Picture.h"
 #include <QCoreApplication>
 #include <QDir>
@@ -33,7 +34,7 @@ void StopOnSignals()
 
 void Tell(const QString& line)
 {
-    std::fprintf(stderr, "vantrel-print: %s\n", qPrintable(line));
+    std::fprintf(stderr, "vantrel-print: %s\n", qPrintable(HarmlessText(line)));
 }
 
 /// The sum of the run in one line.
@@ -45,9 +46,10 @@ QString SumOf(const RunEnd& end, const QString& place)
         rows + (place.isEmpty() ? QStringLiteral(" would print") : QStringLiteral(" printed"));
     if (end.Failed > 0)
         sum += QStringLiteral(", %1 failed").arg(end.Failed);
-    if (!place.isEmpty())
+    // Where nothing was printed there may be no file.
+    if (!place.isEmpty() && end.Printed > 0)
         sum += QStringLiteral(": ") + place;
-    return sum;
+    return HarmlessText(sum);
 }
 
 void TellHowToGoOn(const RunEnd& end)

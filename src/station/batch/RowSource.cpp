@@ -17,6 +17,19 @@ QString ValueCount(qsizetype count)
     return count == 1 ? QStringLiteral("1 value") : QStringLiteral("%1 values").arg(count);
 }
 
+/// The names of a header as far as they fit into a message.
+QString NamesText(const QStringList& names)
+{
+    constexpr qsizetype most = 200;
+    QString text;
+    for (const QString& name : names) {
+        text += (text.isEmpty() ? QString() : QStringLiteral(", ")) + name.left(most);
+        if (text.size() > most)
+            return text.left(most) + QStringLiteral(" ..");
+    }
+    return text;
+}
+
 std::variant<TableReader, RecordReader> ReaderOf(ReadBytes read, const RowFormat& format)
 {
     if (const auto* table = std::get_if<TableFormat>(&format.Written))
@@ -44,7 +57,8 @@ void RowSource::ReadHeader()
     for (const QString& wanted : std::as_const(m_format.Columns)) {
         const auto index = m_names.indexOf(wanted);
         if (index < 0)
-            Refuse(QStringLiteral("There is no column %1 in the first line.").arg(wanted));
+            Refuse(QStringLiteral("There is no column %1 in the first line: %2.")
+                       .arg(wanted, NamesText(m_names)));
         if (m_names.indexOf(wanted, index + 1) >= 0)
             Refuse(QStringLiteral("The first line has the column %1 twice.").arg(wanted));
         m_chosen.push_back(index);

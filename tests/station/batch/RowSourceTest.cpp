@@ -72,7 +72,13 @@ TEST(RowSource, ColumnsComeInTheOrderThatIsAskedFor)
 TEST(RowSource, AColumnThatIsMissingOrThereTwiceIsRefusedBeforeAnyRow)
 {
     EXPECT_EQ(FailureTextOf([] { RowsOf("a,b\n1,2\n", Table(true, "c")); }),
-              QStringLiteral("There is no column c in the first line."));
+              QStringLiteral("There is no column c in the first line: a, b."));
+    EXPECT_EQ(FailureTextOf([] { RowsOf("a;b\n1;2\n", Table(true, "a")); }),
+              QStringLiteral("There is no column a in the first line: a;b."));
+    const QString many = FailureTextOf(
+        [] { RowsOf(QByteArray("long,").repeated(60000) + "end\n", Table(true, "c")); });
+    EXPECT_TRUE(many.endsWith(QStringLiteral(" ..."))) << many.toStdString();
+    EXPECT_LT(many.size(), 300);
     EXPECT_EQ(FailureTextOf([] { RowsOf("a,a\n1,2\n", Table(true, "a")); }),
               QStringLiteral("The first line has the column a twice."));
 }
