@@ -204,6 +204,16 @@ bool IsFigureFont(const Font& font)
     return CodeOf(font) || ShapeOf(font) != nullptr;
 }
 
+QStringList FigureFontNames()
+{
+    QStringList names;
+    for (int kind = 0; kind < CodeKindCount; ++kind)
+        names.append(CodePrefix + RowOf(static_cast<CodeKind>(kind)).Name);
+    for (const ShapeRow& row : ShapeTable)
+        names.append(ShapePrefix + row.Name);
+    return names;
+}
+
 CaptionFigure FigureOf(const CardObject& label, int dotsPerInch)
 {
     CaptionFigure figure;

@@ -3,6 +3,7 @@
 #include "base/Font.h"
 #include "drawing/FilledBox.h"
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 namespace vantrel {
@@ -33,6 +34,9 @@ struct CaptionFigure
 /// Whether a font shows figures instead of text: its name is "Barcode" or "Shape", a blank and the
 /// name of a kind, exactly so.
 bool IsFigureFont(const Font& font);
+
+/// The names of all such fonts, bar codes first.
+QStringList FigureFontNames();
 
 /// The figure of a label; empty where its font shows text. A bar code is as large as fits its box
 /// with its quiet zone, in the middle of it; an empty caption draws nothing. A shape fills its box,

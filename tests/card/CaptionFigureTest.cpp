@@ -5,6 +5,7 @@
 #include "drawing/PageCanvas.h"
 #include "support/CodeSamples.h"
 #include "support/Print.h"
+#include <QSet>
 #include <gtest/gtest.h>
 
 // Labels whose font shows a bar code or a shape.
@@ -63,6 +64,15 @@ TEST(CaptionFigure, OnlyTheExactNamesOfKindsAreFigures)
                              "barcode QR Code", "Barcode  QR Code", "QR Code", "Shape",
                              "Shape Circle", "Shape rectangle", "Shape QR Code", "Free 3 of 9"})
         EXPECT_FALSE(IsFigureFont({QLatin1StringView(name), 10})) << name;
+}
+
+TEST(CaptionFigure, TheListOfFontsHasEveryKindAndShapeOnce)
+{
+    const QStringList names = FigureFontNames();
+    EXPECT_EQ(names.size(), CodeKindCount + 4);
+    EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
+    for (const QString& name : names)
+        EXPECT_TRUE(IsFigureFont({name, 10})) << name.toStdString();
 }
 
 TEST(CaptionFigure, EachKindShowsItsCaption)

@@ -6,6 +6,7 @@
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/designer/frmSize.h"
 #include "desktop/dialogs/frmAbout.h"
+#include "desktop/dialogs/frmCode.h"
 #include "desktop/dialogs/frmCommSettings.h"
 #include "desktop/dialogs/frmFilters.h"
 #include "desktop/dialogs/frmForms.h"
@@ -116,6 +117,7 @@ constexpr WindowRow Windows[] = {
     {"frmMain", OpenMain},
     {"frmAbout", Open<frmAbout>},
     {"frmAquireImage2", Open<frmAquireImage2>},
+    {"frmCode", Open<frmCode>},
     {"frmCommSettings", Open<frmCommSettings>},
     {"frmEncoding", Open<frmEncoding>},
     {"frmFilters", Open<frmFilters>},

@@ -96,6 +96,15 @@ TEST(StationMenu, HasTheDesignToolsWhereTheyAreOn)
     EXPECT_EQ(without.Window.findChild<QAction*>(QStringLiteral("cmdUndo")), nullptr);
 }
 
+TEST(StationMenu, OffersBarCodesWithTheDesignTools)
+{
+    DesktopStation station(true, WithDesignTools());
+    QStringList entries;
+    for (const QAction* action : station.Get<QMenu>("mnuStation").actions())
+        entries.append(action->text());
+    EXPECT_TRUE(entries.contains(QStringLiteral("Bar Code ...")));
+}
+
 TEST(StationMenu, SharesNoShortcutAndNoMnemonicOfTheBar)
 {
     const DesktopStation station(true, WithLedger());

@@ -4,6 +4,7 @@
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/designer/frmSize.h"
 #include "desktop/dialogs/frmAbout.h"
+#include "desktop/dialogs/frmCode.h"
 #include "desktop/dialogs/frmCommSettings.h"
 #include "desktop/dialogs/frmFilters.h"
 #include "desktop/dialogs/frmForms.h"
@@ -278,6 +279,8 @@ constexpr MenuRow Rows[] = {
     Menu("mnuDesignTools", "mnuSpread", "Di&stribute").On(WithObject),
     Command("mnuSpread", "cmdSpreadAcross", "&Across", "", Spreads<SpreadAxis::Across>),
     Command("mnuSpread", "cmdSpreadDown", "&Down", "", Spreads<SpreadAxis::Down>),
+    Command("mnuStation", "cmdBarCode", "Bar Code ...", "", Opens<frmCode>)
+        .On(WithSelection).Where(HasDesignTools),
     Command("mnuStation", "cmdStationOptions", "Options ...", "", Opens<frmOptions>),
 
     Menu("", "mnuHelp", "&Help"),
