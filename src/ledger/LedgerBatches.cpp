@@ -35,10 +35,14 @@ void EndCards(StoreDatabase& database, const LedgerEntry& entry,
               const std::function<LedgerState(const LedgerCard&)>& judge)
 {
     for (const LedgerCard& card : entry.Cards) {
-        if (card.State == LedgerState::Printing)
-            database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, Changed = ? "
-                                           "WHERE ID = ?"),
-                            {NameOf(judge(card)), QDateTime::currentMSecsSinceEpoch(), card.Id});
+        if (card.State != LedgerState::Printing)
+            continue;
+        const LedgerState state = judge(card);
+        // The name of a file that was never made may be another card's by now.
+        const QString file = state == LedgerState::Printed ? card.File : QStringLiteral("");
+        database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, File = ?, Changed = ? "
+                                       "WHERE ID = ?"),
+                        {NameOf(state), file, QDateTime::currentMSecsSinceEpoch(), card.Id});
     }
     database.Change(StateFromCards + QStringLiteral("ID = ?"), {entry.Id});
 }

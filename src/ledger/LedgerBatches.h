@@ -18,9 +18,9 @@ inline constexpr int MostRunsAtOnce = 64;
 inline constexpr int SessionOfReprints = 1;
 
 /// Sets the state of all entries of a session that are being printed, and of their cards that are:
-/// each card to what `judge` says of it, and each entry to `Failed`, `Doubtful`, `Void` or
-/// `Printed`, the first of these in which one of its cards is. In one durable commit; fails like
-/// `StoreDatabase`.
+/// each card to what `judge` says of it, without a file unless it is printed, and each entry to
+/// `Failed`, `Doubtful`, `Void` or `Printed`, the first of these in which one of its cards is. In
+/// one durable commit; fails like `StoreDatabase`.
 void EndCardsOf(StoreDatabase& database, int session,
                 const std::function<LedgerState(const LedgerCard&)>& judge);
 

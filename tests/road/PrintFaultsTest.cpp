@@ -136,10 +136,11 @@ TEST_F(PrintFaults, AfterKillsEveryCardIsAccountedForAndNoNumberComesTwice)
         numbers.insert(card.Numbers.at(0));
         const bool isPrinted = entry.State == LedgerState::Printed;
         EXPECT_TRUE(isPrinted || entry.State == LedgerState::Void) << id;
-        EXPECT_EQ(files.remove(card.File), isPrinted) << id;
-        if (isPrinted && ++row % 50 == 1)
+        EXPECT_EQ(files.remove(card.File), isPrinted) << id << ' ' << card.File.toStdString();
+        if (isPrinted && ++row % 50 == 1) {
             EXPECT_EQ(TextOfPdf(card.File),
                       entry.Values.at(0) + QStringLiteral(" x ") + card.Numbers.at(0));
+        }
     }
     EXPECT_TRUE(files.isEmpty());
 }

@@ -188,8 +188,12 @@ TEST_F(PrintProgram, AMistakeInTheCallIsToldInOneLineBeforeAnyRow)
          {"--bogus", "--first=0", "--first=x", "--count=-1", "--workers=0", "--workers=1000",
           "--format=xls", "--encoding=latin1", "--columns=", "--columns=nope", "--each=a --one=b",
           "--one=", "--printer=Nope", "--images=/nonexistent", "--format=records --header",
-          "--one=/nonexistent/folder/all.pdf/x.pdf", "a b"})
+          "a b"})
         ExpectRefusedOnLayout(QString::fromLatin1(words).split(u' ') + QStringList{Input});
+    // The program may be the superuser, who can write everywhere, but not below a file.
+    const QString belowFile = Folder.PathOf(QStringLiteral("Vantrel.dat/x"));
+    ExpectRefusedOnLayout({Input, QStringLiteral("--one"), belowFile});
+    ExpectRefusedOnLayout({Input, QStringLiteral("--each"), belowFile});
     EXPECT_EQ(Folder.StoredNumber(), QStringLiteral("1000"));
     EXPECT_TRUE(Folder.Entries().empty());
 }

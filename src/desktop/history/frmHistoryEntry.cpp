@@ -2,6 +2,7 @@
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/history/DesktopRecordParts.h"
 #include "desktop/history/frmHistory.h"
+#include "station/ledger/FramingText.h"
 #include "station/print/CardAsPrinted.h"
 #include "station/session/Session.h"
 #include <QEvent>
@@ -115,13 +116,14 @@ void frmHistory::ShowRecord(const HistoryEntry& entry)
 void frmHistory::ShowCards(const HistoryEntry& entry)
 {
     const FieldValues values = ValuesOf(entry.Entry);
+    const PictureSource pictures = PicturesOf(entry.Entry.Framing, m_session.Pictures);
     std::vector<CardAsPrinted> printed;
     const QSignalBlocker quiet(m_cards);
     m_cards->clear();
     for (const HistoryCard& card : entry.Cards) {
         if (printed.size() < MostCardsDrawn)
             printed.push_back(
-                DrawCardAsPrinted(card.Page, values, card.Card, m_session.Pictures,
+                DrawCardAsPrinted(card.Page, values, card.Card, pictures,
                                   (QSizeF(PictureRoom) * devicePixelRatioF()).toSize()));
         auto* item = new QListWidgetItem(OneLine(card.Card), m_cards);
         const CardAsPrinted& shown =

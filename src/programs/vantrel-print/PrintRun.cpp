@@ -1,15 +1,12 @@
 #include "PrintRun.h"
+#include "ledger/LedgerTables.h"
 #include "printers/CardFolder.h"
 #include "station/ledger/StationLedger.h"
 #include "station/session/Settings.h"
-#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
-#include <fcntl.h>
 #include <poll.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace vantrel::print {
 
@@ -20,27 +17,6 @@ namespace {
 constexpr std::size_t RowsAtOnce = 64;
 constexpr qsizetype CharactersAtOnce = qsizetype{1} << 20;
 constexpr int WaitMilliseconds = 200;
-
-/// Keeps others from writing into a folder. @return its descriptor, open as long as it is locked
-int LockedFolder(const QString& folder)
-{
-    if (!QDir().mkpath(folder))
-        throw Failure(FailureNumber::PathNotFound,
-                      QStringLiteral("The folder %1 cannot be made.").arg(folder));
-    const int descriptor =
-        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0 || ::access(QFile::encodeName(folder).constData(), W_OK) != 0) {
-        if (descriptor >= 0)
-            ::close(descriptor);
-        throw Failure(FailureNumber::PathNotFound,
-                      QStringLiteral("The folder %1 cannot be written.").arg(folder));
-    }
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
-        return descriptor;
-    ::close(descriptor);
-    throw Failure(FailureNumber::InvalidCall,
-                  QStringLiteral("Another run prints into %1.").arg(folder));
-}
 
 QString NameOfFile(const QString& path)
 {
@@ -56,10 +32,10 @@ QString ReasonText(const Failure& failure)
 
 } // namespace
 
-PrintRun::PrintRun(const PrintOptions& options, Workers* workers, const std::atomic<bool>& stop,
+PrintRun::PrintRun(const PrintOptions& options, RunTools tools, const std::atomic<bool>& stop,
                    Progress& progress)
-    : m_options(options), m_workers(workers), m_stop(stop), m_progress(progress),
-      m_session(options), m_source(options.File)
+    : m_options(options), m_locks(std::move(tools.Locks)), m_workers(tools.Workers), m_stop(stop),
+      m_progress(progress), m_session(options), m_source(options.File)
 {
     Session& session = m_session.Session;
     m_printer = std::make_unique<RowPrinter>(session, options.Target);
@@ -72,6 +48,8 @@ PrintRun::PrintRun(const PrintOptions& options, Workers* workers, const std::ato
     if (options.IsDryRun)
         return;
     BatchPlace place{.Source = NameOfFile(options.File), .Device = {}, .FileOf = {}, .Book = {}};
+    if (!m_locks)
+        m_locks = std::make_unique<RunLocks>(options);
     OpenPlace();
     place.Device = m_session.Printers.Current().DeviceName();
     if (m_folder)
@@ -80,22 +58,18 @@ PrintRun::PrintRun(const PrintOptions& options, Workers* workers, const std::ato
         };
     if (m_book)
         place.Book = m_path;
-    int ledgerSession = 0;
     if (session.Options.Ledger) {
         OpenLedger(session);
         EndDeadRuns(session.ProgramFolder, session.LayoutDb.Database());
-        m_lock = std::make_unique<RunLock>(session.ProgramFolder);
-        ledgerSession = m_lock->SessionNumber();
+        // Its session number may be that of a run that was killed.
+        if (HasLedger(session.LayoutDb.Database()))
+            EndCardsOfRun(session.LayoutDb.Database(), m_locks->LedgerSession());
     }
     m_account = std::make_unique<BatchAccount>(session, options.Target, m_plan, std::move(place),
-                                               ledgerSession);
+                                               m_locks->LedgerSession());
 }
 
-PrintRun::~PrintRun()
-{
-    if (m_folderLock >= 0)
-        ::close(m_folderLock);
-}
+PrintRun::~PrintRun() = default;
 
 void PrintRun::OpenPlace()
 {
@@ -103,7 +77,6 @@ void PrintRun::OpenPlace()
     switch (m_options.Place) {
     case Place::Folder:
         m_path = FolderOf(m_options);
-        m_folderLock = LockedFolder(m_path);
         m_nextFile = CardFolder(m_path).HighestNumber() + 1;
         m_folder = std::make_unique<PdfPrinter>(m_path);
         m_folder->FollowSetup(settings);

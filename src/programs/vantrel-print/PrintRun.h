@@ -2,6 +2,7 @@
 
 #include "PrintOptions.h"
 #include "Progress.h"
+#include "RunLocks.h"
 #include "Workers.h"
 #include "base/ByteSource.h"
 #include "printers/BookPrinter.h"
@@ -11,7 +12,6 @@
 #include "station/batch/BatchAccount.h"
 #include "station/batch/BatchPrinters.h"
 #include "station/batch/RowPrinter.h"
-#include "station/batch/RunLock.h"
 #include "station/session/Session.h"
 #include "station/session/UnattendedOperator.h"
 #include <atomic>
@@ -46,15 +46,24 @@ struct RunEnd
     qint64 NextRow = 0;
 };
 
+/// What was made before the run began, because processes share it.
+struct RunTools
+{
+    /// Null if the run is to take them itself.
+    std::unique_ptr<RunLocks> Locks;
+    /// Null if this process prints.
+    vantrel::print::Workers* Workers = nullptr;
+};
+
 /// Prints the rows of a file.
 class PrintRun
 {
 public:
     /// Checks all that can be checked before the first row. Fails with a `Failure` and one plain
     /// line; nothing is begun then.
-    /// @param workers  started for `options`; null if this process prints
+    /// @param tools  made for `options`
     /// @param stop  set by a signal
-    PrintRun(const PrintOptions& options, Workers* workers, const std::atomic<bool>& stop,
+    PrintRun(const PrintOptions& options, RunTools tools, const std::atomic<bool>& stop,
              Progress& progress);
     ~PrintRun();
 
@@ -81,6 +90,7 @@ private:
     void ShowProgress(qint64 row);
 
     const PrintOptions& m_options;
+    std::unique_ptr<RunLocks> m_locks;
     Workers* m_workers;
     const std::atomic<bool>& m_stop;
     Progress& m_progress;
@@ -88,13 +98,11 @@ private:
     PrintSession m_session;
     std::unique_ptr<RowPrinter> m_printer;
     RowPlan m_plan;
-    std::unique_ptr<RunLock> m_lock;
     std::unique_ptr<BatchAccount> m_account;
     // One of these, as the place is.
     std::unique_ptr<PdfPrinter> m_folder;
     std::unique_ptr<BookPrinter> m_book;
     std::unique_ptr<StationPrinters> m_machine;
-    int m_folderLock = -1;
     QString m_path;
     qint64 m_nextFile = 1;
 

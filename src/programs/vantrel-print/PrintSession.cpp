@@ -31,8 +31,9 @@ PrintSession::PrintSession(const PrintOptions& options)
     Session.Options = ReadStationOptions(Session.ProgramFolder, mistakes);
     OpenLayoutDb(Session);
     LoadSettings(Session);
-    if (!options.Images.isEmpty())
-        Session.Pictures.Folder = QFileInfo(options.Images).absoluteFilePath();
+    Session.Pictures.Folder = options.Images.isEmpty()
+                                  ? ImagesFolder(Session)
+                                  : QFileInfo(options.Images).absoluteFilePath();
     // These belong to a station's windows.
     Session.CurrentLayoutName.clear();
     Session.Settings.MainVisible = false;

@@ -62,14 +62,14 @@ void TellHowToGoOn(const RunEnd& end)
         Tell(QStringLiteral("Stopped: ") + end.Trouble + next);
 }
 
-int RunWith(const PrintOptions& options, Workers* workers)
+int RunWith(const PrintOptions& options, RunTools tools)
 {
     LimitPictureCache(PictureCacheKiB);
     RunEnd end;
     QString place;
     try {
         Progress progress(!options.IsQuiet);
-        PrintRun run(options, workers, stopAsked, progress);
+        PrintRun run(options, std::move(tools), stopAsked, progress);
         place = run.PlaceText();
         end = run.Print();
     } catch (const Failure& failure) {
@@ -118,22 +118,25 @@ int Main(int argc, char** argv)
         return NotBegun;
     }
     StopOnSignals();
-    // Processes start before there is anything that they must not share.
+    // Processes start before there is anything that they must not share, but for the locks.
+    RunTools tools;
     std::unique_ptr<Workers> workers;
     if (SharesRows(options)) {
         try {
+            tools.Locks = std::make_unique<RunLocks>(options);
             workers = std::make_unique<Workers>(options.Workers, [&] {
                 static const auto application = makeApplication();
                 LimitPictureCache(PictureCacheKiB);
                 return MakeWork(options);
             });
         } catch (const Failure& failure) {
-            Tell(failure.Text());
+            Tell(ReasonOf(failure));
             return NotBegun;
         }
     }
     const auto application = makeApplication();
-    return RunWith(options, workers.get());
+    tools.Workers = workers.get();
+    return RunWith(options, std::move(tools));
 }
 
 } // namespace

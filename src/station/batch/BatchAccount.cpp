@@ -72,7 +72,7 @@ RecordRunPtr BatchAccount::AddRow(const Batch& batch, std::size_t row)
     m_session.Ledger.SetValues(
         *run, static_cast<int>(values.Values.size()),
         [&](int position) { return values.Values.at(position - 1); },
-        FramingText({.DataStart = {}, .DataSeperator = QStringLiteral(","), .DataEnd = {}}, {}));
+        FramingTextOfRow({.Folder = m_session.Pictures.Folder, .Columns = batch.Columns}));
     return run;
 }
 

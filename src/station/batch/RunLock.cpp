@@ -62,6 +62,11 @@ RunLock::~RunLock()
     ::close(m_descriptor);
 }
 
+void EndCardsOfRun(StoreDatabase& database, int session)
+{
+    EndCardsOf(database, session, StateAfterKill);
+}
+
 void EndDeadRuns(const QString& programFolder, StoreDatabase& database)
 {
     Skip("dead runs", [&] {
@@ -72,7 +77,7 @@ void EndDeadRuns(const QString& programFolder, StoreDatabase& database)
             const int lock = Locked(LockPath(programFolder, session), 0);
             if (lock < 0)
                 continue;
-            Skip("dead run", [&] { EndCardsOf(database, session, StateAfterKill); });
+            Skip("dead run", [&] { EndCardsOfRun(database, session); });
             ::close(lock);
         }
     });

@@ -26,10 +26,13 @@ private:
     int m_descriptor = -1;
 };
 
-/// Ends the entries of runs of a program folder that were killed. A card with a file of its own is
-/// printed if that file is there and void if it is not; what was handed to the print server, or
-/// not, is doubtful. Does nothing where there is no such run. Never fails: what cannot be ended now
-/// is ended later.
+/// Ends the entries of a run that was killed, by its session number. A card with a file of its own
+/// is printed if that file is there and void if it is not; what was handed to the print server, or
+/// not, is doubtful. Fails like `StoreDatabase`.
+void EndCardsOfRun(StoreDatabase& database, int session);
+
+/// The same for all runs of a program folder that were killed. Does nothing where there is no such
+/// run. Never fails: what cannot be ended now is ended later.
 void EndDeadRuns(const QString& programFolder, StoreDatabase& database);
 
 } // namespace vantrel

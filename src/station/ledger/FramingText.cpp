@@ -19,20 +19,53 @@ constexpr FilterName FilterNames[] = {
     {&Filters::Space, "space"}, {&Filters::Esc, "esc"}, {&Filters::NewPage, "newpage"},
 };
 
-} // namespace
+constexpr QLatin1StringView Images{"images"};
+constexpr QLatin1StringView Columns{"columns"};
 
-QString FramingText(const Delimiters& delimiters, const Filters& filters)
+QString TextOf(const QJsonObject& framing)
+{
+    return QString::fromUtf8(QJsonDocument(framing).toJson(QJsonDocument::Compact));
+}
+
+QJsonObject ObjectOf(const Delimiters& delimiters, const Filters& filters)
 {
     QJsonArray filterNames;
     for (const FilterName& row : FilterNames) {
         if (filters.*row.Flag)
             filterNames.append(QLatin1StringView(row.Name));
     }
-    const QJsonObject framing{{QStringLiteral("start"), delimiters.DataStart},
-                              {QStringLiteral("separator"), delimiters.DataSeperator},
-                              {QStringLiteral("end"), delimiters.DataEnd},
-                              {QStringLiteral("filters"), filterNames}};
-    return QString::fromUtf8(QJsonDocument(framing).toJson(QJsonDocument::Compact));
+    return {{QStringLiteral("start"), delimiters.DataStart},
+            {QStringLiteral("separator"), delimiters.DataSeperator},
+            {QStringLiteral("end"), delimiters.DataEnd},
+            {QStringLiteral("filters"), filterNames}};
+}
+
+} // namespace
+
+QString FramingText(const Delimiters& delimiters, const Filters& filters)
+{
+    return TextOf(ObjectOf(delimiters, filters));
+}
+
+QString FramingTextOfRow(const PictureSource& pictures)
+{
+    QJsonObject framing =
+        ObjectOf({.DataStart = {}, .DataSeperator = QStringLiteral(","), .DataEnd = {}}, {});
+    framing.insert(Images, pictures.Folder);
+    framing.insert(Columns, QJsonArray::fromStringList(pictures.Columns));
+    return TextOf(framing);
+}
+
+PictureSource PicturesOf(const QString& text, const PictureSource& usual)
+{
+    const QJsonObject framing = QJsonDocument::fromJson(text.toUtf8()).object();
+    if (!framing.contains(Images))
+        return usual;
+    PictureSource pictures;
+    pictures.Folder = framing.value(Images).toString();
+    for (const auto& name : framing.value(Columns).toArray())
+        pictures.Columns.append(name.toString());
+    return pictures;
 }
 
 KeptFraming ReadFraming(const QString& text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "card/RecordPicture.h"
 #include "ports/Framing.h"
 
 namespace vantrel {
@@ -8,6 +9,12 @@ namespace vantrel {
 /// JSON object.
 
 QString FramingText(const Delimiters& delimiters, const Filters& filters);
+
+/// The same of a row of a file, with where its pictures are. Its values are separated by commas.
+QString FramingTextOfRow(const PictureSource& pictures);
+
+/// Where the pictures of a record are by such a text; `usual` for a record of a host.
+PictureSource PicturesOf(const QString& text, const PictureSource& usual);
 
 /// The delimiters and filters of such a text.
 struct KeptFraming

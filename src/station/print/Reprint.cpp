@@ -7,12 +7,15 @@
 #include "station/layout/OtherLayout.h"
 #include "station/layout/PageDescription.h"
 #include "station/ledger/CardRecord.h"
+#include "station/ledger/FramingText.h"
 #include "station/print/CardAsPrinted.h"
 #include "station/print/PrintCard.h"
 #include "station/print/PrintPage.h"
 #include "station/print/Serializer.h"
 #include "station/session/Session.h"
+#include <QScopeGuard>
 #include <algorithm>
+#include <utility>
 
 namespace vantrel {
 
@@ -86,6 +89,9 @@ void ReprintCards(Session& session, const LedgerEntry& first)
     FieldValues values;
     for (const QString& value : first.Values)
         values.Add(value);
+    const PictureSource usual =
+        std::exchange(session.Pictures, PicturesOf(first.Framing, session.Pictures));
+    const auto restore = qScopeGuard([&] { session.Pictures = usual; });
     for (const LedgerCard& card : first.Cards)
         Skip("card", [&] {
             if (card.PageHash.isEmpty())

@@ -29,6 +29,12 @@ void OpenLayoutDb(Session& session)
     session.LayoutDb.Open(session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
 }
 
+QString ImagesFolder(const Session& session)
+{
+    const QString& folder = session.Options.ImagesFrom;
+    return folder.isEmpty() ? QString() : QDir(session.ProgramFolder).filePath(folder);
+}
+
 void Main(Session& session, const QString& commandLine)
 {
     const CommandLine line = ReadCommandLine(commandLine);
@@ -39,8 +45,7 @@ void Main(Session& session, const QString& commandLine)
     session.Options = ReadStationOptions(session.ProgramFolder, mistakes);
     for (const QString& mistake : std::as_const(mistakes))
         qCWarning(stationLog).noquote() << mistake;
-    if (const QString& folder = session.Options.ImagesFrom; !folder.isEmpty())
-        session.Pictures.Folder = QDir(session.ProgramFolder).filePath(folder);
+    session.Pictures.Folder = ImagesFolder(session);
     Skip("open layout database", [&] { OpenLayoutDb(session); });
     OpenLedger(session);
     LoadSettings(session);

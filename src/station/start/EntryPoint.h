@@ -23,6 +23,9 @@ CommandLine ReadCommandLine(const QString& text);
 /// step is skipped.
 void Main(Session& session, const QString& commandLine);
 
+/// The folder of the pictures that records name, by the session's options; empty for none.
+QString ImagesFolder(const Session& session);
+
 /// Opens the layout database of the program folder. Fails like `Connection::Open`.
 void OpenLayoutDb(Session& session);
 
