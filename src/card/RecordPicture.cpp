@@ -98,6 +98,13 @@ bool PictureSource::IsNamedByRecord(const QString& path) const
     return !Folder.isEmpty() && HasPlaceholder(NameIn(path), Columns);
 }
 
+bool PictureSource::MayBeNamedByRow(const QString& path) const
+{
+    const QString name = NameIn(path);
+    const auto begin = name.indexOf(QLatin1Char('{'));
+    return !Folder.isEmpty() && begin >= 0 && name.indexOf(QLatin1Char('}'), begin) > begin + 1;
+}
+
 QString PictureSource::NameIn(const QString& path) const
 {
     if (!path.startsWith(Folder))

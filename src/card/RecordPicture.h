@@ -37,6 +37,8 @@ struct PictureSource
 
     /// Whether an image of that path shows a picture that the record in hand names.
     bool IsNamedByRecord(const QString& path) const;
+    /// Whether it would be for a file whose columns have the right names.
+    bool MayBeNamedByRow(const QString& path) const;
     /// The part of a path that is looked up in the folder: the path itself, or what follows the
     /// folder if the path begins with it, as it does after the picture was chosen there.
     QString NameIn(const QString& path) const;

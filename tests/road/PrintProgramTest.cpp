@@ -187,8 +187,7 @@ TEST_F(PrintProgram, AMistakeInTheCallIsToldInOneLineBeforeAnyRow)
     for (const char* words :
          {"--bogus", "--first=0", "--first=x", "--count=-1", "--workers=0", "--workers=1000",
           "--format=xls", "--encoding=latin1", "--columns=", "--columns=nope", "--each=a --one=b",
-          "--one=", "--printer=Nope", "--images=/nonexistent", "--format=records --header",
-          "a b"})
+          "--one=", "--printer=Nope", "--images=/nonexistent", "--format=records --header", "a b"})
         ExpectRefusedOnLayout(QString::fromLatin1(words).split(u' ') + QStringList{Input});
     // The program may be the superuser, who can write everywhere, but not below a file.
     const QString belowFile = Folder.PathOf(QStringLiteral("Vantrel.dat/x"));
@@ -293,6 +292,8 @@ TEST_F(PrintProgram, CardsGoToAPrinter)
 TEST_F(PrintProgram, APictureForEachCardIsNamedByAColumn)
 {
     Folder.Session.LayoutDb.Open(LayoutDatabasePath(Home));
+    // The station knows the folder, so it keeps a path that only rows complete.
+    Folder.Session.Pictures.Folder = Folder.PathOf(QStringLiteral("photos"));
     AddImage(Folder.Session, QStringLiteral("{photo}.png"), {2200, 300, 700, 700});
     SavePage(Folder.Session);
     Folder.Session.LayoutDb.Close();

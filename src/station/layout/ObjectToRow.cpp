@@ -118,8 +118,8 @@ void WriteText(const CardObject& object, const Font& font, const PageKey& key, R
     EndRow(rows);
 }
 
-/// If the file does not exist now, its path is not stored and so is lost, unless a record names the
-/// picture.
+/// If the file does not exist now, its path is not stored and so is lost, unless a record or a row
+/// of a file names the picture.
 void WriteImage(const CardObject& object, const PageKey& key, const PictureSource& pictures,
                 Recordset& rows)
 {
@@ -128,7 +128,7 @@ void WriteImage(const CardObject& object, const PageKey& key, const PictureSourc
     Write(rows, QStringLiteral("Control_Type"), QString(Marker::ImageRow));
     Write(rows, QStringLiteral("LayoutName"), key.LayoutName);
     WriteGeometry(object, rows);
-    if (pictures.IsNamedByRecord(object.Tag) || QFileInfo(object.Tag).isFile())
+    if (pictures.MayBeNamedByRow(object.Tag) || QFileInfo(object.Tag).isFile())
         Write(rows, QStringLiteral("C_ImagePath"), object.Tag);
     else if (object.Tag == Marker::Camera)
         Write(rows, QStringLiteral("C_Param_1"), QString(Marker::Camera));
