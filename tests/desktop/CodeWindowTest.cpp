@@ -3,6 +3,7 @@
 #include "station/layout/LoadLayout.h"
 #include "support/CodeReading.h"
 #include "support/Layouts.h"
+#include <QCoreApplication>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -80,6 +81,19 @@ TEST_F(CodeWindow, TheChosenCodeReachesTheCardAndTheStore)
     SavePage(Station.Session);
     ASSERT_TRUE(LoadLayout(Station.Session, QStringLiteral("Badge")));
     EXPECT_EQ(Field().Font().Name, QStringLiteral("Barcode QR Code"));
+}
+
+TEST_F(CodeWindow, TheChoiceCanBeTakenBack)
+{
+    QCoreApplication::processEvents();
+    const QString before = Field().Font().Name;
+    frmCode& dialog = Open();
+    Choose(dialog, "Barcode QR Code");
+    Press(dialog, "cmdSave");
+    QCoreApplication::processEvents();
+    ASSERT_EQ(Field().Font().Name, QStringLiteral("Barcode QR Code"));
+    Station.Choose("cmdUndo");
+    EXPECT_EQ(Field().Font().Name, before);
 }
 
 TEST_F(CodeWindow, ThePreviewShowsTheCodeOfTheCaption)
