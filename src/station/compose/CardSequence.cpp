@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "card/CheckDigits.h"
 #include "station/capture/Pipeline.h"
+#include "station/layout/DesignSteps.h"
 #include "station/ledger/RecordRoad.h"
 #include "station/ledger/StationLedger.h"
 #include "station/session/Session.h"
@@ -91,6 +92,8 @@ QString RecordOfRow(const SequenceOrder& order, const SequenceRow& row)
 
 void RunSequence(Session& session, const SequenceOrder& order, const SequenceProgress& progress)
 {
+    if (!MayLeavePage(session))
+        return;
     const RoadHold hold(session.Road);
     const RunDelimiters delimiters(session);
     // While a next number follows, the ledger is written with its card.

@@ -2,6 +2,7 @@
 #include "base/InputText.h"
 #include "base/Skip.h"
 #include "station/capture/Pipeline.h"
+#include "station/layout/DesignSteps.h"
 #include "station/layout/LoadLayout.h"
 #include "station/ledger/RecordRoad.h"
 #include "station/session/MainRuntime.h"
@@ -99,6 +100,8 @@ bool RecordList::LookForRecords()
 
 void PrintOnLayouts(Session& session, const QString& rawData, const QStringList& layouts)
 {
+    if (!MayLeavePage(session))
+        return;
     const RoadHold hold(session.Road);
     for (const QString& layout : layouts)
         PrintOnLayout(session, rawData, layout);

@@ -47,7 +47,8 @@ private:
 
 /// Prints a raw record on each of the layouts in order, like a received record but without a macro.
 /// Afterwards no layout is open, even if one of them does not exist. Runs pending events, so the
-/// caller must not hold references into the document. A failing step is skipped.
+/// caller must not hold references into the document. A failing step is skipped. Nothing is printed
+/// if `MayLeavePage` says no.
 void PrintOnLayouts(Session& session, const QString& rawData, const QStringList& layouts);
 
 } // namespace vantrel

@@ -2,6 +2,8 @@
 #include "station/commands/Commands.h"
 #include "station/commands/InsertCommands.h"
 #include "station/commands/LayoutWizard.h"
+#include "station/compose/CardSequence.h"
+#include "station/compose/DocumentGenerator.h"
 #include "station/layout/DesignSteps.h"
 #include "station/layout/Navigation.h"
 #include "support/Layouts.h"
@@ -53,6 +55,8 @@ const std::vector<Way> Ways = {
     CloseCommand,
     PrintCommand,
     [](Session& session) { OpenLayout(session, QStringLiteral("Visitor")); },
+    [](Session& session) { PrintOnLayouts(session, {}, {QStringLiteral("Visitor")}); },
+    [](Session& session) { RunSequence(session, {}, [](double, double) { return true; }); },
     [](Session& session) {
         WizardAnswers answers;
         answers.LayoutName = QStringLiteral("Fresh");
