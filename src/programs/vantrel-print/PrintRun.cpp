@@ -156,6 +156,8 @@ RunEnd PrintRun::Print()
     m_end.IsInterrupted = m_stop && !m_isAtEnd;
     if (IsStopped() && !m_isAtEnd && m_end.NextRow == 0)
         m_end.NextRow = m_batch.Rows.empty() ? m_rows->Number() + 1 : m_batch.Rows.front().Number;
+    if (m_end.NextRow > 0)
+        m_end.NextRow = std::max(m_end.NextRow, m_options.First);
     if (m_book)
         CloseBook();
     return m_end;
@@ -174,6 +176,7 @@ bool PrintRun::TakeRow()
         m_isAtEnd = true;
         return false;
     }
+    const qint64 next = m_rows->Number() + 1;
     BatchRow row;
     try {
         if (!m_rows->Next(row)) {
@@ -181,8 +184,12 @@ bool PrintRun::TakeRow()
             return false;
         }
     } catch (const Failure& failure) {
-        if (m_stop)
+        if (m_stop) {
+            // The row may be whole behind what was read of it.
+            if (m_batch.Rows.empty() && m_end.NextRow == 0)
+                m_end.NextRow = next;
             return false;
+        }
         if (m_rows->Number() >= m_options.First)
             TellFailed(failure.Text());
         m_isAtEnd = !m_rows->CanGoOn();
