@@ -91,6 +91,30 @@ TEST_F(PrintFaults, AnInterruptedRunSaysWhereToGoOnAndNoRowIsLostOrPrintedTwice)
     }
 }
 
+TEST_F(PrintFaults, AnInterruptedWaitForInputNamesTheRowThatIsAwaited)
+{
+    const auto run = Folder.Start({QStringLiteral("-")});
+    run->write("Ada,x\nBea,x\nCid");
+    WaitForCards(Printed, 2);
+    Signal(*run, SIGINT);
+    const Outcome outcome = PrintFolder::EndOf(*run);
+    EXPECT_EQ(outcome.Code, 130);
+    EXPECT_EQ(NextRowOf(outcome), 3);
+}
+
+TEST_F(PrintFaults, AnInterruptedRunNamesNoRowBeforeItsFirst)
+{
+    const auto run = Folder.Start({QStringLiteral("-"), QStringLiteral("--first=50")});
+    run->write("Ada,x\nBea,x\n");
+    // Who has its lock is past the beginning, where nothing would be told.
+    ASSERT_TRUE(EventsUntil(
+        [&] { return QFileInfo::exists(Folder.PathOf(QStringLiteral("Print-1001.lock"))); }));
+    Signal(*run, SIGINT);
+    const Outcome outcome = PrintFolder::EndOf(*run);
+    EXPECT_EQ(outcome.Code, 130);
+    EXPECT_EQ(NextRowOf(outcome), 50);
+}
+
 TEST_F(PrintFaults, AnInterruptedBookLeavesNoFileAndItsCardsAreVoid)
 {
     const QString book = Folder.PathOf(QStringLiteral("all.pdf"));
