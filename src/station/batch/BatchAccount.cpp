@@ -58,9 +58,8 @@ LedgerCard BatchAccount::CardOf(const Batch& batch, std::size_t row, std::size_t
     return card;
 }
 
-RecordRunPtr BatchAccount::AddRow(const Batch& batch, std::size_t row)
+RecordRunPtr BatchAccount::AddRow(const BatchRow& values, const QString& framing)
 {
-    const BatchRow& values = batch.Rows[row];
     LedgerEntry entry;
     entry.Received = QDateTime::currentMSecsSinceEpoch();
     entry.Session = m_ledgerSession;
@@ -71,8 +70,7 @@ RecordRunPtr BatchAccount::AddRow(const Batch& batch, std::size_t row)
     RecordRunPtr run = m_session.Ledger.Begin(std::move(entry));
     m_session.Ledger.SetValues(
         *run, static_cast<int>(values.Values.size()),
-        [&](int position) { return values.Values.at(position - 1); },
-        FramingTextOfRow({.Folder = m_session.Pictures.Folder, .Columns = batch.Columns}));
+        [&](int position) { return values.Values.at(position - 1); }, framing);
     return run;
 }
 
@@ -85,9 +83,11 @@ BatchAccount::Runs BatchAccount::AddRows(const Batch& batch)
         Skip("describe page",
              [&] { pages.back() = DescribePage(m_session.LayoutDb, card.Layout, card.Page); });
     }
+    const QString framing =
+        FramingTextOfRow({.Folder = m_session.Pictures.Folder, .Columns = batch.Columns});
     Runs runs;
     for (std::size_t row = 0; row < batch.Rows.size(); ++row) {
-        const RecordRunPtr run = AddRow(batch, row);
+        const RecordRunPtr run = AddRow(batch.Rows[row], framing);
         for (std::size_t index = 0; index < m_plan.size(); ++index) {
             LedgerCard card = CardOf(batch, row, index);
             card.PageHash = pages[index].Hash;

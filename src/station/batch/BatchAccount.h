@@ -50,7 +50,7 @@ private:
     using Runs = std::vector<RecordRunPtr>;
 
     Runs AddRows(const Batch& batch);
-    RecordRunPtr AddRow(const Batch& batch, std::size_t row);
+    RecordRunPtr AddRow(const BatchRow& values, const QString& framing);
     LedgerCard CardOf(const Batch& batch, std::size_t row, std::size_t index) const;
     void Commit(Batch& batch, bool withLedger);
     void NoteResult(RecordRun& run, const RowResult& result);

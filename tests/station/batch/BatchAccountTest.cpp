@@ -4,6 +4,7 @@
 #include "ledger/LedgerTables.h"
 #include "ledger/LedgerTending.h"
 #include "station/batch/RunLock.h"
+#include "station/capture/StoredRecords.h"
 #include "store/StoreDatabase.h"
 #include <QDir>
 #include <QFile>
@@ -234,6 +235,32 @@ TEST_F(BatchAccounts, ARowIsPrintedAgainByTheFirstSession)
     account.End(batch, Print(batch, Plan, Target));
     const qlonglong again = AskReprint(Store(), Entries().at(0).Id, ReprintMode::Once);
     EXPECT_EQ(FindEntry(Store(), again)->Session, SessionOfReprints);
+}
+
+TEST_F(BatchAccounts, ARowThatIsPrintedAgainFindsItsPictureByTheNameOfItsColumn)
+{
+    ASSERT_TRUE(LoadFirstPage(Session, Name));
+    Session.Pictures.Folder = Session.ProgramFolder;
+    AddImage(Session, QStringLiteral("{photo}.png"), {100, 200, 300, 400});
+    SavePage(Session);
+    Station.WritePng(QStringLiteral("bea.png"), 16, 4);
+    Plan = PlanOf(Target);
+    BatchAccount account = Account();
+    Batch batch = RowsOf({Ada});
+    batch.Rows[0].Values.append(QStringLiteral("bea"));
+    batch.Columns = {QStringLiteral("name"), QStringLiteral("photo")};
+    account.Begin(batch);
+    account.End(batch, Print(batch, Plan, Target));
+    // The station itself has no folder of pictures.
+    Session.Pictures = {};
+    Session.Keeper = nullptr;
+    Station.Printers.Operations.clear();
+    AskReprint(Store(), Entries().at(0).Id, ReprintMode::Once);
+    TakeStoredRecords(Session);
+    EXPECT_THAT(
+        Station.Printers.Only({QStringLiteral("PaintPicture")}),
+        testing::ElementsAre(QStringLiteral("PaintPicture(16 x 4 pixels, 200, 100, 400, 300)")));
+    EXPECT_TRUE(Session.Pictures.Folder.isEmpty());
 }
 
 TEST_F(BatchAccounts, WithoutALedgerNumbersAreTakenAllTheSame)
