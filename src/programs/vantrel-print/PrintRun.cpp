@@ -1,6 +1,7 @@
 #include "PrintRun.h"
 #include "ledger/LedgerTables.h"
 #include "printers/CardFolder.h"
+#include "station/batch/RowPictures.h"
 #include "station/ledger/StationLedger.h"
 #include "station/session/Settings.h"
 #include <QFileInfo>
@@ -45,6 +46,7 @@ PrintRun::PrintRun(const PrintOptions& options, RunTools tools, const std::atomi
         m_allBytes = file.st_size;
     m_rows = std::make_unique<RowSource>(
         [this](char* to, qsizetype most) { return ReadSome(to, most); }, Format());
+    TellPicturesWithoutValue();
     if (options.IsDryRun)
         return;
     BatchPlace place{.Source = NameOfFile(options.File), .Device = {}, .FileOf = {}, .Book = {}};
@@ -70,6 +72,17 @@ PrintRun::PrintRun(const PrintOptions& options, RunTools tools, const std::atomi
 }
 
 PrintRun::~PrintRun() = default;
+
+/// A misspelt name of a column would cost each card its picture, and no row would have failed.
+void PrintRun::TellPicturesWithoutValue()
+{
+    PictureSource source = m_session.Session.Pictures;
+    source.Columns = m_rows->Names();
+    for (const QString& path : PathsWithoutValue(m_session.Session.LayoutDb, m_plan, source))
+        m_progress.Tell(QStringLiteral("vantrel-print: The picture %1 is on no card: there is no "
+                                       "such file, and no value or column of that name.")
+                            .arg(path));
+}
 
 void PrintRun::OpenPlace()
 {

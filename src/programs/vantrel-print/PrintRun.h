@@ -73,6 +73,7 @@ public:
     QString PlaceText() const;
 
 private:
+    void TellPicturesWithoutValue();
     void OpenPlace();
     RowFormat Format() const;
     qsizetype ReadSome(char* to, qsizetype most);
