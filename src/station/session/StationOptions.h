@@ -30,7 +30,7 @@ struct StationOptions
     bool UniqueNumbers = false;
     InputEncoding Encoding = InputEncoding::CodePage1252;
     /// The folder of the pictures that records name, as it is written in the file; empty for none.
-    QString ImagesFrom;
+    QString ImagesFrom = {};
     /// Steps of the designer can be taken back, several objects be selected, copied and aligned,
     /// and the operator is asked before unsaved changes are lost. The menu "Station" is shown also
     /// where no ledger is kept.
