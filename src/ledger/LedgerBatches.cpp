@@ -68,19 +68,15 @@ void EndCardsOf(StoreDatabase& database, int session,
 void EndBookOf(StoreDatabase& database, int session, LedgerState state, const QString& file)
 {
     const QString printing = NameOf(LedgerState::Printing);
-    const QString nameOrNone = file.isNull() ? QStringLiteral("") : file;
-    for (auto ids = PrintingEntries(database, session); !ids.empty();
-         ids = PrintingEntries(database, session)) {
-        StoreTransaction transaction(database);
-        for (const qlonglong id : ids) {
-            database.Change(
-                QStringLiteral("UPDATE LedgerCards SET State = ?, File = ?, Changed = ? "
-                               "WHERE EntryID = ? AND State = ?"),
-                {NameOf(state), nameOrNone, QDateTime::currentMSecsSinceEpoch(), id, printing});
-            database.Change(StateFromCards + QStringLiteral("ID = ?"), {id});
-        }
-        transaction.Commit();
-    }
+    StoreTransaction transaction(database);
+    database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, File = ?, Changed = ? WHERE "
+                                   "State = ? AND EntryID IN (SELECT ID FROM LedgerEntries WHERE "
+                                   "SessionNumber = ? AND State = ?)"),
+                    {NameOf(state), file.isNull() ? QStringLiteral("") : file,
+                     QDateTime::currentMSecsSinceEpoch(), printing, session, printing});
+    database.Change(StateFromCards + QStringLiteral("SessionNumber = ? AND State = ?"),
+                    {session, printing});
+    transaction.Commit();
 }
 
 void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids)

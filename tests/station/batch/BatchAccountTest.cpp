@@ -146,24 +146,6 @@ TEST_F(BatchAccounts, TheCardsOfABookArePrintedWhenItIsClosed)
     EXPECT_EQ(Entries().at(0).Cards.at(0).File, place.Book);
 }
 
-TEST_F(BatchAccounts, ABookOfMoreRowsThanOneCommitHoldsIsPrintedAsAWhole)
-{
-    BatchPlace place;
-    place.Book = QStringLiteral("/cards/all.pdf");
-    BatchAccount account = Account(place);
-    Batch batch = RowsOf(QStringList(1001, Ada));
-    account.Begin(batch);
-    account.End(batch, Print(batch, Plan, Target, 1001));
-    account.EndBook(true);
-    const auto entries = Entries();
-    ASSERT_EQ(entries.size(), 1001U);
-    for (const LedgerEntry& entry : entries) {
-        EXPECT_EQ(entry.State, LedgerState::Printed);
-        EXPECT_EQ(entry.Cards.at(0).State, LedgerState::Printed);
-        EXPECT_EQ(entry.Cards.at(0).File, place.Book);
-    }
-}
-
 TEST_F(BatchAccounts, TheCardsOfABookThatIsNotWrittenAreVoid)
 {
     BatchPlace place;
