@@ -65,20 +65,6 @@ void EndCardsOf(StoreDatabase& database, int session,
     }
 }
 
-void EndBookOf(StoreDatabase& database, int session, LedgerState state, const QString& file)
-{
-    const QString printing = NameOf(LedgerState::Printing);
-    StoreTransaction transaction(database);
-    database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, File = ?, Changed = ? WHERE "
-                                   "State = ? AND EntryID IN (SELECT ID FROM LedgerEntries WHERE "
-                                   "SessionNumber = ? AND State = ?)"),
-                    {NameOf(state), file.isNull() ? QStringLiteral("") : file,
-                     QDateTime::currentMSecsSinceEpoch(), printing, session, printing});
-    database.Change(StateFromCards + QStringLiteral("SessionNumber = ? AND State = ?"),
-                    {session, printing});
-    transaction.Commit();
-}
-
 void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids)
 {
     for (const qlonglong id : ids) {

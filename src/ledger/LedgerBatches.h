@@ -24,11 +24,6 @@ inline constexpr int SessionOfReprints = 1;
 void EndCardsOf(StoreDatabase& database, int session,
                 const std::function<LedgerState(const LedgerCard&)>& judge);
 
-/// Sets all entries of a session that are being printed to the same end at once: their cards that
-/// are printing become `Printed` with this file, or `Void` with no file. Fails like
-/// `StoreDatabase`.
-void EndBookOf(StoreDatabase& database, int session, LedgerState state, const QString& file);
-
 /// Removes entries whose cards were never begun and whose numbers were given back. Must be called
 /// inside a transaction. Fails like `StoreDatabase`.
 void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids);

@@ -202,10 +202,10 @@ void BatchAccount::End(const Batch& batch, const std::vector<RowResult>& results
 
 void BatchAccount::EndBook(bool isWritten)
 {
+    const LedgerState state = isWritten ? LedgerState::Printed : LedgerState::Void;
     if (m_session.Options.Ledger)
-        EndBookOf(m_session.LayoutDb.Database(), m_ledgerSession,
-                  isWritten ? LedgerState::Printed : LedgerState::Void,
-                  isWritten ? m_place.Book : QString());
+        EndCardsOf(m_session.LayoutDb.Database(), m_ledgerSession,
+                   [state](const LedgerCard&) { return state; });
 }
 
 void BatchAccount::Drop(const Runs& runs)
