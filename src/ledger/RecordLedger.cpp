@@ -60,6 +60,13 @@ QVariant OrNull(const auto& value)
     return value ? QVariant(*value) : QVariant();
 }
 
+/// Lets an entry be found by a value.
+void AddSearchText(RecordRun& run, const QString& value)
+{
+    if (run.ValuesSearch.size() < LongestSearchText)
+        run.ValuesSearch += value.left(LongestSearchText).toCaseFolded() + QLatin1Char('\n');
+}
+
 QString SearchTextOf(const RecordRun& run)
 {
     QStringList words{run.Entry.Source, run.Entry.Layout};
@@ -124,6 +131,8 @@ RecordRunPtr RecordLedger::Resume(LedgerEntry entry)
     RecordRunPtr run = Begin(std::move(entry));
     run->m_entryRow = {.Stored = true, .Dirty = false};
     run->m_wasInLedger = true;
+    for (const QString& value : std::exchange(run->Entry.Values, {}))
+        AddSearchText(*run, value);
     return run;
 }
 
@@ -142,9 +151,7 @@ void RecordLedger::SetValues(RecordRun& run, int count,
         for (int position = 1; position <= count; ++position) {
             const QString value = valueAt(position);
             list.Add(value);
-            if (run.ValuesSearch.size() < LongestSearchText)
-                run.ValuesSearch +=
-                    value.left(LongestSearchText).toCaseFolded() + QLatin1Char('\n');
+            AddSearchText(run, value);
         }
         run.ValuesText = list.Text();
         return;

@@ -236,6 +236,41 @@ TEST_F(HistoryWindow, AReprintThatIsAskedForPrints)
     EXPECT_EQ(FindEntry(Store(), 2)->Cards.size(), 1U);
 }
 
+TEST_F(HistoryWindow, AReprintNamesTheFirstEntry)
+{
+    LedgerEntry again = PrintedEntry({QStringLiteral("Ada")});
+    again.ReprintOf = Add(QStringLiteral("Ada"));
+    AddLedgerEntry(Store(), again);
+    Open();
+    Await(0, 6, "printed (reprint of 1)");
+    Await(1, 6, "printed");
+}
+
+TEST_F(HistoryWindow, NothingCanBeDoneWhereASearchHasLeftNothingChosen)
+{
+    Fill(3);
+    Open();
+    ChooseRow(0);
+    EXPECT_TRUE(Get<QAbstractButton>("cmdReprint").isEnabled());
+    Get<QLineEdit>("txtFind").setText(QStringLiteral("Ada 2"));
+    ASSERT_TRUE(EventsUntil([&] { return Rows() == 1; }));
+    EXPECT_FALSE(Get<QAbstractButton>("cmdReprint").isEnabled());
+    EXPECT_FALSE(Get<QAbstractButton>("cmdVoid").isEnabled());
+}
+
+TEST_F(HistoryWindow, ACardWhoseValuesWereNotKeptIsNotShown)
+{
+    LedgerEntry entry = PrintedEntry({QStringLiteral("Ada")});
+    entry.HasValues = false;
+    AddLedgerEntry(Store(), entry);
+    Open();
+    ChooseRow(0);
+    const QString note = Get<QListWidget>("lstCards").item(0)->data(Qt::UserRole).toString();
+    EXPECT_TRUE(note.contains(
+        QStringLiteral("The values of the record were not kept, so its card cannot be shown.")))
+        << note.toStdString();
+}
+
 TEST_F(HistoryWindow, VoidNamesWhatItVoidsAndAsks)
 {
     Add(QStringLiteral("Ada"), LedgerState::Doubtful);

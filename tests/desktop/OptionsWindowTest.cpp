@@ -135,6 +135,22 @@ TEST_F(OptionsWindow, AFolderIsTypedOrChosen)
     EXPECT_EQ(ReadStationOptions(Station.Session.ProgramFolder, mistakes).ImagesFrom, folder);
 }
 
+TEST_F(OptionsWindow, AnEmptiedNumberIsRefused)
+{
+    const QStringList before = Lines();
+    Open();
+    auto& days = Get<QSpinBox>("optLedgerKeepDays");
+    days.setValue(5);
+    days.clear();
+    Save();
+    ASSERT_FALSE(Dialog.isNull());
+    EXPECT_TRUE(Dialog->isVisible());
+    EXPECT_EQ(Lines(), before);
+    days.setValue(5);
+    Save();
+    EXPECT_TRUE(Lines().contains(QStringLiteral("LedgerKeepDays=5")));
+}
+
 TEST_F(OptionsWindow, CancelWritesNothing)
 {
     Write(QStringLiteral("Ledger"), QStringLiteral("True"));

@@ -15,7 +15,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
-#include <limits>
+#include <algorithm>
 
 namespace vantrel {
 
@@ -24,6 +24,8 @@ namespace {
 /// Width of an explanation in average characters.
 constexpr int Columns = 110;
 constexpr int ExplanationIndent = 24;
+/// A hundred years; a mistyped number should be noticed.
+constexpr int MostDays = 36'500;
 
 QString CaptionOf(const StationOptionRow& row)
 {
@@ -136,8 +138,9 @@ QWidget* frmOptions::MakeTick(const StationOptionRow& row)
 QWidget* frmOptions::MakeNumber(const StationOptionRow& row)
 {
     auto* number = new QSpinBox(this);
-    number->setRange(0, std::numeric_limits<int>::max());
-    number->setValue(row.Text(m_stored).toInt());
+    const int stored = row.Text(m_stored).toInt();
+    number->setRange(0, std::max(stored, MostDays));
+    number->setValue(stored);
     connect(number, &QSpinBox::valueChanged, this,
             [this, &row](int value) { Take(row, QString::number(value)); });
     return number;
@@ -219,6 +222,15 @@ void frmOptions::Take(const StationOptionRow& row, const QString& text)
 
 void frmOptions::Save()
 {
+    // A field that was emptied would keep the number that was in it before.
+    for (auto* number : findChildren<QSpinBox*>()) {
+        if (number->cleanText().isEmpty()) {
+            m_told->setText(
+                QStringLiteral("Enter a number for \"%1\".").arg(number->accessibleName()));
+            number->setFocus();
+            return;
+        }
+    }
     if (SaveOptions(m_session, m_stored, m_entered))
         close();
 }

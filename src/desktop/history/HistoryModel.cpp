@@ -33,7 +33,9 @@ QString TextOf(const HistoryRow& row, HistoryColumn column)
     case HistoryColumn::Numbers:
         return row.Numbers;
     case HistoryColumn::State:
-        return NameOf(row.State);
+        return row.ReprintOf
+                   ? NameOf(row.State) + QStringLiteral(" (reprint of %1)").arg(*row.ReprintOf)
+                   : NameOf(row.State);
     case HistoryColumn::Reason:
         break;
     }

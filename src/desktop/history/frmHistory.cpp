@@ -39,7 +39,9 @@ void frmHistory::Search()
     m_newAbove = 0;
     m_waiting.clear();
     m_model->Clear();
-    ShowEntry(std::nullopt);
+    // A list that is emptied does not tell that nothing is chosen any more.
+    Choose();
+    m_told->clear();
     TellFound();
     m_reader.Search(Filter());
 }

@@ -38,7 +38,7 @@ QString OneLine(const LedgerCard& card)
     return text;
 }
 
-QString NoteOn(const HistoryCard& card, const CardAsPrinted& printed)
+QString NoteOn(const HistoryCard& card, const CardAsPrinted& printed, bool hasValues)
 {
     QStringList lines{card.Card.Layout, card.Card.Printer};
     if (!card.Card.File.isEmpty())
@@ -47,7 +47,10 @@ QString NoteOn(const HistoryCard& card, const CardAsPrinted& printed)
         lines += QStringLiteral("Job %1").arg(*card.Card.Job);
     if (!card.Card.Reason.isEmpty())
         lines += card.Card.Reason;
-    if (card.Page.isEmpty())
+    if (!hasValues)
+        lines +=
+            QStringLiteral("The values of the record were not kept, so its card cannot be shown.");
+    else if (card.Page.isEmpty())
         lines += QStringLiteral("The page was not kept, so its card cannot be shown.");
     if (!printed.Line.isEmpty())
         lines += QStringLiteral("Sent as a line:\n") + ShownLine(printed.Line);
@@ -116,6 +119,7 @@ void frmHistory::ShowRecord(const HistoryEntry& entry)
 void frmHistory::ShowCards(const HistoryEntry& entry)
 {
     const FieldValues values = ValuesOf(entry.Entry);
+    const bool hasValues = entry.Entry.HasValues;
     const PictureSource pictures = PicturesOf(entry.Entry.Framing, m_session.Pictures);
     std::vector<CardAsPrinted> printed;
     const QSignalBlocker quiet(m_cards);
@@ -123,12 +127,12 @@ void frmHistory::ShowCards(const HistoryEntry& entry)
     for (const HistoryCard& card : entry.Cards) {
         if (printed.size() < MostCardsDrawn)
             printed.push_back(
-                DrawCardAsPrinted(card.Page, values, card.Card, pictures,
+                DrawCardAsPrinted(hasValues ? card.Page : QString(), values, card.Card, pictures,
                                   (QSizeF(PictureRoom) * devicePixelRatioF()).toSize()));
         auto* item = new QListWidgetItem(OneLine(card.Card), m_cards);
         const CardAsPrinted& shown =
             m_cards->count() <= MostCardsDrawn ? printed.back() : CardAsPrinted();
-        item->setData(Qt::UserRole, NoteOn(card, shown));
+        item->setData(Qt::UserRole, NoteOn(card, shown, hasValues));
         item->setData(Qt::UserRole + 1, shown.Picture);
     }
     m_cards->setCurrentRow(entry.Cards.empty() ? -1 : 0);

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTableView>
@@ -29,6 +30,8 @@ namespace {
 constexpr int TypingPause = 200;
 constexpr int LookInterval = 400;
 constexpr QSize FirstSize{980, 680};
+/// Of the screen, with room for the frame.
+constexpr double LargestShare = 0.9;
 /// Widths of the columns in average characters, in their order.
 constexpr std::array<int, HistoryColumnCount> ColumnWidths{9, 23, 25, 16, 34, 14, 10, 8};
 
@@ -89,7 +92,7 @@ frmHistory::frmHistory(Session& session, QWidget* parent)
     m_told->setWordWrap(true);
     column->addWidget(m_told);
     column->addLayout(MakeButtons());
-    resize(FirstSize);
+    resize(FirstSize.boundedTo(screen()->availableSize() * LargestShare));
     CentreOver(*this, parent);
 
     connect(&m_reader, &HistoryReader::Found, this, &frmHistory::Find);
@@ -175,6 +178,9 @@ QWidget* frmHistory::MakeList()
                                             fontMetrics().averageCharWidth());
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &frmHistory::Choose);
+    // Where the list has one row only, no arrow key chooses it.
+    connect(m_list, &QTableView::activated, m_list,
+            [this](const QModelIndex& index) { m_list->selectRow(index.row()); });
     return m_list;
 }
 

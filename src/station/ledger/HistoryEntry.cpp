@@ -65,8 +65,8 @@ void AddPieces(HistoryEntry& history, InputEncoding encoding)
 
 HistoryRow RowOf(const LedgerEntry& entry)
 {
-    HistoryRow row{entry.Id, entry.State, entry.Received, entry.Source, entry.Layout,
-                   {},       {},          entry.Reason};
+    HistoryRow row{entry.Id, entry.State, entry.Received, entry.Source,   entry.Layout,
+                   {},       {},          entry.Reason,   entry.ReprintOf};
     for (const QString& value : entry.Values) {
         if (row.Values.size() >= LongestInList)
             break;

@@ -23,6 +23,8 @@ struct HistoryRow
     QString Values;
     QString Numbers;
     QString Reason;
+    /// The first entry of a card that is printed again.
+    std::optional<qlonglong> ReprintOf;
 
     friend bool operator==(const HistoryRow&, const HistoryRow&) = default;
 };

@@ -170,4 +170,17 @@ TEST_F(StationWithLedger, AnotherSessionsEntriesAreLeftToIt)
     EXPECT_TRUE(Printed().isEmpty());
 }
 
+TEST_F(StationWithLedger, AReprintIsFoundByItsValuesToo)
+{
+    Arrive("<Ada>");
+    const qlonglong again = AskReprint(Store(), 1, ReprintMode::Once);
+    TakeStoredRecords(Session);
+    EXPECT_EQ(Entry(again).State, LedgerState::Printed);
+    EXPECT_EQ(
+        EntryNumbers(
+            Store(),
+            {.State = {}, .Text = QStringLiteral("aDA"), .Since = {}, .Until = {}, .Before = {}}),
+        std::vector<qlonglong>({again, 1}));
+}
+
 } // namespace vantrel::test
