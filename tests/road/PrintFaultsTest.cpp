@@ -5,6 +5,7 @@
 #include "samples/FreshInstall.h"
 #include "store/Connection.h"
 #include "support/Events.h"
+#include "support/PrivateCups.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -247,6 +248,20 @@ TEST_F(PrintFaults, AStoreThatIsHeldStopsTheRunWithAReason)
     EXPECT_TRUE(outcome.Errors.last().endsWith(QStringLiteral(" Go on with --first 1.")));
     EXPECT_TRUE(Folder.Cards().isEmpty());
     EXPECT_EQ(Folder.StoredNumber(), QStringLiteral("1000"));
+}
+
+TEST_F(PrintFaults, APrinterThatTakesNoJobStopsTheRunBeforeItCostsEveryRowItsNumber)
+{
+    PrivateCups server;
+    server.AddQueue(QStringLiteral("Cards"));
+    server.Reject(QStringLiteral("Cards"));
+    const Outcome outcome =
+        Folder.Run({Folder.WriteRows(300), QStringLiteral("--printer"), QStringLiteral("Cards")});
+    EXPECT_EQ(outcome.Code, 1);
+    EXPECT_EQ(outcome.Errors.last(),
+              QStringLiteral("vantrel-print: Stopped: 64 rows failed one after the other. "
+                             "Go on with --first 1."));
+    EXPECT_EQ(Folder.StoredNumber(), QStringLiteral("1064"));
 }
 
 TEST_F(PrintFaults, ABarShowsOnATerminalAndNowhereElse)

@@ -18,6 +18,7 @@ namespace {
 constexpr std::size_t RowsAtOnce = 64;
 constexpr qsizetype CharactersAtOnce = qsizetype{1} << 20;
 constexpr int WaitMilliseconds = 200;
+constexpr qint64 MostFailedInARow = 64;
 
 QString NameOfFile(const QString& path)
 {
@@ -335,10 +336,26 @@ void PrintRun::Tell(const RowResult& result)
             m_progress.Tell(QStringLiteral("vantrel-print: ") + place + card.Remark);
     }
     const QString& reason = result.Reason;
-    if (result.IsPrinted())
+    if (result.IsPrinted()) {
         ++m_end.Printed;
-    else
-        TellFailed(place + (reason.endsWith(u'.') ? reason : reason + u'.'));
+        m_failedInARow = 0;
+        return;
+    }
+    TellFailed(place + (reason.endsWith(u'.') ? reason : reason + u'.'));
+    StopIfAllFail(result.Number);
+}
+
+/// A full disk or a printer that takes no job would cost each further row its number.
+void PrintRun::StopIfAllFail(qint64 row)
+{
+    if (m_failedInARow++ == 0)
+        m_firstFailed = row;
+    if (m_failedInARow < MostFailedInARow || m_options.IsDryRun || IsStopped())
+        return;
+    m_end.Trouble = QStringLiteral("%1 rows failed one after the other.").arg(m_failedInARow);
+    // Rows that processes share are not printed in their order.
+    if (m_workers == nullptr)
+        m_end.NextRow = m_firstFailed;
 }
 
 void PrintRun::ShowProgress(qint64 row)

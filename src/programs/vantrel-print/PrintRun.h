@@ -86,6 +86,7 @@ private:
     void Note(const Batch& batch, const std::vector<RowResult>& results);
     void CloseBook();
     void Tell(const RowResult& result);
+    void StopIfAllFail(qint64 row);
     void TellFailed(const QString& line);
     void TellLedgerTrouble();
     void ShowProgress(qint64 row);
@@ -118,6 +119,9 @@ private:
     /// Whether no further row is to be read.
     bool m_isAtEnd = false;
     bool m_isTroubleTold = false;
+    /// Rows that failed since the last one that printed, and the first of them.
+    qint64 m_failedInARow = 0;
+    qint64 m_firstFailed = 0;
     RunEnd m_end;
 };
 
