@@ -104,7 +104,9 @@ void PrintCard(Session& session)
              [&] { pages = CountLayoutPages(session.LayoutDb, session.CurrentLayoutName); });
         PrintCopy(session, {1, pages});
     }
-    OpenPage(session, openPage);
+    // Nobody looks at the page while rows of a file print, and the next row loads it again.
+    if (session.Keeper == nullptr || session.CurrentParams.PageIndex != openPage)
+        OpenPage(session, openPage);
     session.Operator.ShowBusyPointer(false);
 }
 
