@@ -5,6 +5,7 @@
 #include "samples/FreshInstall.h"
 #include "store/Connection.h"
 #include "support/Events.h"
+#include "support/PdfReading.h"
 #include "support/PrivateCups.h"
 #include <QDir>
 #include <QFile>
@@ -114,6 +115,31 @@ TEST_F(PrintFaults, AnInterruptedRunNamesNoRowBeforeItsFirst)
     const Outcome outcome = PrintFolder::EndOf(*run);
     EXPECT_EQ(outcome.Code, 130);
     EXPECT_EQ(NextRowOf(outcome), 50);
+}
+
+TEST_F(PrintFaults, AnInterruptWithinTheLastRowsIsNoEndInOrder)
+{
+    constexpr int rowCount = 60;
+    const QString rows = Folder.WriteRows(rowCount);
+    std::size_t before = 0;
+    for (int round = 0; round < 8; ++round) {
+        SCOPED_TRACE(round);
+        const QString book = Folder.PathOf(QStringLiteral("book-%1.pdf").arg(round));
+        const auto run = Folder.Start({rows, QStringLiteral("--one"), book});
+        // The file is at its end when the rows are in the ledger, and their pages are being drawn.
+        ASSERT_TRUE(EventsUntil([&] { return Folder.Entries().size() > before; }));
+        QThread::msleep(static_cast<unsigned long>(round));
+        Signal(*run, SIGINT);
+        const Outcome outcome = PrintFolder::EndOf(*run);
+        EXPECT_TRUE(outcome.Code == 0 || outcome.Code == 130) << outcome.Code;
+        EXPECT_EQ(QFileInfo::exists(book), outcome.Code == 0);
+        if (outcome.Code == 0) {
+            EXPECT_EQ(PagesOfPdf(book), rowCount);
+        } else {
+            EXPECT_EQ(NextRowOf(outcome), 1);
+        }
+        before = Folder.Entries().size();
+    }
 }
 
 TEST_F(PrintFaults, AnInterruptedBookLeavesNoFileAndItsCardsAreVoid)

@@ -167,13 +167,15 @@ RunEnd PrintRun::Print()
         PrintBatch();
     while (m_workers != nullptr && m_workers->IsBusy())
         TakeResults();
-    m_end.IsInterrupted = m_stop && !m_isAtEnd;
-    if (IsStopped() && !m_isAtEnd && m_end.NextRow == 0)
+    // Rows may be left of the last batch, too, behind which the file has ended.
+    const bool isCutOff = !m_isAtEnd || !m_batch.Rows.empty() || m_end.NextRow > 0;
+    m_end.IsInterrupted = m_stop && isCutOff;
+    if (isCutOff && m_end.NextRow == 0)
         m_end.NextRow = m_batch.Rows.empty() ? m_rows->Number() + 1 : m_batch.Rows.front().Number;
-    if (m_end.NextRow > 0)
+    if (isCutOff)
         m_end.NextRow = std::max(m_end.NextRow, m_options.First);
     if (m_book)
-        CloseBook();
+        CloseBook(!isCutOff);
     return m_end;
 }
 
@@ -370,10 +372,9 @@ void PrintRun::ShowProgress(qint64 row)
 }
 
 /// A run that was cut off leaves no file under the final name.
-void PrintRun::CloseBook()
+void PrintRun::CloseBook(bool isWhole)
 {
-    bool isWritten = !IsStopped() || m_isAtEnd;
-    isWritten = isWritten && m_end.Trouble.isEmpty() && m_book->PageCount() > 0;
+    bool isWritten = isWhole && m_end.Trouble.isEmpty() && m_book->PageCount() > 0;
     try {
         if (isWritten)
             m_book->Close();

@@ -84,7 +84,7 @@ private:
     void TakeResults();
     std::vector<RowResult> LostResults(const Batch& batch) const;
     void Note(const Batch& batch, const std::vector<RowResult>& results);
-    void CloseBook();
+    void CloseBook(bool isWhole);
     void Tell(const RowResult& result);
     void StopIfAllFail(qint64 row);
     void TellFailed(const QString& line);
