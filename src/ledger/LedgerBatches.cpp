@@ -65,13 +65,4 @@ void EndCardsOf(StoreDatabase& database, int session,
     }
 }
 
-void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids)
-{
-    for (const qlonglong id : ids) {
-        database.Change(QStringLiteral("DELETE FROM LedgerCards WHERE EntryID = ?"), {id});
-        database.Change(QStringLiteral("DELETE FROM LedgerRecords WHERE EntryID = ?"), {id});
-        database.Change(QStringLiteral("DELETE FROM LedgerEntries WHERE ID = ?"), {id});
-    }
-}
-
 } // namespace vantrel

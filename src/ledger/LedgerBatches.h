@@ -2,7 +2,6 @@
 
 #include "ledger/LedgerRows.h"
 #include <functional>
-#include <vector>
 
 namespace vantrel {
 
@@ -23,9 +22,5 @@ inline constexpr int SessionOfReprints = 1;
 /// one durable commit; fails like `StoreDatabase`.
 void EndCardsOf(StoreDatabase& database, int session,
                 const std::function<LedgerState(const LedgerCard&)>& judge);
-
-/// Removes entries whose cards were never begun and whose numbers were given back. Must be called
-/// inside a transaction. Fails like `StoreDatabase`.
-void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids);
 
 } // namespace vantrel

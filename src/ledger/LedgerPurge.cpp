@@ -54,14 +54,14 @@ std::vector<qlonglong> FinishedBefore(StoreDatabase& database, qint64 time, qlon
     return numbers;
 }
 
-void RemoveEntry(StoreDatabase& database, qlonglong id, QSet<QString>& pages)
+/// The pages that the cards of these entries show.
+QSet<QString> PagesOf(StoreDatabase& database, const std::vector<qlonglong>& ids)
 {
-    database.Select(QStringLiteral("SELECT PageHash FROM LedgerCards WHERE EntryID = ?"), {id},
-                    [&](const StoreStatement& row) { pages.insert(row.Value(0).toString()); });
-    for (const char* statement :
-         {"DELETE FROM LedgerCards WHERE EntryID = ?",
-          "DELETE FROM LedgerRecords WHERE EntryID = ?", "DELETE FROM LedgerEntries WHERE ID = ?"})
-        database.Change(QLatin1StringView(statement), {id});
+    QSet<QString> pages;
+    for (const qlonglong id : ids)
+        database.Select(QStringLiteral("SELECT PageHash FROM LedgerCards WHERE EntryID = ?"), {id},
+                        [&](const StoreStatement& row) { pages.insert(row.Value(0).toString()); });
+    return pages;
 }
 
 /// Removes some entries in a transaction of its own. @return their number
@@ -69,11 +69,10 @@ qlonglong RemoveSome(StoreDatabase& database, qint64 before, qlonglong atMost)
 {
     StoreTransaction transaction(database);
     const std::vector<qlonglong> numbers = FinishedBefore(database, before, atMost);
-    QSet<QString> pages;
-    for (const qlonglong number : numbers)
-        RemoveEntry(database, number, pages);
+    const QSet<QString> pages = PagesOf(database, numbers);
+    RemoveEntries(database, numbers);
     // The next card of a page is mostly among the oldest, so it is soon found.
-    for (const QString& page : std::as_const(pages))
+    for (const QString& page : pages)
         database.Change(QStringLiteral("DELETE FROM LedgerPages WHERE Hash = ? AND NOT EXISTS "
                                        "(SELECT 1 FROM LedgerCards WHERE PageHash = ?)"),
                         {page, page});
@@ -110,6 +109,16 @@ void EmptyFiles(StoreDatabase& database)
 }
 
 } // namespace
+
+void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids)
+{
+    for (const qlonglong id : ids) {
+        for (const char* statement : {"DELETE FROM LedgerCards WHERE EntryID = ?",
+                                      "DELETE FROM LedgerRecords WHERE EntryID = ?",
+                                      "DELETE FROM LedgerEntries WHERE ID = ?"})
+            database.Change(QLatin1StringView(statement), {id});
+    }
+}
 
 qlonglong PurgeEntries(StoreDatabase& database, std::optional<int> days)
 {

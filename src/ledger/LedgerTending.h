@@ -42,6 +42,9 @@ void VoidEntry(StoreDatabase& database, qlonglong id);
 /// the start of the session, which nobody else runs.
 void MakeDoubtful(StoreDatabase& database, int session);
 
+/// Removes entries with their records and cards. Must be called inside a transaction.
+void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids);
+
 /// Removes finished entries that arrived more than `days` days ago, or all finished ones without a
 /// number of days, with their cards and the pages that no card needs any more. Writers can come in
 /// between. Then the file is written anew and its log is emptied, so that nothing of what was

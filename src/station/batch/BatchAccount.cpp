@@ -2,6 +2,7 @@
 #include "base/CsvLine.h"
 #include "base/Skip.h"
 #include "ledger/LedgerBatches.h"
+#include "ledger/LedgerTending.h"
 #include "station/batch/NumberBlocks.h"
 #include "station/layout/PageDescription.h"
 #include "station/ledger/FramingText.h"
