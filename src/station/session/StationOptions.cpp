@@ -13,6 +13,16 @@ const QString StationSection = QStringLiteral("Station");
 
 constexpr const char* EncodingNames[] = {"cp1252", "utf-8"};
 
+/// The words for the values of an option that is one of several, in the order of its enumeration.
+constexpr std::span<const char* const> WordsFor(InputEncoding /*encoding*/)
+{
+    return EncodingNames;
+}
+constexpr std::span<const char* const> WordsFor(LengthUnit /*unit*/)
+{
+    return LengthUnitNames;
+}
+
 [[noreturn]] void Refuse()
 {
     throw Failure(FailureNumber::TypeMismatch, QStringLiteral("Not a value of this key"));
@@ -33,13 +43,13 @@ void ReadInto(StationOptions& options, const QString& text)
     } else if constexpr (std::is_same_v<Type, QString>) {
         option = text;
     } else {
-        const QString name = text.trimmed().toLower();
-        if (name == QLatin1StringView(EncodingNames[0]))
-            option = InputEncoding::CodePage1252;
-        else if (name == QLatin1StringView(EncodingNames[1]))
-            option = InputEncoding::Utf8;
-        else
+        const auto words = WordsFor(option);
+        const QString word = text.trimmed().toLower();
+        const auto found = std::ranges::find_if(
+            words, [&](const char* of) { return word == QLatin1StringView(of); });
+        if (found == words.end())
             Refuse();
+        option = static_cast<Type>(found - words.begin());
     }
 }
 
@@ -55,7 +65,7 @@ QString TextOf(const StationOptions& options)
     else if constexpr (std::is_same_v<Type, QString>)
         return option;
     else
-        return QLatin1StringView(EncodingNames[static_cast<int>(option)]);
+        return QLatin1StringView(WordsFor(option)[static_cast<std::size_t>(option)]);
 }
 
 template <auto Option>
@@ -134,6 +144,10 @@ constexpr StationOptionRow Rows[] = {
         "unsaved changes are lost",
         "The designer does none of this, and the menu \"Station\" is shown only where a ledger is kept.",
         AtStart, "True"),
+    Row<&StationOptions::Unit>(
+        "LengthUnit", "Cards", "Unit of lengths", "mm",
+        "the unit of lengths in the design tools: `mm`, `inch` or `twips`, which are 1440 to the inch",
+        "Lengths are shown in millimetres.", AtOnce, nullptr, LengthUnitNames),
 };
 // clang-format on
 

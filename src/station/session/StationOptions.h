@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/InputText.h"
+#include "base/LengthUnit.h"
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -35,6 +36,8 @@ struct StationOptions
     /// and the operator is asked before unsaved changes are lost. The menu "Station" is shown also
     /// where no ledger is kept.
     bool DesignTools = false;
+    /// The unit in which the design tools show lengths, and take typed ones that name no unit.
+    LengthUnit Unit = LengthUnit::Millimetres;
 };
 
 /// When a changed option takes effect.

@@ -38,6 +38,7 @@ TEST_F(StationOptionsFile, WithoutAFileEverythingIsOff)
     EXPECT_FALSE(options.DesignTools);
     EXPECT_EQ(options.ImagesFrom, QString());
     EXPECT_EQ(options.Encoding, InputEncoding::CodePage1252);
+    EXPECT_EQ(options.Unit, LengthUnit::Millimetres);
     EXPECT_TRUE(m_mistakes.isEmpty());
 }
 
@@ -53,6 +54,7 @@ TEST_F(StationOptionsFile, EachKeySetsItsOption)
     Write("DesignTools", "True");
     Write("Encoding", "UTF-8");
     Write("ImagesFrom", "/srv/Photos of 2026");
+    Write("LengthUnit", "Inch");
     const StationOptions options = Read();
     EXPECT_TRUE(options.Ledger);
     EXPECT_EQ(options.LedgerKeepDays, 0);
@@ -63,6 +65,7 @@ TEST_F(StationOptionsFile, EachKeySetsItsOption)
     EXPECT_TRUE(options.UniqueNumbers);
     EXPECT_TRUE(options.DesignTools);
     EXPECT_EQ(options.Encoding, InputEncoding::Utf8);
+    EXPECT_EQ(options.Unit, LengthUnit::Inches);
     EXPECT_EQ(options.ImagesFrom, QStringLiteral("/srv/Photos of 2026"));
     EXPECT_TRUE(m_mistakes.isEmpty());
 }
@@ -72,13 +75,15 @@ TEST_F(StationOptionsFile, ABadValueCountsAsMissingAndIsTold)
     Write("Ledger", "perhaps");
     Write("LedgerKeepDays", "-1");
     Write("Encoding", "latin1");
+    Write("LengthUnit", "ell");
     Write("AnswerHost", "True");
     const StationOptions options = Read();
     EXPECT_FALSE(options.Ledger);
     EXPECT_EQ(options.LedgerKeepDays, 90);
     EXPECT_EQ(options.Encoding, InputEncoding::CodePage1252);
     EXPECT_TRUE(options.AnswerHost);
-    ASSERT_EQ(m_mistakes.size(), 3);
+    EXPECT_EQ(options.Unit, LengthUnit::Millimetres);
+    ASSERT_EQ(m_mistakes.size(), 4);
     EXPECT_TRUE(m_mistakes.at(0).contains(QStringLiteral("Ledger")));
     EXPECT_TRUE(m_mistakes.at(0).contains(QStringLiteral("perhaps")));
 }
@@ -92,6 +97,7 @@ TEST_F(StationOptionsFile, TheTextOfAnOptionIsReadAsTheSameOption)
     options.LedgerKeepDays = 7;
     options.ImagesFrom = QStringLiteral("/srv/photos");
     options.Encoding = InputEncoding::Utf8;
+    options.Unit = LengthUnit::Twips;
     for (const StationOptionRow& row : StationOptionRows()) {
         StationOptions other;
         row.Read(other, row.Text(options));
