@@ -53,3 +53,13 @@ install_packages() {
 }
 
 is_installed() { dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null | grep -qx installed; }
+
+# install_node_packages: puts what tests/node/package.json names into build/node, if its versions changed.
+install_node_packages() {
+  command -v npm >/dev/null || install_packages nodejs npm
+  mkdir -p build/node
+  ! cmp -s tests/node/package-lock.json build/node/installed.json || return 0
+  cp tests/node/package.json tests/node/package-lock.json build/node
+  npm ci --prefix build/node --no-audit --no-fund --loglevel=error >/dev/null
+  cp build/node/package-lock.json build/node/installed.json
+}

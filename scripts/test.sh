@@ -6,6 +6,7 @@ cd "$(dirname "$0")/.."
 
 install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${TEST_PACKAGES[@]}" \
   "${PACKAGE_PACKAGES[@]}" "${PACKAGE_TEST_PACKAGES[@]}"
+install_node_packages
 export QT_QPA_PLATFORM=offscreen
 cmake --preset dev
 cmake --build --preset dev --target all check

@@ -1,5 +1,6 @@
 #include "support/CodeReading.h"
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -15,6 +16,9 @@ QString ToldBy(const QString& tool, const QStringList& options, const QImage& pi
     const QString path = folder.filePath(QStringLiteral("code.png"));
     EXPECT_TRUE(picture.save(path));
     QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("NODE_PATH"), QStringLiteral(VANTREL_NODE_MODULES));
+    process.setProcessEnvironment(environment);
     process.start(tool, options + QStringList(path));
     EXPECT_TRUE(process.waitForFinished()) << tool.toStdString() << " is needed";
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
@@ -51,6 +55,13 @@ QStringList CodesByDmtx(const QImage& picture)
     if (told.startsWith(QChar(utf8)))
         told.remove(0, 1);
     return told.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QStringList CodesByScript(const QImage& picture)
+{
+    return ToldBy(QStringLiteral("node"), {QStringLiteral(VANTREL_NODE_SCRIPTS "/read-codes.cjs")},
+                  picture)
+        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 } // namespace vantrel::test
