@@ -82,6 +82,25 @@ TEST(MessageBox, EscapeAnswersNoAndNeverOk)
     EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::OkOnly));
 }
 
+TEST(MessageBox, EnterAnswersYesUnlessNoIsTheDefault)
+{
+    DesktopOperator desk;
+    const auto enter = [](QWidget& box) { SendKey(*box.focusWidget(), Qt::Key_Return); };
+    WithNextBox(enter);
+    EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::YesNo));
+    WithNextBox([&](QWidget& box) {
+        EXPECT_TRUE(Button(box, "cmdNo").isDefault());
+        EXPECT_FALSE(Button(box, "cmdOk").isDefault());
+        EXPECT_EQ(box.focusWidget(), &Button(box, "cmdNo"));
+        enter(box);
+    });
+    EXPECT_FALSE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::NoYes));
+    WithNextBox([](QWidget& box) { SendKey(box, Qt::Key_Return); });
+    EXPECT_FALSE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::NoYes));
+    WithNextBox([](QWidget& box) { Button(box, "cmdOk").click(); });
+    EXPECT_TRUE(desk.ShowAppMessage(QStringLiteral("A"), QString(), AppMessageButtons::NoYes));
+}
+
 TEST(MessageBox, HasNoCloseCommand)
 {
     frmMessage box(QStringLiteral("A"), QString(), AppMessageButtons::YesNo, nullptr);

@@ -34,6 +34,7 @@ bool TestOperator::ShowAppMessage(const QString& text, const QString& title,
                                   AppMessageButtons buttons)
 {
     AppMessages.append(TitleAndText(title, text));
+    MessageButtons.push_back(buttons);
     WhileAsked();
     return buttons == AppMessageButtons::OkOnly || TakeAnswer(Answers);
 }

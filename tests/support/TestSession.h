@@ -42,6 +42,8 @@ public:
 
     /// Each as `title|text`.
     QStringList AppMessages;
+    /// The buttons of each of them.
+    std::vector<AppMessageButtons> MessageButtons;
     QStringList Boxes;
     QStringList CriticalBoxes;
     /// The icons of all plain boxes, in their order.

@@ -26,7 +26,7 @@ QPushButton* MakeButton(const char* name, const QString& caption, QWidget* paren
 
 frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButtons buttons,
                        QWidget* parent)
-    : QDialog(parent, DialogWithoutClose), m_hasNo(buttons == AppMessageButtons::YesNo)
+    : QDialog(parent, DialogWithoutClose), m_hasNo(buttons != AppMessageButtons::OkOnly)
 {
     setObjectName(QStringLiteral("frmMessage"));
     setWindowTitle(ShownTitle(title));
@@ -36,7 +36,10 @@ frmMessage::frmMessage(const QString& text, const QString& title, AppMessageButt
     auto* ok = MakeButton("cmdOk", m_hasNo ? QStringLiteral("&Yes") : QStringLiteral("&Ok"), this);
     auto* no = MakeButton("cmdNo", QStringLiteral("&No"), this);
     no->setVisible(m_hasNo);
-    ok->setDefault(true);
+    QPushButton* const first = buttons == AppMessageButtons::NoYes ? no : ok;
+    first->setDefault(true);
+    // The button that has the focus is the one that Enter presses.
+    first->setFocus();
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     connect(no, &QPushButton::clicked, this, &QDialog::reject);
 

@@ -11,6 +11,7 @@
 #include "station/layout/NewLayout.h"
 #include "station/layout/Pages.h"
 #include "station/layout/SaveLayout.h"
+#include "station/layout/StoredLayout.h"
 #include "station/ledger/RecordRoad.h"
 #include "station/print/PrintCard.h"
 #include "station/session/MainRuntime.h"
@@ -47,6 +48,32 @@ bool FlipTick(StationFace& face, Tick tick)
     return on;
 }
 
+/// What deleting the layout takes away.
+QString DeleteLayoutQuestion(Session& session, const QString& name)
+{
+    if (!session.Options.DesignTools)
+        return QStringLiteral("Are you sure you want to perminantly delete the layout named (") +
+               name + QStringLiteral(") ?");
+    return QStringLiteral("Delete the layout (") + name + QStringLiteral(") permanently?\r\n") +
+           StoredExtent(session.LayoutDb, name);
+}
+
+QString ExitQuestion(const Session& session)
+{
+    if (!session.Options.DesignTools)
+        return QStringLiteral("Closing Vantrel will disable it's ability to capture data.  \r\n"
+                              "Are you sure this is what you want?");
+    return QStringLiteral("Session %1 of Vantrel takes no records and prints no cards once it is "
+                          "closed.\r\nClose it?")
+        .arg(session.SessionNumber);
+}
+
+/// The buttons of a question about what cannot be undone.
+AppMessageButtons DangerButtons(const Session& session)
+{
+    return session.Options.DesignTools ? AppMessageButtons::NoYes : AppMessageButtons::YesNo;
+}
+
 void FlipStored(Session& session, const StoredTick& tick)
 {
     const bool on = FlipTick(session.Face, tick.Entry);
@@ -80,6 +107,8 @@ void NewCommand(Session& session)
         return;
     const QString name = session.Operator.InputBox(QStringLiteral("Enter Layout Name"),
                                                    QStringLiteral("New Layout"), QString());
+    if (!MayTakeName(session, name))
+        return;
     Skip("new layout", [&] { NewLayout(session, name); });
 }
 
@@ -88,11 +117,8 @@ void DeleteLayoutCommand(Session& session)
     const QString name = session.CurrentLayoutName;
     if (name.isEmpty())
         return;
-    const QString question =
-        QStringLiteral("Are you sure you want to perminantly delete the layout named (") + name +
-        QStringLiteral(") ?");
-    if (session.Operator.ShowAppMessage(question, QStringLiteral("Really Delete?"),
-                                        AppMessageButtons::YesNo))
+    if (session.Operator.ShowAppMessage(DeleteLayoutQuestion(session, name),
+                                        QStringLiteral("Really Delete?"), DangerButtons(session)))
         Skip("delete layout", [&] { DeleteLayoutRows(session, name); });
 }
 
@@ -120,6 +146,9 @@ void ToggleAutoSpool(Session& session)
         return;
     session.CurrentParams.AutoSpool = FlipTick(session.Face, Tick::chkAutoSpool);
     SaveLayoutParams(session.LayoutDb, session.CurrentLayoutName, session.CurrentParams);
+    if (session.Options.DesignTools)
+        SetAutoSpoolOfAllPages(session.LayoutDb, session.CurrentLayoutName,
+                               session.CurrentParams.AutoSpool);
 }
 
 void ToggleDynamicFields(Session& session)
@@ -151,11 +180,8 @@ void ToggleVisible(Session& session)
 
 void ExitCommand(Session& session)
 {
-    const QString question =
-        QStringLiteral("Closing Vantrel will disable it's ability to capture data.  \r\n"
-                       "Are you sure this is what you want?");
-    if (!session.Operator.ShowAppMessage(question, QStringLiteral(" Disable Vantrel?"),
-                                         AppMessageButtons::YesNo) ||
+    if (!session.Operator.ShowAppMessage(ExitQuestion(session), QStringLiteral(" Disable Vantrel?"),
+                                         DangerButtons(session)) ||
         !MayLeavePage(session))
         return;
     if (session.SessionNumber < FirstWorkerSession)

@@ -4,8 +4,10 @@
 #include "card/CheckDigits.h"
 #include "card/Grips.h"
 #include "card/ObjectArrange.h"
+#include "card/SpokenName.h"
 #include "station/layout/DesignSurface.h"
 #include "station/layout/DocumentForm.h"
+#include "station/layout/PageKey.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 
@@ -111,21 +113,81 @@ QLatin1StringView WordOf(CheckDigitKind kind)
     return {};
 }
 
+QString NamesOfSelected(const CardDocument& document)
+{
+    return SpokenNames(SelectedObjects(document));
+}
+
+/// Asks with the names of what is deleted. A record may change the page or what is selected while
+/// the question is open; the answer then does not apply.
+bool MayDeleteSelected(Session& session)
+{
+    const std::vector<CardObject*> selected = SelectedObjects(session.Document);
+    if (selected.empty())
+        return false;
+    const PageKey page = PageOnForm(session);
+    const QString names = NamesOfSelected(session.Document);
+    QString question = QStringLiteral("Delete ");
+    if (selected.size() > 1)
+        question += QStringLiteral("these %1 objects?\r\n").arg(selected.size()) + names;
+    else
+        question += names + QLatin1Char('?');
+    return session.Operator.ShowAppMessage(question, QStringLiteral("Really Delete?"),
+                                           AppMessageButtons::NoYes) &&
+           PageOnForm(session) == page && SelectedObjects(session.Document) == selected &&
+           NamesOfSelected(session.Document) == names;
+}
+
+/// The question as it stands where the design tools are off.
+bool AskToDeleteSelected(Session& session)
+{
+    return session.Operator.AskYesNoCancel(
+               QStringLiteral("Are you sure you want to delete the selected item?   "),
+               QStringLiteral("Really Delete?")) == BoxAnswer::Yes;
+}
+
+std::vector<CardObject*> FieldsOf(const CardDocument& document)
+{
+    std::vector<CardObject*> fields;
+    for (int index = 1; index <= document.HighestIndex(Family::lbl_DATA); ++index) {
+        if (CardObject* field = document.Find(Family::lbl_DATA, index))
+            fields.push_back(field);
+    }
+    return fields;
+}
+
+/// As `MayDeleteSelected`, for the data fields of the page.
+bool MayDeleteFields(Session& session)
+{
+    const PageKey page = PageOnForm(session);
+    const std::vector<CardObject*> fields = FieldsOf(session.Document);
+    if (fields.empty())
+        return false;
+    const QString question =
+        QStringLiteral("Delete all data fields of page %1 of the layout (").arg(page.Page) +
+        page.LayoutName + QStringLiteral(")?\r\n") + SpokenNames(fields);
+    return session.Operator.ShowAppMessage(question, QStringLiteral("Delete Fields?"),
+                                           AppMessageButtons::NoYes) &&
+           PageOnForm(session) == page && FieldsOf(session.Document) == fields;
+}
+
+bool AskToDeleteFields(Session& session)
+{
+    return session.Operator.AskYesNoCancel(
+               QStringLiteral(
+                   "Are you absolutely sure you want to delete all of the existing data fields?"),
+               QStringLiteral("Delete Fields?")) == BoxAnswer::Yes;
+}
+
 } // namespace
 
 void DeleteSelectedObject(Session& session)
 {
     if (session.CurrentLayoutName.isEmpty())
         return;
-    const std::size_t several = SelectedObjects(session.Document).size();
-    const QString question =
-        several > 1 ? QStringLiteral("Are you sure you want to delete the %1 selected items?   ")
-                          .arg(several)
-                    : QStringLiteral("Are you sure you want to delete the selected item?   ");
-    if (session.Operator.AskYesNoCancel(question, QStringLiteral("Really Delete?")) !=
-        BoxAnswer::Yes)
-        return;
-    if (session.Document.SelectedObject == nullptr)
+    const bool isAgreed =
+        session.Options.DesignTools ? MayDeleteSelected(session) : AskToDeleteSelected(session);
+    if (!isAgreed || session.Document.SelectedObject == nullptr)
         return;
     for (CardObject* selected : SelectedObjects(session.Document))
         session.Document.Remove(*selected);
@@ -136,16 +198,12 @@ void DeleteAllFields(Session& session)
 {
     if (session.CurrentLayoutName.isEmpty())
         return;
-    const QString question = QStringLiteral(
-        "Are you absolutely sure you want to delete all of the existing data fields?");
-    if (session.Operator.AskYesNoCancel(question, QStringLiteral("Delete Fields?")) !=
-        BoxAnswer::Yes)
+    const bool isAgreed =
+        session.Options.DesignTools ? MayDeleteFields(session) : AskToDeleteFields(session);
+    if (!isAgreed)
         return;
-    CardDocument& document = session.Document;
-    for (int index = document.HighestIndex(Family::lbl_DATA); index >= 1; --index) {
-        if (CardObject* field = document.Find(Family::lbl_DATA, index))
-            document.Remove(*field);
-    }
+    for (CardObject* field : FieldsOf(session.Document))
+        session.Document.Remove(*field);
     ShowHandles(session.Document, false);
 }
 

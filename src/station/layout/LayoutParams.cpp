@@ -5,6 +5,7 @@
 #include "printers/Printer.h"
 #include "station/layout/DocumentForm.h"
 #include "station/layout/StoreStatements.h"
+#include "station/layout/StoredLayout.h"
 #include "station/session/Session.h"
 #include "store/Recordset.h"
 #include "store/StoredValue.h"
@@ -113,6 +114,12 @@ void LoadLayoutParams(Session& session)
              [&] { params.AutoSpool = StoredBoolean(row.Value(QStringLiteral("AutoSpool"))); });
     }
     Skip("close parameters", [&] { row.Close(); });
+    if (session.Options.DesignTools && params.PageIndex != 1) {
+        Skip("auto spool of the layout", [&] {
+            if (const auto first = AutoSpoolOfLayout(session.LayoutDb, session.CurrentLayoutName))
+                params.AutoSpool = *first;
+        });
+    }
     SelectPagePrinter(session);
 }
 

@@ -3,6 +3,7 @@
 #include "station/layout/LayoutParams.h"
 #include "station/layout/LoadLayout.h"
 #include "station/layout/PageKey.h"
+#include "station/layout/StoredLayout.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 #include "store/Connection.h"
@@ -41,16 +42,34 @@ void MoveDownObjectsAbove(Connection& store, std::int16_t page)
 bool IsAgreedTo(Session& session, const QString& question, const QString& title)
 {
     const PageKey asked = PageOnForm(session);
-    return session.Operator.ShowAppMessage(question, title, AppMessageButtons::YesNo) &&
+    const AppMessageButtons buttons =
+        session.Options.DesignTools ? AppMessageButtons::NoYes : AppMessageButtons::YesNo;
+    return session.Operator.ShowAppMessage(question, title, buttons) &&
            PageOnForm(session) == asked;
+}
+
+QString ClearQuestion(const Session& session)
+{
+    if (!session.Options.DesignTools)
+        return QStringLiteral("A layout must contain at least one page.\r\n"
+                              "Do you want to clear the page instead?");
+    return QStringLiteral("The layout (") + session.CurrentLayoutName +
+           QStringLiteral(") has no other page.\r\nTake everything off this one instead?");
+}
+
+QString DeleteQuestion(const Session& session)
+{
+    if (!session.Options.DesignTools)
+        return QStringLiteral("Delete this page permanently?");
+    return QStringLiteral("Delete page %1 of %2 of the layout (")
+               .arg(session.CurrentParams.PageIndex)
+               .arg(session.CurrentParams.PageCount) +
+           session.CurrentLayoutName + QStringLiteral(") permanently?");
 }
 
 bool OfferToClear(Session& session)
 {
-    if (IsAgreedTo(session,
-                   QStringLiteral("A layout must contain at least one page.\r\n"
-                                  "Do you want to clear the page instead?"),
-                   QStringLiteral("Clear Page?")))
+    if (IsAgreedTo(session, ClearQuestion(session), QStringLiteral("Clear Page?")))
         ClearDoc_Ex(session);
     return true;
 }
@@ -78,18 +97,24 @@ bool DeletePage(Session& session)
     LayoutParamsRecord& params = session.CurrentParams;
     if (params.PageCount == FirstPage)
         return OfferToClear(session);
-    if (!IsAgreedTo(session, QStringLiteral("Delete this page permanently?"),
-                    QStringLiteral("Delete Page?")))
+    if (!IsAgreedTo(session, DeleteQuestion(session), QStringLiteral("Delete Page?")))
         return false;
-    // The page number is deleted from all layouts.
-    DeleteObjectsOf(session.LayoutDb, params.PageIndex);
-    MoveDownObjectsAbove(session.LayoutDb, params.PageIndex);
+    if (session.Options.DesignTools) {
+        RemoveStoredPage(session.LayoutDb, session.CurrentLayoutName, params.PageIndex);
+    } else {
+        // The page number is deleted from all layouts.
+        DeleteObjectsOf(session.LayoutDb, params.PageIndex);
+        MoveDownObjectsAbove(session.LayoutDb, params.PageIndex);
+    }
     // Steps name their pages by numbers, which are other pages now.
     session.History.Clear();
     --params.PageCount;
     params.PageIndex =
         params.PageIndex > 2 ? static_cast<std::int16_t>(params.PageIndex - 1) : FirstPage;
-    SaveLayoutParams(session.LayoutDb, session.CurrentLayoutName, session.CurrentParams);
+    // Without the design tools the page that is now open takes over the parameters of the deleted
+    // one.
+    if (!session.Options.DesignTools)
+        SaveLayoutParams(session.LayoutDb, session.CurrentLayoutName, session.CurrentParams);
     // A copy, because the load clears the session's name if the layout no longer exists.
     const QString layoutName = session.CurrentLayoutName;
     LoadLayout(session, layoutName);

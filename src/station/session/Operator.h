@@ -10,8 +10,9 @@ namespace vantrel {
 /// The icon of a plain message box.
 enum class BoxIcon { None, Critical, Information };
 
-/// The buttons of the application's own message box.
-enum class AppMessageButtons { OkOnly, YesNo };
+/// The buttons of the application's own message box. With `YesNo` Enter means Yes; with `NoYes`,
+/// which is for what cannot be undone, it means No.
+enum class AppMessageButtons { OkOnly, YesNo, NoYes };
 
 /// The answer to a question that can be cancelled.
 enum class BoxAnswer { Yes, No, Cancel };

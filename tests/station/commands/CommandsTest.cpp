@@ -86,6 +86,25 @@ TEST(AutoSpool, IsKeptByTheLayoutAtOnce)
     EXPECT_TRUE(station.Session.CurrentParams.AutoSpool);
 }
 
+TEST(AutoSpool, IsOneTickForAllPagesWithTheDesignToolsOnly)
+{
+    for (const bool tools : {false, true}) {
+        OpenStation station;
+        station.Session.Options.DesignTools = tools;
+        station.Session.CurrentParams.AutoSpool = false;
+        for (std::int16_t page = 1; page <= 2; ++page) {
+            station.Session.CurrentParams.PageIndex = page;
+            SaveLayoutParams(station.Session.LayoutDb, station.Session.CurrentLayoutName,
+                             station.Session.CurrentParams);
+        }
+        station.Session.Face.SetTick(Tick::chkAutoSpool, false);
+        ToggleAutoSpool(station.Session);
+        station.Session.CurrentParams.PageIndex = 1;
+        LoadLayoutParams(station.Session);
+        EXPECT_EQ(station.Session.CurrentParams.AutoSpool, tools);
+    }
+}
+
 TEST(AutoSpool, DoesNothingWithoutALayout)
 {
     OpenStation station;

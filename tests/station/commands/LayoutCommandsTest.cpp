@@ -81,6 +81,49 @@ TEST_F(LayoutCommandTest, DeleteLayoutAsksAndTakesItsRowsOnYesOnly)
                              "layout named (Badge) ?"));
 }
 
+TEST_F(LayoutCommandTest, WithTheDesignToolsTheQuestionTellsWhatGoesAndItsDefaultIsNo)
+{
+    Session.Options.DesignTools = true;
+    DeleteLayoutCommand(Session);
+    EXPECT_EQ(Station.Operator.AppMessages,
+              QStringList{QStringLiteral("Really Delete?|Delete the layout (Badge) permanently?"
+                                         "\r\nIt has 1 page with 1 object.")});
+    EXPECT_EQ(Station.Operator.MessageButtons, std::vector{AppMessageButtons::NoYes});
+    EXPECT_EQ(CountRows(Session, "Controls", QStringLiteral("Badge")), 1);
+    Station.Operator.Answers = {true};
+    DeleteLayoutCommand(Session);
+    EXPECT_EQ(CountRows(Session, "Controls", QStringLiteral("Badge")), 0);
+}
+
+TEST_F(LayoutCommandTest, WithoutTheDesignToolsEnterStillMeansYes)
+{
+    DeleteLayoutCommand(Session);
+    DeletePageCommand(Session);
+    ExitCommand(Session);
+    EXPECT_EQ(Station.Operator.MessageButtons, std::vector(3, AppMessageButtons::YesNo));
+}
+
+TEST_F(LayoutCommandTest, WithTheDesignToolsEnterDoesNotEndTheStation)
+{
+    Session.Options.DesignTools = true;
+    Session.SessionNumber = 3;
+    ExitCommand(Session);
+    EXPECT_TRUE(Station.Operator.AppMessages.last().contains(QStringLiteral("Session 3")));
+    EXPECT_EQ(Station.Operator.MessageButtons, std::vector{AppMessageButtons::NoYes});
+}
+
+TEST_F(LayoutCommandTest, WithTheDesignToolsNewAsksBeforeItTakesANameThatIsThere)
+{
+    Session.Options.DesignTools = true;
+    Station.Operator.Inputs = {QStringLiteral("Visitor"), QStringLiteral("Visitor")};
+    NewCommand(Session);
+    EXPECT_EQ(Session.CurrentLayoutName, QStringLiteral("Badge"));
+    EXPECT_EQ(Station.Operator.MessageButtons, std::vector{AppMessageButtons::NoYes});
+    Station.Operator.Answers = {true};
+    NewCommand(Session);
+    EXPECT_EQ(Session.CurrentLayoutName, QStringLiteral("Visitor"));
+}
+
 TEST_F(LayoutCommandTest, ALayoutOfADeletedNameInheritsItsSerializer)
 {
     Recordset rows(Session.LayoutDb);

@@ -47,6 +47,71 @@ TEST_F(ObjectCommandTest, DeleteAsksAndTakesTheSelectedObjectOnYesOnly)
         QStringLiteral("Really Delete?|Are you sure you want to delete the selected item?   "));
 }
 
+TEST_F(ObjectCommandTest, WithTheDesignToolsTheQuestionNamesTheObjectAndItsDefaultIsNo)
+{
+    Session.Options.DesignTools = true;
+    DeleteSelectedObject(Session);
+    EXPECT_EQ(Station.Operator.AppMessages, QStringList());
+    Select(AddText(Session, QStringLiteral("Member since\r\n2019")));
+    DeleteSelectedObject(Session);
+    EXPECT_EQ(
+        Station.Operator.AppMessages,
+        QStringList{QStringLiteral("Really Delete?|Delete Static Text (Member since 2019)?")});
+    EXPECT_EQ(Station.Operator.MessageButtons, std::vector{AppMessageButtons::NoYes});
+    EXPECT_EQ(Document().HighestIndex(Family::lbl_TEXT), 1);
+    Station.Operator.Answers = {true};
+    DeleteSelectedObject(Session);
+    EXPECT_EQ(Document().HighestIndex(Family::lbl_TEXT), 0);
+    EXPECT_EQ(Station.Operator.Questions, QStringList());
+}
+
+TEST_F(ObjectCommandTest, WithTheDesignToolsSeveralObjectsAreNamed)
+{
+    Session.Options.DesignTools = true;
+    CardObject& image = AddImage(Session, Station.WritePng(QStringLiteral("ada.png"), 4, 4));
+    Select(AddNumber(Session, 1001));
+    Document().AlsoSelected = {&image};
+    DeleteSelectedObject(Session);
+    EXPECT_EQ(Station.Operator.AppMessages.last(),
+              QStringLiteral("Really Delete?|Delete these 2 objects?\r\n"
+                             "Image (ada.png)\r\nAutoNumber Field (1001)"));
+    Station.Operator.Answers = {true};
+    DeleteSelectedObject(Session);
+    EXPECT_EQ(Document().HighestIndex(Family::img_LXV), 0);
+    EXPECT_EQ(Document().HighestIndex(Family::lbl_AUTO), 0);
+}
+
+TEST_F(ObjectCommandTest, WithTheDesignToolsAnAnswerGoesToWhatWasNamedOnly)
+{
+    Session.Options.DesignTools = true;
+    CardObject& other = AddText(Session, QStringLiteral("Other"));
+    Select(AddText(Session, QStringLiteral("Named")));
+    Station.Operator.Answers = {true};
+    Station.Operator.WhileAsked = [&] { Select(other); };
+    DeleteSelectedObject(Session);
+    EXPECT_EQ(Document().HighestIndex(Family::lbl_TEXT), 2);
+}
+
+TEST_F(ObjectCommandTest, WithTheDesignToolsTheQuestionAboutFieldsNamesThem)
+{
+    Session.Options.DesignTools = true;
+    DeleteAllFields(Session);
+    EXPECT_EQ(Station.Operator.AppMessages, QStringList());
+    for (std::int16_t field = 1; field <= 12; ++field)
+        AddField(Session, field);
+    DeleteAllFields(Session);
+    const QString question = Station.Operator.AppMessages.last();
+    EXPECT_TRUE(question.startsWith(
+        QStringLiteral("Delete Fields?|Delete all data fields of page 1 of the layout (Badge)?")))
+        << question.toStdString();
+    EXPECT_TRUE(question.contains(QStringLiteral("Data Field 8\r\nand 4 more")));
+    EXPECT_EQ(Station.Operator.MessageButtons.back(), AppMessageButtons::NoYes);
+    EXPECT_EQ(Fields(), 12);
+    Station.Operator.Answers = {true};
+    DeleteAllFields(Session);
+    EXPECT_EQ(Fields(), 0);
+}
+
 TEST_F(ObjectCommandTest, DeleteWithNothingSelectedAsksAndRemovesNothing)
 {
     AddField(Session, 1);
