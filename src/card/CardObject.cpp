@@ -39,6 +39,19 @@ QString FamilyName(Family family)
     return RowOf(family).Name;
 }
 
+QLatin1StringView WordOfFit(PictureFit fit)
+{
+    switch (fit) {
+    case PictureFit::Whole:
+        return Marker::PictureWhole;
+    case PictureFit::Filled:
+        return Marker::PictureFilled;
+    case PictureFit::Stretched:
+        break;
+    }
+    return {};
+}
+
 QLatin1StringView CardObject::TypeName() const
 {
     return RowOf(m_family).TypeName;

@@ -3,6 +3,7 @@
 #include "base/Color.h"
 #include "base/Font.h"
 #include "drawing/Picture.h"
+#include "drawing/PictureFit.h"
 #include <QString>
 #include <cstdint>
 
@@ -26,11 +27,16 @@ inline constexpr QLatin1StringView Camera{"CVIEW"};
 inline constexpr QLatin1StringView NotIncluded{"NO_INCL"};
 inline constexpr QLatin1StringView LabelRow{"VB.Label"};
 inline constexpr QLatin1StringView ImageRow{"VB.Image"};
+inline constexpr QLatin1StringView PictureWhole{"WHOLE"};
+inline constexpr QLatin1StringView PictureFilled{"FILL"};
 /// Reserved words; nothing sets or tests them.
 inline constexpr QLatin1StringView Reserved[] = {
     QLatin1StringView{"LTS"}, QLatin1StringView{"NVIEW"}, QLatin1StringView{"SVIEW"},
     QLatin1StringView{"RDF"}, QLatin1StringView{"LBC"},   QLatin1StringView{"_TimeStamp_"}};
 } // namespace Marker
+
+/// The word that a row of an image has for the way its picture is drawn; empty for a stretched one.
+QLatin1StringView WordOfFit(PictureFit fit);
 
 /// One drawable object of the page. `Tag`, `LinkItem`, `DataField`, `DataMember` and `ToolTipText`
 /// hold the station's own data. Positions and sizes are in twips, from the page's top left corner.
@@ -73,6 +79,8 @@ public:
     ColorValue ForeColor = ColorBlack;
     bool Visible = false;
     bool Stretch = false;
+    /// How an image draws its picture in its box.
+    PictureFit Fit = PictureFit::Stretched;
     vantrel::Picture Picture;
     /// Whether the record in hand names the picture, see `FillRecordPictures`. It is then printed
     /// as it is here, and not read from the path.

@@ -56,7 +56,7 @@ bool SameLooks(const CardObject& one, const CardObject& other)
     return one.Alignment == other.Alignment && one.BorderStyle == other.BorderStyle &&
            one.Appearance == other.Appearance && one.BackStyle == other.BackStyle &&
            one.BackColor == other.BackColor && one.ForeColor == other.ForeColor &&
-           one.Visible == other.Visible && one.Stretch == other.Stretch &&
+           one.Visible == other.Visible && one.Stretch == other.Stretch && one.Fit == other.Fit &&
            (!one.IsLabel() || SameFont(one.Font(), other.Font()));
 }
 

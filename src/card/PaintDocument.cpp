@@ -10,14 +10,14 @@ namespace vantrel {
 
 namespace {
 
-void PaintBox(PageCanvas& canvas, const Picture& picture, float x, float y, float width,
-              float height)
+void PaintBox(PageCanvas& canvas, const Picture& picture, PictureFit fit, float x, float y,
+              float width, float height)
 {
     if (!picture.HasHandle())
         return;
     Skip("paint picture", [&] {
-        canvas.PaintPicture(picture, static_cast<double>(x), static_cast<double>(y),
-                            static_cast<double>(width), static_cast<double>(height));
+        canvas.PaintFitted(picture, fit, static_cast<double>(x), static_cast<double>(y),
+                           static_cast<double>(width), static_cast<double>(height));
     });
 }
 
@@ -47,14 +47,15 @@ void PaintLabel(PageCanvas& canvas, const CardObject& label)
 void PaintDocument(const CardDocument& document, const LayoutParamsRecord& params,
                    PageCanvas& canvas)
 {
-    PaintBox(canvas, params.BackImg1Picture, 0, 0, document.Width, document.Height);
+    PaintBox(canvas, params.BackImg1Picture, PictureFit::Stretched, 0, 0, document.Width,
+             document.Height);
     for (const auto& object : document.Objects()) {
         if (!object->IsContent())
             continue;
         if (object->IsLabel())
             PaintLabel(canvas, *object);
         else if (object->IsImage())
-            PaintBox(canvas, object->Picture, object->Left, object->Top, object->Width,
+            PaintBox(canvas, object->Picture, object->Fit, object->Left, object->Top, object->Width,
                      object->Height);
     }
 }

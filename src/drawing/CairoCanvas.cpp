@@ -89,6 +89,10 @@ void CairoCanvas::Set(const PlacedPicture& placed)
     const QSizeF upright = data.UprightSize();
     cairo_t* context = m_context.get();
     cairo_save(context);
+    if (const auto& window = placed.Window) {
+        cairo_rectangle(context, window->X, window->Y, window->Width, window->Height);
+        cairo_clip(context);
+    }
     cairo_translate(context, placed.X, placed.Y);
     cairo_scale(context, placed.Width / upright.width(), placed.Height / upright.height());
     cairo_transform(context, &data.ToUpright);

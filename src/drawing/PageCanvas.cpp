@@ -84,6 +84,31 @@ void PageCanvas::PaintPicture(const Picture& picture, double x, double y, double
                       PointsOfTwips(height)});
 }
 
+void PageCanvas::PaintFitted(const Picture& picture, PictureFit fit, double x, double y,
+                             double width, double height)
+{
+    const QSizeF own = picture.SizeInPixels();
+    if (fit == PictureFit::Stretched || own.isEmpty() || !(width > 0) || !(height > 0)) {
+        PaintPicture(picture, x, y, width, height);
+        return;
+    }
+    const double across = width / own.width();
+    const double down = height / own.height();
+    const double scale = fit == PictureFit::Whole ? std::min(across, down) : std::max(across, down);
+    const double drawnWidth = own.width() * scale;
+    const double drawnHeight = own.height() * scale;
+    const double left = x + (width - drawnWidth) / 2;
+    const double top = y + (height - drawnHeight) / 2;
+    if (!IsNear(left) || !IsNear(top) || !IsNear(drawnWidth) || !IsNear(drawnHeight))
+        return;
+    PlacedPicture placed{picture, PointsOfTwips(left), PointsOfTwips(top),
+                         PointsOfTwips(drawnWidth), PointsOfTwips(drawnHeight)};
+    if (fit == PictureFit::Filled)
+        placed.Window = FilledBox{PointsOfTwips(x), PointsOfTwips(y), PointsOfTwips(width),
+                                  PointsOfTwips(height)};
+    Set(placed);
+}
+
 void PageCanvas::FillBoxes(const std::vector<FilledBox>& boxes, ColorValue color)
 {
     PlacedBoxes placed{{}, color};

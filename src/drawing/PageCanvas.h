@@ -4,10 +4,12 @@
 #include "base/Font.h"
 #include "drawing/FilledBox.h"
 #include "drawing/Picture.h"
+#include "drawing/PictureFit.h"
 #include <QString>
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vantrel {
@@ -31,6 +33,8 @@ struct PlacedPicture
     double Y = 0;
     double Width = 0;
     double Height = 0;
+    /// What of it is drawn; all of it if there is none.
+    std::optional<FilledBox> Window = {};
 };
 
 /// Boxes filled together with one colour, in points from the top left corner.
@@ -67,6 +71,9 @@ public:
     void DrawText(const QString& text, const Font& font, ColorValue color, double x, double y);
     /// Draws a picture stretched into the rectangle. Fails with `InvalidPicture` for an empty one.
     void PaintPicture(const Picture& picture, double x, double y, double width, double height);
+    /// Draws a picture in the rectangle as `fit` says. Fails like `PaintPicture`.
+    void PaintFitted(const Picture& picture, PictureFit fit, double x, double y, double width,
+                     double height);
     /// Fills boxes with one colour, as one drawing of lines and not as a picture, so that no seam
     /// shows where they touch. Boxes without a side, and those far from any card, are left out.
     void FillBoxes(const std::vector<FilledBox>& boxes, ColorValue color);

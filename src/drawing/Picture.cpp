@@ -160,6 +160,11 @@ int Picture::HeightHundredths() const
     return HundredthsOf(m_data.get()).height();
 }
 
+QSize Picture::SizeInPixels() const
+{
+    return m_data ? m_data->UprightSize() : QSize(0, 0);
+}
+
 QImage Picture::Image() const
 {
     QImage image;

@@ -25,6 +25,8 @@ public:
     /// Natural size in hundredths of a millimetre, 0 for an empty picture.
     int WidthHundredths() const;
     int HeightHundredths() const;
+    /// Size in pixels as it is shown, empty for an empty picture. Decodes nothing.
+    QSize SizeInPixels() const;
     /// The decoded pixels, a null image for an empty picture.
     QImage Image() const;
     const PictureData* Data() const { return m_data.get(); }

@@ -17,32 +17,36 @@ bool Begins(QByteArrayView head, const char (&signature)[length])
 }
 
 constexpr PictureFormat Formats[] = {
-    {"png", [](QByteArrayView head) { return Begins(head, "\x89PNG\r\n\x1A\n"); }, IsWholePng},
-    {"jpeg", [](QByteArrayView head) { return Begins(head, "\xFF\xD8\xFF"); },
+    {"png", "png", [](QByteArrayView head) { return Begins(head, "\x89PNG\r\n\x1A\n"); },
+     IsWholePng},
+    {"jpeg", "jpg jpeg jpe jfif", [](QByteArrayView head) { return Begins(head, "\xFF\xD8\xFF"); },
      [](QByteArrayView file) { return ReadJpegMarkers(file).has_value(); }},
-    {"bmp", [](QByteArrayView head) { return Begins(head, "BM"); }, IsWholeBmp},
-    {"gif", [](QByteArrayView head) { return Begins(head, "GIF87a") || Begins(head, "GIF89a"); },
+    {"bmp", "bmp dib", [](QByteArrayView head) { return Begins(head, "BM"); }, IsWholeBmp},
+    {"gif", "gif",
+     [](QByteArrayView head) { return Begins(head, "GIF87a") || Begins(head, "GIF89a"); },
      IsWholeGif},
-    {"tiff", [](QByteArrayView head) { return Begins(head, "II*\0") || Begins(head, "MM\0*"); },
+    {"tiff", "tif tiff",
+     [](QByteArrayView head) { return Begins(head, "II*\0") || Begins(head, "MM\0*"); },
      IsWholeTiff},
-    {"webp",
+    {"webp", "webp",
      [](QByteArrayView head) {
          constexpr qsizetype kindAt = 8;
          return Begins(head, "RIFF") && head.size() > kindAt && Begins(head.sliced(kindAt), "WEBP");
      },
      IsWholeWebP},
-    {"ico",
+    {"ico", "ico",
      [](QByteArrayView head) { return Begins(head, "\0\0\1\0") || Begins(head, "\0\0\2\0"); },
      IsWholeIcon},
     // Qt reads all six PNM variants with this reader.
-    {"ppm",
+    {"ppm", "ppm pgm pbm pnm",
      [](QByteArrayView head) {
          return head.size() > 2 && head[0] == 'P' && head[1] >= '1' && head[1] <= '6';
      },
      IsWholePnm},
-    {"xpm", [](QByteArrayView head) { return Begins(head, "/* XPM"); }, IsWholeCText},
+    {"xpm", "xpm", [](QByteArrayView head) { return Begins(head, "/* XPM"); }, IsWholeCText},
     // A comment may precede the first definition.
-    {"xbm", [](QByteArrayView head) { return Begins(head, "#define ") || Begins(head, "/*"); },
+    {"xbm", "xbm",
+     [](QByteArrayView head) { return Begins(head, "#define ") || Begins(head, "/*"); },
      IsWholeCText},
 };
 

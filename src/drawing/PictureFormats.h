@@ -11,6 +11,8 @@ struct PictureFormat
 {
     /// Name of Qt's image reader for the format.
     const char* Name;
+    /// Endings that its files usually have, in small letters with blanks between.
+    const char* Endings;
     /// Whether the first `PictureHeadBytes` of a file are of this format.
     bool (*IsOne)(QByteArrayView head);
     /// Whether the file is complete. Image readers fill in missing pixels, so a truncated photo

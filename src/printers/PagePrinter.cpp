@@ -97,6 +97,13 @@ void PagePrinter::PaintPicture(const Picture& picture, double x, double y, doubl
     page.PaintPicture(picture, x + m_setup.OffsetX, y + m_setup.OffsetY, width, height);
 }
 
+void PagePrinter::PaintFitted(const Picture& picture, PictureFit fit, double x, double y,
+                              double width, double height)
+{
+    PageCanvas& page = OpenPage();
+    page.PaintFitted(picture, fit, x + m_setup.OffsetX, y + m_setup.OffsetY, width, height);
+}
+
 void PagePrinter::FillBoxes(const std::vector<FilledBox>& boxes)
 {
     PageCanvas& page = OpenPage();

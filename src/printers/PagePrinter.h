@@ -33,6 +33,8 @@ public:
     void Print(const QString& text) override;
     void PaintPicture(const Picture& picture, double x, double y, double width,
                       double height) override;
+    void PaintFitted(const Picture& picture, PictureFit fit, double x, double y, double width,
+                     double height) override;
     void FillBoxes(const std::vector<FilledBox>& boxes) override;
     /// The administrator's setup of the printer goes before what the device tells.
     int DotsPerInch() override;

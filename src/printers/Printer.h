@@ -5,6 +5,7 @@
 #include "base/Font.h"
 #include "drawing/FilledBox.h"
 #include "drawing/Picture.h"
+#include "drawing/PictureFit.h"
 #include "printers/JobOutcome.h"
 #include <QString>
 #include <QStringList>
@@ -57,6 +58,9 @@ public:
     /// Draws a picture stretched into the rectangle.
     virtual void PaintPicture(const Picture& picture, double x, double y, double width,
                               double height) = 0;
+    /// Draws a picture in the rectangle as `fit` says.
+    virtual void PaintFitted(const Picture& picture, PictureFit fit, double x, double y,
+                             double width, double height) = 0;
     /// Fills boxes with the colour of text, as a drawing and not as a picture.
     virtual void FillBoxes(const std::vector<FilledBox>& boxes) = 0;
     /// The printer's dots to the inch in both directions; 0 if they are not known.

@@ -16,10 +16,10 @@ QString PageText(const vantrel::Session& session)
             << object->Top << ' ' << object->Width << ' ' << object->Height << ' '
             << object->Alignment << ' ' << object->BorderStyle << ' ' << object->Appearance << ' '
             << object->BackStyle << ' ' << object->BackColor << ' ' << object->ForeColor << ' '
-            << object->Visible << object->Stretch << object->Picture.HasHandle() << " ["
-            << object->Caption() << "] [" << object->Tag << "] [" << object->LinkItem << "] ["
-            << object->DataField << "] [" << object->DataMember << "] [" << object->ToolTipText
-            << ']';
+            << object->Visible << object->Stretch << static_cast<int>(object->Fit)
+            << object->Picture.HasHandle() << " [" << object->Caption() << "] [" << object->Tag
+            << "] [" << object->LinkItem << "] [" << object->DataField << "] ["
+            << object->DataMember << "] [" << object->ToolTipText << ']';
         if (object->IsLabel()) {
             const Font& font = object->Font();
             out << ' ' << font.Name << ' ' << font.Size << ' ' << font.Bold << font.Italic

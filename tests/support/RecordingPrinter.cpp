@@ -107,6 +107,19 @@ void RecordingPrinter::PaintPicture(const Picture& picture, double x, double y, 
              .arg(NumberText(x), NumberText(y), NumberText(width), NumberText(height)));
 }
 
+void RecordingPrinter::PaintFitted(const Picture& picture, PictureFit fit, double x, double y,
+                                   double width, double height)
+{
+    constexpr const char* Words[] = {"stretched", "whole", "filled"};
+    if (!picture.HasHandle())
+        throw Failure(FailureNumber::InvalidPicture, QStringLiteral("Invalid picture"));
+    Note(QStringLiteral("PaintFitted(%1 x %2 pixels, %3, %4, %5, %6, %7)")
+             .arg(picture.SizeInPixels().width())
+             .arg(picture.SizeInPixels().height())
+             .arg(QLatin1StringView(Words[static_cast<int>(fit)]), NumberText(x), NumberText(y),
+                  NumberText(width), NumberText(height)));
+}
+
 void RecordingPrinter::FillBoxes(const std::vector<FilledBox>& boxes)
 {
     Note(QStringLiteral("FillBoxes(%1)").arg(boxes.size()));

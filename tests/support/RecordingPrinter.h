@@ -43,6 +43,8 @@ public:
     void Print(const QString& text) override;
     void PaintPicture(const Picture& picture, double x, double y, double width,
                       double height) override;
+    void PaintFitted(const Picture& picture, PictureFit fit, double x, double y, double width,
+                     double height) override;
     void FillBoxes(const std::vector<FilledBox>& boxes) override;
     int DotsPerInch() override { return Dots; }
     bool CarriesStripe(int trackNumber) override { return CarriedTracks.contains(trackNumber); }

@@ -200,6 +200,11 @@ void PdfContent::Add(const PlacedPicture& placed)
                       -placed.Height / upright.height(), placed.X, m_pageHeight - placed.Y);
     cairo_matrix_multiply(&matrix, &matrix, &onPage);
     m_operators += "q ";
+    if (const auto& window = placed.Window) {
+        AppendNumbers(m_operators, window->X, m_pageHeight - window->Y - window->Height,
+                      window->Width, window->Height);
+        m_operators += "re W n ";
+    }
     AppendNumbers(m_operators, matrix.xx, matrix.yx, matrix.xy, matrix.yy, matrix.x0, matrix.y0);
     m_operators += "cm/I" + QByteArray::number(NumberIn(m_pictures, placed.Content)) + " Do Q\n";
 }

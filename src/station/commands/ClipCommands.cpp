@@ -100,6 +100,8 @@ QJsonObject Describe(const CardObject& object)
         row.insert(QStringLiteral("C_Param_1"), QString(Marker::Camera));
     else
         row.insert(QStringLiteral("C_ImagePath"), object.Tag);
+    if (const QLatin1StringView word = WordOfFit(object.Fit); !word.isEmpty())
+        row.insert(QStringLiteral("C_Param_2"), word);
     return row;
 }
 
@@ -128,6 +130,7 @@ CardObject* PasteRow(Session& session, const QJsonObject& row)
 {
     CardDocument& document = OpenForm(session);
     const std::size_t before = document.Objects().size();
+    const OwnFonts ownFonts(document);
     Skip("paste object", [&] {
         RowToObject(document, [&row](const QString& column) {
             const auto found = row.constFind(column);

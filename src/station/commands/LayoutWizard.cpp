@@ -6,6 +6,7 @@
 #include "station/layout/DrawObjects.h"
 #include "station/layout/LayoutParams.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/StoredLayout.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 #include "store/Recordset.h"
@@ -135,7 +136,7 @@ std::vector<WizardPrinterKind> WizardPrinterKinds(Connection& layoutDb)
 
 void BuildWizardLayout(Session& session, const WizardAnswers& answers)
 {
-    if (!MayLeavePage(session))
+    if (!MayLeavePage(session) || !MayTakeName(session, answers.LayoutName))
         return;
     session.Operator.ShowBusyPointer(true);
     session.Operator.LetEventsRun();
@@ -144,7 +145,7 @@ void BuildWizardLayout(Session& session, const WizardAnswers& answers)
     Skip("clear document", [&] { ClearDoc(session); });
     // This still uses the previous parameters; the new ones are set at the end.
     Skip("size", [&] { SetSize(session); });
-    if (answers.DefaultFont)
+    if (answers.DefaultFont || session.Options.DesignTools)
         session.Document.DefaultFont = answers.DefaultFont;
     if (!answers.DynamicFields)
         DrawFields(session, answers);
@@ -154,6 +155,9 @@ void BuildWizardLayout(Session& session, const WizardAnswers& answers)
     session.Operator.ShowBusyPointer(false);
     Skip("write parameters", [&] {
         SaveLayoutParams(session.LayoutDb, session.CurrentLayoutName, session.CurrentParams);
+        if (session.Options.DesignTools)
+            SetAutoSpoolOfAllPages(session.LayoutDb, session.CurrentLayoutName,
+                                   session.CurrentParams.AutoSpool);
     });
 }
 

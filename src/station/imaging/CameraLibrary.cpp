@@ -16,6 +16,8 @@ void FolderCamera::Expose(int& /*flashMode*/, int& /*mode*/, int& /*third*/)
                      [&] { Q_EMIT PictureAvailable(LoadPicture(file.filePath())); }))
                 return;
         }
+        Q_EMIT PictureMissing(
+            QStringLiteral("There is no picture in the folder \"%1\".").arg(m_folder));
     });
 }
 

@@ -5,6 +5,9 @@
 
 namespace vantrel {
 
+/// Begins the value of the settings key "Camera" that names a folder.
+inline constexpr QLatin1StringView CameraFolderWord{"folder:"};
+
 /// A camera: it is asked for a picture and delivers it later or never.
 class Cam : public QObject
 {
@@ -20,6 +23,8 @@ public:
 Q_SIGNALS:
     /// Delivers a requested picture.
     void PictureAvailable(const vantrel::Picture& picture);
+    /// Tells why a requested picture does not come, in a sentence for the operator.
+    void PictureMissing(const QString& reason);
 };
 
 /// Delivers the newest picture of a folder, for pictures that another device provides. Delivers

@@ -18,21 +18,43 @@ CardObject* SelectedImage(const CardDocument& document)
     return nullptr;
 }
 
+/// Gives the selected image object the picture of a file. @return the object; null if nothing was
+/// changed
+CardObject* TakePictureOf(const CardDocument& document, const QString& path)
+{
+    CardObject* image = SelectedImage(document);
+    if (image == nullptr || !QFileInfo(path).isFile())
+        return nullptr;
+    Picture picture;
+    Skip("load picture", [&] { picture = LoadPicture(path); });
+    if (!picture.HasHandle())
+        return nullptr;
+    image->Picture = picture;
+    image->Tag = path;
+    return image;
+}
+
 } // namespace
 
 void ChooseImage(CardDocument& document, const QString& path)
 {
-    CardObject* image = SelectedImage(document);
-    if (image == nullptr || !QFileInfo(path).isFile())
+    CardObject* image = TakePictureOf(document, path);
+    if (image == nullptr)
         return;
-    Picture picture;
-    Skip("load picture", [&] { picture = LoadPicture(path); });
-    if (!picture.HasHandle())
+    image->Width = static_cast<float>(image->Picture.WidthHundredths());
+    image->Height = static_cast<float>(image->Picture.HeightHundredths());
+    AdjustHandles(document, *image);
+}
+
+void ChooseImageForBox(CardDocument& document, const QString& path)
+{
+    CardObject* image = TakePictureOf(document, path);
+    if (image == nullptr)
         return;
-    image->Width = static_cast<float>(picture.WidthHundredths());
-    image->Height = static_cast<float>(picture.HeightHundredths());
-    image->Picture = picture;
-    image->Tag = path;
+    image->IsRecordPicture = false;
+    image->PictureProblem.clear();
+    if (image->Fit == PictureFit::Stretched)
+        image->Fit = PictureFit::Whole;
     AdjustHandles(document, *image);
 }
 

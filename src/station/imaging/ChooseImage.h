@@ -11,4 +11,9 @@ class CardDocument;
 /// Nothing changes if the file is not a picture or no image object is selected. Never fails.
 void ChooseImage(CardDocument& document, const QString& path);
 
+/// Loads a picture file into the selected image object, which keeps its box. The picture keeps its
+/// proportions: an object that would stretch it shows the whole of it from then on. Otherwise as
+/// `ChooseImage`.
+void ChooseImageForBox(CardDocument& document, const QString& path);
+
 } // namespace vantrel

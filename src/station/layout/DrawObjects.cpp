@@ -117,6 +117,15 @@ CardObject& Draw_CamView(CardDocument& document, const ObjectBox& box,
     return object;
 }
 
+void KeepCameraProportions(const CardDocument& document)
+{
+    for (int index = 1; index <= document.HighestIndex(Family::img_CAM); ++index) {
+        CardObject* image = document.Find(Family::img_CAM, index);
+        if (image != nullptr && image->Fit == PictureFit::Stretched)
+            image->Fit = PictureFit::Filled;
+    }
+}
+
 bool DetectCamImages(const CardDocument& document)
 {
     const auto& objects = document.Objects();

@@ -51,6 +51,9 @@ CardObject& Draw_CamView(CardDocument& document, const ObjectBox& box, std::int1
 /// The picture that a camera object shows before one was taken.
 const Picture& CameraPlaceholder();
 
+/// Lets camera objects that would stretch their picture fill their box in its own proportions.
+void KeepCameraProportions(const CardDocument& document);
+
 /// Whether the open page has a camera object.
 bool DetectCamImages(const CardDocument& document);
 

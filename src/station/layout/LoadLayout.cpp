@@ -1,6 +1,7 @@
 #include "station/layout/LoadLayout.h"
 #include "base/Skip.h"
 #include "station/layout/DocumentForm.h"
+#include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LayoutParams.h"
 #include "station/layout/RowToObject.h"
@@ -26,9 +27,14 @@ void LoadObjects(Session& session)
     // A page without objects does not show a hidden form.
     if (!rows.IsEof())
         session.Document.Show();
+    std::optional<OwnFonts> ownFonts;
+    if (session.Options.DesignTools)
+        ownFonts.emplace(session.Document);
     // A row that cannot be loaded does not affect the other rows.
     for (; !rows.IsEof(); rows.MoveNext())
         Skip("object", [&] { RowToObject(OpenForm(session), ReaderOf(rows)); });
+    if (session.Options.DesignTools)
+        KeepCameraProportions(session.Document);
 }
 
 } // namespace
@@ -48,8 +54,12 @@ bool DoesLayoutExist(Session& session, const QString& layoutName)
 
 bool LoadLayout(Session& session, const QString& layoutName)
 {
+    const bool isSame = layoutName == session.CurrentLayoutName;
     if (!DoesLayoutExist(session, layoutName))
         return false;
+    // The font that the wizard was given belongs to the layout that it has made.
+    if (session.Options.DesignTools && !isSame)
+        session.Document.DefaultFont.reset();
     session.LayoutDb.LeaveSetAside();
     ClearDoc_Ex(session);
     session.CurrentLayoutName = layoutName;

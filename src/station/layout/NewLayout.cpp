@@ -27,6 +27,8 @@ void NewLayout(Session& session, const QString& name)
     ResetLayoutValues(session.CurrentParams, session.Printers);
     session.Face.SetCaption(StartCaption() + QStringLiteral("   (") + name + QLatin1Char(')'));
     ClearDoc(session);
+    if (session.Options.DesignTools)
+        session.Document.DefaultFont.reset();
     session.Document.Show();
 }
 

@@ -39,6 +39,17 @@ constexpr Tick CheckDigitTicks[] = {Tick::cmdMod10,         Tick::cmdCodaBar,
                                     Tick::cmdEBTCheckDigit, Tick::cmdAutoMod10,
                                     Tick::cmdAutoCodaBar,   Tick::cmdAutoEBT};
 
+/// The ways in which an image draws its picture, and their ticks.
+struct FitTick
+{
+    PictureFit Fit;
+    Tick Entry;
+};
+
+constexpr FitTick FitTicks[] = {{PictureFit::Whole, Tick::cmdFitWhole},
+                                {PictureFit::Filled, Tick::cmdFitFilled},
+                                {PictureFit::Stretched, Tick::cmdFitStretched}};
+
 template <typename Entries>
 void SetVisible(StationFace& face, const Entries& entries, bool visible)
 {
@@ -102,6 +113,12 @@ void UpdateObjectMenu(StationFace& face, const CardDocument& document, const Car
 void TickObjectMenu(StationFace& face, const CardDocument& document)
 {
     face.SetPropertiesEnabled(document.SelectedObject != nullptr);
+    const CardObject* selected = document.SelectedObject;
+    for (const auto& [fit, tick] : FitTicks) {
+        const bool isOn = selected != nullptr && selected->IsImage() && selected->Fit == fit;
+        if (face.IsTicked(tick) != isOn)
+            face.SetTick(tick, isOn);
+    }
 }
 
 } // namespace vantrel

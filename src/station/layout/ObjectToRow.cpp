@@ -132,6 +132,8 @@ void WriteImage(const CardObject& object, const PageKey& key, const PictureSourc
         Write(rows, QStringLiteral("C_ImagePath"), object.Tag);
     else if (object.Tag == Marker::Camera)
         Write(rows, QStringLiteral("C_Param_1"), QString(Marker::Camera));
+    if (const QLatin1StringView word = WordOfFit(object.Fit); !word.isEmpty())
+        Write(rows, QStringLiteral("C_Param_2"), QString(word));
     EndRow(rows);
 }
 

@@ -5,6 +5,7 @@
 #include "card/CheckDigits.h"
 #include "station/layout/DrawObjects.h"
 #include "store/StoredValue.h"
+#include <utility>
 
 namespace vantrel {
 
@@ -116,16 +117,34 @@ void RowToStaticText(CardDocument& document, const ColumnReader& row)
     ApplyAlignment(row, Draw_Label(document, BoxOf(row), looks));
 }
 
+/// A row without a word of ours is stretched, and so is every row that another station has made.
+PictureFit FitOf(const ColumnReader& row)
+{
+    const QString word = TextOf(row, QStringLiteral("C_Param_2"));
+    if (word == Marker::PictureWhole)
+        return PictureFit::Whole;
+    return word == Marker::PictureFilled ? PictureFit::Filled : PictureFit::Stretched;
+}
+
 /// A file that cannot be read gives an empty image, which keeps the path.
 void RowToImage(CardDocument& document, const ColumnReader& row)
 {
     const QString path = TextOf(row, QStringLiteral("C_ImagePath"));
     Picture picture;
     Skip("load image", [&] { picture = LoadPicture(path); });
-    Draw_Image(document, BoxOf(row), 1, picture, true, path);
+    Draw_Image(document, BoxOf(row), 1, picture, true, path).Fit = FitOf(row);
 }
 
 } // namespace
+
+OwnFonts::OwnFonts(CardDocument& document)
+    : m_document(document), m_defaultFont(std::exchange(document.DefaultFont, std::nullopt))
+{}
+
+OwnFonts::~OwnFonts()
+{
+    m_document.DefaultFont = m_defaultFont;
+}
 
 void RowToObject(CardDocument& document, const ColumnReader& row)
 {
@@ -140,7 +159,8 @@ void RowToObject(CardDocument& document, const ColumnReader& row)
             RowToStaticText(document, row);
     } else if (type == Marker::ImageRow) {
         if (kind == Marker::Camera)
-            Draw_CamView(document, BoxOf(row), 1, CameraPlaceholder(), true, QString());
+            Draw_CamView(document, BoxOf(row), 1, CameraPlaceholder(), true, QString()).Fit =
+                FitOf(row);
         else
             RowToImage(document, row);
     }

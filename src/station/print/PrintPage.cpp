@@ -133,10 +133,15 @@ void PrintImage(Printers& printers, const CardObject& image)
         picture = image.Picture;
     else
         Skip("load image", [&] { picture = LoadPicture(image.Tag); });
+    const double left = image.Left;
+    const double top = image.Top;
+    const double width = image.Width;
+    const double height = image.Height;
     OnPrinter(printers, "image", [&](Printer& printer) {
-        printer.PaintPicture(picture, static_cast<double>(image.Left),
-                             static_cast<double>(image.Top), static_cast<double>(image.Width),
-                             static_cast<double>(image.Height));
+        if (image.Fit == PictureFit::Stretched)
+            printer.PaintPicture(picture, left, top, width, height);
+        else
+            printer.PaintFitted(picture, image.Fit, left, top, width, height);
     });
 }
 

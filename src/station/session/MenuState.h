@@ -22,9 +22,12 @@ enum class Tick {
     cmdALeft,
     cmdACenter,
     cmdARight,
-    cmdVisibleOnCard
+    cmdVisibleOnCard,
+    cmdFitWhole,
+    cmdFitFilled,
+    cmdFitStretched
 };
-inline constexpr int TickCount = 14;
+inline constexpr int TickCount = 17;
 
 /// Entries of `mnuProperties` whose visibility depends on the selected object.
 enum class ObjectEntry {

@@ -49,6 +49,21 @@ TEST_F(RowPrinting, NothingIsSavedIntoTheLayout)
         EXPECT_NE(rows.Value(QStringLiteral("C_Value")).toString(), QStringLiteral("Ada"));
 }
 
+TEST_F(RowPrinting, APictureKeepsItsProportionsWhereItIsSetSo)
+{
+    ASSERT_TRUE(LoadFirstPage(Session, Name));
+    AddImage(Session, Station.WritePng(QStringLiteral("ada.png"), 48, 64), {200, 300, 1000, 1000})
+        .Fit = PictureFit::Filled;
+    SavePage(Session);
+    const RowPlan plan = PlanOf(Target);
+    Batch batch = RowsOf({QStringLiteral("Ada")});
+    TakeNumbersFor(batch, plan);
+    Print(batch, plan, Target);
+    EXPECT_EQ(
+        Station.Printers.Only({QStringLiteral("Paint")}),
+        QStringList{QStringLiteral("PaintFitted(48 x 64 pixels, filled, 300, 200, 1000, 1000)")});
+}
+
 TEST_F(RowPrinting, ALayoutThatDoesNotPrintByItselfPrintsRows)
 {
     ASSERT_TRUE(LoadFirstPage(Session, Name));

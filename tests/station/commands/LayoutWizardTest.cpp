@@ -1,6 +1,8 @@
 #include "station/commands/LayoutWizard.h"
 #include "station/capture/Pipeline.h"
+#include "station/commands/ClipCommands.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/NewLayout.h"
 #include "station/layout/SaveLayout.h"
 #include "station/print/PrintCard.h"
 #include "store/Recordset.h"
@@ -192,6 +194,118 @@ TEST(LayoutWizard, ItsLayoutPrintsTheRecordOnceSaved)
     EXPECT_EQ(station.Printers.Only({QStringLiteral("Print("), QStringLiteral("EndDoc")}),
               (QStringList{QStringLiteral("Print(\" \")"), QStringLiteral("Print(\"Anna\")"),
                            QStringLiteral("Print(\"1001\")"), QStringLiteral("EndDoc")}));
+}
+
+/// A stored layout of two pages in a plain font, a wizard's layout in a bold one beside it.
+class WizardFont : public ::testing::Test
+{
+protected:
+    WizardFont()
+    {
+        BeginLayout(Session, QStringLiteral("Badge"));
+        AddText(Session, QStringLiteral("Front")).SetFont(Plain);
+        SavePage(Session);
+        BeginPage(Session, 2);
+        AddText(Session, QStringLiteral("Back")).SetFont(Plain);
+        SavePage(Session);
+    }
+    void RunWizard()
+    {
+        BuildWizardLayout(Session, TwoFields());
+        SavePage(Session);
+    }
+    /// The font of the first text of a page of "Badge" after a record was printed on it.
+    Font PrintedFont(std::int16_t page)
+    {
+        Session.CurrentParams.PageIndex = page;
+        EXPECT_TRUE(LoadLayout(Session, QStringLiteral("Badge")));
+        SavePage(Session);
+        EXPECT_TRUE(LoadLayout(Session, QStringLiteral("Badge")));
+        return Session.Document.Find(Family::lbl_TEXT, 1)->Font();
+    }
+
+    const Font Plain{QStringLiteral("Liberation Sans"), 9};
+    const Font Bold = *TwoFields().DefaultFont;
+    WizardStation Station;
+    vantrel::Session& Session = Station.Session;
+};
+
+TEST_F(WizardFont, NeverReachesAnotherLayoutWithTheDesignTools)
+{
+    Session.Options.DesignTools = true;
+    RunWizard();
+    EXPECT_EQ(PrintedFont(1), Plain);
+    EXPECT_EQ(PrintedFont(2), Plain);
+    EXPECT_EQ(AddText(Session, QStringLiteral("New")).Font(), Font());
+}
+
+TEST_F(WizardFont, ReachesEveryTextThatIsLoadedWithoutTheDesignTools)
+{
+    RunWizard();
+    EXPECT_EQ(PrintedFont(1), Bold);
+    EXPECT_EQ(PrintedFont(2), Bold);
+}
+
+TEST_F(WizardFont, IsThatOfNewTextsOfItsOwnLayoutOnly)
+{
+    Session.Options.DesignTools = true;
+    RunWizard();
+    CardObject& own = AddText(Session, QStringLiteral("Own"));
+    EXPECT_EQ(own.Font(), Bold);
+    own.SetFont(Plain);
+    SavePage(Session);
+    // A record loads the page anew; a font that was chosen since then stays.
+    ASSERT_TRUE(LoadLayout(Session, QStringLiteral("Pass")));
+    EXPECT_EQ(Session.Document.Find(Family::lbl_TEXT, 1)->Font(), Plain);
+    EXPECT_EQ(AddText(Session, QStringLiteral("Another")).Font(), Bold);
+}
+
+TEST_F(WizardFont, IsNotThatOfALayoutThatIsMadeNext)
+{
+    Session.Options.DesignTools = true;
+    RunWizard();
+    NewLayout(Session, QStringLiteral("Fresh"));
+    EXPECT_EQ(AddText(Session, QStringLiteral("New")).Font(), Font());
+    Station.Operator.Answers = {true};
+    RunWizard();
+    EXPECT_EQ(AddText(Session, QStringLiteral("New")).Font(), Bold);
+    WizardAnswers plain = TwoFields();
+    plain.LayoutName = QStringLiteral("Second");
+    plain.DefaultFont.reset();
+    BuildWizardLayout(Session, plain);
+    EXPECT_EQ(AddText(Session, QStringLiteral("New")).Font(), Font());
+}
+
+TEST_F(WizardFont, APastedTextKeepsItsOwn)
+{
+    Session.Options.DesignTools = true;
+    ASSERT_TRUE(LoadFirstPage(Session, QStringLiteral("Badge")));
+    Session.Document.SelectedObject = Session.Document.Find(Family::lbl_TEXT, 1);
+    const QByteArray copied = CopySelected(Session);
+    RunWizard();
+    PasteObjects(Session, copied);
+    EXPECT_EQ(Session.Document.Find(Family::lbl_TEXT, 1)->Font(), Plain);
+}
+
+TEST(LayoutWizard, AsksBeforeItTakesANameWithTheDesignTools)
+{
+    WizardStation station;
+    station.Session.Options.DesignTools = true;
+    BuildWizardLayout(station.Session, TwoFields());
+    SavePage(station.Session);
+    EXPECT_EQ(station.Operator.AppMessages, QStringList());
+    CloseLayout(station.Session);
+    BuildWizardLayout(station.Session, TwoFields());
+    ASSERT_EQ(station.Operator.AppMessages.size(), 1);
+    EXPECT_EQ(station.Operator.AppMessages.last(),
+              QStringLiteral("Replace Layout?|There is a layout (Pass) already. It has 1 page with "
+                             "2 objects.\r\nBegin it anew, so that a save replaces its first "
+                             "page?"));
+    EXPECT_EQ(station.Operator.MessageButtons.back(), AppMessageButtons::NoYes);
+    EXPECT_EQ(station.Session.CurrentLayoutName, QString());
+    station.Operator.Answers = {true};
+    BuildWizardLayout(station.Session, TwoFields());
+    EXPECT_EQ(station.Session.CurrentLayoutName, QStringLiteral("Pass"));
 }
 
 TEST(LayoutWizard, PagesAskForTheirAnswers)
