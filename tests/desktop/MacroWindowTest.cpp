@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QPointer>
+#include <QTest>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
@@ -238,6 +239,133 @@ TEST(MacroWindow, BecomingActiveAgainItSelectsTheActiveMacro)
     station.Mark(2, true);
     QCoreApplication::sendEvent(station.Dialog, &active);
     EXPECT_EQ(station.Marked(), QStringLiteral("ABC"));
+}
+
+TEST(MacroWindow, WithoutTheDesignToolsItMakesNoMacros)
+{
+    MacroWindow station;
+    station.Open();
+    for (const char* name : {"cmdNewMacro", "cmdRenameMacro", "cmdRemoveMacro"})
+        EXPECT_EQ(station.Dialog->findChild<QWidget*>(QLatin1StringView(name)), nullptr) << name;
+    EXPECT_EQ(station.Layouts().count(), 3);
+}
+
+/// The same with the design tools on.
+class MacroTools : public ::testing::Test
+{
+protected:
+    MacroTools()
+    {
+        Station.Session.Options.DesignTools = true;
+        Station.Open();
+    }
+    void Answer(const QStringList& inputs)
+    {
+        Station.Operator.Inputs.assign(inputs.begin(), inputs.end());
+    }
+
+    MacroWindow Station;
+};
+
+TEST_F(MacroTools, AMacroIsMadeAndSelected)
+{
+    Answer({QStringLiteral(" Day ")});
+    Station.PressIn("cmdNewMacro");
+    EXPECT_EQ(MacroNames(Station.Session.LayoutDb),
+              (QStringList{Macro, Badges, QStringLiteral("Day")}));
+    EXPECT_EQ(Station.Selected(), QStringLiteral("Day"));
+    EXPECT_EQ(Station.Marked(), QString());
+    Station.Mark(2, true);
+    Station.PressIn("cmdSave");
+    EXPECT_EQ(Station.Session.Settings.ActiveMacro, QStringLiteral("Day"));
+    EXPECT_EQ(Station.ChainOf(3), QStringLiteral("C"));
+}
+
+TEST_F(MacroTools, AMacroIsMadeByTheKeyboardAlone)
+{
+    Answer({QStringLiteral("Day")});
+    Station.Macros().setFocus();
+    QTest::keyClick(&Station.Macros(), Qt::Key_Tab);
+    EXPECT_EQ(Station.Dialog->focusWidget()->objectName(), QStringLiteral("cmdNewMacro"));
+    QTest::keyClick(Station.Dialog->focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(Station.Selected(), QStringLiteral("Day"));
+}
+
+TEST_F(MacroTools, ANameThatIsTakenOrTooLongIsToldAndAskedForAgain)
+{
+    const QString tooLong(256, u'x');
+    Answer({Badges, tooLong, QStringLiteral("Day's"), QStringLiteral("Disable Macro Processing")});
+    Station.PressIn("cmdNewMacro");
+    EXPECT_EQ(Station.Operator.CriticalBoxes.size(), 4);
+    EXPECT_TRUE(Station.Operator.CriticalBoxes.first().contains(
+        QStringLiteral("There is a macro named Badges already.")));
+    // What was typed stands there again.
+    EXPECT_EQ(Station.Operator.InputBoxes[1],
+              QStringLiteral("New Macro|Name of the new macro|Badges"));
+    EXPECT_EQ(MacroNames(Station.Session.LayoutDb).size(), 2);
+    EXPECT_EQ(Station.Selected(), Macro);
+}
+
+TEST_F(MacroTools, TheActiveMacroStaysActiveUnderItsNewName)
+{
+    Answer({QStringLiteral("Both sides")});
+    Station.PressIn("cmdRenameMacro");
+    EXPECT_EQ(Station.Operator.InputBoxes.first(),
+              QStringLiteral("Rename Macro|New name of the macro|Card and carrier"));
+    EXPECT_EQ(Station.Session.Settings.ActiveMacro, QStringLiteral("Both sides"));
+    EXPECT_EQ(Station.Selected(), QStringLiteral("Both sides"));
+    EXPECT_EQ(Station.ChainOf(1), QStringLiteral("BGoneA"));
+}
+
+TEST_F(MacroTools, AMacroIsRemovedOnYesOnly)
+{
+    Station.PressIn("cmdRemoveMacro");
+    EXPECT_EQ(MacroNames(Station.Session.LayoutDb).size(), 2);
+    EXPECT_EQ(Station.Operator.MessageButtons, std::vector{AppMessageButtons::NoYes});
+    EXPECT_EQ(Station.Operator.AppMessages.first(),
+              QStringLiteral("Remove Macro?|Remove the macro (Card and carrier)?\r\nIt names 3 "
+                             "layouts, which stay.\r\nIt is the active macro: records will print "
+                             "on the open layout only."));
+    Station.Operator.Answers = {true};
+    Station.PressIn("cmdRemoveMacro");
+    EXPECT_EQ(MacroNames(Station.Session.LayoutDb), QStringList{Badges});
+    EXPECT_EQ(Station.Session.Settings.ActiveMacro, QString());
+    EXPECT_EQ(Station.Selected(), Disable);
+    EXPECT_EQ(Station.ChainOf(1), QString());
+}
+
+TEST_F(MacroTools, TheRowThatTurnsMacrosOffIsNeitherRenamedNorRemoved)
+{
+    Station.Select(2);
+    for (const char* name : {"cmdRenameMacro", "cmdRemoveMacro"})
+        EXPECT_FALSE(Station.Named<QAbstractButton>(*Station.Dialog, name).isEnabled()) << name;
+    Station.Select(0);
+    EXPECT_TRUE(Station.Named<QAbstractButton>(*Station.Dialog, "cmdRemoveMacro").isEnabled());
+}
+
+TEST_F(MacroTools, ALayoutThatIsGoneIsShownAsSuchAndKeptUnlessItsMarkIsTaken)
+{
+    ASSERT_EQ(Station.Layouts().count(), 4);
+    EXPECT_EQ(Station.Layouts().item(3)->text(), QStringLiteral("Gone (gone)"));
+    EXPECT_EQ(Station.Layouts().item(3)->checkState(), Qt::Checked);
+    Station.Select(1);
+    EXPECT_EQ(Station.Layouts().count(), 3);
+    Station.Select(0);
+    Station.PressIn("cmdSave");
+    EXPECT_EQ(Station.ChainOf(1), QStringLiteral("ABGone"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Station.Open();
+    Station.Mark(3, false);
+    Station.PressIn("cmdSave");
+    EXPECT_EQ(Station.ChainOf(1), QStringLiteral("AB"));
+}
+
+TEST_F(MacroTools, BecomingActiveAgainKeepsWhatIsSelected)
+{
+    Station.Select(1);
+    QEvent active(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(Station.Dialog, &active);
+    EXPECT_EQ(Station.Selected(), Badges);
 }
 
 TEST(MacroWindow, OpensWithoutADatabase)

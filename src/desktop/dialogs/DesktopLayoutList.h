@@ -17,8 +17,17 @@ public:
 
     /// The layouts that are marked, from the first row to the last.
     QStringList Marked() const;
-    /// Marks these and no others. A name that is not in the list is passed over.
+    /// Marks these and no others. A name that is not in the list is passed over, or has a row of
+    /// its own until the next call, see `ShowGone`.
     void SetMarked(const QStringList& layouts);
+    /// From now on a marked layout that is not in the store is listed as such.
+    void ShowGone() { m_showsGone = true; }
+
+private:
+    void RemoveGone();
+    void AddGone(const QString& layout);
+
+    bool m_showsGone = false;
 };
 
 } // namespace vantrel

@@ -1,11 +1,13 @@
 #include "desktop/dialogs/frmMacro.h"
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/dialogs/DesktopLayoutList.h"
+#include "station/macro/MacroCommands.h"
 #include "station/session/Session.h"
 #include <QEvent>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -81,10 +83,48 @@ void frmMacro::MakeControls()
     grid->addWidget(layoutsLabel, 0, 1);
     grid->addWidget(m_macros, 1, 0);
     grid->addWidget(m_layouts, 1, 1);
-    grid->addLayout(buttons, 2, 0, 1, 2);
+    grid->addLayout(buttons, 3, 0, 1, 2);
     setTabOrder(m_macros, m_layouts);
+    if (m_session.Options.DesignTools) {
+        m_layouts->ShowGone();
+        grid->addLayout(MakeTools(), 2, 0);
+        setTabOrder(m_remove, m_layouts);
+    }
     setTabOrder(m_layouts, save);
     setTabOrder(save, close);
+}
+
+QLayout* frmMacro::MakeTools()
+{
+    auto* tools = new QHBoxLayout;
+    QWidget* last = m_macros;
+    const auto add = [&](const char* name, const QString& caption, auto press) {
+        auto* button = MakeControl<QPushButton>(name, caption, this);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, press);
+        tools->addWidget(button);
+        setTabOrder(last, button);
+        last = button;
+        return button;
+    };
+    // A record that runs while the operator is asked may close the window.
+    const QPointer<frmMacro> self(this);
+    add("cmdNewMacro", QStringLiteral("&New ..."), [self] {
+        const QString name = MakeMacro(self->m_session);
+        if (!self.isNull() && !name.isEmpty())
+            self->ShowAgain(name);
+    });
+    m_rename = add("cmdRenameMacro", QStringLiteral("&Rename ..."), [self] {
+        const QString name = RenameMacroOf(self->m_session, self->SelectedMacro().Name);
+        if (!self.isNull() && !name.isEmpty())
+            self->ShowAgain(name);
+    });
+    m_remove = add("cmdRemoveMacro", QStringLiteral("Remo&ve ..."), [self] {
+        const bool isRemoved = RemoveMacroOf(self->m_session, self->SelectedMacro().Name);
+        if (!self.isNull() && isRemoved)
+            self->ShowAgain(ActiveMacroText(self->m_session.Settings));
+    });
+    return tools;
 }
 
 void frmMacro::FillMacros()
@@ -97,15 +137,33 @@ void frmMacro::FillMacros()
 bool frmMacro::event(QEvent* event)
 {
     // Without a window manager a window is shown and never becomes active.
-    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show)
+    // Where macros are made here, a box that asked for a name leaves the selection as it is.
+    const bool staysSelected = m_session.Options.DesignTools && m_wasShown;
+    if ((event->type() == QEvent::WindowActivate || event->type() == QEvent::Show) &&
+        !staysSelected) {
+        m_wasShown = true;
         SelectActive();
+    }
     return QDialog::event(event);
+}
+
+void frmMacro::ShowAgain(const QString& name)
+{
+    m_macros->clear();
+    FillMacros();
+    Select(name);
+    ShowMarks();
 }
 
 void frmMacro::SelectActive()
 {
-    const QList<QTreeWidgetItem*> found = m_macros->findItems(
-        ActiveMacroText(m_session.Settings), Qt::MatchExactly | Qt::MatchCaseSensitive, NameColumn);
+    Select(ActiveMacroText(m_session.Settings));
+}
+
+void frmMacro::Select(const QString& name)
+{
+    const QList<QTreeWidgetItem*> found =
+        m_macros->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive, NameColumn);
     if (found.isEmpty())
         m_macros->clearSelection();
     else
@@ -122,6 +180,10 @@ MacroRow frmMacro::SelectedMacro() const
 
 void frmMacro::ShowMarks()
 {
+    for (QPushButton* tool : {m_rename, m_remove}) {
+        if (tool != nullptr)
+            tool->setEnabled(SelectedMacro().Id != 0);
+    }
     m_layouts->SetMarked(LayoutsGivenTo(m_session.LayoutDb, SelectedMacro().Id));
 }
 

@@ -3,6 +3,7 @@
 #include "station/macro/MacroChoice.h"
 #include <QDialog>
 
+class QPushButton;
 class QTreeWidget;
 
 namespace vantrel {
@@ -11,8 +12,8 @@ class Session;
 
 class DesktopLayoutList;
 
-/// Sets the layouts of a macro and the macro that records run. It is open without blocking the
-/// station.
+/// Sets the layouts of a macro and the macro that records run. With the design tools macros are
+/// also made, renamed and removed here. It is open without blocking the station.
 class frmMacro : public QDialog
 {
     Q_OBJECT
@@ -26,8 +27,13 @@ protected:
 
 private:
     void MakeControls();
+    /// The buttons that make, rename and remove macros.
+    QLayout* MakeTools();
     void FillMacros();
     void SelectActive();
+    void Select(const QString& name);
+    /// Lists the macros again and selects one, unless the name is empty.
+    void ShowAgain(const QString& name);
     /// The row that turns macros off where none is selected.
     MacroRow SelectedMacro() const;
     void ShowMarks();
@@ -35,6 +41,9 @@ private:
     Session& m_session;
     DesktopLayoutList* m_layouts;
     QTreeWidget* m_macros;
+    QPushButton* m_rename = nullptr;
+    QPushButton* m_remove = nullptr;
+    bool m_wasShown = false;
 };
 
 } // namespace vantrel

@@ -2,6 +2,7 @@
 #include "base/CodePage.h"
 #include "base/Failure.h"
 #include "base/Profile.h"
+#include "station/macro/MacroChoice.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include <algorithm>
@@ -28,6 +29,8 @@ void RequireUsableName(const QString& name)
     if (name.contains(u'\''))
         Refuse(QStringLiteral("A macro's name cannot hold an apostrophe: the station could not "
                               "look it up."));
+    if (name == DisableMacrosText)
+        Refuse(QStringLiteral("A macro cannot be named like the row that turns macros off."));
     if (name.startsWith(u'"') && name.endsWith(u'"'))
         Refuse(QStringLiteral("A macro's name cannot stand in quotes."));
     if (name.size() > ProfileValueLimit)
