@@ -1,5 +1,6 @@
 #include "desktop/EveryWindow.h"
 #include "desktop/camera/frmAquireImage2.h"
+#include "desktop/camera/frmTakePhoto.h"
 #include "desktop/composers/frmEncoding.h"
 #include "desktop/composers/frmPad.h"
 #include "desktop/composers/frmSerialize.h"
@@ -113,6 +114,13 @@ QWidget& OpenMessage(DesktopStation& station)
     return *box;
 }
 
+/// The window of macros where they are made in it.
+QWidget& OpenMacroTools(DesktopStation& station)
+{
+    station.Session.Options.DesignTools = true;
+    return Open<frmMacro>(station);
+}
+
 constexpr WindowRow Windows[] = {
     {"frmMain", OpenMain},
     {"frmAbout", Open<frmAbout>},
@@ -125,7 +133,9 @@ constexpr WindowRow Windows[] = {
     {"frmGetLayout", Open<frmGetLayout>},
     {"frmHistory", OpenHistory},
     {"frmMacro", Open<frmMacro>},
+    {"frmMacroTools", OpenMacroTools},
     {"frmMessageOk", OpenMessage<AppMessageButtons::OkOnly>},
+    {"frmMessageNoYes", OpenMessage<AppMessageButtons::NoYes>},
     {"frmMessageYesNo", OpenMessage<AppMessageButtons::YesNo>},
     {"frmOptions", Open<frmOptions>},
     {"frmPad", OpenPad},
@@ -136,6 +146,7 @@ constexpr WindowRow Windows[] = {
     {"frmSerialize", Open<frmSerialize>},
     {"frmSize", Open<frmSize>},
     {"frmStatus", Open<frmStatus>},
+    {"frmTakePhoto", Open<frmTakePhoto>},
     {"frmToolbar", Open<frmToolbar>},
     {"frmWizard", Open<frmWizard>},
 };

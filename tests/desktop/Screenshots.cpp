@@ -1,10 +1,13 @@
 #include "desktop/EveryWindow.h"
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopPictureDialog.h"
 #include "desktop/controls/DesktopStyle.h"
 #include "desktop/dialogs/frmWizard.h"
 #include "ledger/LedgerReading.h"
+#include "samples/DemoArt.h"
 #include "samples/DemoInstall.h"
 #include "samples/FreshInstall.h"
+#include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LoadLayout.h"
 #include "station/session/BufferedRecord.h"
@@ -16,10 +19,13 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <cstdio>
 
 namespace vantrel::test {
@@ -42,6 +48,7 @@ constexpr PictureRow Pictures[] = {
     {"frmRawData", "raw-data"},     {"frmSendData", "sequence"},
     {"frmSerialize", "serializer"}, {"frmSize", "size"},
     {"frmStatus", "status"},        {"frmToolbar", "data-settings"},
+    {"frmTakePhoto", "take-photo"}, {"frmMacroTools", "macro-tools"},
 };
 
 void Keep(QWidget& window, const QString& path)
@@ -67,6 +74,10 @@ public:
         }
         Session.LastRawData = QStringLiteral("<Ada Lovelace+40012345>");
         KeepInLedger();
+        Draw_CamView(Session.Document,
+                     {.cTop = 1500, .cLeft = 300, .cHeight = 1400, .cWidth = 1050}, 0, Picture(),
+                     true, QString());
+        Session.RawPicture = Picture::FromImage(DrawPortrait());
     }
 
 private:
@@ -133,6 +144,27 @@ void TakeWizard(const QDir& folder)
     }
 }
 
+/// The dialog that asks for a picture, with one chosen.
+void TakePictureDialog(const QDir& folder)
+{
+    PicturedStation station;
+    const QString photos = station.Session.PathInFolder(QStringLiteral("Photos"));
+    QDir().mkpath(photos);
+    for (const char* name : {"Ada Lovelace.png", "Grace Hopper.png", "Joan Clarke.png"})
+        DrawPortrait().save(photos + u'/' + QLatin1StringView(name));
+    QTimer::singleShot(0, &station.Window, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr)
+            return;
+        auto& list = DesktopStation::Named<QListView>(*dialog, "listView");
+        EventsUntil([&] { return list.model()->rowCount(list.rootIndex()) == 3; });
+        list.setCurrentIndex(list.model()->index(0, 0, list.rootIndex()));
+        Keep(*dialog, folder.filePath(QStringLiteral("choose-picture.png")));
+        dialog->reject();
+    });
+    DesktopPictureDialog::Ask(station.Window, photos);
+}
+
 /// Takes a picture of every window that the book shows, and of each page of a window with several.
 void TakePictures(const QDir& folder)
 {
@@ -177,5 +209,6 @@ int main(int argc, char** argv)
     vantrel::test::TakeMainWindow(folder);
     vantrel::test::TakeWizard(folder);
     vantrel::test::TakePictures(folder);
+    vantrel::test::TakePictureDialog(folder);
     return 0;
 }

@@ -105,6 +105,17 @@ TEST(StationMenu, OffersBarCodesWithTheDesignTools)
     EXPECT_TRUE(entries.contains(QStringLiteral("Bar Code ...")));
 }
 
+TEST(StationMenu, OffersWaysToFitAPictureWithTheDesignTools)
+{
+    DesktopStation station(true, WithDesignTools());
+    EXPECT_EQ(station.Get<QMenu>("mnuPictureFit").title(), QStringLiteral("&Picture in Its Box"));
+    EXPECT_EQ(EntriesOf(station, "mnuPictureFit"),
+              QStringList({QStringLiteral("&Whole Picture|"), QStringLiteral("&Fill the Box|"),
+                           QStringLiteral("&Stretched to the Box|")}));
+    DesktopStation without(true, WithLedger());
+    EXPECT_EQ(without.Window.findChild<QMenu*>(QStringLiteral("mnuPictureFit")), nullptr);
+}
+
 TEST(StationMenu, SharesNoShortcutAndNoMnemonicOfTheBar)
 {
     const DesktopStation station(true, WithLedger());

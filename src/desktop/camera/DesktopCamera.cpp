@@ -13,7 +13,6 @@ namespace vantrel {
 
 namespace {
 
-constexpr QLatin1StringView FolderWord{"folder:"};
 const QString DefaultDevice = QStringLiteral("Default");
 
 /// A camera of the machine. It runs while the dialog is open and takes one picture at a time. An
@@ -30,6 +29,10 @@ public:
         });
         connect(&m_capture, &QImageCapture::readyForCaptureChanged, this,
                 [this] { CaptureWhenReady(); });
+        connect(&m_camera, &QCamera::errorOccurred, this,
+                [this](QCamera::Error, const QString& reason) {
+                    Q_EMIT PictureMissing(QStringLiteral("The camera gives no picture: ") + reason);
+                });
         m_camera.start();
     }
     void Expose(int& /*flashMode*/, int& /*mode*/, int& /*third*/) override
@@ -78,8 +81,8 @@ private:
 std::unique_ptr<Cam> MakeCamera(const Session& session)
 {
     const QString wanted = StationOption(session.ProgramFolder, QStringLiteral("Camera"));
-    if (wanted.startsWith(FolderWord))
-        return std::make_unique<FolderCamera>(wanted.mid(FolderWord.size()));
+    if (wanted.startsWith(CameraFolderWord))
+        return std::make_unique<FolderCamera>(wanted.mid(CameraFolderWord.size()));
     const bool any = wanted.isEmpty() || wanted.compare(DefaultDevice, Qt::CaseInsensitive) == 0;
     for (const QCameraDevice& device : QMediaDevices::videoInputs()) {
         if (any ? device.isDefault() : device.description() == wanted)

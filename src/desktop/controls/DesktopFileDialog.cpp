@@ -1,32 +1,9 @@
 #include "desktop/controls/DesktopFileDialog.h"
+#include "desktop/controls/DesktopFileKinds.h"
 #include "desktop/controls/DesktopOwner.h"
 #include <QFileDialog>
-#include <QFileIconProvider>
-#include <QMimeDatabase>
 
 namespace vantrel {
-
-namespace {
-
-/// Goes by the names of files and reads none. Whoever opens the database's file and closes it again
-/// gives up the locks of its connection, since the machine counts them by process; another program
-/// then takes the database for unused and removes the log with the latest saves.
-class KindByName : public QFileIconProvider
-{
-public:
-    using QFileIconProvider::icon;
-    QIcon icon(const QFileInfo& file) const override { return icon(file.isDir() ? Folder : File); }
-    QString type(const QFileInfo& file) const override
-    {
-        if (file.isDir())
-            return QFileIconProvider::type(file);
-        return QMimeDatabase()
-            .mimeTypeForFile(file.fileName(), QMimeDatabase::MatchExtension)
-            .comment();
-    }
-};
-
-} // namespace
 
 DesktopFileDialog::DesktopFileDialog(QWidget& window) : QObject(&window), m_window(window)
 {

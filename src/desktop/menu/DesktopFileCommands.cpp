@@ -1,6 +1,7 @@
 #include "desktop/menu/DesktopFileCommands.h"
 #include "base/DesktopColor.h"
 #include "desktop/controls/DesktopFileDialog.h"
+#include "desktop/controls/DesktopPictureDialog.h"
 #include "station/commands/Version4Import.h"
 #include "station/imaging/BackImage.h"
 #include "station/imaging/ChooseImage.h"
@@ -33,6 +34,15 @@ QString AskForFile(DesktopFileDialog& dialog)
     return dialog.FileName;
 }
 
+/// Asks for a picture for a part of a card. With the design tools the dialog lists pictures only
+/// and begins where the last one was taken from; else it is the shared one, and `ask` is called.
+template <typename Ask>
+QString AskForPicture(const Session& session, QMainWindow& window, Ask ask)
+{
+    return session.Options.DesignTools ? DesktopPictureDialog::Ask(window, session.ProgramFolder)
+                                       : ask();
+}
+
 QString AskForFileInProgramFolder(const Session& session, QMainWindow& window)
 {
     auto& dialog = DesktopFileDialog::Of(window);
@@ -52,7 +62,12 @@ void BackImageCommand(Session& session, QMainWindow& window)
     if (session.CurrentLayoutName.isEmpty())
         return;
     AskForPage(
-        session, [&] { return AskForFile(DesktopFileDialog::Of(window)); }, SetBackImage);
+        session,
+        [&] {
+            return AskForPicture(session, window,
+                                 [&] { return AskForFile(DesktopFileDialog::Of(window)); });
+        },
+        SetBackImage);
 }
 
 void AcrobatBackImageCommand(Session& session, QMainWindow& window)
@@ -72,8 +87,17 @@ void AcrobatBackImageCommand(Session& session, QMainWindow& window)
 void ChooseImageCommand(Session& session, QMainWindow& window)
 {
     AskForPage(
-        session, [&] { return AskForFileInProgramFolder(session, window); },
-        [](Session& station, const QString& path) { ChooseImage(station.Document, path); });
+        session,
+        [&] {
+            return AskForPicture(session, window,
+                                 [&] { return AskForFileInProgramFolder(session, window); });
+        },
+        [](Session& station, const QString& path) {
+            if (station.Options.DesignTools)
+                ChooseImageForBox(station.Document, path);
+            else
+                ChooseImage(station.Document, path);
+        });
 }
 
 void WorkspaceColorCommand(Session& session, QMainWindow& window)
@@ -85,9 +109,11 @@ void WorkspaceColorCommand(Session& session, QMainWindow& window)
 
 void WorkspacePictureCommand(Session& session, QMainWindow& window)
 {
-    auto& dialog = DesktopFileDialog::Of(window);
-    dialog.ShowOpen();
-    SetWorkspacePicture(session, dialog.FileName);
+    SetWorkspacePicture(session, AskForPicture(session, window, [&] {
+                            auto& dialog = DesktopFileDialog::Of(window);
+                            dialog.ShowOpen();
+                            return dialog.FileName;
+                        }));
 }
 
 } // namespace vantrel

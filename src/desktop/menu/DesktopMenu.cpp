@@ -234,6 +234,10 @@ bool MainMenu::Holds(Enabled when) const
         return CanRedoDesign(m_session);
     case Enabled::WithObject:
         return m_session.Document.SelectedObject != nullptr;
+    case Enabled::WithImage: {
+        const CardObject* object = m_session.Document.SelectedObject;
+        return object != nullptr && object->IsImage();
+    }
     case Enabled::Always:
         break;
     }

@@ -23,6 +23,8 @@ enum class Enabled {
     WithStepForward,
     /// With a selected object; unlike `WithSelection` for entries outside the object's own menus.
     WithObject,
+    /// With a selected image or camera image.
+    WithImage,
 };
 
 enum class RowKind { Menu, Command, Dash };

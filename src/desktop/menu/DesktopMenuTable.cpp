@@ -1,4 +1,5 @@
 #include "desktop/camera/frmAquireImage2.h"
+#include "desktop/camera/frmTakePhoto.h"
 #include "desktop/composers/frmEncoding.h"
 #include "desktop/composers/frmPad.h"
 #include "desktop/controls/DesktopControls.h"
@@ -26,6 +27,7 @@
 #include "station/commands/Commands.h"
 #include "station/commands/InsertCommands.h"
 #include "station/commands/ObjectCommands.h"
+#include "station/commands/PictureCommands.h"
 #include "station/imaging/BackImage.h"
 #include "station/imaging/Workspace.h"
 #include "station/layout/DesignSteps.h"
@@ -81,6 +83,12 @@ void StepsThrough(Session& session, QMainWindow& window)
     Routine(session);
 }
 
+template <PictureFit Fit>
+void Fits(Session& session, QMainWindow& /*window*/)
+{
+    FitSelectedPictures(session, Fit);
+}
+
 template <StackMove Move>
 void Stacks(Session& session, QMainWindow& /*window*/)
 {
@@ -110,6 +118,7 @@ bool HasStationMenu(const StationOptions& options)
     return options.Ledger || options.DesignTools;
 }
 
+constexpr auto Always = Enabled::Always;
 constexpr auto WhileVisible = Enabled::WhileVisible;
 constexpr auto WithLayout = Enabled::WithLayout;
 constexpr auto WhileVisibleWithLayout = Enabled::WhileVisibleWithLayout;
@@ -117,6 +126,7 @@ constexpr auto WithSelection = Enabled::WithSelection;
 constexpr auto WithStepBack = Enabled::WithStepBack;
 constexpr auto WithStepForward = Enabled::WithStepForward;
 constexpr auto WithObject = Enabled::WithObject;
+constexpr auto WithImage = Enabled::WithImage;
 
 // clang-format off
 constexpr MenuRow Rows[] = {
@@ -141,7 +151,8 @@ constexpr MenuRow Rows[] = {
     Command("mnuFile", "cmdPrnSetup", "Printer Setup ...", "", OpensPrinterSelection)
         .On(WhileVisibleWithLayout),
     Dash("mnuFile"),
-    Command("mnuFile", "cmdTakePicture", "Take Picture ...", "", Opens<frmAquireImage2>),
+    Command("mnuFile", "cmdTakePicture", "Take Picture ...", "", Opens<frmAquireImage2>)
+        .WithTools(Opens<frmTakePhoto>, Always),
     Dash("mnuFile"),
     Command("mnuFile", "cmdGenSerial", "Generate Card Sequence", "", Opens<frmSendData>),
     Dash("mnuFile"),
@@ -233,7 +244,8 @@ constexpr MenuRow Rows[] = {
     Command("mnuDataFields", "sData", "Send a data stream..."),
     Menu("mnuProperties", "mnuImage", "Adjust Image...").With(ObjectEntry::mnuImage),
     Command("mnuImage", "cmdChooseImage", "Choose Image...", "", ChooseImageCommand).With(ObjectEntry::cmdChooseImage),
-    Command("mnuImage", "cmdTakePicture2", "Take Picture ...", "", Opens<frmAquireImage2>),
+    Command("mnuImage", "cmdTakePicture2", "Take Picture ...", "", Opens<frmAquireImage2>)
+        .WithTools(Opens<frmTakePhoto>, Always),
     Dash("mnuProperties").Hidden(),
     Command("mnuProperties", "cmdIncrease", "Increase Size 10%", "Ctrl+F2", Runs<IncreaseSize>),
     Command("mnuProperties", "cmdDecrease", "Decrease Size 10%", "Ctrl+F1", Runs<DecreaseSize>),
@@ -281,6 +293,14 @@ constexpr MenuRow Rows[] = {
     Command("mnuSpread", "cmdSpreadDown", "&Down", "", Spreads<SpreadAxis::Down>),
     Command("mnuStation", "cmdBarCode", "Bar Code ...", "", Opens<frmCode>)
         .On(WithSelection).Where(HasDesignTools),
+    Menu("mnuStation", "mnuPictureFit", "&Picture in Its Box").On(WithImage).Where(HasDesignTools),
+    Command("mnuPictureFit", "cmdFitWhole", "&Whole Picture", "", Fits<PictureFit::Whole>)
+        .With(Tick::cmdFitWhole),
+    Command("mnuPictureFit", "cmdFitFilled", "&Fill the Box", "", Fits<PictureFit::Filled>)
+        .With(Tick::cmdFitFilled),
+    Command("mnuPictureFit", "cmdFitStretched", "&Stretched to the Box", "",
+            Fits<PictureFit::Stretched>)
+        .With(Tick::cmdFitStretched),
     Command("mnuStation", "cmdStationOptions", "Options ...", "", Opens<frmOptions>),
 
     Menu("", "mnuHelp", "&Help"),

@@ -1,5 +1,6 @@
 #include "base/FileModes.h"
 #include "desktop/camera/frmAquireImage2.h"
+#include "desktop/camera/frmTakePhoto.h"
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/controls/DesktopStyle.h"
 #include "desktop/controls/RunTimeError.h"
@@ -90,7 +91,12 @@ int RunStation(const QString& commandLine)
     // during the load.
     frmMain window(session, attended ? Display::Present : Display::Absent);
     desktopOperator.SetMainWindow(&window);
-    desktopOperator.SetCameraDialog([&] { OpenDialog<frmAquireImage2>(session, &window); });
+    desktopOperator.SetCameraDialog([&] {
+        if (session.Options.DesignTools)
+            OpenDialog<frmTakePhoto>(session, &window);
+        else
+            OpenDialog<frmAquireImage2>(session, &window);
+    });
     QMetaObject::invokeMethod(&window, &frmMain::Load, Qt::QueuedConnection);
 
     // 5. SIGTERM and SIGINT unload the main window in order.
