@@ -133,8 +133,12 @@ CaptionFigure CodeFigure(CodeKind kind, const CardObject& label, int dotsPerInch
     if (!pattern->Trouble.isEmpty())
         return NoticeOf(pattern->Trouble, box);
     CodeLayout layout = LayOutCode(*pattern, box, dotsPerInch);
-    if (layout.Module == 0)
-        return NoticeOf(RowOf(kind).Name + QStringLiteral(": a larger box is wanted"), box);
+    if (layout.Module == 0) {
+        figure = NoticeOf(RowOf(kind).Name + QStringLiteral(": a larger box is wanted"), box);
+        figure.NeedsLargerBox = true;
+        return figure;
+    }
+    figure.Module = layout.Module;
     figure.Boxes = std::move(layout.Boxes);
     return figure;
 }
@@ -202,6 +206,11 @@ const ShapeRow* ShapeOf(const Font& font)
 bool IsFigureFont(const Font& font)
 {
     return CodeOf(font) || ShapeOf(font) != nullptr;
+}
+
+bool IsCodeFont(const Font& font)
+{
+    return CodeOf(font).has_value();
 }
 
 QStringList FigureFontNames()

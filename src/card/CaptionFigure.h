@@ -26,6 +26,10 @@ struct CaptionFigure
     std::vector<FilledBox> Boxes;
     Font NoticeFont;
     std::vector<NoticeLine> Notice;
+    /// Side of a module of a bar code in twips; 0 if no code is shown.
+    double Module = 0;
+    /// Whether the code of the caption is too large for the box.
+    bool NeedsLargerBox = false;
     /// Why the caption cannot be shown, such as "EAN-13: 12 or 13 digits are wanted"; empty if it
     /// is. Never holds any part of the caption.
     QString Trouble;
@@ -35,7 +39,10 @@ struct CaptionFigure
 /// name of a kind, exactly so.
 bool IsFigureFont(const Font& font);
 
-/// The names of all such fonts, bar codes first.
+/// Whether a font shows bar codes.
+bool IsCodeFont(const Font& font);
+
+/// The names of all fonts that show figures, bar codes first.
 QStringList FigureFontNames();
 
 /// The figure of a label; empty where its font shows text. A bar code is as large as fits its box

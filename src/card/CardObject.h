@@ -4,6 +4,7 @@
 #include "base/Font.h"
 #include "drawing/Picture.h"
 #include "drawing/PictureFit.h"
+#include <QJsonObject>
 #include <QString>
 #include <cstdint>
 
@@ -99,6 +100,9 @@ public:
     qlonglong StoreKey = 0;
     /// Tells the object from all others while the designer's steps are kept; 0 for none yet.
     qulonglong DesignKey = 0;
+    /// Properties that have no column of their own in the store, by their names; nearly always
+    /// empty. See `ObjectExtras.h`.
+    QJsonObject Extras;
     /// The word of its check digit scheme; empty for none.
     QString DataMember;
     /// For a data field: prefix, carriage return and suffix.

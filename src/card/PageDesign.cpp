@@ -57,7 +57,7 @@ bool SameLooks(const CardObject& one, const CardObject& other)
            one.Appearance == other.Appearance && one.BackStyle == other.BackStyle &&
            one.BackColor == other.BackColor && one.ForeColor == other.ForeColor &&
            one.Visible == other.Visible && one.Stretch == other.Stretch && one.Fit == other.Fit &&
-           (!one.IsLabel() || SameFont(one.Font(), other.Font()));
+           one.Extras == other.Extras && (!one.IsLabel() || SameFont(one.Font(), other.Font()));
 }
 
 /// Whether both show the same text for the same record.

@@ -2,6 +2,7 @@
 #include "base/Skip.h"
 #include "card/CaptionFigure.h"
 #include "card/CardDocument.h"
+#include "card/FittedFont.h"
 #include "card/LayoutParamsRecord.h"
 #include "card/TextLeft.h"
 #include "drawing/PageCanvas.h"
@@ -31,11 +32,11 @@ void PaintFigure(PageCanvas& canvas, const CaptionFigure& figure, ColorValue col
 /// A label paints only its text: no border, no fill, no clipping to its box.
 void PaintLabel(PageCanvas& canvas, const CardObject& label)
 {
-    const Font& font = label.Font();
-    if (IsFigureFont(font)) {
+    if (IsFigureFont(label.Font())) {
         PaintFigure(canvas, FigureOf(label, 0), label.ForeColor);
         return;
     }
+    const Font font = FittedFont(label);
     const double textWidth =
         label.Alignment == 0 ? 0.0 : PageCanvas::TextWidth(label.Caption(), font);
     canvas.DrawText(label.Caption(), font, label.ForeColor, TextLeft(label, textWidth),

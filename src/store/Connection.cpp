@@ -100,6 +100,7 @@ void Connection::Close()
     m_d->Shapes.clear();
     m_d->Kept.ForgetAll();
     m_d->Pending.Forget();
+    m_d->Tables.clear();
     m_d->Depth = 0;
     m_d->DepthAside = 0;
     m_d->Database.reset();
@@ -113,6 +114,29 @@ bool Connection::IsOpen() const
 StoreDatabase& Connection::Database()
 {
     return m_d->Opened();
+}
+
+bool Connection::HasTable(const QString& table)
+{
+    StoreDatabase& database = m_d->Opened();
+    const StoreDatabase::State now = database.Now();
+    if (m_d->TablesState != now) {
+        m_d->Tables.clear();
+        m_d->TablesState = now;
+    }
+    const auto known = m_d->Tables.constFind(table);
+    if (known != m_d->Tables.cend())
+        return *known;
+    const bool isThere = !database.KeyColumn(table).isEmpty();
+    m_d->Tables.insert(table, isThere);
+    return isThere;
+}
+
+void Connection::MakeTable(const QStringList& statements)
+{
+    for (const QString& statement : statements)
+        m_d->Opened().Execute(statement);
+    m_d->Tables.clear();
 }
 
 void Connection::BeginTrans()
@@ -157,22 +181,26 @@ void Connection::RollbackTrans()
     Skip("roll back", [&] { m_d->Opened().Change(QStringLiteral("ROLLBACK")); });
     m_d->Depth = m_d->DepthAside;
     m_d->Kept.ForgetAll();
+    m_d->Tables.clear();
 }
 
-void Connection::SetAside(const QString& statement)
+void Connection::SetAside(const QStringList& statements)
 {
     StoreDatabase& database = m_d->Opened();
     if (!database.InTransaction()) {
         m_d->Depth = m_d->DepthAside;
         return;
     }
-    std::optional<CursorResult> seen;
-    Skip("read what was written", [&] { seen = m_d->ResultOf(statement); });
+    std::vector<std::pair<QString, CursorResult>> seen;
+    for (const QString& statement : statements)
+        Skip("read what was written",
+             [&] { seen.emplace_back(statement, m_d->ResultOf(statement)); });
     database.Change(QStringLiteral("ROLLBACK"));
     m_d->DepthAside = m_d->Depth;
-    if (seen)
-        Skip("keep what was written", [&] { m_d->Pending.Keep(database, *seen, statement); });
+    for (const auto& [statement, result] : seen)
+        Skip("keep what was written", [&] { m_d->Pending.Keep(database, result, statement); });
     m_d->Kept.ForgetAll();
+    m_d->Tables.clear();
 }
 
 void Connection::LeaveSetAside()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 namespace vantrel {
@@ -28,6 +29,13 @@ public:
     /// closed connection.
     StoreDatabase& Database();
 
+    /// Whether the file has a table, for tables that a layout database may lack. The answer is kept
+    /// as long as nobody changes the file. Fails like `Database` and `StoreDatabase`.
+    bool HasTable(const QString& table);
+    /// Makes a table that a layout database may lack, unless it is there.
+    /// @param statements  CREATE TABLE IF NOT EXISTS, and its indexes
+    void MakeTable(const QStringList& statements);
+
     /// Begins a transaction. The outermost one takes the write lock at once; a nested one is a
     /// savepoint. Fails with `StoreBusy` if another session holds the lock for five seconds.
     void BeginTrans();
@@ -40,10 +48,11 @@ public:
     /// Never fails.
     void RollbackTrans();
     /// Rolls back the open transaction in the file and releases its lock, while this connection
-    /// continues as if it were open: it is still counted, and the rows it wrote for `statement`
+    /// continues as if it were open: it is still counted, and the rows it wrote for the statements
     /// stay visible to this connection until this or another session writes those rows in the file.
-    /// If SQLite has already rolled the transaction back automatically, its rows are lost.
-    void SetAside(const QString& statement);
+    /// If SQLite has already rolled the transaction back automatically, its rows are lost. Rows of
+    /// a table that only this transaction made are lost too.
+    void SetAside(const QStringList& statements);
     /// Must be called before another layout or page, or an empty one, takes the place of the one
     /// that was set aside. The new one does not hold the hidden rows, so saving it must not delete
     /// them.

@@ -6,6 +6,7 @@
 #include "store/PendingRows.h"
 #include "store/Recordset.h"
 #include "store/StoreDatabase.h"
+#include <QHash>
 
 namespace vantrel {
 
@@ -16,6 +17,9 @@ struct Connection::Private
     KeptRows Kept;
     /// Rows of transactions that were set aside; visible to this session only.
     PendingRows Pending;
+    /// Whether the tables that were asked for are there, in the state of the database.
+    QHash<QString, bool> Tables;
+    StoreDatabase::State TablesState;
     int Depth = 0;
     /// Number of open transactions that were set aside and are not open in the file.
     int DepthAside = 0;

@@ -26,7 +26,7 @@ offers() {
 }
 
 complete -p vantrel-admin | grep -q _vantrel_admin
-offers 'demo|init|ledger|macro|new|session|settings' ''
+offers 'check|demo|init|ledger|macro|new|session|settings' ''
 offers 'ledger' led
 offers 'counts|export|list|purge|reprint|show|void' ledger ''
 offers 'reprint' ledger re
@@ -36,6 +36,9 @@ offers '--help|--version' --
 offers 'a station|another' ledger list ''
 offers 'a station' init 'a s'
 offers '' ledger show another ''
+offers 'a station|another' check ''
+offers '' check another ''
+offers '--json|--help' check another --
 offers 'a file' ledger export another 'a f'
 offers '' settings ''
 offers '--state|--text|--since|--until|--before|--limit|--json|--help' ledger list another -

@@ -35,7 +35,7 @@ protected:
         rows.Update();
         rows.MoveNext();
         rows.Delete();
-        Store.SetAside(FirstPage);
+        Store.SetAside({FirstPage});
     }
 
     QStringList TextsOf(Connection& store, const QString& statement)
@@ -67,7 +67,7 @@ TEST_F(PendingRowsTest, OfAPageThatIsGoneLeaveItsNumberOut)
     Recordset rows(Store);
     rows.Open(SecondPage, CursorLock::Optimistic);
     rows.Delete();
-    Store.SetAside(SecondPage);
+    Store.SetAside({SecondPage});
     EXPECT_EQ(Column(Store, Pages, QStringLiteral("Page")), QStringList(QStringLiteral("1")));
     EXPECT_EQ(Column(Other, Pages, QStringLiteral("Page")).size(), 2);
 }
@@ -110,7 +110,7 @@ TEST_F(PendingRowsTest, KeepTheKindsOfTheirValues)
     rows.Open(FirstPage);
     for (const char* column : columns)
         written.append(rows.Value(QString::fromLatin1(column)));
-    Store.SetAside(FirstPage);
+    Store.SetAside({FirstPage});
     rows.Open(FirstPage);
     for (std::size_t i = 0; i < std::size(columns); ++i) {
         const QVariant value = rows.Value(QString::fromLatin1(columns[i]));
@@ -144,7 +144,7 @@ TEST_F(PendingRowsTest, OutliveASaveThatTheStoreRollsBack)
               }),
               FailureNumber::StatementInvalid);
     GiveRoomBack();
-    Store.SetAside(FirstPage);
+    Store.SetAside({FirstPage});
     EXPECT_EQ(Store.TransactionDepth(), 1);
     EXPECT_EQ(TextsOf(Store, FirstPage), QStringList(QStringLiteral("pending")));
     EXPECT_EQ(TextsOf(Store, SecondPage), QStringList(QStringLiteral("c")));

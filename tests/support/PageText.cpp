@@ -1,6 +1,7 @@
 #include "support/PageText.h"
 #include "card/PageDesign.h"
 #include "station/session/Session.h"
+#include <QJsonDocument>
 #include <QTextStream>
 
 namespace vantrel::test {
@@ -19,7 +20,8 @@ QString PageText(const vantrel::Session& session)
             << object->Visible << object->Stretch << static_cast<int>(object->Fit)
             << object->Picture.HasHandle() << " [" << object->Caption() << "] [" << object->Tag
             << "] [" << object->LinkItem << "] [" << object->DataField << "] ["
-            << object->DataMember << "] [" << object->ToolTipText << ']';
+            << object->DataMember << "] [" << object->ToolTipText << "] "
+            << QJsonDocument(object->Extras).toJson(QJsonDocument::Compact);
         if (object->IsLabel()) {
             const Font& font = object->Font();
             out << ' ' << font.Name << ' ' << font.Size << ' ' << font.Bold << font.Italic

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <QColor>
+#include "base/Contrast.h"
 
 namespace vantrel {
-
-/// The contrast ratio of two colours: 1 for the same colour, 21 for black and white. Shapes need 3,
-/// text needs 4.5.
-double Contrast(const QColor& one, const QColor& other);
 
 /// A colour for lines on that background: the wanted one where its contrast suffices, otherwise
 /// black or white.

@@ -156,7 +156,8 @@ bool HasTheArgumentsOf(const Command& command, const QStringList& arguments)
         QString::fromLatin1(command.Arguments).split(u' ', Qt::SkipEmptyParts);
     const auto required = std::count_if(names.begin(), names.end(),
                                         [](const QString& name) { return !name.startsWith(u'['); });
-    return arguments.size() >= required && arguments.size() <= names.size() &&
+    const bool anyMore = !names.isEmpty() && names.last().contains(QStringLiteral("..."));
+    return arguments.size() >= required && (anyMore || arguments.size() <= names.size()) &&
            !arguments.contains(QString());
 }
 

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "CheckCommand.h"
 #include "LedgerCommands.h"
 #include "Output.h"
 #include "samples/DemoInstall.h"
@@ -107,6 +108,10 @@ constexpr Command Table[] = {
      "The same as new, with sample layouts, their pictures, and settings for "
      "session 1.",
      RunDemo},
+    {"check", "DIR [LAYOUT...]",
+     "Tells what would not print as it should on the pages of layouts, of all where none is named. "
+     "Ends with 1 if there is any such thing.",
+     RunCheck, JsonOptions},
     {"session start", "DIR SESSION", "Lets a session run; it is to be started behind it.",
      RunSessionStart},
     {"session stop", "DIR SESSION", "Tells a running session to end in order, and returns at once.",

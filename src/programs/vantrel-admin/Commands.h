@@ -39,7 +39,8 @@ struct Command
 {
     /// Its words, such as "macro add".
     const char* Name;
-    /// Its arguments in capitals, as the help shows them; optional ones in brackets at the end.
+    /// Its arguments in capitals, as the help shows them; optional ones in brackets at the end,
+    /// with dots for any number of the last one.
     const char* Arguments;
     const char* Purpose;
     /// Runs the command. Fails with `Failure`, or with `NotUnderstood` before it has done anything.

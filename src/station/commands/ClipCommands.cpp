@@ -42,6 +42,8 @@ constexpr LengthRow Lengths[] = {{"C_Left", &CardObject::Left},
                                  {"C_Width", &CardObject::Width},
                                  {"C_Height", &CardObject::Height}};
 
+constexpr QLatin1StringView ExtrasName{"Extras"};
+
 struct TextRow
 {
     const char* Name;
@@ -89,6 +91,8 @@ void DescribeText(const CardObject& object, QJsonObject& row)
 QJsonObject Describe(const CardObject& object)
 {
     QJsonObject row;
+    if (!object.Extras.isEmpty())
+        row.insert(ExtrasName, object.Extras);
     for (const LengthRow& length : Lengths)
         row.insert(QLatin1StringView(length.Name), static_cast<double>(object.*length.Member));
     if (object.IsLabel()) {
@@ -145,6 +149,7 @@ CardObject* PasteRow(Session& session, const QJsonObject& row)
         return nullptr;
     }
     TakeLengths(object, row);
+    object.Extras = row.value(ExtrasName).toObject();
     if (object.Family() == Family::img_CAM && session.CameraImage.HasHandle())
         object.Picture = session.CameraImage;
     if (!object.IsLabel())

@@ -1,6 +1,7 @@
 #include "station/layout/DeleteLayout.h"
 #include "base/Skip.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/ObjectExtraRows.h"
 #include "station/layout/StoreStatements.h"
 #include "station/session/Session.h"
 #include "store/Recordset.h"
@@ -25,6 +26,10 @@ void DeleteLayoutRows(Session& session, const QString& layoutName)
     const QString name = layoutName;
     CloseLayout(session);
     Skip("delete objects", [&] { DeleteRows(session.LayoutDb, ObjectsOfLayout(name)); });
+    Skip("delete extras", [&] {
+        if (HasExtras(session.LayoutDb))
+            DeleteRows(session.LayoutDb, ExtrasOfLayout(name));
+    });
     Skip("delete parameters", [&] { DeleteRows(session.LayoutDb, ParamsOfLayout(name)); });
 }
 

@@ -4,6 +4,8 @@
 #include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LayoutParams.h"
+#include "station/layout/ObjectExtraRows.h"
+#include "station/layout/PageKey.h"
 #include "station/layout/RowToObject.h"
 #include "station/layout/StoreStatements.h"
 #include "station/session/MainRuntime.h"
@@ -35,6 +37,7 @@ void LoadObjects(Session& session)
         Skip("object", [&] { RowToObject(OpenForm(session), ReaderOf(rows)); });
     if (session.Options.DesignTools)
         KeepCameraProportions(session.Document);
+    Skip("extras", [&] { LoadExtras(session.LayoutDb, PageOnForm(session), session.Document); });
 }
 
 } // namespace

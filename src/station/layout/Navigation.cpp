@@ -57,6 +57,18 @@ void PreviousPage(Session& session)
         StepPage(session, -1);
 }
 
+bool GoToPage(Session& session, std::int16_t page)
+{
+    const BusyPointer busy(session.Operator);
+    if (page == session.CurrentParams.PageIndex)
+        return true;
+    if (page < 1 || page > session.CurrentParams.PageCount || !MayLeavePage(session))
+        return false;
+    // The operator was asked, so another page may be open now.
+    StepPage(session, page - session.CurrentParams.PageIndex);
+    return session.CurrentParams.PageIndex == page;
+}
+
 QStringList LayoutNames(Connection& layoutDb)
 {
     QStringList names;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStringList>
+#include <cstdint>
 
 namespace vantrel {
 
@@ -13,6 +14,11 @@ class Session;
 void NextPage(Session& session);
 /// Loads the previous page, if there is one, and fills the last record into it.
 void PreviousPage(Session& session);
+
+/// Opens a page of the open layout, if another one is open, after `MayLeavePage`, and fills the
+/// last record into it.
+/// @return false if the operator stays, or there is no such page
+bool GoToPage(Session& session, std::int16_t page);
 
 /// Names of the layouts that have at least one stored object, sorted. Fails like `Recordset`.
 QStringList LayoutNames(Connection& layoutDb);

@@ -2,6 +2,7 @@
 #include "base/Skip.h"
 #include "card/CardDocument.h"
 #include "station/layout/LayoutParams.h"
+#include "station/layout/ObjectExtraRows.h"
 #include "station/layout/RowToObject.h"
 #include "station/layout/StoreStatements.h"
 #include "station/layout/StoredNumbers.h"
@@ -18,6 +19,7 @@ namespace {
 
 const QString ParamsKey = QStringLiteral("params");
 const QString ObjectsKey = QStringLiteral("objects");
+const QString ExtrasKey = QStringLiteral("extras");
 const QString StreamKey = QStringLiteral("stream");
 
 /// Descriptions that are kept, of the pages that were printed last.
@@ -36,6 +38,8 @@ struct PageRows
 {
     PartOfPage Params;
     PartOfPage Objects;
+    /// Of most pages empty.
+    PartOfPage Extras;
     PartOfPage Stream;
 
     friend bool operator==(const PageRows&, const PageRows&) = default;
@@ -84,6 +88,7 @@ PageDescription Describe(const PageRows& page)
     QJsonObject description;
     DescribePart(description, ParamsKey, page.Params);
     DescribePart(description, ObjectsKey, page.Objects);
+    DescribePart(description, ExtrasKey, page.Extras);
     DescribePart(description, StreamKey, page.Stream);
     const QByteArray content = QJsonDocument(description).toJson(QJsonDocument::Compact);
     const QByteArray hash = QCryptographicHash::hash(content, QCryptographicHash::Sha256);
@@ -104,6 +109,8 @@ PageDescription DescribePage(Connection& layoutDb, const QString& layoutName, st
 {
     PageRows rows{ReadPart(layoutDb, ParamsOfPage(layoutName, page)),
                   ReadPart(layoutDb, ObjectsOfPage(layoutName, page)),
+                  HasExtras(layoutDb) ? ReadPart(layoutDb, ExtrasOfPage(layoutName, page))
+                                      : PartOfPage(),
                   ReadPart(layoutDb, StreamOfLayout(layoutName))};
     // A station prints the same few pages all day.
     static std::deque<std::pair<PageRows, PageDescription>> described;
@@ -126,6 +133,11 @@ void BuildPage(const QString& content, CardDocument& document, LayoutParamsRecor
     const QJsonArray objects = description.value(ObjectsKey).toArray();
     for (const auto& object : objects)
         Skip("object", [&] { RowToObject(document, ReaderOf(object.toObject())); });
+    std::vector<ColumnReader> extras;
+    const QJsonArray extraRows = description.value(ExtrasKey).toArray();
+    for (const auto& row : extraRows)
+        extras.push_back(ReaderOf(row.toObject()));
+    GiveExtras(document, extras);
 }
 
 std::vector<ColumnReader> StreamRows(const QString& content)

@@ -17,7 +17,8 @@ struct PageDescription
 {
     /// SHA-256 of the content in hexadecimal.
     QString Hash;
-    /// JSON: the columns of the page's row in `LayoutParams` and of its rows in `Controls`.
+    /// JSON: the columns of the page's row in `LayoutParams`, of its rows in `Controls`, and of
+    /// those in `ObjectExtras` if there are any.
     /// Pictures are named by their paths.
     QString Content;
 };

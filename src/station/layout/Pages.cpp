@@ -2,6 +2,7 @@
 #include "base/Convert.h"
 #include "station/layout/LayoutParams.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/ObjectExtraRows.h"
 #include "station/layout/PageKey.h"
 #include "station/layout/StoredLayout.h"
 #include "station/session/Operator.h"
@@ -16,20 +17,20 @@ namespace {
 constexpr int PagePanel = 3;
 constexpr std::int16_t FirstPage = 1;
 
-void DeleteObjectsOf(Connection& store, std::int16_t page)
+void DeleteObjectsOf(Connection& store, const QString& table, std::int16_t page)
 {
     Recordset rows(store);
-    rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [Page] = %1").arg(page),
+    rows.Open(QStringLiteral("SELECT * FROM [%1] WHERE [Page] = %2").arg(table).arg(page),
               CursorLock::Optimistic);
     for (; !rows.IsEof(); rows.MoveNext())
         rows.Delete();
 }
 
-void MoveDownObjectsAbove(Connection& store, std::int16_t page)
+void MoveDownObjectsAbove(Connection& store, const QString& table, std::int16_t page)
 {
     const QString pageColumn = QStringLiteral("Page");
     Recordset rows(store);
-    rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [Page] > %1").arg(page),
+    rows.Open(QStringLiteral("SELECT * FROM [%1] WHERE [Page] > %2").arg(table).arg(page),
               CursorLock::Optimistic);
     for (; !rows.IsEof(); rows.MoveNext()) {
         rows.SetValue(pageColumn, ToInteger(rows.Value(pageColumn)) - 1);
@@ -103,8 +104,13 @@ bool DeletePage(Session& session)
         RemoveStoredPage(session.LayoutDb, session.CurrentLayoutName, params.PageIndex);
     } else {
         // The page number is deleted from all layouts.
-        DeleteObjectsOf(session.LayoutDb, params.PageIndex);
-        MoveDownObjectsAbove(session.LayoutDb, params.PageIndex);
+        QStringList tables{QStringLiteral("Controls")};
+        if (HasExtras(session.LayoutDb))
+            tables.append(QString(ExtrasTable));
+        for (const QString& table : tables) {
+            DeleteObjectsOf(session.LayoutDb, table, params.PageIndex);
+            MoveDownObjectsAbove(session.LayoutDb, table, params.PageIndex);
+        }
     }
     // Steps name their pages by numbers, which are other pages now.
     session.History.Clear();

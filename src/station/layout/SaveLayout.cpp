@@ -4,6 +4,7 @@
 #include "station/layout/DocumentForm.h"
 #include "station/layout/LayoutParams.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/ObjectExtraRows.h"
 #include "station/layout/ObjectToRow.h"
 #include "station/layout/PageKey.h"
 #include "station/layout/Pages.h"
@@ -63,6 +64,7 @@ int ReplaceRows(Session& session)
     }
     deleteRest.dismiss();
     DeleteRest(rows);
+    SaveStep("extras", [&] { SaveExtras(session.LayoutDb, key, session.Document); });
     if (session.Options.UniqueNumbers)
         SaveStep("note rows", [&] { OnStoredPage(session, key, NoteNumberRows); });
     return counter;
@@ -87,7 +89,12 @@ int StorePage(Session& session)
 void SetAside(Session& session)
 {
     const PageKey key = PageOnForm(session);
-    Skip("set aside", [&] { session.LayoutDb.SetAside(ObjectsOfPage(key.LayoutName, key.Page)); });
+    Skip("set aside", [&] {
+        QStringList statements{ObjectsOfPage(key.LayoutName, key.Page)};
+        if (HasExtras(session.LayoutDb))
+            statements.append(ExtrasOfPage(key.LayoutName, key.Page));
+        session.LayoutDb.SetAside(statements);
+    });
 }
 
 /// A page that was saved without objects no longer exists, so the previous page is shown.

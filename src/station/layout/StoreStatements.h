@@ -21,6 +21,19 @@ inline QString ObjectsOfPage(const QString& layoutName, std::int16_t page)
     return ObjectsOfLayout(layoutName) + QStringLiteral(" AND [Page] = ") + QString::number(page);
 }
 
+/// The extras of the objects of a layout; only where `HasExtras` is true.
+inline QString ExtrasOfLayout(const QString& layoutName)
+{
+    return QStringLiteral("SELECT * FROM [ObjectExtras] WHERE [LayoutName] = '") + layoutName +
+           QLatin1Char('\'');
+}
+
+/// The extras of the objects of one page; only where `HasExtras` is true.
+inline QString ExtrasOfPage(const QString& layoutName, std::int16_t page)
+{
+    return ExtrasOfLayout(layoutName) + QStringLiteral(" AND [Page] = ") + QString::number(page);
+}
+
 /// The page numbers of a layout.
 inline QString PagesOfLayout(const QString& layoutName)
 {

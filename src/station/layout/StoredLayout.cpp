@@ -2,6 +2,7 @@
 #include "base/Convert.h"
 #include "base/Skip.h"
 #include "station/layout/LayoutParams.h"
+#include "station/layout/ObjectExtraRows.h"
 #include "station/layout/StoreStatements.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
@@ -77,6 +78,11 @@ void RemoveStoredPage(Connection& layoutDb, const QString& layoutName, std::int1
         objects.Open(ObjectsOfLayout(layoutName), CursorLock::Optimistic);
         CloseGap(objects, PageColumn, page);
         objects.Close();
+        if (HasExtras(layoutDb)) {
+            Recordset extras(layoutDb);
+            extras.Open(ExtrasOfLayout(layoutName), CursorLock::Optimistic);
+            CloseGap(extras, PageColumn, page);
+        }
         const QVariant filter = FilterOfFirstRow(layoutDb, layoutName);
         const std::optional<bool> autoSpool = AutoSpoolOfLayout(layoutDb, layoutName);
         Recordset params(layoutDb);

@@ -2,8 +2,11 @@
 #include "base/Skip.h"
 #include "card/AutoNumber.h"
 #include "card/CaptionFigure.h"
+#include "card/FittedFont.h"
+#include "card/ObjectFindings.h"
 #include "card/OpeningFont.h"
 #include "card/TextLeft.h"
+#include "card/TrackFindings.h"
 #include "printers/Printer.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LoadLayout.h"
@@ -107,29 +110,62 @@ QString SpokenName(const CardObject& label)
     }
 }
 
-void PrintLabel(Printers& printers, CardObject& label, CardRemarks& remarks)
+/// What is noted of a card while it is drawn.
+struct CardNotes
+{
+    CardChecks Checks = CardChecks::None;
+    /// The card's size in twips; empty if it is not known.
+    QSizeF Card;
+    CardRemarks Remarks = {};
+
+    bool AreOn() const { return Checks == CardChecks::OfValues; }
+    void Add(const std::optional<Finding>& finding)
+    {
+        if (finding)
+            Remarks.push_back(RemarkOf(*finding));
+    }
+};
+
+/// Whether what a label shows differs from card to card.
+bool ShowsValue(const CardObject& label)
+{
+    return label.Family() == Family::lbl_DATA || label.Family() == Family::lbl_AUTO;
+}
+
+void PrintCaptionFigure(Printers& printers, const CardObject& label, CardNotes& notes)
+{
+    const CaptionFigure figure = FigureOf(label, DotsPerInch(printers));
+    PrintFigure(printers, figure, label.ForeColor);
+    if (!figure.Trouble.isEmpty())
+        notes.Remarks.push_back({SpokenName(label) + QStringLiteral(": ") + figure.Trouble, {}});
+    else if (notes.AreOn() && ShowsValue(label))
+        notes.Add(CodeFinding(label, figure));
+}
+
+void PrintLabel(Printers& printers, CardObject& label, CardNotes& notes)
 {
     Skip("raise number", [&] { Increment_If_AutoNumber(label); });
     if (IsFigureFont(label.Font())) {
-        const CaptionFigure figure = FigureOf(label, DotsPerInch(printers));
-        PrintFigure(printers, figure, label.ForeColor);
-        if (!figure.Trouble.isEmpty())
-            remarks.push_back({SpokenName(label) + QStringLiteral(": ") + figure.Trouble, {}});
+        PrintCaptionFigure(printers, label, notes);
         return;
     }
-    CopyFont(printers, label.Font());
+    const Font font = FittedFont(label);
+    CopyFont(printers, font);
     OnPrinter(printers, "colour", [&](Printer& p) { p.SetForeColor(label.ForeColor); });
     OnPrinter(printers, "position", [&](Printer& p) {
         p.SetCurrentX(TextLeft(label, label.Alignment == 0 ? 0 : p.TextWidth(label.Caption())));
     });
     OnPrinter(printers, "line", [&](Printer& p) { p.SetCurrentY(label.Top); });
     OnPrinter(printers, "text", [&](Printer& p) { p.Print(label.Caption()); });
+    if (notes.AreOn() && ShowsValue(label))
+        notes.Add(TextFinding(label, font, notes.Card));
 }
 
-void PrintImage(Printers& printers, const CardObject& image)
+void PrintImage(Printers& printers, const CardObject& image, CardNotes& notes)
 {
     Picture picture;
-    if (image.Tag == Marker::Camera || image.IsRecordPicture)
+    const bool isOfRecord = image.Tag == Marker::Camera || image.IsRecordPicture;
+    if (isOfRecord)
         picture = image.Picture;
     else
         Skip("load image", [&] { picture = LoadPicture(image.Tag); });
@@ -143,24 +179,24 @@ void PrintImage(Printers& printers, const CardObject& image)
         else
             printer.PaintFitted(picture, image.Fit, left, top, width, height);
     });
+    if (notes.AreOn() && isOfRecord)
+        notes.Add(CoarseFinding(picture, image.Fit, {width, height}, FindingNameOf(image)));
 }
 
 /// Later objects are printed over earlier ones.
-CardRemarks PrintObjects(Printers& printers, const CardDocument& document)
+void PrintObjects(Printers& printers, const CardDocument& document, CardNotes& notes)
 {
-    CardRemarks remarks;
     for (const auto& object : document.Objects()) {
         if (!object->IsContent())
             continue;
         if (object->IsLabel())
-            PrintLabel(printers, *object, remarks);
+            PrintLabel(printers, *object, notes);
         else if (object->IsImage())
-            PrintImage(printers, *object);
+            PrintImage(printers, *object, notes);
         if (!object->PictureProblem.isEmpty())
-            remarks.push_back({QStringLiteral("The picture %1 is missing").arg(object->Tag),
-                               object->PictureProblem});
+            notes.Remarks.push_back({QStringLiteral("The picture %1 is missing").arg(object->Tag),
+                                     object->PictureProblem});
     }
-    return remarks;
 }
 
 void ReopenPage(Session& session)
@@ -173,12 +209,25 @@ void ReopenPage(Session& session)
 
 CardRemarks DrawPage(Printers& printers, const QString& layoutName,
                      const LayoutParamsRecord& params, const FieldValues& values,
-                     const CardDocument& document)
+                     const CardDocument& document, CardChecks checks)
 {
+    CardNotes notes{
+        .Checks = checks,
+        .Card = {static_cast<double>(document.Width), static_cast<double>(document.Height)}};
     OpenPage(printers, layoutName, params.PageIndex);
     PrintTracks(printers, params, values);
     PrintBackImage(printers, document);
-    return PrintObjects(printers, document);
+    if (notes.AreOn()) {
+        for (const Finding& finding : FindingsOnTracks(params, values))
+            notes.Remarks.push_back(RemarkOf(finding));
+    }
+    PrintObjects(printers, document, notes);
+    return std::move(notes.Remarks);
+}
+
+CardChecks ChecksOf(const StationOptions& options)
+{
+    return options.DesignTools ? CardChecks::OfValues : CardChecks::None;
 }
 
 void PrintCard_Ex(Session& session)
@@ -187,7 +236,7 @@ void PrintCard_Ex(Session& session)
     if (!record.Begin([&] { ReopenPage(session); }))
         return;
     record.Note(DrawPage(session.Printers, session.CurrentLayoutName, session.CurrentParams,
-                         session.FieldValues, session.Document));
+                         session.FieldValues, session.Document, ChecksOf(session.Options)));
     record.End();
     // The next page loads its numbers from the database.
     if (session.Keeper == nullptr)

@@ -10,13 +10,21 @@ class FieldValues;
 class Printers;
 class Session;
 struct LayoutParamsRecord;
+struct StationOptions;
+
+/// What is checked of a card while it is drawn: nothing, or what its values bring about, such as a
+/// name that leaves its box. What a layout has in itself is told by its check, see `CheckPage`.
+enum class CardChecks { None, OfValues };
+
+/// The checks of a station's cards.
+CardChecks ChecksOf(const StationOptions& options);
 
 /// Draws a page on the current printer, as an open job, and raises its automatic numbers in memory.
 /// Every printer operation that fails is skipped.
-/// @return what is not on the card as the document has it
+/// @return what is not on the card as the document has it, and what the checks found
 CardRemarks DrawPage(Printers& printers, const QString& layoutName,
                      const LayoutParamsRecord& params, const FieldValues& values,
-                     const CardDocument& document);
+                     const CardDocument& document, CardChecks checks);
 
 /// Prints the open page as one job, then saves it. Called by `PrintCard` only. Every printer
 /// operation that fails is skipped.

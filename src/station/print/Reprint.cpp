@@ -48,7 +48,8 @@ void ReprintCard(Session& session, const LedgerCard& card, const FieldValues& va
     if (kind == CopyKind::OrientedPagePass)
         Skip("orientation",
              [&] { session.Printers.Current().SetOrientation(params.PrinterOrientation); });
-    record.Note(DrawPage(session.Printers, card.Layout, params, values, document));
+    record.Note(DrawPage(session.Printers, card.Layout, params, values, document,
+                         ChecksOf(session.Options)));
     record.End();
 }
 

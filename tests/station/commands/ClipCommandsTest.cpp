@@ -1,4 +1,5 @@
 #include "station/commands/ClipCommands.h"
+#include "card/ObjectExtras.h"
 #include "station/commands/ArrangeCommands.h"
 #include "station/commands/ObjectCommands.h"
 #include "station/layout/DesignSelection.h"
@@ -41,6 +42,7 @@ protected:
         field.ToolTipText = QStringLiteral("No. \r.");
         field.DataMember = QStringLiteral("MOD10");
         field.Alignment = 2;
+        SetShrinkTo(field, 5.5);
         CardObject& number = AddNumber(Session, 41, {900, 200, 300, 1500});
         CardObject& image = AddImage(Session, Picture, {1300, 200, 500, 400});
         image.Picture = LoadPicture(Picture);

@@ -1,4 +1,5 @@
 #include "station/layout/DesignSteps.h"
+#include "card/ObjectExtras.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LoadLayout.h"
 #include "station/layout/Navigation.h"
@@ -44,6 +45,18 @@ protected:
     TestSession Station;
     vantrel::Session& Session = Station.Session;
 };
+
+TEST_F(DesignSteps, HoldTheSizeToWhichATextShrinks)
+{
+    const QString began = PageText(Session);
+    SetShrinkTo(Object(Family::lbl_TEXT), 6);
+    NoteDesign(Session);
+    EXPECT_NE(PageText(Session), began);
+    UndoDesign(Session);
+    EXPECT_EQ(PageText(Session), began);
+    RedoDesign(Session);
+    EXPECT_EQ(ShrinkToOf(Object(Family::lbl_TEXT)), 6);
+}
 
 TEST_F(DesignSteps, GoBackAndForthOneByOne)
 {

@@ -1,5 +1,6 @@
 #include "station/print/CardAsPrinted.h"
 #include "card/FieldValues.h"
+#include "card/ObjectExtras.h"
 #include "ledger/LedgerRows.h"
 #include "station/layout/PageDescription.h"
 #include "support/Layouts.h"
@@ -49,6 +50,19 @@ int InkIn(const QImage& picture, const QRect& part)
             ink += qGray(picture.pixel(x, y)) < 128 ? 1 : 0;
     }
     return ink;
+}
+
+TEST_F(CardOfPage, ShowsATextThatShrankAsItWasPrinted)
+{
+    Values = {};
+    Values.Add(QString(12, QLatin1Char('W')));
+    const QRect beyond(200, 20, 286, 30);
+    EXPECT_GT(InkIn(Draw().Picture, beyond), 20);
+    SetShrinkTo(*Station.Session.Document.Find(Family::lbl_DATA, 1), 1);
+    SavePage(Station.Session);
+    Page = DescribePage(Station.Session.LayoutDb, QStringLiteral("Badge"), 1).Content;
+    EXPECT_EQ(InkIn(Draw().Picture, beyond), 0);
+    EXPECT_GT(InkIn(Draw().Picture, {20, 20, 150, 30}), 0);
 }
 
 TEST_F(CardOfPage, IsDrawnWithItsValueNumberAndPicture)

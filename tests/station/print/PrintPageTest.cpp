@@ -1,3 +1,5 @@
+#include "card/FittedFont.h"
+#include "card/ObjectExtras.h"
 #include "station/print/PrintCard.h"
 #include "station/session/Session.h"
 #include "support/Layouts.h"
@@ -81,6 +83,20 @@ TEST_F(PrintPage, SelectsTheFontAnewAndThenSetsItsValuesInAFixedOrder)
         QStringLiteral("Print(\"Hello\")"),
     };
     EXPECT_EQ(Between(Printed(), expected.constFirst(), expected.constLast()), expected);
+}
+
+TEST_F(PrintPage, ATextThatShrinksIsPrintedInTheSizeThatFits)
+{
+    CardObject& text = AddText(Session, QStringLiteral("Bartholomew Featherstonehaugh"),
+                               {.Height = 600, .Width = 2000});
+    text.SetFont({.Name = QStringLiteral("Liberation Serif"), .Size = 20});
+    EXPECT_TRUE(Printed().contains(QStringLiteral("FontSize = 20")));
+    SetShrinkTo(*Session.Document.Find(Family::lbl_TEXT, 1), 5);
+    const Font fitted = FittedFont(*Session.Document.Find(Family::lbl_TEXT, 1));
+    ASSERT_LT(fitted.Size, 20);
+    const QStringList operations = Printed();
+    EXPECT_TRUE(operations.contains(QStringLiteral("FontSize = %1").arg(fitted.Size)));
+    EXPECT_FALSE(operations.contains(QStringLiteral("FontSize = 20")));
 }
 
 struct AlignmentRow
