@@ -191,10 +191,10 @@ TEST_F(Clip, DoesNothingWithoutTheOptionOrALayout)
 TEST_F(Clip, SeveralSelectedObjectsAreDeletedTogether)
 {
     Select(OneOfEach());
-    Station.Operator.BoxAnswers = {BoxAnswer::Yes};
+    Station.Operator.Answers = {true};
     DeleteSelectedObject(Session);
     EXPECT_EQ(Count(), 0);
-    EXPECT_TRUE(Station.Operator.Questions.first().contains(QStringLiteral("4 selected items")));
+    EXPECT_TRUE(Station.Operator.AppMessages.first().contains(QStringLiteral("these 4 objects")));
 }
 
 TEST_F(Clip, SeveralSelectedObjectsMoveAndAlignInOneStep)

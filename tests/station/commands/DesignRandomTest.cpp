@@ -122,12 +122,12 @@ protected:
         } else if (what == 16) {
             object->Tag = object->IsLabel() ? QString(QChar(u'a' + Below(26))) : object->Tag;
         } else if (what == 17 && Below(8) == 0) {
-            Station.Operator.BoxAnswers = {BoxAnswer::Yes};
+            Station.Operator.Answers = {true};
             DeleteAllFields(Session);
         } else if (what == 18) {
             ChangeParams();
         } else {
-            Station.Operator.BoxAnswers = {BoxAnswer::Yes};
+            Station.Operator.Answers = {true};
             DeleteSelectedObject(Session);
         }
     }
