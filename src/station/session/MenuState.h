@@ -25,9 +25,10 @@ enum class Tick {
     cmdVisibleOnCard,
     cmdFitWhole,
     cmdFitFilled,
-    cmdFitStretched
+    cmdFitStretched,
+    cmdShowValues
 };
-inline constexpr int TickCount = 17;
+inline constexpr int TickCount = 18;
 
 /// Entries of `mnuProperties` whose visibility depends on the selected object.
 enum class ObjectEntry {
