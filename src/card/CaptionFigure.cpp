@@ -213,6 +213,11 @@ bool IsCodeFont(const Font& font)
     return CodeOf(font).has_value();
 }
 
+bool IsShapeFont(const Font& font)
+{
+    return ShapeOf(font) != nullptr;
+}
+
 QStringList FigureFontNames()
 {
     QStringList names;

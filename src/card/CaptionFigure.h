@@ -38,6 +38,8 @@ struct CaptionFigure
 /// Whether a font shows figures instead of text: its name is "Barcode" or "Shape", a blank and the
 /// name of a kind, exactly so.
 bool IsFigureFont(const Font& font);
+/// Whether it is the font of a shape, which does not show the caption at all.
+bool IsShapeFont(const Font& font);
 
 /// Whether a font shows bar codes.
 bool IsCodeFont(const Font& font);
