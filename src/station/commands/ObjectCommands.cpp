@@ -95,9 +95,12 @@ void Align(CardDocument& document, StationFace& face, const AlignmentRow& chosen
     }
 }
 
-void ToggleOnSelected(const CardDocument& document, CheckDigitKind kind)
+void ToggleOnSelected(Session& session, CheckDigitKind kind)
 {
-    ToggleCheckDigit(kind, ElementOrFail(document));
+    ToggleCheckDigit(kind, ElementOrFail(session.Document));
+    // The window may show the values as they would print.
+    if (session.Options.DesignTools)
+        session.Document.Refresh();
 }
 
 QLatin1StringView WordOf(CheckDigitKind kind)
@@ -225,17 +228,17 @@ void ToggleCheckDigit(CheckDigitKind kind, CardObject& object)
 
 void ToggleMod10(Session& session)
 {
-    ToggleOnSelected(session.Document, CheckDigitKind::Mod10);
+    ToggleOnSelected(session, CheckDigitKind::Mod10);
 }
 
 void ToggleCodabar(Session& session)
 {
-    ToggleOnSelected(session.Document, CheckDigitKind::Codabar);
+    ToggleOnSelected(session, CheckDigitKind::Codabar);
 }
 
 void ToggleEbt(Session& session)
 {
-    ToggleOnSelected(session.Document, CheckDigitKind::Ebt);
+    ToggleOnSelected(session, CheckDigitKind::Ebt);
 }
 
 void AlignLeft(Session& session)
@@ -290,6 +293,12 @@ void AdjustFont(Session& session)
 void ToggleVisibleOnCard(Session& session)
 {
     session.Face.SetTick(Tick::cmdVisibleOnCard, !session.Face.IsTicked(Tick::cmdVisibleOnCard));
+}
+
+void ToggleShowValues(Session& session)
+{
+    session.Face.SetTick(Tick::cmdShowValues, !session.Face.IsTicked(Tick::cmdShowValues));
+    session.Document.Refresh();
 }
 
 void ChooseDataField(Session& session, int position)

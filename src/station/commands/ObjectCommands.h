@@ -46,6 +46,10 @@ void AdjustFont(Session& session);
 /// Toggles its tick; it has no other effect.
 void ToggleVisibleOnCard(Session& session);
 
+/// Toggles its tick. While it is on, the window of a station with design tools shows the last
+/// record's values in place of the names of the fields, as they would print.
+void ToggleShowValues(Session& session);
+
 /// Assigns a value of the last record to the selected object: its position, counted from 1, and its
 /// text as caption, or the placeholder if the value is empty. Does nothing if the object does not
 /// exist. Fails with `SubscriptOutOfRange` if the record has no such value.

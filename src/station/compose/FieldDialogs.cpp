@@ -1,6 +1,10 @@
 #include "station/compose/FieldDialogs.h"
 #include "base/Convert.h"
 #include "base/Failure.h"
+#include "base/NumberFormat.h"
+#include "base/Skip.h"
+#include "card/Padding.h"
+#include "card/ShownValues.h"
 #include "station/compose/ComposerElement.h"
 #include "station/session/Session.h"
 #include <algorithm>
@@ -85,6 +89,44 @@ void SaveFilters(CardDocument& document, const QString& characters)
     CardObject* selected = document.SelectedObject;
     if (selected != nullptr)
         selected->Tag = characters;
+}
+
+ValueSample SampleOfPreSuffix(const Session& session, const PreSuffix& around)
+{
+    const CardDocument& document = session.Document;
+    const CardObject* field = document.Find(Family::lbl_DATA, document.SelectedIndex);
+    if (field == nullptr)
+        return {};
+    CardObject changed = *field;
+    changed.ToolTipText = around.Prefix + CarriageReturn + around.Suffix;
+    return SampleOf(document, changed, session.FieldValues, MachineDecimalSeparator());
+}
+
+ValueSample SampleOfFilters(const Session& session, const QString& characters)
+{
+    const CardObject* selected = session.Document.SelectedObject;
+    if (selected == nullptr || !selected->IsLabel() || selected->Family() == Family::lbl_TEXT)
+        return {};
+    CardObject changed = *selected;
+    changed.Tag = characters;
+    return SampleOf(session.Document, changed, session.FieldValues, MachineDecimalSeparator());
+}
+
+ValueSample SampleOfPad(const Session& session, const QString& padChars, const QString& lengthText,
+                        std::int32_t direction)
+{
+    ValueSample sample{SampleSource::Example, ExampleValue, {}};
+    Skip("value of the field", [&] {
+        sample.Value = session.FieldValues.Item(session.Pad.PadField);
+        sample.Source = SampleSource::Record;
+    });
+    if (!IsPadLength(lengthText))
+        sample.Printed = sample.Value;
+    else
+        Skip("sample of padding", [&] {
+            sample.Printed = PadValue(sample.Value, ToInteger(lengthText), padChars, direction);
+        });
+    return sample;
 }
 
 } // namespace vantrel

@@ -7,6 +7,8 @@ namespace vantrel {
 
 class FieldValues;
 class CardDocument;
+class Session;
+struct ValueSample;
 
 /// @file The dialogs of a data field: padding, prefix and suffix, filter characters. Changes are
 /// stored when the layout is saved.
@@ -45,5 +47,14 @@ void SavePreSuffix(CardDocument& document, const PreSuffix& around);
 QString SelectedFilters(const CardDocument& document);
 /// Sets these characters on the selected object, if there is one.
 void SaveFilters(CardDocument& document, const QString& characters);
+
+/// What the selected field would print with another prefix and suffix, or the selected field or
+/// number with other filter characters. Empty if nothing of the kind is selected.
+ValueSample SampleOfPreSuffix(const Session& session, const PreSuffix& around);
+ValueSample SampleOfFilters(const Session& session, const QString& characters);
+/// What the value of the chosen field would become with that padding, or an example while none is
+/// chosen. A text that is no length leaves it as it is.
+ValueSample SampleOfPad(const Session& session, const QString& padChars, const QString& lengthText,
+                        std::int32_t direction);
 
 } // namespace vantrel
