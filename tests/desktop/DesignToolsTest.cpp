@@ -1,5 +1,6 @@
 #include "card/ObjectArrange.h"
 #include "desktop/Designer.h"
+#include "station/layout/DesignSelection.h"
 #include "station/layout/DesignSteps.h"
 #include "station/layout/LoadLayout.h"
 #include "station/layout/Navigation.h"
@@ -90,6 +91,8 @@ TEST_F(DesignTools, EveryCommandOfTheMenusCanBeTakenBack)
     const QString before = Page();
     for (const char* name : {"cmdInsertData", "cmdNewText", "cmdInsertImage", "cmdInsertCamImage"})
         Station.Choose(name);
+    // New objects are selected.
+    SelectObjects(Station.Session.Document, Station.Session.Face, {&Field()});
     for (const char* name : {"cmdIncrease", "cmdMod10", "cmdACenter"})
         Station.Choose(name);
     int steps = 0;
@@ -101,6 +104,7 @@ TEST_F(DesignTools, EveryCommandOfTheMenusCanBeTakenBack)
 
 TEST_F(DesignTools, WhatADialogDidIsAStepOfItsOwn)
 {
+    Station.Session.Options.Unit = LengthUnit::Twips;
     Station.Click(OnText);
     const QString before = Page();
     Station.Choose("cmdSize");

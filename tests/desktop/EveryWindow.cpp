@@ -5,6 +5,8 @@
 #include "desktop/composers/frmPad.h"
 #include "desktop/composers/frmSerialize.h"
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/designer/frmObjects.h"
+#include "desktop/designer/frmPlace.h"
 #include "desktop/designer/frmSize.h"
 #include "desktop/dialogs/frmAbout.h"
 #include "desktop/dialogs/frmCode.h"
@@ -75,6 +77,14 @@ QWidget& Open(DesktopStation& station)
     return OpenDialog<Dialog>(station.Session, &station.Window);
 }
 
+/// A window of the design tools.
+template <typename Dialog>
+QWidget& OpenTool(DesktopStation& station)
+{
+    station.Session.Options.DesignTools = true;
+    return OpenDialog<Dialog>(station.Session, &station.Window);
+}
+
 /// The history with an entry chosen.
 QWidget& OpenHistory(DesktopStation& station)
 {
@@ -137,8 +147,10 @@ constexpr WindowRow Windows[] = {
     {"frmMessageOk", OpenMessage<AppMessageButtons::OkOnly>},
     {"frmMessageNoYes", OpenMessage<AppMessageButtons::NoYes>},
     {"frmMessageYesNo", OpenMessage<AppMessageButtons::YesNo>},
+    {"frmObjects", OpenTool<frmObjects>},
     {"frmOptions", Open<frmOptions>},
     {"frmPad", OpenPad},
+    {"frmPlace", OpenTool<frmPlace>},
     {"frmPreSuffix", Open<frmPreSuffix>},
     {"frmPrinters2", OpenPrinters},
     {"frmRawData", Open<frmRawData>},

@@ -1,5 +1,6 @@
 #include "desktop/DesktopStation.h"
 #include "desktop/StationOptionsOf.h"
+#include "support/Events.h"
 #include <QMenu>
 #include <QMenuBar>
 #include <gtest/gtest.h>
@@ -75,11 +76,13 @@ TEST(StationMenu, HasTheDesignToolsWhereTheyAreOn)
 {
     DesktopStation station(true, WithDesignTools());
     EXPECT_EQ(station.Get<QMenu>("mnuDesignTools").title(), QStringLiteral("&Design Tools"));
-    EXPECT_EQ(EntriesOf(station, "mnuDesignTools"),
-              QStringList({QStringLiteral("&Undo|Alt+Backspace"),
-                           QStringLiteral("&Redo|Alt+Shift+Backspace"), QStringLiteral("-"),
-                           QStringLiteral("Dup&licate|Ctrl+J"), QStringLiteral("&Order|"),
-                           QStringLiteral("&Align|"), QStringLiteral("Di&stribute|")}));
+    EXPECT_EQ(
+        EntriesOf(station, "mnuDesignTools"),
+        QStringList({QStringLiteral("&Undo|Alt+Backspace"),
+                     QStringLiteral("&Redo|Alt+Shift+Backspace"), QStringLiteral("-"),
+                     QStringLiteral("Dup&licate|Ctrl+J"), QStringLiteral("&Order|"),
+                     QStringLiteral("&Align|"), QStringLiteral("Di&stribute|"), QStringLiteral("-"),
+                     QStringLiteral("Ob&jects ...|F6"), QStringLiteral("Show Last &Values|F7")}));
     EXPECT_EQ(EntriesOf(station, "mnuStack"),
               QStringList({QStringLiteral("To &Front|Ctrl+Shift+Up"),
                            QStringLiteral("One &Up|Ctrl+Up"), QStringLiteral("One &Down|Ctrl+Down"),
@@ -114,6 +117,25 @@ TEST(StationMenu, OffersWaysToFitAPictureWithTheDesignTools)
                            QStringLiteral("&Stretched to the Box|")}));
     DesktopStation without(true, WithLedger());
     EXPECT_EQ(without.Window.findChild<QMenu*>(QStringLiteral("mnuPictureFit")), nullptr);
+}
+
+TEST(StationMenu, InsertsNumbersCodesAndShapesWithTheDesignTools)
+{
+    DesktopStation station(true, WithDesignTools());
+    station.WithLayout();
+    station.Load();
+    EXPECT_TRUE(EventsUntil([&] { return station.Get<QAction>("cmdInsertNumber").isEnabled(); }));
+    station.Choose("cmdInsertNumber");
+    const CardObject* number = station.Session.Document.Find(Family::lbl_AUTO, 1);
+    ASSERT_NE(number, nullptr);
+    EXPECT_EQ(station.Session.Document.SelectedObject, number);
+    station.Choose("cmdInsertCode");
+    EXPECT_NE(station.Session.Document.Find(Family::lbl_DATA, 2), nullptr);
+    station.Choose("cmdInsertShape");
+    EXPECT_NE(station.Session.Document.Find(Family::lbl_TEXT, 2), nullptr);
+    DesktopStation without(true, WithLedger());
+    for (const char* name : {"cmdInsertNumber", "cmdInsertCode", "cmdInsertShape"})
+        EXPECT_EQ(without.Window.findChild<QAction*>(QLatin1StringView(name)), nullptr) << name;
 }
 
 TEST(StationMenu, SharesNoShortcutAndNoMnemonicOfTheBar)

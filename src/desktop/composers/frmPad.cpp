@@ -1,6 +1,8 @@
 #include "desktop/composers/frmPad.h"
 #include "base/Convert.h"
+#include "card/ShownValues.h"
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopSample.h"
 #include "desktop/controls/DesktopUpDown.h"
 #include "desktop/controls/RunTimeError.h"
 #include "station/compose/FieldDialogs.h"
@@ -21,6 +23,7 @@ namespace {
 
 constexpr int LongestLength = std::numeric_limits<std::int16_t>::max();
 constexpr int FewestFieldsSeen = 6;
+constexpr int SampleCharacters = 48;
 
 /// The two directions by their numbers.
 constexpr const char* DirectionNames[] = {"optDirection(0)", "optDirection(1)"};
@@ -104,9 +107,27 @@ void frmPad::BuildControls()
     top->addLayout(right);
     auto* column = new QVBoxLayout(this);
     column->addLayout(top);
+    if (m_session.Options.DesignTools)
+        column->addWidget(MakeSample());
     column->addLayout(buttons);
     // The focus is not given to the list, where its frame would look like a chosen line.
     m_data->setFocus();
+}
+
+QWidget* frmPad::MakeSample()
+{
+    m_sample = MakeControl<DesktopSample>("picSample", SampleCharacters, this);
+    connect(m_data, &QLineEdit::textChanged, this, &frmPad::ShowSample);
+    connect(m_length, &QLineEdit::textChanged, this, &frmPad::ShowSample);
+    connect(m_fields, &QTreeWidget::itemSelectionChanged, this, &frmPad::ShowSample);
+    for (const QRadioButton* side : m_directions)
+        connect(side, &QRadioButton::toggled, this, &frmPad::ShowSample);
+    return m_sample;
+}
+
+void frmPad::ShowSample()
+{
+    m_sample->Show(SampleOfPad(m_session, m_data->text(), m_length->text(), Direction()));
 }
 
 void frmPad::Show_Data(const QString& padChars, std::int16_t padLen, std::int32_t padDirection)
@@ -151,14 +172,19 @@ void frmPad::FollowLengthText()
     }
 }
 
-void frmPad::Save()
+std::int32_t frmPad::Direction() const
 {
     std::int32_t direction = m_direction;
     for (std::size_t side = 0; side < std::size(m_directions); ++side) {
         if (m_directions[side]->isChecked())
             direction = static_cast<std::int32_t>(side);
     }
-    SavePad(m_session.Pad, m_data->text(), m_length->text(), direction);
+    return direction;
+}
+
+void frmPad::Save()
+{
+    SavePad(m_session.Pad, m_data->text(), m_length->text(), Direction());
     accept();
 }
 

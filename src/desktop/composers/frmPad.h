@@ -10,10 +10,12 @@ class QTreeWidget;
 
 namespace vantrel {
 
+class DesktopSample;
 class DesktopUpDown;
 class Session;
 
-/// Asks how a field of a track is padded. The answers are in `Session::Pad` once the dialog is
+/// Asks how a field of a track is padded. With design tools it shows what the last record's value
+/// becomes while the padding is typed. The answers are in `Session::Pad` once the dialog is
 /// closed.
 class frmPad : public QDialog
 {
@@ -34,6 +36,10 @@ private:
     void ChooseField();
     void ShowLength(int length);
     void FollowLengthText();
+    QWidget* MakeSample();
+    void ShowSample();
+    /// The side that is marked.
+    std::int32_t Direction() const;
     void Save();
 
     Session& m_session;
@@ -43,6 +49,8 @@ private:
     DesktopUpDown* m_arrows;
     QRadioButton* m_directions[2] = {};
     QPushButton* m_save;
+    /// Null without design tools.
+    DesktopSample* m_sample = nullptr;
     /// The direction that is kept while neither side is marked.
     std::int32_t m_direction = 0;
 };

@@ -1,6 +1,8 @@
 #include "desktop/designer/frmDocument.h"
+#include "base/NumberFormat.h"
 #include "base/Skip.h"
 #include "card/PaintDocument.h"
+#include "card/ShownValues.h"
 #include "desktop/controls/DesktopAccess.h"
 #include "desktop/controls/ScreenUnits.h"
 #include "desktop/designer/DesktopCardAccess.h"
@@ -57,6 +59,10 @@ frmDocument::frmDocument(Session& session, QWidget* parent)
     connect(&document, &CardDocument::Shown, this, &frmDocument::MirrorSoon);
     connect(&document, &CardDocument::Hidden, this, &frmDocument::MirrorSoon);
     connect(&document, &CardDocument::Changed, this, &frmDocument::MirrorSoon);
+    connect(&m_session.Face, &StationFace::FieldsChanged, this, [this] {
+        if (m_session.Face.IsTicked(Tick::cmdShowValues))
+            MirrorSoon();
+    });
 }
 
 frmDocument::~frmDocument() = default;
@@ -113,7 +119,13 @@ void frmDocument::DrawCard()
     m_card.fill(Qt::white);
     Skip("paint the document", [&] {
         const auto canvas = PageCanvas::OnImage(m_card, scale * ScreenPixelsPerInch / TwipsPerInch);
-        PaintDocument(m_session.Document, m_session.CurrentParams, *canvas);
+        if (m_session.Face.IsTicked(Tick::cmdShowValues)) {
+            const auto shown = PageWithValues(m_session.Document, m_session.FieldValues,
+                                              m_session.Pictures, MachineDecimalSeparator());
+            PaintDocument(*shown, m_session.CurrentParams, *canvas);
+        } else {
+            PaintDocument(m_session.Document, m_session.CurrentParams, *canvas);
+        }
         canvas->Finish();
     });
     m_card.setDevicePixelRatio(scale);

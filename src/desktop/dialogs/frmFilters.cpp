@@ -1,5 +1,7 @@
 #include "desktop/dialogs/frmFilters.h"
+#include "card/ShownValues.h"
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopSample.h"
 #include "station/compose/FieldDialogs.h"
 #include "station/session/Session.h"
 #include <QHBoxLayout>
@@ -11,7 +13,8 @@ namespace vantrel {
 
 namespace {
 constexpr int CharactersSeen = 28;
-}
+constexpr int SampleCharacters = 40;
+} // namespace
 
 frmFilters::frmFilters(Session& session, QWidget* parent)
     : QDialog(parent), m_session(session), m_chars(MakeControl<QLineEdit>("txtChars", this))
@@ -35,13 +38,26 @@ frmFilters::frmFilters(Session& session, QWidget* parent)
     buttons->addWidget(cancel);
     auto* column = new QVBoxLayout(this);
     column->addWidget(m_chars);
+    if (m_session.Options.DesignTools) {
+        m_sample = MakeControl<DesktopSample>("picSample", SampleCharacters, this);
+        column->addWidget(m_sample);
+        connect(m_chars, &QLineEdit::textChanged, this, &frmFilters::ShowSample);
+        ShowSample();
+    }
     column->addLayout(buttons);
     setMinimumWidth(WidthForTitle(windowTitle()));
+}
+
+void frmFilters::ShowSample()
+{
+    m_sample->Show(SampleOfFilters(m_session, m_chars->text()));
 }
 
 void frmFilters::Save()
 {
     SaveFilters(m_session.Document, m_chars->text());
+    if (m_session.Options.DesignTools)
+        m_session.Document.Refresh();
     close();
 }
 

@@ -6,9 +6,11 @@ class QLineEdit;
 
 namespace vantrel {
 
+class DesktopSample;
 class Session;
 
-/// Asks which characters are removed from the values of the selected object.
+/// Asks which characters are removed from the values of the selected object. With design tools it
+/// shows what the last record's value prints as while they are typed.
 class frmFilters : public QDialog
 {
     Q_OBJECT
@@ -18,9 +20,12 @@ public:
 
 private:
     void Save();
+    void ShowSample();
 
     Session& m_session;
     QLineEdit* m_chars;
+    /// Null without design tools.
+    DesktopSample* m_sample = nullptr;
 };
 
 } // namespace vantrel

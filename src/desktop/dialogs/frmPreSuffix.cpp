@@ -1,5 +1,7 @@
 #include "desktop/dialogs/frmPreSuffix.h"
+#include "card/ShownValues.h"
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopSample.h"
 #include "station/compose/FieldDialogs.h"
 #include "station/session/Session.h"
 #include <QFormLayout>
@@ -11,7 +13,8 @@ namespace vantrel {
 
 namespace {
 constexpr int CharactersSeen = 28;
-}
+constexpr int SampleCharacters = 40;
+} // namespace
 
 frmPreSuffix::frmPreSuffix(Session& session, QWidget* parent)
     : QDialog(parent), m_session(session), m_prefix(MakeControl<QLineEdit>("txtPrefix", this)),
@@ -38,12 +41,26 @@ frmPreSuffix::frmPreSuffix(Session& session, QWidget* parent)
     auto* form = new QFormLayout(this);
     form->addRow(QStringLiteral("Prefix"), m_prefix);
     form->addRow(QStringLiteral("Suffix"), m_suffix);
+    if (m_session.Options.DesignTools) {
+        m_sample = MakeControl<DesktopSample>("picSample", SampleCharacters, this);
+        form->addRow(m_sample);
+        connect(m_prefix, &QLineEdit::textChanged, this, &frmPreSuffix::ShowSample);
+        connect(m_suffix, &QLineEdit::textChanged, this, &frmPreSuffix::ShowSample);
+        ShowSample();
+    }
     form->addRow(buttons);
+}
+
+void frmPreSuffix::ShowSample()
+{
+    m_sample->Show(SampleOfPreSuffix(m_session, {m_prefix->text(), m_suffix->text()}));
 }
 
 void frmPreSuffix::Save()
 {
     SavePreSuffix(m_session.Document, {m_prefix->text(), m_suffix->text()});
+    if (m_session.Options.DesignTools)
+        m_session.Document.Refresh();
     close();
 }
 

@@ -6,9 +6,11 @@ class QLineEdit;
 
 namespace vantrel {
 
+class DesktopSample;
 class Session;
 
-/// Asks for the prefix and the suffix of the selected data field.
+/// Asks for the prefix and the suffix of the selected data field. With design tools it shows what
+/// the last record's value prints as while they are typed.
 class frmPreSuffix : public QDialog
 {
     Q_OBJECT
@@ -18,10 +20,13 @@ public:
 
 private:
     void Save();
+    void ShowSample();
 
     Session& m_session;
     QLineEdit* m_prefix;
     QLineEdit* m_suffix;
+    /// Null without design tools.
+    DesktopSample* m_sample = nullptr;
 };
 
 } // namespace vantrel

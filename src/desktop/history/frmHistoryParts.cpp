@@ -1,4 +1,5 @@
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/controls/DesktopTable.h"
 #include "desktop/history/DesktopRecordParts.h"
 #include "desktop/history/HistoryModel.h"
 #include "desktop/history/frmHistory.h"
@@ -7,7 +8,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -34,34 +34,6 @@ constexpr QSize FirstSize{980, 680};
 constexpr double LargestShare = 0.9;
 /// Widths of the columns in average characters, in their order.
 constexpr std::array<int, HistoryColumnCount> ColumnWidths{9, 23, 25, 16, 34, 14, 10, 8};
-
-/// The height that lists give to their rows.
-int RowHeight(QWidget& window)
-{
-    QListWidget list(&window);
-    list.addItem(QStringLiteral("0"));
-    return list.sizeHintForRow(0);
-}
-
-template <typename Table>
-void PrepareTable(Table& table, QWidget& window)
-{
-    table.setSelectionBehavior(QAbstractItemView::SelectRows);
-    table.setSelectionMode(QAbstractItemView::SingleSelection);
-    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table.setShowGrid(false);
-    table.setWordWrap(false);
-    table.setTabKeyNavigation(false);
-    table.setCornerButtonEnabled(false);
-    table.verticalHeader()->hide();
-    const int height = RowHeight(window);
-    table.verticalHeader()->setMinimumSectionSize(height);
-    table.verticalHeader()->setDefaultSectionSize(height);
-    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table.horizontalHeader()->setHighlightSections(false);
-    table.horizontalHeader()->setStretchLastSection(true);
-    table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-}
 
 } // namespace
 

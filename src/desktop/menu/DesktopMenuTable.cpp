@@ -3,6 +3,8 @@
 #include "desktop/composers/frmEncoding.h"
 #include "desktop/composers/frmPad.h"
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/designer/frmObjects.h"
+#include "desktop/designer/frmPlace.h"
 #include "desktop/designer/frmSize.h"
 #include "desktop/dialogs/frmAbout.h"
 #include "desktop/dialogs/frmCode.h"
@@ -258,7 +260,8 @@ constexpr MenuRow Rows[] = {
     Command("mnuColors", "cmdForeColor", "&ForeColor", "", Runs<AdjustTextColor>),
     Command("mnuColors", "cmdBackColor", "&BackColor").Disabled(),
     Dash("mnuProperties"),
-    Command("mnuProperties", "cmdSize", "Adjust Size...", "Ctrl+Z", Opens<frmSize>),
+    Command("mnuProperties", "cmdSize", "Adjust Size...", "Ctrl+Z", Opens<frmSize>)
+        .WithTools(Opens<frmPlace>, Enabled::Always),
     Command("mnuProperties", "cmdVisibleOnCard", "Visible On Card", "",
             Runs<ToggleVisibleOnCard>).With(Tick::cmdVisibleOnCard),
     Dash("mnuProperties"),
@@ -291,6 +294,16 @@ constexpr MenuRow Rows[] = {
     Menu("mnuDesignTools", "mnuSpread", "Di&stribute").On(WithObject),
     Command("mnuSpread", "cmdSpreadAcross", "&Across", "", Spreads<SpreadAxis::Across>),
     Command("mnuSpread", "cmdSpreadDown", "&Down", "", Spreads<SpreadAxis::Down>),
+    Dash("mnuDesignTools"),
+    Command("mnuDesignTools", "cmdObjects", "Ob&jects ...", "F6", Opens<frmObjects>),
+    Command("mnuDesignTools", "cmdShowValues", "Show Last &Values", "F7", Runs<ToggleShowValues>)
+        .With(Tick::cmdShowValues),
+    Command("mnuStation", "cmdInsertNumber", "Insert Automatic &Number", "",
+            Runs<InsertAutoNumber>).On(WithLayout).Where(HasDesignTools),
+    Command("mnuStation", "cmdInsertCode", "Insert &Bar Code", "", Runs<InsertCode>)
+        .On(WithLayout).Where(HasDesignTools),
+    Command("mnuStation", "cmdInsertShape", "Insert &Shape", "", Runs<InsertShape>)
+        .On(WithLayout).Where(HasDesignTools),
     Command("mnuStation", "cmdBarCode", "Bar Code ...", "", Opens<frmCode>)
         .On(WithSelection).Where(HasDesignTools),
     Menu("mnuStation", "mnuPictureFit", "&Picture in Its Box").On(WithImage).Where(HasDesignTools),
