@@ -83,7 +83,9 @@ void frmDocument::Mirror()
     const CardDocument& document = m_session.Document;
     if (document.Drag.Mode == DragMode::None) {
         // The document of an unfinished drag may have been replaced by another one.
-        m_band.reset();
+        // The band that selects objects is not the document's.
+        if (!m_bandFrom)
+            m_band.reset();
         ReleaseMouse();
     }
     TellChanges();

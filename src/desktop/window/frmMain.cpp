@@ -61,7 +61,7 @@ frmMain::frmMain(Session& session, Display display)
     BuildStatusBar();
     MirrorFace();
     if (m_session.Options.DesignTools)
-        new DesignWatch(m_session, *this);
+        m_designWatch = new DesignWatch(m_session, *this);
     if (m_display == Display::Present)
         new DesktopTray(m_session.Face, *this);
 }
@@ -129,6 +129,8 @@ void frmMain::StartTimers()
     MakeTimer("tmrImage", ImageInterval, &frmMain::OnImageTick).start();
     MakeTimer("tmrStatus", StatusInterval, &frmMain::OnStatusTick).start();
     MakeTimer("tmrVisible", VisibleInterval, &frmMain::OnVisibleTick).start();
+    if (m_designWatch != nullptr)
+        m_designWatch->KeepUnsaved();
 }
 
 void frmMain::Unload()
@@ -138,6 +140,8 @@ void frmMain::Unload()
     m_unloaded = true;
     for (QTimer* timer : findChildren<QTimer*>(Qt::FindDirectChildrenOnly))
         timer->stop();
+    if (m_designWatch != nullptr)
+        m_designWatch->End();
     if (m_loaded) {
         const Geometry present{ScreenTwips(y()), ScreenTwips(x()), ScreenTwips(height()),
                                ScreenTwips(width())};

@@ -9,6 +9,7 @@ class QMdiArea;
 
 namespace vantrel {
 
+class DesignWatch;
 class DesktopPanel;
 class MainMenu;
 class Session;
@@ -68,6 +69,8 @@ private:
     QMdiArea* m_workspace;
     MainMenu* m_menu;
     frmDocument* m_document;
+    /// With design tools only.
+    DesignWatch* m_designWatch = nullptr;
     frmNav* m_nav;
     DesktopPanel* m_panels[3] = {};
     QTimer* m_flashTimer = nullptr;

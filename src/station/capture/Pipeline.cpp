@@ -5,16 +5,20 @@
 #include "ports/FramedValues.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
+#include "station/layout/RecordPage.h"
 #include "station/ledger/RecordRoad.h"
 #include "station/ledger/StationLedger.h"
 #include "station/macro/RunMacro.h"
 #include "station/print/PrintCard.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
+#include <QLoggingCategory>
 
 namespace vantrel {
 
 namespace {
+
+Q_LOGGING_CATEGORY(stationLog, "vantrel.station")
 
 // The buffer keeps the text between the delimiters until the record is processed; characters that
 // arrive in the meantime are appended to it.
@@ -41,24 +45,36 @@ void TellLastArrival(StationFace& face, const ArrivalSource& source)
                          QStringLiteral("Data last received from (%1)").arg(source.From));
 }
 
-/// The part of a record's road behind its framing.
-void PourAndPrint(Session& session)
+void TellWhyNoCard(Session& session, const RecordPage& record)
 {
-    Skip("field application", [&] { ReapplyFieldValues(session); });
+    const QString reason = record.WhyNone();
+    NoteWhyNoCard(session, reason);
+    if (record.IsMissing())
+        qCWarning(stationLog).noquote() << "A record gives no card:" << reason;
+}
+
+/// The part of a record's road behind its framing.
+void PourAndPrint(Session& session, const RecordPage& record)
+{
+    LayoutPage& page = record.Page();
+    Skip("field application", [&] { ReapplyFieldValues(session, page); });
+    if (!session.Shows(page))
+        Skip("dynamic fields", [&] { MakeFieldsOnSurface(session); });
     Skip("field menu", [&] { BuildFieldMenu(session.Face, session.FieldValues); });
     session.Operator.LetEventsRun();
-    if (DetectCamImages(session.Document)) {
+    if (DetectCamImages(page.Document)) {
         // Nobody may answer the question for hours.
         WriteLedger(session);
         Skip("picture question", [&] { AskForPicture(session.Operator); });
     }
-    if (!session.CurrentParams.LayoutOpen)
-        NoteWhyNoCard(session, QStringLiteral("No layout is open."));
-    else if (!session.CurrentParams.AutoSpool)
-        NoteWhyNoCard(session, QStringLiteral("The layout %1 does not print automatically.")
-                                   .arg(session.CurrentLayoutName));
+    if (!page.Params.LayoutOpen)
+        TellWhyNoCard(session, record);
+    else if (!page.Params.AutoSpool)
+        NoteWhyNoCard(
+            session,
+            QStringLiteral("The layout %1 does not print automatically.").arg(page.LayoutName));
     else
-        Skip("card", [&] { PrintCard(session); });
+        Skip("card", [&] { PrintCard(session, page); });
     session.InputBuffer.Clear();
 }
 
@@ -71,7 +87,9 @@ void RunActiveMacro(Session& session)
 
 } // namespace
 
-void ProcessStream(Session& session, QString text)
+namespace {
+
+void FrameRecord(Session& session, QString text)
 {
     session.FieldValues = {};
     session.Face.NotifyRecordBegun();
@@ -82,10 +100,25 @@ void ProcessStream(Session& session, QString text)
     Skip("framing",
          [&] { FrameInput(session.InputBuffer, session.Settings, session.FieldValues); });
     NoteValues(session);
-    PourAndPrint(session);
 }
 
-void TakeValues(Session& session, const QString& text, const QStringList& values)
+} // namespace
+
+void ProcessStream(Session& session, QString text)
+{
+    FrameRecord(session, std::move(text));
+    const RecordPage record(session);
+    PourAndPrint(session, record);
+}
+
+void ProcessStream(Session& session, QString text, const RecordPage& record)
+{
+    FrameRecord(session, std::move(text));
+    PourAndPrint(session, record);
+}
+
+void TakeValues(Session& session, const QString& text, const QStringList& values,
+                const RecordPage& record)
 {
     const RoadHold hold(session.Road);
     session.Face.NotifyRecordBegun();
@@ -93,7 +126,7 @@ void TakeValues(Session& session, const QString& text, const QStringList& values
     session.FieldValues = {};
     for (const QString& value : values)
         session.FieldValues.Add(value);
-    PourAndPrint(session);
+    PourAndPrint(session, record);
     RunActiveMacro(session);
 }
 

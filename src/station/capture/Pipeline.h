@@ -5,18 +5,23 @@
 
 namespace vantrel {
 
+class RecordPage;
 class Session;
 
-/// Processes one record: frames `text`, fills its values into the open layout and prints the card
-/// if the layout prints automatically. A failing step is skipped; the input buffer is empty
-/// afterwards. Runs pending events.
+/// Processes one record: frames `text`, fills its values into the open layout, on the surface or
+/// behind it, and prints the card if the layout prints automatically. A failing step is skipped;
+/// the input buffer is empty afterwards. Runs pending events.
 /// @param text  a copy, because a closed connection may empty the input buffer in the meantime
 void ProcessStream(Session& session, QString text);
+/// Likewise for a record that prints on another layout.
+void ProcessStream(Session& session, QString text, const RecordPage& record);
 
 /// Prints a record whose values are known, such as one that was received before the station was
 /// killed, and runs the active macro.
 /// @param text  the record as it came, for the raw view
-void TakeValues(Session& session, const QString& text, const QStringList& values);
+/// @param record  the page that it prints on
+void TakeValues(Session& session, const QString& text, const QStringList& values,
+                const RecordPage& record);
 
 /// The source of characters, as shown in the last-arrival panel.
 struct ArrivalSource

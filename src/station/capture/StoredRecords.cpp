@@ -4,7 +4,7 @@
 #include "ledger/LedgerReading.h"
 #include "ledger/LedgerTending.h"
 #include "station/capture/Pipeline.h"
-#include "station/layout/OtherLayout.h"
+#include "station/layout/RecordPage.h"
 #include "station/ledger/RecordRoad.h"
 #include "station/ledger/StationLedger.h"
 #include "station/print/Reprint.h"
@@ -82,9 +82,9 @@ bool TakeStoredRecord(Session& session, const LedgerEntry& entry)
         return !road.IsPostponed();
     }
     // On the layout that was open when the record came.
-    const OtherLayout layout(session, entry.Layout);
+    const RecordPage record(session, PageToPrint(session, entry.Layout));
     InputDecoder decoder(session.Options.Encoding);
-    TakeValues(session, decoder.Decode(entry.Raw), entry.Values);
+    TakeValues(session, decoder.Decode(entry.Raw), entry.Values, record);
     return !road.IsPostponed();
 }
 

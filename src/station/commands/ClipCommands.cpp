@@ -1,10 +1,8 @@
 #include "station/commands/ClipCommands.h"
-#include "base/NumberFormat.h"
 #include "base/Skip.h"
 #include "card/CheckDigits.h"
 #include "card/Grips.h"
 #include "card/ObjectArrange.h"
-#include "card/ValueShaping.h"
 #include "drawing/PageCanvas.h"
 #include "station/layout/DesignSelection.h"
 #include "station/layout/DocumentForm.h"
@@ -155,11 +153,6 @@ CardObject* PasteRow(Session& session, const QJsonObject& row)
     if (!object.IsLabel())
         return &object;
     RestoreTexts(object, row);
-    if (object.Family() == Family::lbl_DATA && session.FieldValues.Count() > 0) {
-        CarriedValue carried;
-        object.SetCaption(
-            ShapeDataField(object, session.FieldValues, MachineDecimalSeparator(), carried));
-    }
     return &object;
 }
 
@@ -255,6 +248,16 @@ void PasteText(Session& session, const QString& text)
 void DuplicateSelected(Session& session)
 {
     PasteRows(session, DescribeSelected(session.Document));
+}
+
+QJsonObject DescribeObject(const CardObject& object)
+{
+    return Describe(object);
+}
+
+CardObject* AddDescribedObject(Session& session, const QJsonObject& described)
+{
+    return PasteRow(session, described);
 }
 
 } // namespace vantrel

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QString>
 
 namespace vantrel {
 
+class CardObject;
 class Session;
 
 /// @file Copying objects between pages, layouts and sessions, for a station with design tools. An
@@ -30,5 +32,11 @@ void PasteObjects(Session& session, const QByteArray& copied);
 void PasteText(Session& session, const QString& text);
 /// Pastes the selected objects without a clipboard.
 void DuplicateSelected(Session& session);
+
+/// An object as it is copied.
+QJsonObject DescribeObject(const CardObject& object);
+/// Adds a copied object on top of the open page, in its own place. @return null if the description
+/// is that of no object
+CardObject* AddDescribedObject(Session& session, const QJsonObject& described);
 
 } // namespace vantrel

@@ -10,6 +10,7 @@
 #include "station/layout/LoadLayout.h"
 #include "station/layout/NewLayout.h"
 #include "station/layout/Pages.h"
+#include "station/layout/RecordPage.h"
 #include "station/layout/SaveLayout.h"
 #include "station/layout/StoredLayout.h"
 #include "station/ledger/RecordRoad.h"
@@ -85,15 +86,22 @@ void FlipStored(Session& session, const StoredTick& tick)
 
 void PrintCommand(Session& session)
 {
-    if (session.CurrentLayoutName.isEmpty() || !MayLeavePage(session))
+    if (session.CurrentLayoutName.isEmpty() || !MayPrintStored(session))
         return;
     const RoadHold hold(session.Road);
+    const RecordPage record(session);
+    if (record.IsMissing()) {
+        session.Operator.ShowAppMessage(record.WhyNone(), QStringLiteral("Nothing to Print"),
+                                        AppMessageButtons::OkOnly);
+        return;
+    }
     {
         const RecordRoad road(session, {.Source = QStringLiteral("Operator")});
         NoteValues(session);
-        PrintCard(session);
+        PrintCard(session, record.Page());
     }
-    ReapplyFieldValues(session);
+    if (session.Shows(record.Page()))
+        ReapplyFieldValues(session);
 }
 
 void SaveCommand(Session& session)

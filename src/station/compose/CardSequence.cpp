@@ -92,7 +92,7 @@ QString RecordOfRow(const SequenceOrder& order, const SequenceRow& row)
 
 void RunSequence(Session& session, const SequenceOrder& order, const SequenceProgress& progress)
 {
-    if (!MayLeavePage(session))
+    if (!MayPrintStored(session))
         return;
     const RoadHold hold(session.Road);
     const RunDelimiters delimiters(session);

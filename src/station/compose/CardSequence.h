@@ -41,7 +41,7 @@ using SequenceProgress = std::function<bool(double done, double count)>;
 /// Generates the numbers and processes each one like a received record, with the delimiters "<",
 /// "+" and ">". These also apply to records that ports receive during the run. The station's own
 /// delimiters are restored at the end in any case. A number that cannot be generated silently ends
-/// the run. Nothing is generated if `MayLeavePage` says no.
+/// the run. Nothing is generated if `MayPrintStored` says no.
 void RunSequence(Session& session, const SequenceOrder& order, const SequenceProgress& progress);
 
 } // namespace vantrel

@@ -4,6 +4,7 @@
 #include "station/capture/Pipeline.h"
 #include "station/layout/DesignSteps.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/RecordPage.h"
 #include "station/ledger/RecordRoad.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Operator.h"
@@ -30,14 +31,35 @@ void CloseWithoutSaving(Session& session)
     session.CurrentLayoutName.clear();
 }
 
+RecordOrigin OriginOf(const Session& session, const QString& rawData, const QString& layout)
+{
+    return {.Source = QStringLiteral("Document generator"),
+            .Raw = BytesOfInput(rawData, session.Options.Encoding),
+            .Layout = layout};
+}
+
+void PrintBehind(Session& session, const QString& rawData, const QString& layout)
+{
+    const RecordPage record(session, {layout, 1});
+    session.Operator.LetEventsRun();
+    {
+        const RecordRoad road(session, OriginOf(session, rawData, layout));
+        ProcessStream(session, rawData, record);
+    }
+    session.Operator.LetEventsRun();
+}
+
 void PrintOnLayout(Session& session, const QString& rawData, const QString& layout)
 {
+    if (PrintsBehindSurface(session)) {
+        PrintBehind(session, rawData, layout);
+        return;
+    }
     Skip("load", [&] { LoadFirstPage(session, layout); });
     session.Document.Refresh();
     session.Operator.LetEventsRun();
     {
-        const RecordRoad road(session, {.Source = QStringLiteral("Document generator"),
-                                        .Raw = BytesOfInput(rawData, session.Options.Encoding)});
+        const RecordRoad road(session, OriginOf(session, rawData, {}));
         ProcessStream(session, rawData);
     }
     session.Operator.LetEventsRun();
@@ -100,7 +122,7 @@ bool RecordList::LookForRecords()
 
 void PrintOnLayouts(Session& session, const QString& rawData, const QStringList& layouts)
 {
-    if (!MayLeavePage(session))
+    if (layouts.contains(session.CurrentLayoutName) && !MayPrintStored(session))
         return;
     const RoadHold hold(session.Road);
     for (const QString& layout : layouts)

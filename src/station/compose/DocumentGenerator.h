@@ -46,9 +46,10 @@ private:
 };
 
 /// Prints a raw record on each of the layouts in order, like a received record but without a macro.
-/// Afterwards no layout is open, even if one of them does not exist. Runs pending events, so the
-/// caller must not hold references into the document. A failing step is skipped. Nothing is printed
-/// if `MayLeavePage` says no.
+/// Afterwards no layout is open, even if one of them does not exist; where records print behind the
+/// surface, nothing is opened or closed there. Runs pending events, so the caller must not hold
+/// references into the document. A failing step is skipped. Nothing is printed if one of the
+/// layouts is open and `MayPrintStored` says no.
 void PrintOnLayouts(Session& session, const QString& rawData, const QStringList& layouts);
 
 } // namespace vantrel

@@ -34,18 +34,21 @@ void ClearDoc(Session& session)
     ForgetBackImage(session.Document, session.CurrentParams);
 }
 
-void ClearDoc_Ex(Session& session)
+void ClearDoc_Ex(Session& session, LayoutPage& page)
 {
-    EnsureDocument(session);
-    session.Document.RemoveContent();
-    ForgetBackImage(session.Document, session.CurrentParams);
-    ClearSurface(session.Document);
+    EnsureDocument(session, page);
+    page.Document.RemoveContent();
+    ForgetBackImage(page.Document, page.Params);
+    ClearSurface(page.Document);
 }
 
-void CloseLayout(Session& session)
+void ClearDoc_Ex(Session& session)
 {
-    LayoutParamsRecord& params = session.CurrentParams;
-    session.CurrentLayoutName.clear();
+    ClearDoc_Ex(session, session.Surface);
+}
+
+void ResetParams(LayoutParamsRecord& params, Printers& printers)
+{
     params.LayoutOpen = false;
     params.AutoSpool = false;
     ResetBackImages(params);
@@ -53,13 +56,19 @@ void CloseLayout(Session& session)
     params.PageCount = 1;
     params.PageIndex = 1;
     params.PrinterCopies = 1;
-    Skip("printer", [&] { params.PrinterDevice = session.Printers.Current().DeviceName(); });
+    Skip("printer", [&] { params.PrinterDevice = printers.Current().DeviceName(); });
     params.Filter.clear();
     params.PrinterOrientation = OrientationPortrait;
     params.PrinterType = PrinterTypeCode::Plain;
     params.Track1.clear();
     params.Track2.clear();
     params.Track3.clear();
+}
+
+void CloseLayout(Session& session)
+{
+    session.CurrentLayoutName.clear();
+    ResetParams(session.CurrentParams, session.Printers);
     session.Face.SetCaption(PlainCaption());
     session.Document.Unload();
 }

@@ -2,7 +2,6 @@
 #include "base/NumberFormat.h"
 #include "base/Skip.h"
 #include "card/PourValues.h"
-#include "card/RecordPicture.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LayoutParams.h"
@@ -21,7 +20,7 @@ namespace {
 
 bool IsAtWork(const Session& session)
 {
-    return session.Options.DesignTools && !session.Road.IsBusy() && session.Document.IsLoaded() &&
+    return session.Options.DesignTools && session.Document.IsLoaded() &&
            session.Document.Drag.Mode == DragMode::None;
 }
 
@@ -37,7 +36,7 @@ void TurnTo(Session& session, std::int16_t page)
         session.History.PageWasLoaded();
     }
     RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);
-    ReapplyFieldValues(session);
+    FillSurface(session);
     NoteDesign(session);
 }
 
@@ -56,18 +55,17 @@ void Put(Session& session, const PageDesign& design)
         session.CameraImage.HasHandle() ? session.CameraImage : CameraPlaceholder();
     if (PutObjects(document, design, session.History.Numbers(), camera))
         FillDataFields(document, session.FieldValues, MachineDecimalSeparator());
-    FillRecordPictures(document, session.FieldValues, session.Pictures);
     PutParams(document, session.CurrentParams, design);
     if (!SamePrinter(before, design.Params)) {
-        SelectPagePrinter(session);
+        SelectPagePrinter(session, session.Surface);
         document.Width = design.Width;
         document.Height = design.Height;
     }
     document.Refresh();
 }
 
-/// Opens the page of the next step, if it is another one. A record may come while the operator is
-/// asked, so the caller looks for the step again.
+/// Opens the page of the next step, if it is another one. While the operator is asked, steps may be
+/// noted, so the caller looks for the step again.
 bool OpenPageOf(Session& session, const DesignStep& step)
 {
     const std::int16_t page = step.Page;
@@ -120,11 +118,29 @@ bool AreParamsUnsaved(Session& session)
     return differ;
 }
 
+/// Asks whether the page is to be saved, if it has changes.
+/// @return false if the operator cancels, or the page could not be saved
+bool IsSavedOrNot(Session& session, const QString& question)
+{
+    if (!IsPageUnsaved(session))
+        return true;
+    const PageKey asked = PageOnForm(session);
+    const QString changed = QStringLiteral("Page %1 of the layout (").arg(asked.Page) +
+                            asked.LayoutName +
+                            QStringLiteral(") has changes that are not saved. ") + question;
+    const BoxAnswer answer =
+        session.Operator.AskYesNoCancel(changed, QStringLiteral("Save Changes?"));
+    // Another page may have been opened while the question was open.
+    if (answer == BoxAnswer::Cancel || !(PageOnForm(session) == asked))
+        return false;
+    return answer == BoxAnswer::No || SaveLayout(session, SaveMessages::Silent);
+}
+
 } // namespace
 
 void NoteDesign(Session& session)
 {
-    if (!session.Options.DesignTools || session.Road.IsBusy())
+    if (!session.Options.DesignTools)
         return;
     if (!session.Document.IsLoaded()) {
         session.History.Clear();
@@ -177,19 +193,13 @@ bool IsPageUnsaved(Session& session)
 
 bool MayLeavePage(Session& session)
 {
-    if (!IsPageUnsaved(session))
-        return true;
-    const PageKey asked = PageOnForm(session);
-    const QString question =
-        QStringLiteral("Page %1 of the layout (%2) has changes that are not saved. Save them now?")
-            .arg(asked.Page)
-            .arg(asked.LayoutName);
-    const BoxAnswer answer =
-        session.Operator.AskYesNoCancel(question, QStringLiteral("Save Changes?"));
-    // A record may have replaced the page while the question was open.
-    if (answer == BoxAnswer::Cancel || !(PageOnForm(session) == asked))
-        return false;
-    return answer == BoxAnswer::No || SaveLayout(session, SaveMessages::Silent);
+    return IsSavedOrNot(session, QStringLiteral("Save them now?"));
+}
+
+bool MayPrintStored(Session& session)
+{
+    return IsSavedOrNot(session, QStringLiteral("A card is printed as its layout was saved. Save "
+                                                "them before?"));
 }
 
 } // namespace vantrel

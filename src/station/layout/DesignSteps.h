@@ -5,8 +5,7 @@ namespace vantrel {
 class Session;
 
 /// @file Taking back what was done to the pages of the open layout, and asking before it is lost.
-/// All of this does nothing without `Options.DesignTools`. While a record is on its road the page
-/// belongs to the record, so nothing is noted or taken back then.
+/// All of this does nothing without `Options.DesignTools`.
 
 /// Notes the page as it is now: what was done to it since the last call becomes one step. To be
 /// called when the operator begins something and when it is done.
@@ -28,5 +27,8 @@ bool IsPageUnsaved(Session& session);
 /// Asks the operator whether to save the page, if it has changes that would be lost, and saves it
 /// on yes. @return false if the operator cancels, or the page could not be saved
 bool MayLeavePage(Session& session);
+/// Asks likewise before the open layout is printed by hand, since a card shows the layout as it is
+/// stored; nothing on the surface is lost.
+bool MayPrintStored(Session& session);
 
 } // namespace vantrel

@@ -25,17 +25,23 @@ void TakePageSize(CardDocument& document, Printers& printers)
 
 } // namespace
 
-void EnsureDocument(Session& session)
+void EnsureDocument(Session& session, LayoutPage& page)
 {
-    CardDocument& document = session.Document;
+    CardDocument& document = page.Document;
     if (document.IsLoaded())
         return;
     document.Load();
     document.Left = FormLeft;
     document.Top = FormTop;
-    Skip("page size", [&] { TakePageSize(session.Document, session.Printers); });
+    Skip("page size", [&] { TakePageSize(document, session.Printers); });
     DragInit(document);
-    BuildFieldMenu(session.Face, session.FieldValues);
+    if (session.Shows(page))
+        BuildFieldMenu(session.Face, session.FieldValues);
+}
+
+void EnsureDocument(Session& session)
+{
+    EnsureDocument(session, session.Surface);
 }
 
 CardDocument& OpenForm(Session& session)
@@ -44,18 +50,18 @@ CardDocument& OpenForm(Session& session)
     return session.Document;
 }
 
-void SetSize(Session& session)
+void SetSize(Session& session, LayoutPage& page)
 {
-    EnsureDocument(session);
-    CardDocument& document = session.Document;
-    const PrinterTypeRow& type = PrinterTypeOf(session.CurrentParams.PrinterType);
+    EnsureDocument(session, page);
+    CardDocument& document = page.Document;
+    const PrinterTypeRow& type = PrinterTypeOf(page.Params.PrinterType);
     switch (type.Size) {
     case SizeSource::OrientedPage:
-        session.Printers.Current().SetOrientation(session.CurrentParams.PrinterOrientation);
-        TakePageSize(session.Document, session.Printers);
+        session.Printers.Current().SetOrientation(page.Params.PrinterOrientation);
+        TakePageSize(document, session.Printers);
         break;
     case SizeSource::Page:
-        TakePageSize(session.Document, session.Printers);
+        TakePageSize(document, session.Printers);
         break;
     case SizeSource::Fixed:
         document.Width = type.FixedWidth;
@@ -67,6 +73,11 @@ void SetSize(Session& session)
     document.Width = std::max(document.Width, SmallestForm);
     document.Height = std::max(document.Height, SmallestForm);
     document.Refresh();
+}
+
+void SetSize(Session& session)
+{
+    SetSize(session, session.Surface);
 }
 
 void RePaint(CardDocument& document)

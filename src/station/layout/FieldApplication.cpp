@@ -3,6 +3,7 @@
 #include "base/NumberFormat.h"
 #include "base/Skip.h"
 #include "card/PourValues.h"
+#include "station/layout/DesignSteps.h"
 #include "station/layout/DocumentForm.h"
 #include "station/layout/DrawObjects.h"
 #include "station/session/Session.h"
@@ -44,22 +45,56 @@ void MakeDynamicFields(Session& session)
     }
 }
 
-} // namespace
-
-void ReapplyFieldValues(Session& session)
+/// For one record only; the stored key keeps its value until the station ends.
+void EndDynamicFields(Session& session)
 {
-    Skip("document", [&] { EnsureDocument(session); });
-    const QChar separator = MachineDecimalSeparator();
-    FillDataFields(session.Document, session.FieldValues, separator);
-    CheckAutoNumbers(session.Document, separator);
-    FillCameraImages(session.Document, session.CameraImage);
-    FillRecordPictures(session.Document, session.FieldValues, session.Pictures);
-    if (session.Settings.DynamicFields)
-        MakeDynamicFields(session);
-    // For one record only; the stored key keeps its value until the station ends.
     session.Settings.DynamicFields = false;
     session.Face.SetTick(Tick::chkAutoAdd, false);
     session.Document.Refresh();
+}
+
+} // namespace
+
+void ReapplyFieldValues(Session& session, LayoutPage& page)
+{
+    Skip("document", [&] { EnsureDocument(session, page); });
+    const QChar separator = MachineDecimalSeparator();
+    FillDataFields(page.Document, session.FieldValues, separator);
+    CheckAutoNumbers(page.Document, separator);
+    FillCameraImages(page.Document, session.CameraImage);
+    FillRecordPictures(page.Document, session.FieldValues, session.Pictures);
+    if (!session.Shows(page))
+        return;
+    if (session.Settings.DynamicFields)
+        MakeDynamicFields(session);
+    EndDynamicFields(session);
+}
+
+void ReapplyFieldValues(Session& session)
+{
+    ReapplyFieldValues(session, session.Surface);
+}
+
+void FillSurface(Session& session)
+{
+    if (!session.Options.DesignTools) {
+        ReapplyFieldValues(session);
+        return;
+    }
+    CheckAutoNumbers(session.Document, MachineDecimalSeparator());
+    if (session.CameraImage.HasHandle())
+        FillCameraImages(session.Document, session.CameraImage);
+    session.Document.Refresh();
+}
+
+void MakeFieldsOnSurface(Session& session)
+{
+    if (!session.Settings.DynamicFields)
+        return;
+    NoteDesign(session);
+    MakeDynamicFields(session);
+    EndDynamicFields(session);
+    NoteDesign(session);
 }
 
 void BuildFieldMenu(StationFace& face, const FieldValues& values)

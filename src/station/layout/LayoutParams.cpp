@@ -53,9 +53,9 @@ void FillRow(const QString& layoutName, const LayoutParamsRecord& params, Record
 
 } // namespace
 
-void SelectPagePrinter(Session& session)
+void SelectPagePrinter(Session& session, LayoutPage& page)
 {
-    const LayoutParamsRecord& params = session.CurrentParams;
+    const LayoutParamsRecord& params = page.Params;
     const QStringList names = session.Printers.DeviceNames();
     for (const QString& name : names) {
         if (name != params.PrinterDevice)
@@ -68,7 +68,7 @@ void SelectPagePrinter(Session& session)
             Skip("orientation",
                  [&] { session.Printers.Current().SetOrientation(params.PrinterOrientation); });
         }
-        Skip("size", [&] { SetSize(session); });
+        Skip("size", [&] { SetSize(session, page); });
         return;
     }
 }
@@ -94,21 +94,21 @@ void ReadParams(LayoutParamsRecord& params, const ColumnReader& value)
     Skip("back image column", [&] { ReadBackImage(params, value); });
 }
 
-void LoadLayoutParams(Session& session)
+void LoadLayoutParams(Session& session, LayoutPage& page)
 {
-    LayoutParamsRecord& params = session.CurrentParams;
+    LayoutParamsRecord& params = page.Params;
     ResetPageOwn(params);
     Recordset row(session.LayoutDb);
     bool found = false;
     Skip("open parameters", [&] {
-        row.Open(ParamsOfPage(session.CurrentLayoutName, params.PageIndex), CursorLock::Optimistic);
+        row.Open(ParamsOfPage(page.LayoutName, params.PageIndex), CursorLock::Optimistic);
         found = !row.IsEof();
     });
     // A page without a row inherits the parameters in memory.
     if (found)
         ReadParams(params, ReaderOf(row));
     Skip("count pages",
-         [&] { params.PageCount = CountLayoutPages(session.LayoutDb, session.CurrentLayoutName); });
+         [&] { params.PageCount = CountLayoutPages(session.LayoutDb, page.LayoutName); });
     if (found) {
         Skip("auto spool",
              [&] { params.AutoSpool = StoredBoolean(row.Value(QStringLiteral("AutoSpool"))); });
@@ -116,11 +116,16 @@ void LoadLayoutParams(Session& session)
     Skip("close parameters", [&] { row.Close(); });
     if (session.Options.DesignTools && params.PageIndex != 1) {
         Skip("auto spool of the layout", [&] {
-            if (const auto first = AutoSpoolOfLayout(session.LayoutDb, session.CurrentLayoutName))
+            if (const auto first = AutoSpoolOfLayout(session.LayoutDb, page.LayoutName))
                 params.AutoSpool = *first;
         });
     }
-    SelectPagePrinter(session);
+    SelectPagePrinter(session, page);
+}
+
+void LoadLayoutParams(Session& session)
+{
+    LoadLayoutParams(session, session.Surface);
 }
 
 void SaveLayoutParams(Connection& layoutDb, const QString& layoutName,

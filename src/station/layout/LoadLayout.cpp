@@ -8,6 +8,7 @@
 #include "station/layout/PageKey.h"
 #include "station/layout/RowToObject.h"
 #include "station/layout/StoreStatements.h"
+#include "station/layout/StoredNumbers.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Session.h"
 #include "store/Connection.h"
@@ -18,70 +19,90 @@ namespace vantrel {
 namespace {
 
 /// Creates the objects; the order of the rows becomes the stacking order.
-void LoadObjects(Session& session)
+void LoadObjects(Session& session, LayoutPage& page)
 {
     Recordset rows(session.LayoutDb);
-    const bool opened = Skip("open objects", [&] {
-        rows.Open(ObjectsOfPage(session.CurrentLayoutName, session.CurrentParams.PageIndex));
-    });
+    const bool opened = Skip(
+        "open objects", [&] { rows.Open(ObjectsOfPage(page.LayoutName, page.Params.PageIndex)); });
     if (!opened)
         return;
     // A page without objects does not show a hidden form.
     if (!rows.IsEof())
-        session.Document.Show();
+        page.Document.Show();
     std::optional<OwnFonts> ownFonts;
     if (session.Options.DesignTools)
-        ownFonts.emplace(session.Document);
+        ownFonts.emplace(page.Document);
     // A row that cannot be loaded does not affect the other rows.
     for (; !rows.IsEof(); rows.MoveNext())
-        Skip("object", [&] { RowToObject(OpenForm(session), ReaderOf(rows)); });
+        Skip("object", [&] { RowToObject(page.Document, ReaderOf(rows)); });
     if (session.Options.DesignTools)
-        KeepCameraProportions(session.Document);
-    Skip("extras", [&] { LoadExtras(session.LayoutDb, PageOnForm(session), session.Document); });
+        KeepCameraProportions(page.Document);
+    Skip("extras", [&] {
+        LoadExtras(session.LayoutDb, {page.LayoutName, page.Params.PageIndex}, page.Document);
+    });
+}
+
+bool IsStored(Connection& layoutDb, LayoutPage& page, const QString& layoutName)
+{
+    bool exists = false;
+    Skip("look for layout", [&] {
+        Recordset rows(layoutDb);
+        rows.Open(ObjectsOfLayout(layoutName));
+        exists = !rows.IsEof() && !rows.IsBof();
+        if (!exists)
+            page.LayoutName.clear();
+    });
+    return exists;
+}
+
+void TellLoaded(Session& session)
+{
+    session.History.PageWasLoaded();
+    BuildFieldMenu(session.Face, session.FieldValues);
+    session.Face.SetCaption(
+        CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, PlainCaption()));
 }
 
 } // namespace
 
 bool DoesLayoutExist(Session& session, const QString& layoutName)
 {
-    bool exists = false;
-    Skip("look for layout", [&] {
-        Recordset rows(session.LayoutDb);
-        rows.Open(ObjectsOfLayout(layoutName));
-        exists = !rows.IsEof() && !rows.IsBof();
-        if (!exists)
-            session.CurrentLayoutName.clear();
-    });
-    return exists;
+    return IsStored(session.LayoutDb, session.Surface, layoutName);
+}
+
+bool LoadLayout(Session& session, LayoutPage& page, const QString& layoutName)
+{
+    const bool isSame = layoutName == page.LayoutName;
+    if (!IsStored(session.LayoutDb, page, layoutName))
+        return false;
+    // The font that the wizard was given belongs to the layout that it has made.
+    if (session.Options.DesignTools && !isSame)
+        page.Document.DefaultFont.reset();
+    if (session.Shows(page))
+        session.LayoutDb.LeaveSetAside();
+    ClearDoc_Ex(session, page);
+    page.LayoutName = layoutName;
+    LoadLayoutParams(session, page);
+    LayoutParamsRecord& params = page.Params;
+    Skip("size", [&] { SetSize(session, page); });
+    if (session.Shows(page))
+        session.Face.SetTick(Tick::chkAutoSpool, params.AutoSpool);
+    // Printing takes the back image from the form's tag.
+    if (!params.BackImg1Path.isEmpty())
+        page.Document.Tag = params.BackImg1Path;
+    LoadObjects(session, page);
+    KeepNumbers(page.Document, session.UnstoredNumbers);
+    page.Document.Refresh();
+    params.LayoutOpen = true;
+    page.Document.LayoutUnchanged = true;
+    if (session.Shows(page))
+        TellLoaded(session);
+    return true;
 }
 
 bool LoadLayout(Session& session, const QString& layoutName)
 {
-    const bool isSame = layoutName == session.CurrentLayoutName;
-    if (!DoesLayoutExist(session, layoutName))
-        return false;
-    // The font that the wizard was given belongs to the layout that it has made.
-    if (session.Options.DesignTools && !isSame)
-        session.Document.DefaultFont.reset();
-    session.LayoutDb.LeaveSetAside();
-    ClearDoc_Ex(session);
-    session.CurrentLayoutName = layoutName;
-    LoadLayoutParams(session);
-    LayoutParamsRecord& params = session.CurrentParams;
-    Skip("size", [&] { SetSize(session); });
-    session.Face.SetTick(Tick::chkAutoSpool, params.AutoSpool);
-    // Printing takes the back image from the form's tag.
-    if (!params.BackImg1Path.isEmpty())
-        session.Document.Tag = params.BackImg1Path;
-    LoadObjects(session);
-    session.Document.Refresh();
-    params.LayoutOpen = true;
-    session.Document.LayoutUnchanged = true;
-    session.History.PageWasLoaded();
-    BuildFieldMenu(session.Face, session.FieldValues);
-    session.Face.SetCaption(
-        CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, PlainCaption()));
-    return true;
+    return LoadLayout(session, session.Surface, layoutName);
 }
 
 bool LoadFirstPage(Session& session, const QString& layoutName)

@@ -38,7 +38,7 @@ void StepPage(Session& session, int step)
     const QString layoutName = session.CurrentLayoutName;
     LoadLayout(session, layoutName);
     RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);
-    ReapplyFieldValues(session);
+    FillSurface(session);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "station/layout/SaveLayout.h"
+#include "base/Convert.h"
 #include "base/Skip.h"
 #include "station/layout/DesignSteps.h"
 #include "station/layout/DocumentForm.h"
@@ -42,11 +43,13 @@ void OnStoredPage(Session& session, const PageKey& key, Step&& step)
 /// @return how many objects are card content
 int ReplaceRows(Session& session)
 {
+    // What records have printed since the page was loaded is never given again.
+    const bool keepsNumbers = session.Options.UniqueNumbers || session.Options.DesignTools;
     const PageKey key = PageOnForm(session);
     Recordset rows(session.LayoutDb);
     SaveStep("open page",
              [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });
-    if (session.Options.UniqueNumbers)
+    if (keepsNumbers)
         SaveStep("keep higher numbers", [&] { OnStoredPage(session, key, KeepHigherNumbers); });
     // After a failure the rows written so far stay, and the remaining old rows are deleted. This
     // must not happen if SQLite has rolled back the transaction, because each deletion would then
@@ -65,7 +68,7 @@ int ReplaceRows(Session& session)
     deleteRest.dismiss();
     DeleteRest(rows);
     SaveStep("extras", [&] { SaveExtras(session.LayoutDb, key, session.Document); });
-    if (session.Options.UniqueNumbers)
+    if (keepsNumbers)
         SaveStep("note rows", [&] { OnStoredPage(session, key, NoteNumberRows); });
     return counter;
 }
@@ -88,6 +91,11 @@ int StorePage(Session& session)
 /// see the page unchanged and do not have to wait while the message box is open.
 void SetAside(Session& session)
 {
+    // Records print from the store, and what could not be saved stays on the surface.
+    if (session.Options.DesignTools) {
+        session.LayoutDb.RollbackTrans();
+        return;
+    }
     const PageKey key = PageOnForm(session);
     Skip("set aside", [&] {
         QStringList statements{ObjectsOfPage(key.LayoutName, key.Page)};
@@ -108,6 +116,21 @@ void LeaveEmptyPage(Session& session)
                                     QStringLiteral("No objects found"), AppMessageButtons::OkOnly);
 }
 
+/// The numbers of a document are in the store now.
+void ForgetUnstored(Session& session, const CardDocument& document)
+{
+    if (session.UnstoredNumbers.empty())
+        return;
+    for (const CardObject* number : NumbersOn(document))
+        session.UnstoredNumbers.erase(number->StoreKey);
+}
+
+void TellFailure(Operator& stationOperator, const Failure& failure)
+{
+    stationOperator.MessageBox(failure.Text(), QString::number(failure.Number()),
+                               BoxIcon::Critical);
+}
+
 void ReportSaved(Session& session)
 {
     session.Operator.ShowAppMessage(QStringLiteral("Document ( ") + session.CurrentLayoutName +
@@ -126,18 +149,40 @@ bool SaveLayout(Session& session, SaveMessages messages)
         counter = StorePage(session);
     } catch (const Failure& failure) {
         SetAside(session);
-        session.Operator.MessageBox(failure.Text(), QString::number(failure.Number()),
-                                    BoxIcon::Critical);
+        TellFailure(session.Operator, failure);
         return false;
     }
     if (counter < 1) {
         LeaveEmptyPage(session);
         return false;
     }
+    ForgetUnstored(session, session.Document);
     NoteSaved(session);
     if (messages == SaveMessages::Shown)
         ReportSaved(session);
     return true;
+}
+
+void SaveNumbers(Session& session, const LayoutPage& page)
+{
+    const std::vector<CardObject*> numbers = NumbersOn(page.Document);
+    if (numbers.empty())
+        return;
+    Connection& store = session.LayoutDb;
+    try {
+        store.BeginTrans();
+        Recordset rows(store);
+        rows.Open(ObjectsOfPage(page.LayoutName, page.Params.PageIndex), CursorLock::Optimistic);
+        StoreHigherNumbers(page.Document, rows);
+        store.CommitTrans();
+        ForgetUnstored(session, page.Document);
+    } catch (const Failure& failure) {
+        store.RollbackTrans();
+        for (const CardObject* number : numbers)
+            Skip("number",
+                 [&] { session.UnstoredNumbers[number->StoreKey] = ToDouble(number->DataField); });
+        TellFailure(session.Operator, failure);
+    }
 }
 
 } // namespace vantrel

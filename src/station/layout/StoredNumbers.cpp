@@ -10,12 +10,20 @@ namespace vantrel {
 
 namespace {
 
-void RaiseTo(CardObject& number, double stored)
+double NumberOf(const CardObject& number)
 {
     double shown = 0;
     Skip("number", [&] { shown = ToDouble(number.DataField); });
-    if (stored > shown)
-        number.DataField = NumberText(stored);
+    return shown;
+}
+
+/// @return whether the number was lower
+bool RaiseTo(CardObject& number, double stored)
+{
+    if (!(stored > NumberOf(number)))
+        return false;
+    number.DataField = NumberText(stored);
+    return true;
 }
 
 } // namespace
@@ -65,6 +73,45 @@ void KeepHigherNumbers(CardDocument& document, Recordset& rows)
         highest = std::max(highest, number);
     for (CardObject* number : without)
         RaiseTo(*number, highest);
+}
+
+void KeepNumbers(const CardDocument& document, const std::map<qlonglong, double>& given)
+{
+    if (given.empty())
+        return;
+    for (CardObject* number : NumbersOn(document)) {
+        const auto found = given.find(number->StoreKey);
+        if (found != given.end() && RaiseTo(*number, found->second))
+            number->SetCaption(number->DataField);
+    }
+}
+
+void StoreHigherNumbers(const CardDocument& document, Recordset& rows)
+{
+    std::map<qlonglong, double> printed;
+    for (const CardObject* number : NumbersOn(document))
+        printed.emplace(number->StoreKey, NumberOf(*number));
+    for (; !rows.IsEof(); rows.MoveNext()) {
+        const auto found = printed.find(rows.RowKey());
+        if (found == printed.end() || !IsNumberRow(rows) || !(found->second > StoredNumber(rows)))
+            continue;
+        rows.SetValue(QStringLiteral("C_Value"), NumberText(found->second));
+        rows.Update();
+    }
+}
+
+bool ShowHigherNumbers(CardDocument& document, const CardDocument& printed)
+{
+    bool anyRose = false;
+    const std::vector<CardObject*> given = NumbersOn(printed);
+    for (CardObject* number : NumbersOn(document)) {
+        const auto found = std::ranges::find(given, number->StoreKey, &CardObject::StoreKey);
+        if (number->StoreKey == 0 || found == given.end() || !RaiseTo(*number, NumberOf(**found)))
+            continue;
+        number->SetCaption((*found)->Caption());
+        anyRose = true;
+    }
+    return anyRose;
 }
 
 void NoteNumberRows(CardDocument& document, Recordset& rows)

@@ -32,11 +32,11 @@ QString MissingPrinter(const QString& name)
     return QStringLiteral("The printer %1 is missing.").arg(name);
 }
 
-LedgerCard CardOf(const Session& session, int copy)
+LedgerCard CardOf(const LayoutPage& page, int copy)
 {
     LedgerCard card;
-    card.Layout = session.CurrentLayoutName;
-    card.Page = session.CurrentParams.PageIndex;
+    card.Layout = page.LayoutName;
+    card.Page = page.Params.PageIndex;
     card.Copy = copy;
     return card;
 }
@@ -66,7 +66,9 @@ QString TextOf(const CardRemark& remark, bool withReason)
 
 } // namespace
 
-CardRecord::CardRecord(Session& session) : m_session(session), m_run(session.Run) {}
+CardRecord::CardRecord(Session& session, LayoutPage& page)
+    : m_session(session), m_page(page), m_run(session.Run)
+{}
 
 bool CardRecord::IsPrinterThere(const QString& name) const
 {
@@ -90,11 +92,11 @@ void CardRecord::Refuse(LedgerCard card, const QString& reason)
     m_session.Ledger.RefuseCard(*m_run, *m_index, reason);
 }
 
-/// Refuses the card of the open page.
+/// Refuses the card of the page.
 bool CardRecord::Refused(const QString& reason)
 {
     if (m_run)
-        Refuse(CardOf(m_session, m_run->Copy), reason);
+        Refuse(CardOf(m_page, m_run->Copy), reason);
     return false;
 }
 
@@ -110,28 +112,26 @@ bool CardRecord::Postponed()
 bool CardRecord::Begin(const std::function<void()>& reload)
 {
     if (m_session.Keeper != nullptr) {
-        return m_session.Keeper->Begin(m_session.CurrentLayoutName,
-                                       m_session.CurrentParams.PageIndex, m_session.Document);
+        return m_session.Keeper->Begin(m_page.LayoutName, m_page.Params.PageIndex, m_page.Document);
     }
     const StationOptions& options = m_session.Options;
     if (!m_run && !options.UniqueNumbers)
         return true;
     if (m_run && m_run->IsPostponed)
         return false;
-    const QString& wanted = m_session.CurrentParams.PrinterDevice;
+    const QString& wanted = m_page.Params.PrinterDevice;
     if (m_run && !IsPrinterThere(wanted))
         return Refused(MissingPrinter(wanted));
     if (m_run) {
-        LedgerCard card = CardOf(m_session, m_run->Copy);
+        LedgerCard card = CardOf(m_page, m_run->Copy);
         PageDescription page;
         Skip("printer name", [&] { card.Printer = m_session.Printers.Current().DeviceName(); });
         if (options.Ledger)
             Skip("describe page", [&] {
-                page = DescribePage(m_session.LayoutDb, card.Layout,
-                                    m_session.CurrentParams.PageIndex);
+                page = DescribePage(m_session.LayoutDb, card.Layout, m_page.Params.PageIndex);
             });
         card.PageHash = page.Hash;
-        card.Numbers = NextNumbers(m_session.Document);
+        card.Numbers = NextNumbers(m_page.Document);
         m_index = m_session.Ledger.BeginCard(*m_run, std::move(card), page.Content);
     }
     try {
@@ -178,8 +178,8 @@ void CardRecord::Take(const std::function<void()>& reload)
 {
     Connection& store = m_session.LayoutDb;
     for (int attempt = 0; attempt <= MostReloads; ++attempt) {
-        const auto numbers = TakeNumbers(store, m_session.CurrentLayoutName,
-                                         m_session.CurrentParams.PageIndex, m_session.Document);
+        const auto numbers =
+            TakeNumbers(store, m_page.LayoutName, m_page.Params.PageIndex, m_page.Document);
         if (numbers) {
             if (m_index)
                 m_session.Ledger.SetNumbers(*m_run, *m_index, *numbers);
@@ -228,8 +228,7 @@ bool CardRecord::Commit(bool withLedger, const std::function<void()>& reload)
 
 void CardRecord::Note(const CardRemarks& remarks)
 {
-    const QString& layout =
-        m_index ? m_run->Entry.Cards.at(*m_index).Layout : m_session.CurrentLayoutName;
+    const QString& layout = m_index ? m_run->Entry.Cards.at(*m_index).Layout : m_page.LayoutName;
     for (const CardRemark& remark : remarks) {
         const QString text = TextOf(remark, m_session.Options.LedgerValues);
         if (m_session.Keeper != nullptr) {

@@ -7,6 +7,7 @@
 namespace vantrel {
 
 class Session;
+struct LayoutPage;
 
 /// The account of one card, that is, one page of one copy: its numbers are taken and it stands in
 /// the ledger before it is drawn, and its outcome is noted after it. Does nothing but take numbers
@@ -14,9 +15,10 @@ class Session;
 class CardRecord
 {
 public:
-    explicit CardRecord(Session& session);
+    /// @param page  the page that is printed; must outlive this object
+    CardRecord(Session& session, LayoutPage& page);
 
-    /// Takes the numbers of the open page and writes the card into the ledger, in one durable
+    /// Takes the numbers of the page and writes the card into the ledger, in one durable
     /// commit.
     /// @param reload  loads the page again; called if its numbers were changed in the store
     /// meanwhile
@@ -45,6 +47,7 @@ private:
     bool Commit(bool withLedger, const std::function<void()>& reload);
 
     Session& m_session;
+    LayoutPage& m_page;
     RecordRunPtr m_run;
     /// Index of the card in the run; nothing before it is noted.
     std::optional<std::size_t> m_index;

@@ -17,7 +17,7 @@ LedgerEntry NewEntry(const Session& session, const RecordOrigin& origin)
     entry.Received = QDateTime::currentMSecsSinceEpoch();
     entry.Session = session.SessionNumber;
     entry.Source = origin.Source;
-    entry.Layout = session.CurrentLayoutName;
+    entry.Layout = origin.Layout.isEmpty() ? session.CurrentLayoutName : origin.Layout;
     entry.Raw = origin.Raw;
     entry.Length = origin.Raw.size();
     entry.HasValues = session.Ledger.KeepsValues();

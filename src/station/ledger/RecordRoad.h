@@ -16,6 +16,8 @@ struct RecordOrigin
     /// The entry in the ledger that is carried out, such as one that was received before the
     /// station was killed.
     std::optional<LedgerEntry> Stored = {};
+    /// The layout that it prints on; empty for the open one.
+    QString Layout = {};
     /// Called once with the entry when its outcome is known. May be empty.
     std::function<void(const LedgerEntry&)> Told = {};
 };

@@ -3,6 +3,7 @@
 #include "base/Skip.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/RecordPage.h"
 #include "station/print/PrintCard.h"
 #include "station/session/Session.h"
 #include "store/Recordset.h"
@@ -41,10 +42,20 @@ QStringList LayoutsOfMacro(Connection& layoutDb, std::int32_t id)
     return names;
 }
 
+void PrintBehind(Session& session, const QString& layoutName)
+{
+    const RecordPage record(session, {layoutName, 1});
+    Skip("card", [&] { PrintCard(session, record.Page()); });
+}
+
 /// Also called for a layout that no longer exists.
 void PrintOnLayout(Session& session, const QString& layoutName)
 {
     qCDebug(macroLog).noquote() << "Macro Engine Layout =" << layoutName;
+    if (PrintsBehindSurface(session)) {
+        PrintBehind(session, layoutName);
+        return;
+    }
     Skip("load", [&] { LoadFirstPage(session, layoutName); });
     Skip("field application", [&] { ReapplyFieldValues(session); });
     Skip("card", [&] { PrintCard(session); });

@@ -25,11 +25,31 @@ void ChoosePrinter(Printers& printers, const LayoutParamsRecord& params)
         Skip("choose printer", [&] { printers.MakeCurrent(wanted); });
 }
 
-void OpenPage(Session& session, std::int16_t page)
+bool OpenPage(Session& session, LayoutPage& on, std::int16_t page)
 {
-    session.CurrentParams.PageIndex = page;
-    LoadLayout(session, session.CurrentLayoutName);
-    ReapplyFieldValues(session);
+    on.Params.PageIndex = page;
+    const bool isThere = LoadLayout(session, on, on.LayoutName);
+    ReapplyFieldValues(session, on);
+    return isThere;
+}
+
+/// Opens the page of before again on the surface. A page behind it is used for one record only.
+void OpenAgain(Session& session, LayoutPage& on, std::int16_t page)
+{
+    if (session.Shows(on))
+        OpenPage(session, on, page);
+}
+
+/// Accounts for a page that the operator has deleted since the printing began.
+void RefuseDeleted(Session& session, LayoutPage& on, const QString& layoutName, std::int16_t page)
+{
+    LedgerCard card;
+    card.Layout = layoutName;
+    card.Page = page;
+    card.Copy = session.Run ? session.Run->Copy : 1;
+    CardRecord(session, on)
+        .Refuse(std::move(card), QStringLiteral("Page %1 of the layout ").arg(page) + layoutName +
+                                     QStringLiteral(" was deleted before it was printed."));
 }
 
 struct Pages
@@ -38,39 +58,45 @@ struct Pages
     std::int16_t Last = 0;
 };
 
-void PrintPages(Session& session, const Pages& pages)
+void PrintPages(Session& session, LayoutPage& on, const Pages& pages)
 {
+    const QString layoutName = on.LayoutName;
     for (std::int16_t page = pages.First; page <= pages.Last; ++page) {
-        OpenPage(session, page);
-        PrintCard_Ex(session);
+        const bool isThere =
+            OpenPage(session, on, page) && on.Params.PageIndex <= on.Params.PageCount;
+        if (isThere || session.Shows(on))
+            PrintCard_Ex(session, on);
+        else
+            RefuseDeleted(session, on, layoutName, page);
     }
 }
 
-void PrintSerialized(Session& session)
+void PrintSerialized(Session& session, LayoutPage& on)
 {
-    CardRecord record(session);
-    if (!record.Begin([&] { OpenPage(session, session.CurrentParams.PageIndex); }))
+    CardRecord record(session, on);
+    if (!record.Begin([&] { OpenPage(session, on, on.Params.PageIndex); }))
         return;
-    const QString text = BuildSerializerPattern(session);
+    const QString text = BuildSerializerPattern(session, on);
     Skip("open output", [&] { session.Printers.Current().Print(QStringLiteral(" ")); });
     Skip("print output", [&] { session.Printers.Current().Print(text); });
     record.End();
+    if (!session.Shows(on) && session.Options.UniqueNumbers)
+        ShowNumbersOnSurface(session, on);
 }
 
-void PrintCopy(Session& session, const Pages& pages)
+void PrintCopy(Session& session, LayoutPage& on, const Pages& pages)
 {
-    switch (PrinterTypeOf(session.CurrentParams.PrinterType).Copy) {
+    switch (PrinterTypeOf(on.Params.PrinterType).Copy) {
     case CopyKind::OrientedPagePass:
-        Skip("orientation", [&] {
-            session.Printers.Current().SetOrientation(session.CurrentParams.PrinterOrientation);
-        });
-        PrintPages(session, pages);
+        Skip("orientation",
+             [&] { session.Printers.Current().SetOrientation(on.Params.PrinterOrientation); });
+        PrintPages(session, on, pages);
         break;
     case CopyKind::PagePass:
-        PrintPages(session, pages);
+        PrintPages(session, on, pages);
         break;
     case CopyKind::SerializedPass:
-        PrintSerialized(session);
+        PrintSerialized(session, on);
         break;
     case CopyKind::Nothing:
         break;
@@ -89,53 +115,56 @@ QString WhyNoCard(const LayoutParamsRecord& params, std::int16_t copies)
 
 } // namespace
 
-void PrintCard(Session& session)
+void PrintCard(Session& session, LayoutPage& on)
 {
     session.Operator.ShowBusyPointer(true);
-    ChoosePrinter(session.Printers, session.CurrentParams);
-    const std::int16_t openPage = session.CurrentParams.PageIndex;
-    const std::int16_t copies = session.CurrentParams.PrinterCopies;
+    ChoosePrinter(session.Printers, on.Params);
+    const std::int16_t openPage = on.Params.PageIndex;
+    const std::int16_t copies = on.Params.PrinterCopies;
     std::int16_t pages = 0;
-    NoteWhyNoCard(session, WhyNoCard(session.CurrentParams, copies));
+    NoteWhyNoCard(session, WhyNoCard(on.Params, copies));
     for (int copy = 1; copy <= copies; ++copy) {
         if (session.Run)
             session.Run->Copy = copy;
-        Skip("count pages",
-             [&] { pages = CountLayoutPages(session.LayoutDb, session.CurrentLayoutName); });
-        PrintCopy(session, {1, pages});
+        Skip("count pages", [&] { pages = CountLayoutPages(session.LayoutDb, on.LayoutName); });
+        PrintCopy(session, on, {1, pages});
     }
     // Nobody looks at the page while rows of a file print, and the next row loads it again.
-    if (session.Keeper == nullptr || session.CurrentParams.PageIndex != openPage)
-        OpenPage(session, openPage);
+    if (session.Keeper == nullptr || on.Params.PageIndex != openPage)
+        OpenAgain(session, on, openPage);
     session.Operator.ShowBusyPointer(false);
 }
 
-void PrintFurther(Session& session, int copy, std::int16_t page)
+void PrintCard(Session& session)
 {
-    const std::int16_t openPage = session.CurrentParams.PageIndex;
-    const std::int16_t copies = session.CurrentParams.PrinterCopies;
+    PrintCard(session, session.Surface);
+}
+
+void PrintFurther(Session& session, LayoutPage& on, int copy, std::int16_t page)
+{
+    const std::int16_t openPage = on.Params.PageIndex;
+    const std::int16_t copies = on.Params.PrinterCopies;
     std::int16_t pages = 0;
-    Skip("count pages",
-         [&] { pages = CountLayoutPages(session.LayoutDb, session.CurrentLayoutName); });
-    ChoosePrinter(session.Printers, session.CurrentParams);
+    Skip("count pages", [&] { pages = CountLayoutPages(session.LayoutDb, on.LayoutName); });
+    ChoosePrinter(session.Printers, on.Params);
     // A copy of serialized output is one card whatever its pages.
-    if (PrinterTypeOf(session.CurrentParams.PrinterType).Copy == CopyKind::SerializedPass)
+    if (PrinterTypeOf(on.Params.PrinterType).Copy == CopyKind::SerializedPass)
         page = pages;
     for (; copy <= copies; ++copy, page = 0) {
         session.Run->Copy = copy;
         if (page < pages)
-            PrintCopy(session, {static_cast<std::int16_t>(page + 1), pages});
+            PrintCopy(session, on, {static_cast<std::int16_t>(page + 1), pages});
     }
-    OpenPage(session, openPage);
+    OpenAgain(session, on, openPage);
 }
 
-void PrintOnePage(Session& session, std::int16_t page)
+void PrintOnePage(Session& session, LayoutPage& on, std::int16_t page)
 {
-    const std::int16_t openPage = session.CurrentParams.PageIndex;
-    OpenPage(session, page);
-    ChoosePrinter(session.Printers, session.CurrentParams);
-    PrintCopy(session, {page, page});
-    OpenPage(session, openPage);
+    const std::int16_t openPage = on.Params.PageIndex;
+    OpenPage(session, on, page);
+    ChoosePrinter(session.Printers, on.Params);
+    PrintCopy(session, on, {page, page});
+    OpenAgain(session, on, openPage);
 }
 
 } // namespace vantrel

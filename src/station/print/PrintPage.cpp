@@ -11,6 +11,7 @@
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LoadLayout.h"
 #include "station/layout/SaveLayout.h"
+#include "station/layout/StoredNumbers.h"
 #include "station/ledger/CardRecord.h"
 #include "station/print/EncodeData.h"
 #include "station/session/Operator.h"
@@ -199,10 +200,22 @@ void PrintObjects(Printers& printers, const CardDocument& document, CardNotes& n
     }
 }
 
-void ReopenPage(Session& session)
+void ReopenPage(Session& session, LayoutPage& page)
 {
-    LoadLayout(session, session.CurrentLayoutName);
-    ReapplyFieldValues(session);
+    LoadLayout(session, page, page.LayoutName);
+    ReapplyFieldValues(session, page);
+}
+
+void SavePrinted(Session& session, const LayoutPage& page)
+{
+    if (session.Shows(page)) {
+        Skip("save numbers", [&] { SaveLayout(session, SaveMessages::Silent); });
+        return;
+    }
+    // Unique numbers were stored before the page was drawn.
+    if (!session.Options.UniqueNumbers)
+        Skip("save numbers", [&] { SaveNumbers(session, page); });
+    ShowNumbersOnSurface(session, page);
 }
 
 } // namespace
@@ -230,19 +243,27 @@ CardChecks ChecksOf(const StationOptions& options)
     return options.DesignTools ? CardChecks::OfValues : CardChecks::None;
 }
 
-void PrintCard_Ex(Session& session)
+void ShowNumbersOnSurface(Session& session, const LayoutPage& printed)
 {
-    CardRecord record(session);
-    if (!record.Begin([&] { ReopenPage(session); }))
+    const bool isOpen = session.CurrentLayoutName == printed.LayoutName &&
+                        session.CurrentParams.PageIndex == printed.Params.PageIndex;
+    if (isOpen && ShowHigherNumbers(session.Document, printed.Document))
+        session.Document.Refresh();
+}
+
+void PrintCard_Ex(Session& session, LayoutPage& page)
+{
+    CardRecord record(session, page);
+    if (!record.Begin([&] { ReopenPage(session, page); }))
         return;
-    record.Note(DrawPage(session.Printers, session.CurrentLayoutName, session.CurrentParams,
-                         session.FieldValues, session.Document, ChecksOf(session.Options)));
+    record.Note(DrawPage(session.Printers, page.LayoutName, page.Params, session.FieldValues,
+                         page.Document, ChecksOf(session.Options)));
     record.End();
     // The next page loads its numbers from the database.
     if (session.Keeper == nullptr)
-        Skip("save numbers", [&] { SaveLayout(session, SaveMessages::Silent); });
+        SavePrinted(session, page);
     if (session.Settings.MainVisible) {
-        session.Document.Refresh();
+        page.Document.Refresh();
         session.Operator.LetEventsRun();
     }
 }

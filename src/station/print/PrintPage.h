@@ -9,6 +9,7 @@ class CardDocument;
 class FieldValues;
 class Printers;
 class Session;
+struct LayoutPage;
 struct LayoutParamsRecord;
 struct StationOptions;
 
@@ -26,8 +27,11 @@ CardRemarks DrawPage(Printers& printers, const QString& layoutName,
                      const LayoutParamsRecord& params, const FieldValues& values,
                      const CardDocument& document, CardChecks checks);
 
-/// Prints the open page as one job, then saves it. Called by `PrintCard` only. Every printer
-/// operation that fails is skipped.
-void PrintCard_Ex(Session& session);
+/// Prints the page as one job, then saves it; of a page behind the surface only its numbers, which
+/// the surface then shows. Called by `PrintCard` only. Every printer operation that fails is
+/// skipped.
+void PrintCard_Ex(Session& session, LayoutPage& page);
+/// Shows on the surface the numbers of a card that was printed behind it.
+void ShowNumbersOnSurface(Session& session, const LayoutPage& printed);
 
 } // namespace vantrel

@@ -3,9 +3,10 @@
 #include "card/CardDocument.h"
 #include "card/PrinterType.h"
 #include "ledger/LedgerPages.h"
+#include "station/layout/FormerPrinter.h"
 #include "station/layout/LayoutParams.h"
-#include "station/layout/OtherLayout.h"
 #include "station/layout/PageDescription.h"
+#include "station/layout/RecordPage.h"
 #include "station/ledger/CardRecord.h"
 #include "station/ledger/FramingText.h"
 #include "station/print/CardAsPrinted.h"
@@ -31,13 +32,14 @@ void ReprintCard(Session& session, const LedgerCard& card, const FieldValues& va
 {
     QString content;
     Skip("page", [&] { content = PageContent(session.LayoutDb.Database(), card.PageHash); });
-    CardRecord record(session);
+    LayoutPage page;
+    page.LayoutName = card.Layout;
+    CardRecord record(session, page);
     if (!record.BeginAgain(card, content))
         return;
-    CardDocument document;
-    document.Load();
-    LayoutParamsRecord params;
-    BuildCard(content, values, card, session.Pictures, document, params);
+    LayoutParamsRecord& params = page.Params;
+    page.Document.Load();
+    BuildCard(content, values, card, session.Pictures, page.Document, params);
     const CopyKind kind = PrinterTypeOf(params.PrinterType).Copy;
     Skip("choose printer", [&] { session.Printers.MakeCurrent(card.Printer); });
     if (kind == CopyKind::SerializedPass) {
@@ -48,7 +50,7 @@ void ReprintCard(Session& session, const LedgerCard& card, const FieldValues& va
     if (kind == CopyKind::OrientedPagePass)
         Skip("orientation",
              [&] { session.Printers.Current().SetOrientation(params.PrinterOrientation); });
-    record.Note(DrawPage(session.Printers, card.Layout, params, values, document,
+    record.Note(DrawPage(session.Printers, card.Layout, params, values, page.Document,
                          ChecksOf(session.Options)));
     record.End();
 }
@@ -56,37 +58,41 @@ void ReprintCard(Session& session, const LedgerCard& card, const FieldValues& va
 /// Makes a card that has no page, as it was never drawn.
 void PrintAsNew(Session& session, const LedgerCard& card, const FieldValues& values)
 {
-    const OtherLayout layout(session, card.Layout);
+    const RecordPage record(session, PageToPrint(session, card.Layout));
+    LayoutPage& on = record.Page();
     const auto page = static_cast<std::int16_t>(card.Page);
     std::int16_t pages = 0;
-    Skip("count pages",
-         [&] { pages = CountLayoutPages(session.LayoutDb, session.CurrentLayoutName); });
-    if (session.CurrentLayoutName != card.Layout || page > pages) {
-        CardRecord(session).Refuse(card,
-                                   QStringLiteral("The layout %1 has no page %2 in the database.")
-                                       .arg(card.Layout, QString::number(page)));
+    Skip("count pages", [&] { pages = CountLayoutPages(session.LayoutDb, on.LayoutName); });
+    if (on.LayoutName != card.Layout || page > pages) {
+        CardRecord(session, on)
+            .Refuse(card, QStringLiteral("The layout %1 has no page %2 in the database.")
+                              .arg(card.Layout, QString::number(page)));
         return;
     }
     session.FieldValues = values;
     session.Run->Copy = card.Copy;
-    PrintOnePage(session, page);
+    PrintOnePage(session, on, page);
 }
 
 /// Makes the cards as new that the station had not begun when it ended within a record: the further
 /// pages and copies of the layout that it was printing.
 void PrintNotBegun(Session& session, const LedgerCard& last, const FieldValues& values)
 {
-    const OtherLayout layout(session, last.Layout);
-    if (session.CurrentLayoutName != last.Layout)
+    const RecordPage record(session, PageToPrint(session, last.Layout));
+    LayoutPage& on = record.Page();
+    if (on.LayoutName != last.Layout)
         return;
     session.FieldValues = values;
-    PrintFurther(session, last.Copy, static_cast<std::int16_t>(last.Page));
+    PrintFurther(session, on, last.Copy, static_cast<std::int16_t>(last.Page));
 }
 
 } // namespace
 
 void ReprintCards(Session& session, const LedgerEntry& first)
 {
+    std::optional<FormerPrinter> printer;
+    if (PrintsBehindSurface(session))
+        printer.emplace(session);
     FieldValues values;
     for (const QString& value : first.Values)
         values.Add(value);

@@ -24,28 +24,32 @@ void AppendElement(QString& text, const ColumnReader& row, const QString& filter
     text += rendered;
 }
 
-void AppendPattern(Session& session, QString& text)
+void AppendPattern(Session& session, const LayoutPage& page, QString& text)
 {
     Recordset rows(session.LayoutDb);
-    rows.Open(StreamOfLayout(session.CurrentLayoutName));
+    rows.Open(StreamOfLayout(page.LayoutName));
     for (; !rows.IsEof(); rows.MoveNext()) {
-        Skip("render element", [&] {
-            AppendElement(text, ReaderOf(rows), session.CurrentParams.Filter, session.FieldValues);
-        });
+        Skip("render element",
+             [&] { AppendElement(text, ReaderOf(rows), page.Params.Filter, session.FieldValues); });
     }
 }
 
 } // namespace
 
-QString BuildSerializerPattern(Session& session)
+QString BuildSerializerPattern(Session& session, const LayoutPage& page)
 {
-    for (const auto& object : session.Document.Objects()) {
+    for (const auto& object : page.Document.Objects()) {
         if (object->Family() == Family::lbl_AUTO)
             Skip("raise number", [&] { Increment_If_AutoNumber(*object); });
     }
     QString text;
-    Skip("render pattern", [&] { AppendPattern(session, text); });
+    Skip("render pattern", [&] { AppendPattern(session, page, text); });
     return QLatin1Char(' ') + text;
+}
+
+QString BuildSerializerPattern(Session& session)
+{
+    return BuildSerializerPattern(session, session.Surface);
 }
 
 QString RenderStream(const std::vector<ColumnReader>& rows, const QString& filter,

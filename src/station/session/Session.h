@@ -1,9 +1,8 @@
 #pragma once
 
-#include "card/CardDocument.h"
 #include "card/DesignHistory.h"
 #include "card/FieldValues.h"
-#include "card/LayoutParamsRecord.h"
+#include "card/LayoutPage.h"
 #include "card/PadResult.h"
 #include "card/RecordPicture.h"
 #include "ledger/RecordLedger.h"
@@ -17,6 +16,7 @@
 #include "station/session/StationOptions.h"
 #include "station/session/StationSettings.h"
 #include "store/Connection.h"
+#include <map>
 #include <memory>
 
 namespace vantrel {
@@ -85,10 +85,20 @@ public:
     bool LedgerTroubleTold = false;
     /// Records that were answered while no ledger was kept; their numbers count from 1.
     qlonglong AnsweredRecords = 0;
-    /// The open layout; empty means none.
-    QString CurrentLayoutName;
-    LayoutParamsRecord CurrentParams;
-    CardDocument Document;
+    /// The page that the document window shows and on which the operator works.
+    LayoutPage Surface;
+    /// The parts of `Surface`: the open layout, empty for none, and what is open of it.
+    QString& CurrentLayoutName = Surface.LayoutName;
+    LayoutParamsRecord& CurrentParams = Surface.Params;
+    CardDocument& Document = Surface.Document;
+    /// Whether a page is the one that the window shows.
+    bool Shows(const LayoutPage& page) const { return &page == &Surface; }
+    /// Kept from record to record for `RecordPage`; null while a record prints on it, and where
+    /// records share the surface.
+    std::unique_ptr<LayoutPage> Behind;
+    /// Automatic numbers that are on cards and could not be written into the store, by the keys of
+    /// their rows. Kept with `Options.DesignTools` only.
+    std::map<qlonglong, double> UnstoredNumbers;
     /// Where the pictures are that records name.
     PictureSource Pictures;
     /// The steps of the designer that can be taken back; kept with `Options.DesignTools` only.

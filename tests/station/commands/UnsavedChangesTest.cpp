@@ -47,7 +47,7 @@ protected:
 
 using Way = std::function<void(Session&)>;
 
-/// Everything that takes the place of the page.
+/// Everything that takes the place of the page, or prints it by hand.
 const std::vector<Way> Ways = {
     NextPage,
     NewCommand,
@@ -55,7 +55,7 @@ const std::vector<Way> Ways = {
     CloseCommand,
     PrintCommand,
     [](Session& session) { OpenLayout(session, QStringLiteral("Visitor")); },
-    [](Session& session) { PrintOnLayouts(session, {}, {QStringLiteral("Visitor")}); },
+    [](Session& session) { PrintOnLayouts(session, {}, {QStringLiteral("Badge")}); },
     [](Session& session) { RunSequence(session, {}, [](double, double) { return true; }); },
     [](Session& session) {
         WizardAnswers answers;

@@ -236,14 +236,25 @@ TEST_F(DesignSteps, AnotherLayoutForgetsThem)
     EXPECT_FALSE(CanUndoDesign(Session));
 }
 
-TEST_F(DesignSteps, WaitWhileARecordHasTheRoad)
+TEST_F(DesignSteps, AreTakenAlsoWhileARecordHasTheRoad)
 {
     MoveText(300);
     const RoadHold hold(Session.Road);
-    Object(Family::lbl_TEXT).Left = 800;
-    NoteDesign(Session);
+    MoveText(800);
     UndoDesign(Session);
-    EXPECT_EQ(TextLeft(), 800);
+    EXPECT_EQ(TextLeft(), 300);
+}
+
+TEST_F(DesignSteps, APageThatIsTurnedToKeepsTheNamesOfItsFields)
+{
+    SetRecord(Session, {QStringLiteral("Anna")});
+    NextPage(Session);
+    PreviousPage(Session);
+    EXPECT_EQ(Object(Family::lbl_DATA).Caption(), QStringLiteral("Data Field 1"));
+    Session.Options.DesignTools = false;
+    NextPage(Session);
+    PreviousPage(Session);
+    EXPECT_EQ(Object(Family::lbl_DATA).Caption(), QStringLiteral("Anna"));
 }
 
 TEST_F(DesignSteps, BehindASaveMakeThePageUnsavedAgain)
