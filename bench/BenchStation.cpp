@@ -108,6 +108,7 @@ struct BenchStation::Private
             Printers.SetDurableFiles(true);
             OpenLedger(Session);
         }
+        Session.Options.DesignTools = size.HasDesignTools;
         MakeLayout(size.FurtherLabels);
         for (int layout = 1; layout < size.Layouts; ++layout) {
             Session.CurrentLayoutName = QStringLiteral("Layout %1").arg(layout);

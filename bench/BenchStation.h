@@ -16,6 +16,8 @@ struct StationSize
     int FurtherLabels = 0;
     /// Whether it keeps a ledger, takes every record and gives each number once.
     bool KeepsAccount = false;
+    /// Whether its records print behind the surface.
+    bool HasDesignTools = false;
 };
 
 /// A station without an operator, with a one-page layout of ten texts, a photo, a background and an

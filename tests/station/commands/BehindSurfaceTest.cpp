@@ -254,7 +254,7 @@ TEST_F(BehindSurface, APictureIsAskedForWhereTheStoredPageHasACamera)
     Station.Printers.Operations.clear();
     Arrive();
     EXPECT_EQ(Station.Operator.Questions.size(), 1);
-    EXPECT_EQ(Station.Printers.Only({QStringLiteral("PaintPicture(20 x 30")}).size(), 1);
+    EXPECT_EQ(Station.Printers.Only({QStringLiteral("PaintFitted(20 x 30")}).size(), 1);
 }
 
 TEST_F(BehindSurface, AFileThatIsMissingForAWhileKeepsItsPlaceInTheStoredLayout)
