@@ -33,7 +33,7 @@ protected:
     {
         const CardObject* number = Session.Document.Find(Family::lbl_AUTO, 1);
         QString text = PageText(Session) + Session.CurrentLayoutName;
-        return number == nullptr ? text : text.remove(number->DataField);
+        return number == nullptr ? text : text.remove(u'[' + number->DataField + u']');
     }
 
     void MakeReceived()
