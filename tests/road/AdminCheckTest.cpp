@@ -13,18 +13,23 @@
 namespace vantrel::test {
 namespace {
 
-/// The folder of the demonstration, whose layouts are as they should be.
+/// A folder with a layout that is as it should be.
 class AdminCheck : public ::testing::Test
 {
 protected:
-    AdminCheck() { ExpectDone({QStringLiteral("demo"), Folder}); }
+    AdminCheck()
+    {
+        ExpectDone({QStringLiteral("init"), Folder});
+        AddText(QStringLiteral("Good"), 2800);
+    }
 
     QStringList Command(const QStringList& more = {}) const
     {
         return QStringList{QStringLiteral("check"), Folder} + more;
     }
-    /// Adds a text to a layout of its own that is wider than its box.
-    void AddWideText(const QString& layout) const
+    /// Adds a text that is wider than its box.
+    void AddWideText(const QString& layout) const { AddText(layout, 100); }
+    void AddText(const QString& layout, int width) const
     {
         Connection store;
         store.Open(Folder + QStringLiteral("/Vantrel.dat"));
@@ -38,7 +43,7 @@ protected:
         rows.SetValue(QStringLiteral("C_Value"), QStringLiteral("Visitor \x1b[2J of the museum"));
         rows.SetValue(QStringLiteral("C_Top"), 200);
         rows.SetValue(QStringLiteral("C_Left"), 200);
-        rows.SetValue(QStringLiteral("C_Width"), 100);
+        rows.SetValue(QStringLiteral("C_Width"), width);
         rows.SetValue(QStringLiteral("C_Height"), 300);
         rows.SetValue(QStringLiteral("C_FontName"), QStringLiteral("Sans"));
         rows.SetValue(QStringLiteral("C_FontSize"), 8);
@@ -92,9 +97,9 @@ TEST_F(AdminCheck, LooksAtTheNamedLayoutsOnly)
 {
     AddWideText(QStringLiteral("Wide"));
     AddWideText(QStringLiteral("Wider"));
-    EXPECT_EQ(RunAdmin(Command({QStringLiteral("Member Card")})).Code, 0);
+    EXPECT_EQ(RunAdmin(Command({QStringLiteral("Good")})).Code, 0);
     const Outcome outcome = RunAdmin(
-        Command({QStringLiteral("Wide"), QStringLiteral("Wider"), QStringLiteral("Member Card")}));
+        Command({QStringLiteral("Wide"), QStringLiteral("Wider"), QStringLiteral("Good")}));
     EXPECT_EQ(outcome.Errors,
               QStringLiteral("vantrel-admin: 2 things were found on the layouts.\n"));
     EXPECT_TRUE(ExpectOneLine(1, Command({QStringLiteral("Other")}))
@@ -103,6 +108,8 @@ TEST_F(AdminCheck, LooksAtTheNamedLayoutsOnly)
 
 TEST_F(AdminCheck, FindsAPictureThatIsMissing)
 {
+    Folder = Outer.filePath(QStringLiteral("Demo"));
+    ExpectDone({QStringLiteral("demo"), Folder});
     Connection store;
     store.Open(Folder + QStringLiteral("/Vantrel.dat"));
     QString path;
