@@ -9,6 +9,7 @@
 #include "desktop/designer/frmPlace.h"
 #include "desktop/designer/frmSize.h"
 #include "desktop/dialogs/frmAbout.h"
+#include "desktop/dialogs/frmCheck.h"
 #include "desktop/dialogs/frmCode.h"
 #include "desktop/dialogs/frmCommSettings.h"
 #include "desktop/dialogs/frmFilters.h"
@@ -20,6 +21,7 @@
 #include "desktop/dialogs/frmPrinters2.h"
 #include "desktop/dialogs/frmRawData.h"
 #include "desktop/dialogs/frmSendData.h"
+#include "desktop/dialogs/frmShrink.h"
 #include "desktop/dialogs/frmToolbar.h"
 #include "desktop/dialogs/frmWizard.h"
 #include "desktop/history/frmHistory.h"
@@ -97,6 +99,14 @@ QWidget& OpenHistory(DesktopStation& station)
     return window;
 }
 
+/// The check of a layout with a text that is too long and a picture that is not there.
+QWidget& OpenCheck(DesktopStation& station)
+{
+    AddText(station.Session, QStringLiteral("Friends of the museum"), {1500, 400, 300, 900});
+    AddImage(station.Session, QStringLiteral("/pictures/logo.png"), {2000, 400, 900, 900});
+    return OpenDialog<frmCheck>(station.Session, &station.Window);
+}
+
 QWidget& OpenMain(DesktopStation& station)
 {
     return station.Window;
@@ -135,6 +145,7 @@ constexpr WindowRow Windows[] = {
     {"frmMain", OpenMain},
     {"frmAbout", Open<frmAbout>},
     {"frmAquireImage2", Open<frmAquireImage2>},
+    {"frmCheck", OpenCheck},
     {"frmCode", Open<frmCode>},
     {"frmCommSettings", Open<frmCommSettings>},
     {"frmEncoding", Open<frmEncoding>},
@@ -156,6 +167,7 @@ constexpr WindowRow Windows[] = {
     {"frmRawData", Open<frmRawData>},
     {"frmSendData", Open<frmSendData>},
     {"frmSerialize", Open<frmSerialize>},
+    {"frmShrink", Open<frmShrink>},
     {"frmSize", Open<frmSize>},
     {"frmStatus", Open<frmStatus>},
     {"frmTakePhoto", Open<frmTakePhoto>},

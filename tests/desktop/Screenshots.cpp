@@ -42,6 +42,7 @@ constexpr PictureRow Pictures[] = {
     {"frmAquireImage2", "camera"},  {"frmCommSettings", "communication"},
     {"frmEncoding", "composer"},    {"frmFilters", "filters"},
     {"frmForms", "generator"},      {"frmGetLayout", "open-layout"},
+    {"frmCheck", "check"},          {"frmShrink", "shrink"},
     {"frmHistory", "history"},      {"frmMacro", "macros"},
     {"frmObjects", "objects"},      {"frmOptions", "options"},
     {"frmPad", "padding"},          {"frmPlace", "place"},

@@ -81,7 +81,8 @@ TEST(StationMenu, HasTheDesignToolsWhereTheyAreOn)
         QStringList({QStringLiteral("&Undo|Alt+Backspace"),
                      QStringLiteral("&Redo|Alt+Shift+Backspace"), QStringLiteral("-"),
                      QStringLiteral("Dup&licate|Ctrl+J"), QStringLiteral("&Order|"),
-                     QStringLiteral("&Align|"), QStringLiteral("Di&stribute|"), QStringLiteral("-"),
+                     QStringLiteral("&Align|"), QStringLiteral("Di&stribute|"),
+                     QStringLiteral("Shrink to &Fit ...|"), QStringLiteral("-"),
                      QStringLiteral("Ob&jects ...|F6"), QStringLiteral("Show Last &Values|F7")}));
     EXPECT_EQ(EntriesOf(station, "mnuStack"),
               QStringList({QStringLiteral("To &Front|Ctrl+Shift+Up"),
@@ -99,13 +100,17 @@ TEST(StationMenu, HasTheDesignToolsWhereTheyAreOn)
     EXPECT_EQ(without.Window.findChild<QAction*>(QStringLiteral("cmdUndo")), nullptr);
 }
 
-TEST(StationMenu, OffersBarCodesWithTheDesignTools)
+TEST(StationMenu, OffersBarCodesAndTheCheckWithTheDesignTools)
 {
     DesktopStation station(true, WithDesignTools());
     QStringList entries;
     for (const QAction* action : station.Get<QMenu>("mnuStation").actions())
         entries.append(action->text());
     EXPECT_TRUE(entries.contains(QStringLiteral("Bar Code ...")));
+    EXPECT_TRUE(entries.contains(QStringLiteral("Check Layout ...")));
+    DesktopStation without(true, WithLedger());
+    EXPECT_EQ(without.Window.findChild<QAction*>(QStringLiteral("cmdCheckLayout")), nullptr);
+    EXPECT_EQ(without.Window.findChild<QAction*>(QStringLiteral("cmdShrink")), nullptr);
 }
 
 TEST(StationMenu, OffersWaysToFitAPictureWithTheDesignTools)

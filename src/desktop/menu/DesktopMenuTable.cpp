@@ -7,6 +7,7 @@
 #include "desktop/designer/frmPlace.h"
 #include "desktop/designer/frmSize.h"
 #include "desktop/dialogs/frmAbout.h"
+#include "desktop/dialogs/frmCheck.h"
 #include "desktop/dialogs/frmCode.h"
 #include "desktop/dialogs/frmCommSettings.h"
 #include "desktop/dialogs/frmFilters.h"
@@ -18,6 +19,7 @@
 #include "desktop/dialogs/frmPrinters2.h"
 #include "desktop/dialogs/frmRawData.h"
 #include "desktop/dialogs/frmSendData.h"
+#include "desktop/dialogs/frmShrink.h"
 #include "desktop/dialogs/frmToolbar.h"
 #include "desktop/dialogs/frmWizard.h"
 #include "desktop/history/frmHistory.h"
@@ -294,6 +296,8 @@ constexpr MenuRow Rows[] = {
     Menu("mnuDesignTools", "mnuSpread", "Di&stribute").On(WithObject),
     Command("mnuSpread", "cmdSpreadAcross", "&Across", "", Spreads<SpreadAxis::Across>),
     Command("mnuSpread", "cmdSpreadDown", "&Down", "", Spreads<SpreadAxis::Down>),
+    Command("mnuDesignTools", "cmdShrink", "Shrink to &Fit ...", "", Opens<frmShrink>)
+        .On(WithObject),
     Dash("mnuDesignTools"),
     Command("mnuDesignTools", "cmdObjects", "Ob&jects ...", "F6", Opens<frmObjects>),
     Command("mnuDesignTools", "cmdShowValues", "Show Last &Values", "F7", Runs<ToggleShowValues>)
@@ -314,6 +318,8 @@ constexpr MenuRow Rows[] = {
     Command("mnuPictureFit", "cmdFitStretched", "&Stretched to the Box", "",
             Fits<PictureFit::Stretched>)
         .With(Tick::cmdFitStretched),
+    Command("mnuStation", "cmdCheckLayout", "Check Layout ...", "", Opens<frmCheck>)
+        .On(WithLayout).Where(HasDesignTools),
     Command("mnuStation", "cmdStationOptions", "Options ...", "", Opens<frmOptions>),
 
     Menu("", "mnuHelp", "&Help"),
