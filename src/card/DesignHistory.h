@@ -55,6 +55,8 @@ public:
     void Pass(StepDirection direction);
 
     const NumberMarks& Numbers() const { return m_numbers; }
+    /// The operator has set an automatic number: what it was before does not come back with a step.
+    void NumberWasSet(const CardObject& number) { MarkSetNumber(number, m_numbers); }
 
 private:
     using Design = std::shared_ptr<const PageDesign>;

@@ -134,9 +134,10 @@ void KeepNumber(CardObject& number, const CardObject& now)
 /// the same, loaded again
 void BringBackNumber(CardObject& number, const NumberMarks& marks, double least)
 {
-    const auto mark = marks.find(number.DesignKey);
-    const double highest = mark == marks.end() ? least : std::max(least, mark->second);
-    if (highest <= NumberOf(number))
+    const auto found = marks.find(number.DesignKey);
+    const NumberMark mark = found == marks.end() ? NumberMark() : found->second;
+    const double highest = std::max(least, mark.Highest);
+    if (mark.WasSet ? highest == NumberOf(number) : highest <= NumberOf(number))
         return;
     number.DataField = NumberText(highest);
     number.SetCaption(number.DataField);
@@ -294,9 +295,14 @@ void MarkNumbers(const CardDocument& document, NumberMarks& marks)
         if (!object->IsContent() || object->Family() != Family::lbl_AUTO)
             continue;
         const double number = NumberOf(*object);
-        const auto mark = marks.try_emplace(object->DesignKey, number).first;
-        mark->second = std::max(mark->second, number);
+        const auto mark = marks.try_emplace(object->DesignKey, NumberMark{number}).first;
+        mark->second.Highest = std::max(mark->second.Highest, number);
     }
+}
+
+void MarkSetNumber(const CardObject& number, NumberMarks& marks)
+{
+    marks[number.DesignKey] = {NumberOf(number), true};
 }
 
 bool PutObjects(CardDocument& document, const PageDesign& design, const NumberMarks& marks,

@@ -63,8 +63,16 @@ bool SameDesign(const PageDesign& one, const PageDesign& other);
 bool HasDesign(const CardDocument& document, const LayoutParamsRecord& params,
                const PageDesign& design);
 
-/// The highest current numbers of automatic numbers, by the design keys of their objects.
-using NumberMarks = std::map<qulonglong, double>;
+/// The highest current number that an automatic number was seen with.
+struct NumberMark
+{
+    double Highest = 0;
+    /// The operator has set the number, so what it was before does not count.
+    bool WasSet = false;
+};
+
+/// The marks of automatic numbers, by the design keys of their objects.
+using NumberMarks = std::map<qulonglong, NumberMark>;
 
 /// Takes the design of the page. Each object must have a design key.
 /// @param last  the design whose unchanged objects are shared; may be null
@@ -75,10 +83,12 @@ PageDesign TakeDesign(const CardDocument& document, const LayoutParamsRecord& pa
 void TakeKeys(const CardDocument& document, const PageDesign& design);
 /// Raises the marks to the numbers that the document shows now.
 void MarkNumbers(const CardDocument& document, NumberMarks& marks);
+/// Marks a number that the operator has just set, perhaps to a lower one than it ever had.
+void MarkSetNumber(const CardObject& number, NumberMarks& marks);
 
 /// Makes the objects of the page those of a design. An object that is there already keeps its
 /// value, number, picture and selection. A number that comes back continues behind the highest that
-/// it ever had.
+/// it ever had, or had since it was set.
 /// @param camera  the picture of camera objects that come back
 /// @return whether a field's value is out of date and the record must be filled in again
 bool PutObjects(CardDocument& document, const PageDesign& design, const NumberMarks& marks,

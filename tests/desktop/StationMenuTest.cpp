@@ -138,8 +138,11 @@ TEST(StationMenu, InsertsNumbersCodesAndShapesWithTheDesignTools)
     EXPECT_NE(station.Session.Document.Find(Family::lbl_DATA, 2), nullptr);
     station.Choose("cmdInsertShape");
     EXPECT_NE(station.Session.Document.Find(Family::lbl_TEXT, 2), nullptr);
+    station.Operator.Inputs = {QStringLiteral("500")};
+    station.Choose("cmdSetNumber");
+    EXPECT_EQ(number->DataField, QStringLiteral("499"));
     DesktopStation without(true, WithLedger());
-    for (const char* name : {"cmdInsertNumber", "cmdInsertCode", "cmdInsertShape"})
+    for (const char* name : {"cmdInsertNumber", "cmdInsertCode", "cmdInsertShape", "cmdSetNumber"})
         EXPECT_EQ(without.Window.findChild<QAction*>(QLatin1StringView(name)), nullptr) << name;
 }
 

@@ -30,6 +30,7 @@
 #include "station/commands/ClipCommands.h"
 #include "station/commands/Commands.h"
 #include "station/commands/InsertCommands.h"
+#include "station/commands/NumberCommands.h"
 #include "station/commands/ObjectCommands.h"
 #include "station/commands/PictureCommands.h"
 #include "station/imaging/BackImage.h"
@@ -304,6 +305,8 @@ constexpr MenuRow Rows[] = {
         .With(Tick::cmdShowValues),
     Command("mnuStation", "cmdInsertNumber", "Insert Automatic &Number", "",
             Runs<InsertAutoNumber>).On(WithLayout).Where(HasDesignTools),
+    Command("mnuStation", "cmdSetNumber", "Set N&umber ...", "", Runs<SetNumberCommand>)
+        .On(WithLayout).Where(HasDesignTools),
     Command("mnuStation", "cmdInsertCode", "Insert &Bar Code", "", Runs<InsertCode>)
         .On(WithLayout).Where(HasDesignTools),
     Command("mnuStation", "cmdInsertShape", "Insert &Shape", "", Runs<InsertShape>)

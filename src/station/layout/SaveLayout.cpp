@@ -49,8 +49,13 @@ int ReplaceRows(Session& session)
     Recordset rows(session.LayoutDb);
     SaveStep("open page",
              [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });
+    // A number that was set meanwhile is not put back.
+    const auto keep = session.Options.DesignTools ? FollowStoredNumbers : KeepHigherNumbers;
     if (keepsNumbers)
-        SaveStep("keep higher numbers", [&] { OnStoredPage(session, key, KeepHigherNumbers); });
+        SaveStep("keep numbers", [&] {
+            OnStoredPage(session, key, keep);
+            KeepNumbers(session.Document, session.UnstoredNumbers);
+        });
     // After a failure the rows written so far stay, and the remaining old rows are deleted. This
     // must not happen if SQLite has rolled back the transaction, because each deletion would then
     // be committed at once.
