@@ -1,7 +1,9 @@
 #include "station/layout/DesignSelection.h"
+#include "base/Convert.h"
 #include "card/CardDocument.h"
 #include "card/Grips.h"
 #include "card/ObjectArrange.h"
+#include "station/layout/DesignSnap.h"
 #include "station/layout/ObjectMenu.h"
 #include "station/session/StationFace.h"
 #include <algorithm>
@@ -43,6 +45,99 @@ bool LiesIn(const CardObject& object, const CRect& box)
     own.SetRectToCtrl(object);
     return own.Left >= box.Left && own.Top >= box.Top && own.Right <= box.Right &&
            own.Bottom <= box.Bottom;
+}
+
+/// One axis of a drag: what it did to the box along that axis.
+struct DraggedAxis
+{
+    float CardObject::*Place;
+    float CardObject::*Length;
+    std::int32_t CRect::*Near;
+    std::int32_t CRect::*Far;
+    const std::optional<SnapHit>* Hit;
+    /// The side that a grip has moved: -1, 1, or 0 for none.
+    int Side = 0;
+};
+
+/// A drag that has ended.
+struct EndedDrag
+{
+    DragMode Mode = DragMode::None;
+    /// Whether the band is another one than at the beginning.
+    bool IsDragged = false;
+    const CardObject& Before;
+    /// The object's box and the rubber band, in screen pixels.
+    CRect Began;
+    CRect Band;
+    double TwipsPerPixel = 0;
+    std::int32_t OriginX = 0;
+    std::int32_t OriginY = 0;
+
+    /// Whether an axis without a line has its place already: nothing was dragged, or the form is
+    /// unscaled, and then the band as a whole is the new box.
+    bool IsSettled() const { return !IsDragged || TwipsPerPixel == FormOnScreen().TwipsPerPixelX; }
+};
+
+double WholeTwips(double twips)
+{
+    return RoundHalfToEven(twips);
+}
+
+/// Puts a moved object along one axis where it was dragged to, in its size.
+void SettleMoved(CardObject& object, const EndedDrag& drag, const DraggedAxis& axis)
+{
+    const double length = drag.Before.*axis.Length;
+    double place =
+        drag.Before.*axis.Place +
+        (static_cast<double>(drag.Band.*axis.Near) - drag.Began.*axis.Near) * drag.TwipsPerPixel;
+    if (*axis.Hit)
+        place = (*axis.Hit)->Line.Place - (*axis.Hit)->Share * length;
+    object.*axis.Place = static_cast<float>(WholeTwips(place));
+    object.*axis.Length = drag.Before.*axis.Length;
+}
+
+/// Puts the side of an object that a grip has moved where it was dragged to; the other side stays.
+void SettleSized(CardObject& object, const EndedDrag& drag, const DraggedAxis& axis,
+                 std::int32_t origin)
+{
+    const double begin = drag.Before.*axis.Place;
+    const double end = begin + static_cast<double>(drag.Before.*axis.Length);
+    const std::int32_t pixel = axis.Side < 0 ? drag.Band.*axis.Near : drag.Band.*axis.Far;
+    double moved = (static_cast<double>(pixel) - origin) * drag.TwipsPerPixel;
+    if (*axis.Hit)
+        moved = (*axis.Hit)->Line.Place;
+    const double other = axis.Side < 0 ? end : begin;
+    const auto [low, high] = std::minmax({WholeTwips(moved), other});
+    object.*axis.Place = static_cast<float>(axis.Side == 0 ? begin : low);
+    object.*axis.Length =
+        axis.Side == 0 ? drag.Before.*axis.Length : static_cast<float>(high - low);
+}
+
+/// Corrects what the way over whole pixels has done to the object.
+void Settle(CardObject& object, const EndedDrag& drag, const DesignSnap* snap, GripSides sides)
+{
+    static const std::optional<SnapHit> none;
+    const DraggedAxis across{&CardObject::Left,
+                             &CardObject::Width,
+                             &CRect::Left,
+                             &CRect::Right,
+                             snap == nullptr ? &none : &snap->Upright(),
+                             sides.Across};
+    const DraggedAxis down{&CardObject::Top,
+                           &CardObject::Height,
+                           &CRect::Top,
+                           &CRect::Bottom,
+                           snap == nullptr ? &none : &snap->Level(),
+                           sides.Down};
+    for (const DraggedAxis& axis : {across, down}) {
+        if (drag.IsSettled() && !*axis.Hit)
+            continue;
+        if (drag.Mode == DragMode::Moving)
+            SettleMoved(object, drag, axis);
+        else
+            SettleSized(object, drag, axis,
+                        axis.Near == &CRect::Left ? drag.OriginX : drag.OriginY);
+    }
 }
 
 } // namespace
@@ -92,7 +187,7 @@ void PressOneOfSeveral(CardDocument& document, StationFace& face, DesignScreen& 
 }
 
 void ReleaseSeveral(CardDocument& document, StationFace& face, DesignScreen& screen,
-                    MouseButton button)
+                    MouseButton button, const DesignSnap* snap)
 {
     const DragMode mode = document.Drag.Mode;
     CardObject* const object = document.SelectedObject;
@@ -101,16 +196,23 @@ void ReleaseSeveral(CardDocument& document, StationFace& face, DesignScreen& scr
         return;
     }
     const CardObject before = *object;
+    const FormOnScreen form = screen.Form();
     CRect began;
     began.SetRectToCtrl(before);
-    began.TwipsToScreen(screen.Form());
-    const bool isDragged = !(document.Drag.m_DragRect == began);
+    began.TwipsToScreen(form);
+    const CRect band = document.Drag.m_DragRect;
+    const bool isDragged = !(band == began);
+    const GripSides sides =
+        mode == DragMode::Resizing ? SidesOfGrip(document.Drag.Handle) : GripSides();
     ReleaseButton(document, face, screen, button);
-    if (!isDragged) {
-        // The way over pixels would have shifted it by a part of one.
+    // The way over pixels would shift an object that was only pressed by a part of one.
+    if (!isDragged)
         *object = before;
-        AdjustHandles(document, *object);
-    } else if (mode == DragMode::Moving) {
+    Settle(*object,
+           {mode, isDragged, before, began, band, form.TwipsPerPixelX, form.OriginX, form.OriginY},
+           snap, sides);
+    AdjustHandles(document, *object);
+    if (mode == DragMode::Moving) {
         MoveObjects(document.AlsoSelected, object->Left - before.Left, object->Top - before.Top);
         document.Refresh();
     }

@@ -5,6 +5,8 @@
 
 namespace vantrel {
 
+class DesignSnap;
+
 /// @file Selecting several objects, for a station with design tools. What the mouse does to one
 /// object stays as in `DesignSurface.h`. None of this fails.
 
@@ -20,8 +22,11 @@ void SelectInside(CardDocument& document, StationFace& face, const CRect& box);
 void PressOneOfSeveral(CardDocument& document, StationFace& face, DesignScreen& screen,
                        CardObject& object, MouseButton button, ShiftState shift, bool adds);
 /// Handles a button release over the form. The other selected objects move with the one that was
-/// dragged. One that was pressed and not dragged stays exactly where it is.
+/// dragged. One that was pressed and not dragged stays exactly where it is. What was snapped lies
+/// exactly on its line. At another scale than that of an unscaled form a pixel may be many twips,
+/// so then nothing changes but what was dragged, by so many twips as it was dragged.
+/// @param snap  the lines on which the dragged object lies; null for none
 void ReleaseSeveral(CardDocument& document, StationFace& face, DesignScreen& screen,
-                    MouseButton button);
+                    MouseButton button, const DesignSnap* snap = nullptr);
 
 } // namespace vantrel

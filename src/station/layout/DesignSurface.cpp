@@ -83,6 +83,15 @@ GripCursor CursorOfGrip(int grip)
     return GripTable.at(static_cast<std::size_t>(grip)).Cursor;
 }
 
+GripSides SidesOfGrip(int grip)
+{
+    const GripRow& row = GripTable.at(static_cast<std::size_t>(grip));
+    const auto sign = [](Side side, Side first) {
+        return side == nullptr ? 0 : (side == first ? -1 : 1);
+    };
+    return {sign(row.Across, &CRect::Left), sign(row.Down, &CRect::Top)};
+}
+
 void PressObject(CardDocument& document, StationFace& face, DesignScreen& screen,
                  CardObject& object, MouseButton button, ShiftState shift)
 {

@@ -43,6 +43,15 @@ enum class GripCursor { NorthWest, NorthSouth, NorthEast, EastWest };
 /// @param grip  0 to 7, clockwise from the upper left
 GripCursor CursorOfGrip(int grip);
 
+/// The sides of a box that a grip moves: -1 the left or top one, 1 the right or bottom one, 0 none.
+struct GripSides
+{
+    int Across = 0;
+    int Down = 0;
+};
+/// @param grip  0 to 7, clockwise from the upper left
+GripSides SidesOfGrip(int grip);
+
 /// @file Selecting, moving and resizing objects with the mouse. If the selected object no longer
 /// exists, for example because a record has reloaded the page, these functions do nothing. They
 /// never fail.
