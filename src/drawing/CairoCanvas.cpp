@@ -53,15 +53,18 @@ std::unique_ptr<CairoCanvas> CairoCanvas::OnPdf(double width, double height, Sin
     return canvas;
 }
 
-std::unique_ptr<CairoCanvas> CairoCanvas::OnImage(QImage& image, double pixelsPerPoint)
+std::unique_ptr<CairoCanvas> CairoCanvas::OnImage(QImage& image, double pixelsPerPoint,
+                                                  QPoint corner)
 {
-    std::unique_ptr<CairoCanvas> canvas(new CairoCanvas(image.width() / pixelsPerPoint));
+    std::unique_ptr<CairoCanvas> canvas(
+        new CairoCanvas((corner.x() + image.width()) / pixelsPerPoint));
     const cairo_format_t format =
         image.format() == QImage::Format_RGB32 ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
     canvas->m_surface.reset(
         cairo_image_surface_create_for_data(image.bits(), format, image.width(), image.height(),
                                             static_cast<int>(image.bytesPerLine())));
     canvas->m_context.reset(cairo_create(canvas->m_surface.get()));
+    cairo_translate(canvas->m_context.get(), -corner.x(), -corner.y());
     cairo_scale(canvas->m_context.get(), pixelsPerPoint, pixelsPerPoint);
     return canvas;
 }

@@ -2,6 +2,7 @@
 
 #include "drawing/PageCanvas.h"
 #include "drawing/PictureData.h"
+#include <QPoint>
 #include <vector>
 
 namespace vantrel {
@@ -11,7 +12,9 @@ class CairoCanvas : public PageCanvas
 {
 public:
     /// @param image  of format ARGB32_Premultiplied or RGB32; must outlive the canvas
-    static std::unique_ptr<CairoCanvas> OnImage(QImage& image, double pixelsPerPoint);
+    /// @param corner  the part of the page that the image shows begins there, in its pixels
+    static std::unique_ptr<CairoCanvas> OnImage(QImage& image, double pixelsPerPoint,
+                                                QPoint corner = {});
     /// How a PDF's objects are written; `Plain` ones can be found by the table of their offsets.
     enum class Objects { AsCairoLikes, Plain };
     /// @param width,height  in points

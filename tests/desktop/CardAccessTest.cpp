@@ -1,6 +1,7 @@
 #include "desktop/Designer.h"
 #include "desktop/designer/DesktopCardAccess.h"
 #include "station/layout/LoadLayout.h"
+#include "support/Events.h"
 #include "support/Layouts.h"
 #include <QAccessible>
 #include <QCoreApplication>
@@ -115,6 +116,45 @@ TEST(AccessibleCard, AllSelectedObjectsAreReportedAsSelected)
     EXPECT_TRUE(designer.Card().child(0)->state().selected);
     EXPECT_TRUE(designer.Card().child(1)->state().selected);
     EXPECT_FALSE(designer.Card().child(2)->state().selected);
+}
+
+TEST(AccessibleCard, AnObjectIsReportedWhereItIsSeenAtEachZoom)
+{
+    StationOptions options;
+    options.DesignTools = true;
+    AccessibleCard designer(options);
+    for (const double zoom : {0.25, 2.0, 8.0}) {
+        SCOPED_TRACE(zoom);
+        designer.Form->ZoomInPlace(zoom);
+        const QRect box = designer.Card().child(1)->rect();
+        EXPECT_EQ(box.topLeft(), designer.Form->mapToGlobal(designer.At(400, 900)));
+        EXPECT_EQ(box.width(), ScreenPixels(1500 * zoom));
+        const QPoint middle = box.center();
+        EXPECT_EQ(designer.Card().childAt(middle.x(), middle.y()), designer.Card().child(1));
+    }
+    // Most of the card is now beyond the workspace.
+    designer.Form->Reveal(designer.Object(Family::lbl_TEXT));
+    EXPECT_FALSE(designer.Card().child(0)->state().offscreen);
+    EXPECT_TRUE(designer.Card().child(2)->state().offscreen);
+}
+
+TEST(AccessibleCard, TheKeyboardIsReportedAtTheObjectWithTheGrips)
+{
+    StationOptions options;
+    options.DesignTools = true;
+    AccessibleCard designer(options);
+    designer.Window.activateWindow();
+    ASSERT_TRUE(EventsUntil([&] { return designer.Window.isActiveWindow(); }));
+    designer.Form->setFocus();
+    designer.Click(designer.At(600, 375));
+    designer.Click(designer.At(600, 975), Qt::ControlModifier);
+    EXPECT_TRUE(designer.Card().child(0)->state().focused);
+    EXPECT_FALSE(designer.Card().child(1)->state().focused);
+    EXPECT_TRUE(designer.Card().child(1)->state().focusable);
+    AccessibleCard without;
+    without.Click(without.At(600, 375));
+    EXPECT_FALSE(without.Card().child(0)->state().focusable);
+    EXPECT_FALSE(without.Card().child(0)->state().focused);
 }
 
 TEST(AccessibleCard, AnOpenPopUpMenuIsAChildOfTheMainWindow)

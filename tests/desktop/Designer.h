@@ -14,17 +14,21 @@ class Designer : public DesktopStation
 public:
     explicit Designer(const StationOptions& options = {});
 
-    /// The point of the window at that place on the card, in twips.
+    /// The point of the window at that place on the card, in twips, at the present zoom.
     QPoint At(int left, int top) const
     {
-        return Form->CardRect().topLeft() + QPoint(ScreenPixels(left), ScreenPixels(top));
+        return Form->CardRect().topLeft() +
+               QPoint(ScreenPixels(left * Form->Zoom()), ScreenPixels(top * Form->Zoom()));
     }
     void Press(QPoint point, Qt::MouseButton button = Qt::LeftButton,
                Qt::KeyboardModifiers keys = Qt::NoModifier)
     {
         Send(QEvent::MouseButtonPress, point, button, keys);
     }
-    void Move(QPoint point) { Send(QEvent::MouseMove, point); }
+    void Move(QPoint point, Qt::KeyboardModifiers keys = Qt::NoModifier)
+    {
+        Send(QEvent::MouseMove, point, Qt::NoButton, keys);
+    }
     void Release(QPoint point, Qt::MouseButton button = Qt::LeftButton)
     {
         Send(QEvent::MouseButtonRelease, point, button);

@@ -2,6 +2,7 @@
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/controls/DesktopPictureDialog.h"
 #include "desktop/controls/DesktopStyle.h"
+#include "desktop/designer/frmDocument.h"
 #include "desktop/dialogs/frmWizard.h"
 #include "ledger/LedgerReading.h"
 #include "samples/DemoArt.h"
@@ -23,6 +24,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -123,6 +125,45 @@ void TakeMainWindow(const QDir& folder)
     Keep(station.Window, folder.filePath(QStringLiteral("main.png")));
 }
 
+/// The designer in the middle of a drag, with the rulers and the lines of what it snaps to.
+void TakeDesigner(const QDir& folder)
+{
+    constexpr QSize size(1000, 640);
+    const QTemporaryDir demo;
+    const QString demoFolder = demo.filePath(QStringLiteral("demo"));
+    MakeDemoFolder(demoFolder);
+    StationOptions options;
+    options.DesignTools = true;
+    DesktopStation station(true, options);
+    station.Session.LayoutDb.Open(LayoutDatabasePath(demoFolder));
+    station.Session.CurrentParams.PageIndex = 1;
+    LoadLayout(station.Session, QStringLiteral("Member Card"));
+    SetRecord(station.Session,
+              {QStringLiteral("Ada Lovelace"), QStringLiteral("40012345"), QStringLiteral("Gold")});
+    ReapplyFieldValues(station.Session);
+    TickStatusBar(station.Session);
+    station.Window.resize(size);
+    station.Window.show();
+    QCoreApplication::processEvents();
+    auto& form = station.Get<frmDocument>("frmDocument");
+    form.ZoomInPlace(2);
+    QCoreApplication::processEvents();
+    const CardObject& name = *station.Session.Document.Find(Family::lbl_DATA, 1);
+    const QRect box = form.ScreenBoxOf(name);
+    const QPoint from = form.mapFromGlobal(box.center());
+    const auto send = [&](QEvent::Type type, QPoint point) {
+        QMouseEvent event(type, point, form.mapToGlobal(point),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&form, &event);
+    };
+    send(QEvent::MouseButtonPress, from);
+    constexpr QPoint nearItsPlace(3, -2);
+    send(QEvent::MouseMove, from + nearItsPlace);
+    Keep(station.Window, folder.filePath(QStringLiteral("designer.png")));
+    send(QEvent::MouseButtonRelease, from + nearItsPlace);
+}
+
 /// Answers the wizard's pages as the quick start does.
 void TakeWizard(const QDir& folder)
 {
@@ -209,6 +250,7 @@ int main(int argc, char** argv)
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     vantrel::test::TakeMainWindow(folder);
+    vantrel::test::TakeDesigner(folder);
     vantrel::test::TakeWizard(folder);
     vantrel::test::TakePictures(folder);
     vantrel::test::TakePictureDialog(folder);

@@ -76,14 +76,19 @@ TEST(StationMenu, HasTheDesignToolsWhereTheyAreOn)
 {
     DesktopStation station(true, WithDesignTools());
     EXPECT_EQ(station.Get<QMenu>("mnuDesignTools").title(), QStringLiteral("&Design Tools"));
+    EXPECT_EQ(EntriesOf(station, "mnuDesignTools"),
+              QStringList({QStringLiteral("&Undo|Alt+Backspace"),
+                           QStringLiteral("&Redo|Alt+Shift+Backspace"), QStringLiteral("-"),
+                           QStringLiteral("Dup&licate|Ctrl+J"), QStringLiteral("&Order|"),
+                           QStringLiteral("&Align|"), QStringLiteral("Di&stribute|"),
+                           QStringLiteral("Shrink to &Fit ...|"), QStringLiteral("-"),
+                           QStringLiteral("Ob&jects ...|F6"),
+                           QStringLiteral("Show Last &Values|F7"), QStringLiteral("-"),
+                           QStringLiteral("Edit &Text|"), QStringLiteral("&Zoom|")}));
     EXPECT_EQ(
-        EntriesOf(station, "mnuDesignTools"),
-        QStringList({QStringLiteral("&Undo|Alt+Backspace"),
-                     QStringLiteral("&Redo|Alt+Shift+Backspace"), QStringLiteral("-"),
-                     QStringLiteral("Dup&licate|Ctrl+J"), QStringLiteral("&Order|"),
-                     QStringLiteral("&Align|"), QStringLiteral("Di&stribute|"),
-                     QStringLiteral("Shrink to &Fit ...|"), QStringLiteral("-"),
-                     QStringLiteral("Ob&jects ...|F6"), QStringLiteral("Show Last &Values|F7")}));
+        EntriesOf(station, "mnuZoom"),
+        QStringList({QStringLiteral("Zoom &In|Ctrl++"), QStringLiteral("Zoom &Out|Ctrl+-"),
+                     QStringLiteral("&Actual Size|Ctrl+0"), QStringLiteral("&Fit in Window|")}));
     EXPECT_EQ(EntriesOf(station, "mnuStack"),
               QStringList({QStringLiteral("To &Front|Ctrl+Shift+Up"),
                            QStringLiteral("One &Up|Ctrl+Up"), QStringLiteral("One &Down|Ctrl+Down"),

@@ -85,6 +85,12 @@ public:
         state.invisible = object == nullptr || !m_form->isVisible();
         state.selectable = true;
         state.selected = object != nullptr && IsSelected(m_form->Document(), *object);
+        // The keys of the design tools go to the object with the grips.
+        state.focusable = !m_form.isNull() && m_form->HasTools();
+        state.focused = state.focusable && object != nullptr && m_form->hasFocus() &&
+                        m_form->Document().SelectedObject == object;
+        state.offscreen = state.focusable && object != nullptr &&
+                          !m_form->ScreenView().intersects(m_form->ScreenBoxOf(*object));
         return state;
     }
 
@@ -135,7 +141,7 @@ QAccessibleInterface* CardAccess::Tell(const ObjectKey& key) const
 int CardAccess::childCount() const
 {
     List();
-    return static_cast<int>(m_listed.size());
+    return static_cast<int>(m_listed.size()) + (m_form.TextField() == nullptr ? 0 : 1);
 }
 
 QAccessibleInterface* CardAccess::child(int index) const
@@ -148,11 +154,17 @@ QAccessibleInterface* CardAccess::child(int index) const
     // refreshing it for each child would take too long.
     if (!holds() || m_form.ShownObject(at().first, at().second) == nullptr)
         List();
+    if (static_cast<std::size_t>(index) == m_listed.size() && m_form.TextField() != nullptr)
+        return QAccessible::queryAccessibleInterface(m_form.TextField());
     return holds() ? Tell(at()) : nullptr;
 }
 
 int CardAccess::indexOfChild(const QAccessibleInterface* child) const
 {
+    if (m_form.TextField() != nullptr && child->object() == m_form.TextField()) {
+        List();
+        return static_cast<int>(m_listed.size());
+    }
     const auto* const object = dynamic_cast<const ObjectAccess*>(child);
     if (object == nullptr)
         return -1;
@@ -164,15 +176,20 @@ int CardAccess::indexOfChild(const QAccessibleInterface* child) const
 
 QAccessibleInterface* CardAccess::childAt(int x, int y) const
 {
-    const CardObject* const object = m_form.ObjectAt(m_form.mapFromGlobal(QPointF(x, y)));
+    const QPoint point = m_form.mapFromGlobal(QPoint(x, y));
+    if (QWidget* const field = m_form.TextField();
+        field != nullptr && field->geometry().contains(point))
+        return QAccessible::queryAccessibleInterface(field);
+    const CardObject* const object = m_form.ObjectAt(point);
     return object == nullptr ? nullptr : Tell({object->Family(), object->Index()});
 }
 
 void CardAccess::TellDesign(const ObjectKey& key, QAccessibleInterface& object, Told& told) const
 {
     const CardObject& shown = *m_form.ShownObject(key.first, key.second);
-    const QRectF box(shown.Left, shown.Top, shown.Width, shown.Height);
+    const QRect box = m_form.ScreenBoxOf(shown);
     const bool isSelected = object.state().selected;
+    const bool isFocused = object.state().focused;
     if (told.Announced && box != told.Box) {
         QAccessibleEvent moved(&object, QAccessible::LocationChanged);
         QAccessible::updateAccessibility(&moved);
@@ -183,8 +200,13 @@ void CardAccess::TellDesign(const ObjectKey& key, QAccessibleInterface& object, 
         QAccessibleStateChangeEvent selection(&object, changed);
         QAccessible::updateAccessibility(&selection);
     }
+    if (isFocused && !told.Focused) {
+        QAccessibleEvent focus(&object, QAccessible::Focus);
+        QAccessible::updateAccessibility(&focus);
+    }
     told.Box = box;
     told.Selected = isSelected;
+    told.Focused = isFocused;
 }
 
 void CardAccess::Follow(bool tellsDesign)

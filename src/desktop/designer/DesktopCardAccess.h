@@ -2,7 +2,7 @@
 
 #include "card/CardObject.h"
 #include <QAccessibleWidget>
-#include <QRectF>
+#include <QRect>
 #include <map>
 #include <utility>
 #include <vector>
@@ -15,7 +15,8 @@ class frmDocument;
 using ObjectKey = std::pair<Family, int>;
 
 /// The card as screen readers see it. Its children are the visible objects, each named by its
-/// caption or its kind, at its place on the screen. An object keeps its identity while records come
+/// caption or its kind, at its place on the screen, and behind them the field in which a text is
+/// edited. An object keeps its identity while records come
 /// and the page is loaded again.
 class CardAccess : public QAccessibleWidget
 {
@@ -32,7 +33,8 @@ public:
 
     /// Reports to screen readers which objects have appeared, disappeared or changed their text
     /// since the last report.
-    /// @param tellsDesign  also which have moved, and which are selected
+    /// @param tellsDesign  also which have moved on the screen, which are selected, and which one
+    /// the keyboard acts on
     void Follow(bool tellsDesign = false);
 
 private:
@@ -41,9 +43,10 @@ private:
         QAccessible::Id Id = 0;
         QString Name;
         bool Announced = false;
-        /// In twips of the card.
-        QRectF Box;
+        /// On the screen.
+        QRect Box;
         bool Selected = false;
+        bool Focused = false;
     };
 
     void List() const;

@@ -1,16 +1,16 @@
 #include "desktop/designer/frmDocument.h"
 #include "base/NumberFormat.h"
-#include "base/Skip.h"
 #include "card/PaintDocument.h"
 #include "card/ShownValues.h"
 #include "desktop/controls/DesktopAccess.h"
 #include "desktop/controls/ScreenUnits.h"
 #include "desktop/designer/DesktopCardAccess.h"
-#include "drawing/PageCanvas.h"
+#include "desktop/designer/DesktopTextInPlace.h"
 #include "station/layout/DocumentForm.h"
 #include "station/layout/ObjectMenu.h"
 #include "station/session/Session.h"
 #include <QCloseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QTimer>
 
@@ -27,6 +27,10 @@ constexpr int MenuInterval = 100;
 
 void PaintSurround(QPainter& painter, const QRect& card)
 {
+    painter.save();
+    // Most of each layer lies under the card, which covers it.
+    painter.setClipRegion(QRegion(card.adjusted(-Surround, -Surround, Surround, Surround)) - card,
+                          Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ShadowLayerColor);
@@ -36,6 +40,7 @@ void PaintSurround(QPainter& painter, const QRect& card)
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.fillRect(card.adjusted(-1, -1, 1, 1), HairlineColor);
+    painter.restore();
 }
 } // namespace
 
@@ -55,6 +60,7 @@ frmDocument::frmDocument(Session& session, QWidget* parent)
     connect(menuTimer, &QTimer::timeout, this,
             [this] { TickObjectMenu(m_session.Face, m_session.Document); });
     menuTimer->start(MenuInterval);
+    connect(&m_dragScroll, &QTimer::timeout, this, &frmDocument::ScrollWhileDragging);
     const CardDocument& document = m_session.Document;
     connect(&document, &CardDocument::Shown, this, &frmDocument::MirrorSoon);
     connect(&document, &CardDocument::Hidden, this, &frmDocument::MirrorSoon);
@@ -70,7 +76,7 @@ frmDocument::~frmDocument() = default;
 void frmDocument::MirrorSoon()
 {
     // A record changes every object of the page; the window is updated once for all of them.
-    m_stale = true;
+    m_picture.Spoil();
     if (m_mirrorAsked)
         return;
     m_mirrorAsked = true;
@@ -86,19 +92,21 @@ void frmDocument::Mirror()
         // The band that selects objects is not the document's.
         if (!m_bandFrom)
             m_band.reset();
+        m_snap.reset();
         ReleaseMouse();
     }
-    TellChanges();
     if (!document.IsLoaded() || !document.IsShown()) {
+        TellChanges();
         hide();
         return;
     }
-    const QRect card = ScreenRect(document.Left, document.Top, document.Width, document.Height);
-    const QRect surrounded = card.adjusted(-Surround, -Surround, Surround, Surround);
-    if (geometry() != surrounded)
-        setGeometry(surrounded);
+    TakePlace();
     show();
+    PlaceText();
+    TellChanges();
     update();
+    if (HasTools())
+        Q_EMIT ViewChanged();
 }
 
 void frmDocument::TellChanges()
@@ -110,50 +118,48 @@ void frmDocument::TellChanges()
         told->Follow(m_session.Options.DesignTools);
 }
 
-void frmDocument::DrawCard()
-{
-    const double scale = devicePixelRatioF();
-    const CardDocument& document = m_session.Document;
-    const QSize size = ScreenRect(0, 0, document.Width, document.Height).size() * scale;
-    if (m_card.size() != size)
-        m_card = QImage(size, QImage::Format_RGB32);
-    m_card.setDevicePixelRatio(1.0);
-    m_card.fill(Qt::white);
-    Skip("paint the document", [&] {
-        const auto canvas = PageCanvas::OnImage(m_card, scale * ScreenPixelsPerInch / TwipsPerInch);
-        if (m_session.Face.IsTicked(Tick::cmdShowValues)) {
-            const auto shown = PageWithValues(m_session.Document, m_session.FieldValues,
-                                              m_session.Pictures, MachineDecimalSeparator());
-            PaintDocument(*shown, m_session.CurrentParams, *canvas);
-        } else {
-            PaintDocument(m_session.Document, m_session.CurrentParams, *canvas);
-        }
-        canvas->Finish();
-    });
-    m_card.setDevicePixelRatio(scale);
-}
-
 QRect frmDocument::CardRect() const
 {
     return rect().adjusted(Surround, Surround, -Surround, -Surround);
 }
 
-const QImage& frmDocument::CardPicture()
+KeptCardPicture::View frmDocument::PictureView() const
 {
-    if (m_stale || !qFuzzyCompare(m_card.devicePixelRatio(), devicePixelRatioF())) {
-        m_stale = false;
-        DrawCard();
-    }
-    return m_card;
+    const CardDocument& document = m_session.Document;
+    return {BoxInWindow(0, 0, document.Width, document.Height).size(), m_zoom, devicePixelRatioF()};
 }
 
-void frmDocument::paintEvent(QPaintEvent* /*event*/)
+void frmDocument::PaintPage(PageCanvas& canvas) const
+{
+    if (!m_session.Face.IsTicked(Tick::cmdShowValues)) {
+        PaintDocument(m_session.Document, m_session.CurrentParams, canvas);
+        return;
+    }
+    const auto shown = PageWithValues(m_session.Document, m_session.FieldValues, m_session.Pictures,
+                                      MachineDecimalSeparator());
+    PaintDocument(*shown, m_session.CurrentParams, canvas);
+}
+
+const QImage& frmDocument::CardPicture()
+{
+    const KeptCardPicture::View view = PictureView();
+    const QRect whole(QPoint(0, 0), view.Card);
+    m_picture.Draw([this](PageCanvas& canvas) { PaintPage(canvas); }, view, whole, whole);
+    return m_picture.Image();
+}
+
+void frmDocument::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const QRect card = CardRect();
-    PaintSurround(painter, card);
-    painter.drawImage(card.topLeft(), CardPicture());
-    PaintDesign(painter);
+    const QRect dirty = event->rect();
+    if (!card.contains(dirty))
+        PaintSurround(painter, card);
+    const QPoint corner = card.topLeft();
+    m_picture.Draw([this](PageCanvas& canvas) { PaintPage(canvas); }, PictureView(),
+                   dirty.translated(-corner), VisiblePart().translated(-corner));
+    painter.drawImage(corner + m_picture.Part().topLeft(), m_picture.Image());
+    PaintDesign(painter, dirty);
 }
 
 void frmDocument::closeEvent(QCloseEvent* event)

@@ -5,11 +5,12 @@
 #include "station/layout/DesignSelection.h"
 #include "station/layout/DesignSteps.h"
 #include "station/session/Session.h"
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QMdiArea>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -17,8 +18,14 @@ namespace vantrel {
 
 namespace {
 
-constexpr QColor BorderColor(0, 0, 0, 70);
 constexpr int BandWidth = 2;
+/// Side of a grip, and the shortest side of a box with a grip in its middle, in pixels.
+constexpr int GripSize = 7;
+constexpr int ShortestSide = 3 * GripSize;
+/// A drag that comes this near to the edge of the workspace scrolls it, by so many pixels each
+/// time.
+constexpr int ScrollRim = 12;
+constexpr int ScrollInterval = 30;
 
 Qt::CursorShape ShapeOf(GripCursor cursor)
 {
@@ -49,33 +56,13 @@ ShiftState ShiftStateOf(Qt::KeyboardModifiers keys)
     return held ? ShiftState::Held : ShiftState::None;
 }
 
-/// The outlines of texts, and of pictures that are not there yet, are shown on the screen only.
-void PaintOutline(QPainter& painter, const CardObject& object, const QRect& box)
-{
-    const bool isText = object.IsLabel() && object.BorderStyle != 0;
-    const bool isEmptyPicture = object.IsImage() && !object.Picture.HasHandle();
-    if (!isText && !isEmptyPicture)
-        return;
-    painter.setPen(QPen(BorderColor, 1, isText ? Qt::SolidLine : Qt::DashLine));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(box.adjusted(0, 0, -1, -1));
-}
-
-void Release(Session& session, DesignScreen& screen, MouseButton button)
-{
-    if (session.Options.DesignTools)
-        ReleaseSeveral(session.Document, session.Face, screen, button);
-    else
-        ReleaseButton(session.Document, session.Face, screen, button);
-}
-
 /// Ends a drag whose left button is released over another window of this program, such as a menu
 /// that opened meanwhile and has the mouse now: the form must still get that release.
 class ReleaseWatch : public QObject
 {
 public:
-    ReleaseWatch(QWidget& form, Session& session, DesignScreen& screen)
-        : m_form(form), m_session(session), m_screen(screen)
+    ReleaseWatch(QWidget& form, std::function<void()> release)
+        : m_form(form), m_release(std::move(release))
     {
         QCoreApplication::instance()->installEventFilter(this);
     }
@@ -85,15 +72,15 @@ public:
         if (event->type() == QEvent::MouseButtonRelease && watched->isWidgetType() &&
             watched != &m_form && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
             // This object is deleted with the drag.
-            Release(m_session, m_screen, MouseButton::Left);
+            const std::function<void()> release = m_release;
+            release();
         }
         return false;
     }
 
 private:
     QWidget& m_form;
-    Session& m_session;
-    DesignScreen& m_screen;
+    std::function<void()> m_release;
 };
 
 } // namespace
@@ -101,7 +88,7 @@ private:
 FormOnScreen frmDocument::Form() const
 {
     const QPoint origin = mapToGlobal(CardRect().topLeft());
-    const double twipsPerPixel = TwipsPerInch / ScreenPixelsPerInch;
+    const double twipsPerPixel = TwipsPerInch / ScreenPixelsPerInch / m_zoom;
     return {origin.x(), origin.y(), twipsPerPixel, twipsPerPixel};
 }
 
@@ -111,7 +98,55 @@ void frmDocument::InvertOutline(const CRect& rectangle)
         m_band.reset();
     else
         m_band = rectangle;
-    update();
+    UpdateBand(rectangle);
+}
+
+void frmDocument::UpdateBand(const CRect& rectangle)
+{
+    if (!HasTools()) {
+        update();
+        return;
+    }
+    const QPoint origin = mapToGlobal(QPoint(0, 0));
+    const QRect band =
+        QRect(QPoint(rectangle.Left, rectangle.Top), QPoint(rectangle.Right, rectangle.Bottom))
+            .normalized()
+            .translated(-origin);
+    QRect changed = band;
+    if (m_session.Document.Drag.Mode == DragMode::Moving) {
+        const QPoint way = Dragged();
+        for (const CardObject* object : m_session.Document.AlsoSelected)
+            changed |= BoxOf(*object).translated(way);
+    }
+    update(changed.adjusted(-BandWidth, -BandWidth, BandWidth, BandWidth));
+}
+
+QPoint frmDocument::Dragged() const
+{
+    const CardObject* const object = m_session.Document.SelectedObject;
+    const CRect& band = m_session.Document.Drag.m_DragRect;
+    if (object == nullptr)
+        return {};
+    return mapFromGlobal(QPoint(band.Left, band.Top)) - BoxOf(*object).topLeft();
+}
+
+bool frmDocument::IsDragging() const
+{
+    return m_session.Document.Drag.Mode != DragMode::None;
+}
+
+void frmDocument::Release(MouseButton button)
+{
+    CardDocument& document = m_session.Document;
+    if (!HasTools()) {
+        ReleaseButton(document, m_session.Face, *this, button);
+        return;
+    }
+    ReleaseSeveral(document, m_session.Face, *this, button, m_snap ? &*m_snap : nullptr);
+    if (!IsDragging()) {
+        m_snap.reset();
+        m_dragScroll.stop();
+    }
 }
 
 void frmDocument::CaptureMouse()
@@ -119,8 +154,7 @@ void frmDocument::CaptureMouse()
     // A window gets the mouse as long as a button is held. Not every display can confine the
     // pointer, so its position is limited to the form.
     m_confined = true;
-    m_releaseWatch =
-        std::make_unique<ReleaseWatch>(*this, m_session, static_cast<DesignScreen&>(*this));
+    m_releaseWatch = std::make_unique<ReleaseWatch>(*this, [this] { Release(MouseButton::Left); });
 }
 
 void frmDocument::ReleaseMouse()
@@ -137,9 +171,31 @@ void frmDocument::CloseSizeDialog()
 
 QRect frmDocument::BoxOf(const CardObject& object) const
 {
-    return ScreenRect(static_cast<double>(object.Left), static_cast<double>(object.Top),
-                      static_cast<double>(object.Width), static_cast<double>(object.Height))
-        .translated(CardRect().topLeft());
+    return BoxInWindow(static_cast<double>(object.Left), static_cast<double>(object.Top),
+                       static_cast<double>(object.Width), static_cast<double>(object.Height));
+}
+
+QRect frmDocument::GripBox(const CardObject& grip) const
+{
+    if (!grip.Visible)
+        return {};
+    if (!HasTools())
+        return BoxOf(grip);
+    // Grips are as large at each zoom. On a card that is shown small those in the middle of a short
+    // side make way for the corners.
+    const CRect& drag = m_session.Document.Drag.m_DragRect;
+    const QRect box = BoxInWindow(drag.Left, drag.Top, drag.Width(), drag.Height());
+    const GripSides sides = SidesOfGrip(grip.Index());
+    const bool isCrowded = (sides.Across == 0 && box.width() < ShortestSide) ||
+                           (sides.Down == 0 && box.height() < ShortestSide);
+    if (m_zoom < CardZoom::Actual && isCrowded)
+        return {};
+    const auto along = [](int side, int begin, int length) {
+        return side == 0 ? begin + length / 2 : (side < 0 ? begin : begin + length - 1);
+    };
+    const QPoint middle(along(sides.Across, box.left(), box.width()),
+                        along(sides.Down, box.top(), box.height()));
+    return {middle - QPoint(GripSize / 2, GripSize / 2), QSize(GripSize, GripSize)};
 }
 
 CardObject* frmDocument::GripAt(const QPointF& position) const
@@ -147,7 +203,7 @@ CardObject* frmDocument::GripAt(const QPointF& position) const
     const CardDocument& document = m_session.Document;
     for (int grip = 0; grip <= document.HighestIndex(Family::picHandle); ++grip) {
         CardObject* handle = document.Find(Family::picHandle, grip);
-        if (handle != nullptr && handle->Visible && BoxOf(*handle).contains(position.toPoint()))
+        if (handle != nullptr && GripBox(*handle).contains(position.toPoint()))
             return handle;
     }
     return nullptr;
@@ -182,24 +238,26 @@ QRect frmDocument::ScreenBoxOf(const CardObject& object) const
     return {mapToGlobal(box.topLeft()), box.size()};
 }
 
-void frmDocument::TakeCursor(const QMouseEvent& event)
+void frmDocument::TakeCursor(const QPoint& position)
 {
-    QPoint position = event.globalPosition().toPoint();
+    m_mouse = position;
+    QPoint inside = position;
     if (m_confined) {
-        const QRect inside(mapToGlobal(CardRect().topLeft()), CardRect().size());
-        position = {std::clamp(position.x(), inside.left(), inside.right()),
-                    std::clamp(position.y(), inside.top(), inside.bottom())};
+        const QRect form(mapToGlobal(CardRect().topLeft()), CardRect().size());
+        inside = {std::clamp(position.x(), form.left(), form.right()),
+                  std::clamp(position.y(), form.top(), form.bottom())};
     }
-    m_cursor = {position.x(), position.y()};
+    m_cursor = {inside.x(), inside.y()};
 }
 
 void frmDocument::mousePressEvent(QMouseEvent* event)
 {
-    TakeCursor(*event);
+    TakeText();
+    TakeCursor(event->globalPosition().toPoint());
     NoteDesign(m_session);
     m_objectHasMouse = false;
     // During a drag the form gets the mouse, whatever is under the pointer.
-    const bool isDragging = m_session.Document.Drag.Mode != DragMode::None;
+    const bool isDragging = IsDragging();
     const CardObject* grip = isDragging ? nullptr : GripAt(event->position());
     CardObject* object = isDragging || grip != nullptr ? nullptr : ObjectAt(event->position());
     if (grip != nullptr) {
@@ -209,8 +267,11 @@ void frmDocument::mousePressEvent(QMouseEvent* event)
     } else {
         PressOnPage(*event);
     }
-    if (m_session.Options.DesignTools)
+    if (HasTools()) {
+        if (!isDragging && IsDragging())
+            m_snap.emplace(m_session.Document);
         m_session.Face.NotifyDesign();
+    }
     event->accept();
 }
 
@@ -218,7 +279,7 @@ void frmDocument::PressOnObject(CardObject& object, const QMouseEvent& event)
 {
     const MouseButton button = ButtonOf(event.button());
     const ShiftState shift = ShiftStateOf(event.modifiers());
-    if (m_session.Options.DesignTools) {
+    if (HasTools()) {
         const bool adds =
             (event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier)) ==
             Qt::ControlModifier;
@@ -231,9 +292,9 @@ void frmDocument::PressOnObject(CardObject& object, const QMouseEvent& event)
 
 void frmDocument::PressOnPage(const QMouseEvent& event)
 {
-    const bool isDragging = m_session.Document.Drag.Mode != DragMode::None;
+    const bool isDragging = IsDragging();
     PressForm(m_session.Document);
-    if (!m_session.Options.DesignTools || isDragging || event.button() != Qt::LeftButton)
+    if (!HasTools() || isDragging || event.button() != Qt::LeftButton)
         return;
     m_bandFrom = m_cursor;
 }
@@ -255,7 +316,7 @@ void frmDocument::SelectByBand()
     update();
 }
 
-void frmDocument::keyPressEvent(QKeyEvent* event)
+bool frmDocument::MoveByKey(const QKeyEvent& event)
 {
     struct ArrowRow
     {
@@ -265,53 +326,130 @@ void frmDocument::keyPressEvent(QKeyEvent* event)
     };
     constexpr ArrowRow arrows[] = {
         {Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Down, 0, 1}};
-    const auto* arrow = std::ranges::find(arrows, event->key(), &ArrowRow::Key);
-    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
-    const bool moves = m_session.Options.DesignTools && arrow != std::end(arrows) &&
-                       (held == Qt::NoModifier || held == Qt::ShiftModifier);
-    if (!moves) {
-        QMdiSubWindow::keyPressEvent(event);
-        return;
-    }
+    const auto* arrow = std::ranges::find(arrows, event.key(), &ArrowRow::Key);
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    if (m_session.Document.SelectedObject == nullptr || arrow == std::end(arrows) ||
+        (held != Qt::NoModifier && held != Qt::ShiftModifier))
+        return false;
     // A key that is held makes one step.
-    if (!event->isAutoRepeat())
+    if (!event.isAutoRepeat())
         NoteDesign(m_session);
     CloseSizeDialog();
     const float step = held == Qt::ShiftModifier ? TwipStep : PointStep;
     MoveSelected(m_session, arrow->Right * step, arrow->Down * step);
-    event->accept();
+    Reveal(*m_session.Document.SelectedObject);
+    return true;
+}
+
+void frmDocument::keyPressEvent(QKeyEvent* event)
+{
+    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!HasTools()) {
+        QMdiSubWindow::keyPressEvent(event);
+    } else if (isEnter && held == Qt::NoModifier && !IsDragging()) {
+        EditText();
+    } else if (!MoveByKey(*event) && !ScrollByKey(event->key(), held)) {
+        QMdiSubWindow::keyPressEvent(event);
+    } else {
+        event->accept();
+    }
+}
+
+void frmDocument::Snap(Qt::KeyboardModifiers held)
+{
+    if (!m_snap)
+        return;
+    const auto before = std::pair(m_snap->Upright(), m_snap->Level());
+    if (held & Qt::AltModifier)
+        m_snap->LetGo();
+    else
+        m_cursor = m_snap->Aim(m_session.Document, Form(), m_cursor);
+    // The lines reach beyond what is dragged.
+    if (before.first || before.second || m_snap->Upright() || m_snap->Level())
+        update();
+}
+
+void frmDocument::Follow(Qt::KeyboardModifiers held)
+{
+    Snap(held);
+    MoveMouse(m_session.Document, *this);
+    if (m_bandFrom)
+        StretchBand();
+}
+
+void frmDocument::ScrollWhileDragging()
+{
+    if (!IsDragging() && !m_bandFrom) {
+        m_dragScroll.stop();
+        return;
+    }
+    const QRect view = WorkspaceView().adjusted(ScrollRim, ScrollRim, -ScrollRim, -ScrollRim);
+    const QPoint mouse = mapToParent(mapFromGlobal(m_mouse));
+    const auto beyond = [](int at, int begin, int end) {
+        return at < begin ? -ScrollRim : (at > end ? ScrollRim : 0);
+    };
+    const QPoint way(beyond(mouse.x(), view.left(), view.right()),
+                     beyond(mouse.y(), view.top(), view.bottom()));
+    if (way.isNull()) {
+        m_dragScroll.stop();
+        return;
+    }
+    const QPoint before = pos();
+    ScrollBy(way);
+    if (pos() == before)
+        return;
+    TakeCursor(m_mouse);
+    Follow(QGuiApplication::queryKeyboardModifiers());
 }
 
 void frmDocument::mouseMoveEvent(QMouseEvent* event)
 {
-    TakeCursor(*event);
+    TakeCursor(event->globalPosition().toPoint());
     if (event->buttons() == Qt::NoButton) {
         const CardObject* grip = GripAt(event->position());
         setCursor(grip != nullptr ? ShapeOf(CursorOfGrip(grip->Index())) : Qt::ArrowCursor);
     }
-    MoveMouse(m_session.Document, *this);
-    if (m_bandFrom)
-        StretchBand();
+    Follow(event->modifiers());
+    if (HasTools()) {
+        m_pointer = TwipsAt(event->position());
+        if ((IsDragging() || m_bandFrom) && !m_dragScroll.isActive() && mdiArea() != nullptr)
+            m_dragScroll.start(ScrollInterval);
+        Q_EMIT ViewChanged();
+    }
     event->accept();
 }
 
 void frmDocument::mouseReleaseEvent(QMouseEvent* event)
 {
-    TakeCursor(*event);
+    TakeCursor(event->globalPosition().toPoint());
     if (m_bandFrom && event->button() == Qt::LeftButton)
         SelectByBand();
     else if (!m_objectHasMouse)
-        Release(m_session, *this, ButtonOf(event->button()));
+        Release(ButtonOf(event->button()));
     m_objectHasMouse = false;
     NoteDesign(m_session);
-    if (m_session.Options.DesignTools)
+    if (HasTools()) {
         m_session.Face.NotifyDesign();
+        Q_EMIT ViewChanged();
+    }
     event->accept();
 }
 
 void frmDocument::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    // The second press of a double click is handled as a press like any other.
+    // The second press of a double click is handled as a press like any other, except on a text
+    // that can be edited.
+    const CardObject* const object =
+        HasTools() && !IsDragging() && GripAt(event->position()) == nullptr
+            ? ObjectAt(event->position())
+            : nullptr;
+    if (object != nullptr && object->Family() == Family::lbl_TEXT &&
+        event->button() == Qt::LeftButton && ShiftStateOf(event->modifiers()) == ShiftState::None) {
+        BeginText(*object);
+        event->accept();
+        return;
+    }
     mousePressEvent(event);
 }
 
@@ -319,44 +457,11 @@ void frmDocument::leaveEvent(QEvent* event)
 {
     // The frame of a window in the workspace has pointer shapes of its own; the card has no frame.
     unsetCursor();
+    if (HasTools()) {
+        m_pointer.reset();
+        Q_EMIT ViewChanged();
+    }
     event->accept();
-}
-
-void frmDocument::PaintSelected(QPainter& painter) const
-{
-    const CardDocument& document = m_session.Document;
-    if (document.SelectedObject == nullptr)
-        return;
-    painter.setPen(QPen(palette().color(QPalette::Highlight), BandWidth));
-    painter.setBrush(Qt::NoBrush);
-    for (const CardObject* object : document.AlsoSelected)
-        painter.drawRect(BoxOf(*object).adjusted(0, 0, -1, -1));
-}
-
-void frmDocument::PaintDesign(QPainter& painter) const
-{
-    const CardDocument& document = m_session.Document;
-    painter.setClipRect(CardRect());
-    for (const auto& object : document.Objects()) {
-        if (object->Index() > 0 && object->Visible)
-            PaintOutline(painter, *object, BoxOf(*object));
-    }
-    painter.setPen(QPen(palette().color(QPalette::HighlightedText), 1));
-    painter.setBrush(palette().color(QPalette::Highlight));
-    for (int grip = 0; grip <= document.HighestIndex(Family::picHandle); ++grip) {
-        const CardObject* handle = document.Find(Family::picHandle, grip);
-        if (handle != nullptr && handle->Visible)
-            painter.drawRect(BoxOf(*handle).adjusted(0, 0, -1, -1));
-    }
-    PaintSelected(painter);
-    if (!m_band)
-        return;
-    painter.setCompositionMode(QPainter::CompositionMode_Difference);
-    painter.setPen(QPen(Qt::white, BandWidth));
-    painter.setBrush(Qt::NoBrush);
-    const QPoint origin = mapToGlobal(QPoint(0, 0));
-    painter.drawRect(
-        QRect(m_band->Left, m_band->Top, m_band->Width(), m_band->Height()).translated(-origin));
 }
 
 } // namespace vantrel

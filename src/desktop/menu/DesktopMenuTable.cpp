@@ -3,6 +3,7 @@
 #include "desktop/composers/frmEncoding.h"
 #include "desktop/composers/frmPad.h"
 #include "desktop/controls/DesktopControls.h"
+#include "desktop/designer/frmDocument.h"
 #include "desktop/designer/frmObjects.h"
 #include "desktop/designer/frmPlace.h"
 #include "desktop/designer/frmSize.h"
@@ -110,6 +111,14 @@ template <SpreadAxis Axis>
 void Spreads(Session& session, QMainWindow& /*window*/)
 {
     SpreadSelected(session, Axis);
+}
+
+/// The action that only changes how the card is shown.
+template <auto Routine, auto... Arguments>
+void OnCard(Session& /*session*/, QMainWindow& window)
+{
+    if (auto* form = window.findChild<frmDocument*>())
+        (form->*Routine)(Arguments...);
 }
 
 bool HasDesignTools(const StationOptions& options)
@@ -303,6 +312,16 @@ constexpr MenuRow Rows[] = {
     Command("mnuDesignTools", "cmdObjects", "Ob&jects ...", "F6", Opens<frmObjects>),
     Command("mnuDesignTools", "cmdShowValues", "Show Last &Values", "F7", Runs<ToggleShowValues>)
         .With(Tick::cmdShowValues),
+    Dash("mnuDesignTools"),
+    Command("mnuDesignTools", "cmdTextInPlace", "Edit &Text", "", OnCard<&frmDocument::EditText>)
+        .On(WithObject),
+    Menu("mnuDesignTools", "mnuZoom", "&Zoom"),
+    Command("mnuZoom", "cmdZoomIn", "Zoom &In", "Ctrl++", OnCard<&frmDocument::ZoomStep, 1>)
+        .WithTools(OnCard<&frmDocument::ZoomStep, 1>, WithLayout, "Ctrl+="),
+    Command("mnuZoom", "cmdZoomOut", "Zoom &Out", "Ctrl+-", OnCard<&frmDocument::ZoomStep, -1>),
+    Command("mnuZoom", "cmdZoomActual", "&Actual Size", "Ctrl+0",
+            OnCard<&frmDocument::ZoomToActual>),
+    Command("mnuZoom", "cmdZoomFit", "&Fit in Window", "", OnCard<&frmDocument::ZoomToFit>),
     Command("mnuStation", "cmdInsertNumber", "Insert Automatic &Number", "",
             Runs<InsertAutoNumber>).On(WithLayout).Where(HasDesignTools),
     Command("mnuStation", "cmdSetNumber", "Set N&umber ...", "", Runs<SetNumberCommand>)

@@ -7,6 +7,8 @@
 #include "desktop/controls/DesktopToolTip.h"
 #include "desktop/controls/RunTimeError.h"
 #include "desktop/controls/ScreenUnits.h"
+#include "desktop/designer/DesktopViewBar.h"
+#include "desktop/designer/DesktopWorkspace.h"
 #include "desktop/designer/frmDocument.h"
 #include "desktop/menu/DesktopMenu.h"
 #include "desktop/window/Background.h"
@@ -19,7 +21,6 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
-#include <QMdiArea>
 #include <QMouseEvent>
 #include <QStatusBar>
 
@@ -41,7 +42,7 @@ constexpr int PanelCount = 3;
 
 frmMain::frmMain(Session& session, Display display)
     : QMainWindow(nullptr, FrameFlags), m_session(session), m_display(display),
-      m_workspace(new QMdiArea(this)), m_menu(new MainMenu(session, *this)),
+      m_workspace(new DesktopWorkspace(this)), m_menu(new MainMenu(session, *this)),
       m_document(new frmDocument(session)), m_nav(new frmNav(session, m_workspace))
 {
     TellAs<frmMain, QAccessible::Window, FrameAccess>();
@@ -60,8 +61,11 @@ frmMain::frmMain(Session& session, Display display)
     m_flashTimer = &MakeTimer("tmrFlash", FlashInterval, &frmMain::OnFlashTick);
     BuildStatusBar();
     MirrorFace();
-    if (m_session.Options.DesignTools)
+    if (m_session.Options.DesignTools) {
         m_designWatch = new DesignWatch(m_session, *this);
+        m_workspace->AddRulers(m_session, *m_document);
+        statusBar()->addPermanentWidget(new DesktopViewBar(m_session, *m_document, statusBar()));
+    }
     if (m_display == Display::Present)
         new DesktopTray(m_session.Face, *this);
 }

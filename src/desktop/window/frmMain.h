@@ -5,12 +5,11 @@
 #include <QMainWindow>
 #include <QTimer>
 
-class QMdiArea;
-
 namespace vantrel {
 
 class DesignWatch;
 class DesktopPanel;
+class DesktopWorkspace;
 class MainMenu;
 class Session;
 class frmDocument;
@@ -66,7 +65,7 @@ private:
 
     Session& m_session;
     Display m_display;
-    QMdiArea* m_workspace;
+    DesktopWorkspace* m_workspace;
     MainMenu* m_menu;
     frmDocument* m_document;
     /// With design tools only.

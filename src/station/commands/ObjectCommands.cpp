@@ -95,6 +95,12 @@ void Align(CardDocument& document, StationFace& face, const AlignmentRow& chosen
     }
 }
 
+/// A text that an operator has given; an empty one is none.
+std::optional<QString> TextIfAny(const QString& text)
+{
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
 void ToggleOnSelected(Session& session, CheckDigitKind kind)
 {
     ToggleCheckDigit(kind, ElementOrFail(session.Document));
@@ -260,13 +266,22 @@ void AdjustText(Session& session)
 {
     AskForSelected(
         session,
-        [&](const CardObject& object) -> std::optional<QString> {
+        [&](const CardObject& object) {
             const QString present = object.Caption();
-            const QString text = session.Operator.InputBox(
-                QStringLiteral("Please enter the text you wish to display"), QString(), present);
-            return text.isEmpty() ? std::nullopt : std::optional(text);
+            return TextIfAny(session.Operator.InputBox(
+                QStringLiteral("Please enter the text you wish to display"), QString(), present));
         },
         [](CardObject& object, const QString& text) { object.SetCaption(text); });
+}
+
+void GiveText(CardDocument& document, int index, const QString& text)
+{
+    CardObject* const object = document.Find(Family::lbl_TEXT, index);
+    const std::optional<QString> given = TextIfAny(text);
+    if (object == nullptr || !object->IsContent() || !given)
+        return;
+    object->SetCaption(*given);
+    document.Refresh();
 }
 
 void AdjustTextColor(Session& session)

@@ -2,8 +2,11 @@
 
 #include <cstdint>
 
+class QString;
+
 namespace vantrel {
 
+class CardDocument;
 class CardObject;
 class Session;
 
@@ -39,6 +42,9 @@ void AlignCenter(Session& session);
 
 /// Asks for a new caption. An empty answer changes nothing.
 void AdjustText(Session& session);
+/// Gives a static text its caption, as `AdjustText` does with its answer. Does nothing if there is
+/// no such text.
+void GiveText(CardDocument& document, int index, const QString& text);
 /// Asks for a text colour. A cancelled dialog changes nothing.
 void AdjustTextColor(Session& session);
 /// Asks for a font. A cancelled dialog, or an object without a font, changes nothing.
