@@ -176,6 +176,22 @@ QString ReadProfileValue(const QString& path, const QString& section, const QStr
     return FindProfileValue(path, section, key).value_or(absent);
 }
 
+QStringList ProfileSections(const QString& path)
+{
+    const QByteArray bytes = FileBytes(path).value_or(QByteArray());
+    QStringList names;
+    LineWalk walk(bytes);
+    while (walk.Next()) {
+        if (!walk.Section)
+            continue;
+        const QString name = FromCodePage(*walk.Section);
+        if (names.isEmpty() || names.constLast() != name)
+            names.append(name);
+    }
+    names.removeDuplicates();
+    return names;
+}
+
 bool WriteProfileValue(const QString& path, const QString& section, const QString& key,
                        const QString& value)
 {

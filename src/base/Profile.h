@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace vantrel {
@@ -26,6 +27,10 @@ std::optional<QString> FindProfileValue(const QString& path, const QString& sect
 /// @return the same, or `absent` if it is missing. Never fails
 QString ReadProfileValue(const QString& path, const QString& section, const QString& key,
                          const QString& absent);
+
+/// The names of the sections of a file, in their order. Never fails; a file that cannot be read has
+/// none.
+QStringList ProfileSections(const QString& path);
 
 /// Writes one key; `value` must not contain a line feed. Waits up to five seconds for the lock.
 /// @return false if the lock or the file cannot be written; the file is then unchanged

@@ -54,6 +54,16 @@ constexpr const char* Statements[] = {
     "CREATE TABLE IF NOT EXISTS LedgerPages ("
     "Hash TEXT NOT NULL PRIMARY KEY, "
     "Content TEXT NOT NULL)",
+    "CREATE TABLE IF NOT EXISTS LedgerStations ("
+    "ID INTEGER PRIMARY KEY AUTOINCREMENT, "
+    "Machine TEXT NOT NULL, "
+    "SessionNumber INTEGER NOT NULL, "
+    "Started INTEGER NOT NULL, "
+    "Seen INTEGER NOT NULL, "
+    "Ended INTEGER NOT NULL, "
+    "Layout TEXT NOT NULL, "
+    "Printer TEXT NOT NULL, "
+    "UNIQUE (Machine, SessionNumber))",
 };
 
 /// Characters below it must be written as codes in JSON.

@@ -12,7 +12,8 @@ class StoreDatabase;
 /// `LedgerEntries` has one row for each `LedgerEntry`; its bytes and values, where they are kept,
 /// stand in `LedgerRecords`. `LedgerCards` has one row for each `LedgerCard`, and
 /// `LedgerPages` one for each different page that was printed, as JSON with its SHA-256 as the key;
-/// it holds no value of a record and no number. Times are milliseconds since 1970, UTC. Lists are
+/// it holds no value of a record and no number. `LedgerStations` has one row for each
+/// `LedgerStation`. Times are milliseconds since 1970, UTC. Lists are
 /// JSON arrays of texts. `SearchText` is what an entry is found by, without regard to case.
 
 /// Whether the database has a ledger.

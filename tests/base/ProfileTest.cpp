@@ -223,6 +223,15 @@ TEST_F(Profile, ProcessesWritingTheirSectionsLoseNothing)
     }
 }
 
+TEST_F(Profile, SectionsAreToldOnceInTheirOrder)
+{
+    EXPECT_TRUE(ProfileSections(Path()).isEmpty());
+    Put("a=1\n[Session 2]\nActive=True\n\n[ Other ]\nx=1\n[Session 2]\ny=1\n[Session 1]\n");
+    EXPECT_EQ(ProfileSections(Path()),
+              QStringList({QStringLiteral("Session 2"), QStringLiteral("Other"),
+                           QStringLiteral("Session 1")}));
+}
+
 TEST_F(Profile, AReaderNeverSeesHalfAFile)
 {
     ASSERT_TRUE(Write("First", "x", QString(200, QLatin1Char('a'))));

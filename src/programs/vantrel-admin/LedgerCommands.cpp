@@ -5,10 +5,8 @@
 #include "ledger/LedgerExport.h"
 #include "ledger/LedgerJson.h"
 #include "ledger/LedgerReading.h"
-#include "ledger/LedgerTables.h"
 #include "ledger/LedgerTending.h"
-#include "samples/FreshInstall.h"
-#include "station/batch/RunLock.h"
+#include "station/batch/FolderLedger.h"
 #include "station/print/Reprint.h"
 #include "store/Connection.h"
 #include <QSaveFile>
@@ -24,18 +22,7 @@ constexpr qlonglong MostDays = 1000000;
 class Ledger
 {
 public:
-    explicit Ledger(const Words& words)
-    {
-        const QString& folder = words.Arguments.at(0);
-        m_store.Open(LayoutDatabasePath(folder));
-        if (!HasLedger(m_store.Database()))
-            throw Failure(FailureNumber::ItemNotFound,
-                          QStringLiteral("There is no ledger in %1. A station makes one when it "
-                                         "starts with Ledger=True in the section [Station] of "
-                                         "its settings.")
-                              .arg(folder));
-        EndDeadRuns(folder, m_store.Database());
-    }
+    explicit Ledger(const Words& words) { OpenFolderLedger(m_store, words.Arguments.at(0)); }
     StoreDatabase& Database() { return m_store.Database(); }
     Connection& Store() { return m_store; }
 

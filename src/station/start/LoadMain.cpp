@@ -5,6 +5,7 @@
 #include "station/capture/SerialCapture.h"
 #include "station/capture/StoredRecords.h"
 #include "station/layout/LoadLayout.h"
+#include "station/ledger/StationHeartbeat.h"
 #include "station/session/MainRuntime.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
@@ -51,6 +52,7 @@ void LoadMain(Session& session)
     Skip("reopen last layout", [&] { ReopenLastLayout(session); });
     // What was received before goes before what hosts send now.
     TendLedger(session);
+    TellThatItRuns(session);
     if (session.Settings.CaptureEnabled)
         SwitchPorts(session, SwitchMode::All);
     session.Face.SetHideCaption(HideCaption(session.Settings));

@@ -1,0 +1,23 @@
+#include "station/batch/FolderLedger.h"
+#include "base/Failure.h"
+#include "ledger/LedgerTables.h"
+#include "station/batch/RunLock.h"
+#include "store/Connection.h"
+#include "store/Schema.h"
+#include <QDir>
+
+namespace vantrel {
+
+void OpenFolderLedger(Connection& store, const QString& programFolder)
+{
+    store.Open(QDir(programFolder).filePath(QLatin1StringView(LayoutDatabaseName)));
+    if (!HasLedger(store.Database()))
+        throw Failure(FailureNumber::ItemNotFound,
+                      QStringLiteral("There is no ledger in %1. A station makes one when it "
+                                     "starts with Ledger=True in the section [Station] of "
+                                     "its settings.")
+                          .arg(programFolder));
+    EndDeadRuns(programFolder, store.Database());
+}
+
+} // namespace vantrel
