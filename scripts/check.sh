@@ -36,7 +36,7 @@ check_sizes() {
 # rooms on lower floors.
 readonly FLOORS='
 base
-store drawing ports
+store drawing ports service
 printers ledger
 card
 station/session

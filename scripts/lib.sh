@@ -4,7 +4,7 @@
 # 13 has qt6-svg-plugins, and 13 lacks clang-format-14.
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-dev
   qt6-multimedia-dev qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libharfbuzz-dev
-  libjpeg-dev libzint-dev libgtest-dev libgmock-dev libbenchmark-dev)
+  libjpeg-dev libzint-dev libsystemd-dev libgtest-dev libgmock-dev libbenchmark-dev)
 RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)
 TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-utils ghostscript
@@ -15,7 +15,7 @@ TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-
 # The script uses sqlite3 to write the layouts of a macro.
 VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
 PACKAGE_PACKAGES=(librsvg2-bin dpkg-dev file)
-PACKAGE_TEST_PACKAGES=(appstream desktop-file-utils man-db groff systemd)
+PACKAGE_TEST_PACKAGES=(appstream curl desktop-file-utils man-db groff systemd)
 # For a container with its own systemd, and for reading its cards.
 SERVICE_TEST_PACKAGES=(systemd-container debootstrap bsdutils poppler-utils)
 

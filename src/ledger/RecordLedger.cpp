@@ -387,6 +387,8 @@ void RecordLedger::Settle()
                                 }),
                  m_runs.end());
     for (const RecordRunPtr& run : settled) {
+        if (m_outcome)
+            m_outcome(run->Entry);
         if (const auto tell = std::exchange(run->Settled, nullptr))
             tell(run->Entry);
     }

@@ -40,6 +40,12 @@ public:
     bool IsOn() const { return m_terms.On; }
     bool KeepsValues() const { return m_terms.KeepValues; }
 
+    /// Called once with each entry whose outcome is known and, where a ledger is kept, stored.
+    void OnOutcome(std::function<void(const LedgerEntry&)> listener)
+    {
+        m_outcome = std::move(listener);
+    }
+
     /// Takes a record onto its road.
     RecordRunPtr Begin(LedgerEntry entry);
     /// Takes an entry that is in the database onto its road.
@@ -109,6 +115,7 @@ private:
     Connection* m_connection = nullptr;
     LedgerTerms m_terms;
     std::vector<RecordRunPtr> m_runs;
+    std::function<void(const LedgerEntry&)> m_outcome;
     QString m_trouble;
     bool m_tablesMade = false;
     qlonglong m_lost = 0;

@@ -37,8 +37,8 @@ TEST_F(Shortcuts, NoTwoEntriesHaveTheSame)
             EXPECT_TRUE(seen.insert(row.Shortcut).second) << row.Shortcut;
         }
     }
-    // Those of every station, F9 of the history, and seven of the design tools.
-    EXPECT_EQ(seen.size(), 26U);
+    // Those of every station, F9 of the history, and twelve of the design tools.
+    EXPECT_EQ(seen.size(), 31U);
 }
 
 TEST_F(Shortcuts, InsertOntoTheOpenCard)

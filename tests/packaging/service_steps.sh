@@ -56,6 +56,28 @@ expect 1 "$running" 'enabled and started'
 record 1 10001
 [ "$(stat -c %U "/proc/$(property 1 MainPID)")" = vantrel ] || fail 'it runs as somebody else'
 
+echo "== told to systemd and to the journal"
+[ "$(property 1 StatusText)" != '' ] || fail 'it tells no status'
+told() { journalctl -q -u vantrel@1 VANTREL_STATE=printed VANTREL_LAYOUT='Member Card' -o cat --output-fields=MESSAGE; }
+is_told() { [ -n "$(told)" ]; }
+await is_told
+echo "ok: $(told | tail -1)"
+
+echo "== hung"
+mkdir -p /run/systemd/system/vantrel@1.service.d
+printf '[Service]\nWatchdogSec=2\nTimeoutAbortSec=2\n' >/run/systemd/system/vantrel@1.service.d/hung.conf
+systemctl daemon-reload
+systemctl restart vantrel@1
+hung=$(property 1 MainPID)
+kill -STOP "$hung"
+await has_restarts 1 1
+expect 1 "$running" 'restarted, as it gave no sign of life'
+[ "$(property 1 MainPID)" != "$hung" ] || fail 'no other process'
+record 1 10001
+rm /run/systemd/system/vantrel@1.service.d/hung.conf
+systemctl daemon-reload
+systemctl restart vantrel@1
+
 echo "== killed"
 killed=$(property 1 MainPID)
 kill -KILL "$killed"

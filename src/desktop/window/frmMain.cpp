@@ -116,6 +116,8 @@ void frmMain::Load()
     UpdateCommands();
     StartTimers();
     ShowOrHide(m_session.Settings.MainVisible);
+    if (!m_unloaded)
+        Q_EMIT Loaded();
 }
 
 QTimer& frmMain::MakeTimer(const char* name, int interval, void (frmMain::*tick)())
@@ -142,6 +144,7 @@ void frmMain::Unload()
     if (m_unloaded)
         return;
     m_unloaded = true;
+    Q_EMIT Unloading();
     for (QTimer* timer : findChildren<QTimer*>(Qt::FindDirectChildrenOnly))
         timer->stop();
     if (m_designWatch != nullptr)

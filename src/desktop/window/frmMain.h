@@ -36,6 +36,12 @@ public:
     /// stores nothing.
     void Unload();
 
+Q_SIGNALS:
+    /// The station is ready for records.
+    void Loaded();
+    /// The station begins to end; emitted once.
+    void Unloading();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

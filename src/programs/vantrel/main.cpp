@@ -8,10 +8,13 @@
 #include "desktop/window/frmMain.h"
 #include "printers/StationPrinters.h"
 #include "programs/vantrel/StopSignals.h"
+#include "service/ServiceManager.h"
+#include "station/ledger/OutcomeFields.h"
 #include "station/session/Session.h"
 #include "station/session/UnattendedOperator.h"
 #include "station/start/EntryPoint.h"
 #include <QApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <cstdio>
@@ -68,6 +71,31 @@ QString FindProgramFolder()
     return QDir(home).absolutePath();
 }
 
+/// Tells a service manager what the station is about. Its status is the state of the ports.
+void FollowAsService(ServiceManager& manager, const Session& session, const frmMain& window)
+{
+    const auto tellStatus = [&] { manager.TellStatus(session.Face.StatusPanel(1).Text); };
+    tellStatus();
+    QObject::connect(&session.Face, &StationFace::PanelChanged, &manager, [=](int number) {
+        if (number == 1)
+            tellStatus();
+    });
+    QObject::connect(&window, &frmMain::Loaded, &manager, &ServiceManager::TellReady);
+    QObject::connect(&window, &frmMain::Unloading, &manager, &ServiceManager::TellEnding);
+}
+
+/// Makes the outcome of each record a line of the journal, if that has the station's log.
+void FollowInJournal(RecordLedger& ledger)
+{
+    if (!IsLogTheJournal())
+        return;
+    ledger.OnOutcome([](const LedgerEntry& entry) {
+        // The ledger has the outcome also where the journal does not take it.
+        static_cast<void>(
+            WriteToJournal(OutcomeFields(entry, QDateTime::currentMSecsSinceEpoch())));
+    });
+}
+
 int RunStation(const QString& commandLine)
 {
     // 1. The program folder and the session number.
@@ -99,11 +127,16 @@ int RunStation(const QString& commandLine)
     });
     QMetaObject::invokeMethod(&window, &frmMain::Load, Qt::QueuedConnection);
 
-    // 5. SIGTERM and SIGINT unload the main window in order.
+    // 5. The service manager and the journal.
+    ServiceManager manager;
+    FollowAsService(manager, session, window);
+    FollowInJournal(session.Ledger);
+
+    // 6. SIGTERM and SIGINT unload the main window in order.
     const StopSignals stopSignals;
     QObject::connect(&stopSignals, &StopSignals::Asked, &window, &frmMain::Unload);
 
-    // 6. The event loop.
+    // 7. The event loop.
     return QCoreApplication::exec();
 }
 

@@ -49,11 +49,9 @@ int ReplaceRows(Session& session)
     Recordset rows(session.LayoutDb);
     SaveStep("open page",
              [&] { rows.Open(ObjectsOfPage(key.LayoutName, key.Page), CursorLock::Optimistic); });
-    // A number that was set meanwhile is not put back.
-    const auto keep = session.Options.DesignTools ? FollowStoredNumbers : KeepHigherNumbers;
     if (keepsNumbers)
         SaveStep("keep numbers", [&] {
-            OnStoredPage(session, key, keep);
+            OnStoredPage(session, key, KeepHigherNumbers);
             KeepNumbers(session.Document, session.UnstoredNumbers);
         });
     // After a failure the rows written so far stay, and the remaining old rows are deleted. This

@@ -26,29 +26,6 @@ bool RaiseTo(CardObject& number, double stored)
     return true;
 }
 
-/// @param take  takes over the stored number of an object's own row
-void KeepNumbersOf(CardDocument& document, Recordset& rows,
-                   void (*take)(CardObject& number, double stored))
-{
-    std::map<qlonglong, double> stored;
-    for (; !rows.IsEof(); rows.MoveNext()) {
-        if (IsNumberRow(rows))
-            stored.emplace(rows.RowKey(), StoredNumber(rows));
-    }
-    std::vector<CardObject*> without;
-    for (CardObject* number : NumbersOn(document)) {
-        if (const auto own = stored.extract(number->StoreKey))
-            take(*number, own.mapped());
-        else
-            without.push_back(number);
-    }
-    double highest = 0;
-    for (const auto& [key, number] : stored)
-        highest = std::max(highest, number);
-    for (CardObject* number : without)
-        RaiseTo(*number, highest);
-}
-
 } // namespace
 
 std::vector<CardObject*> NumbersOn(const CardDocument& document)
@@ -79,14 +56,23 @@ double StoredNumber(const Recordset& row)
 
 void KeepHigherNumbers(CardDocument& document, Recordset& rows)
 {
-    KeepNumbersOf(document, rows,
-                  [](CardObject& number, double stored) { RaiseTo(number, stored); });
-}
-
-void FollowStoredNumbers(CardDocument& document, Recordset& rows)
-{
-    KeepNumbersOf(document, rows,
-                  [](CardObject& number, double stored) { number.DataField = NumberText(stored); });
+    std::map<qlonglong, double> stored;
+    for (; !rows.IsEof(); rows.MoveNext()) {
+        if (IsNumberRow(rows))
+            stored.emplace(rows.RowKey(), StoredNumber(rows));
+    }
+    std::vector<CardObject*> without;
+    for (CardObject* number : NumbersOn(document)) {
+        if (const auto own = stored.extract(number->StoreKey))
+            RaiseTo(*number, own.mapped());
+        else
+            without.push_back(number);
+    }
+    double highest = 0;
+    for (const auto& [key, number] : stored)
+        highest = std::max(highest, number);
+    for (CardObject* number : without)
+        RaiseTo(*number, highest);
 }
 
 void KeepNumbers(const CardDocument& document, const std::map<qlonglong, double>& given)

@@ -23,9 +23,6 @@ double StoredNumber(const Recordset& row);
 /// @param rows  cursor over the stored page, at its first row; is moved to its end
 /// Fails like `Recordset`.
 void KeepHigherNumbers(CardDocument& document, Recordset& rows);
-/// As `KeepHigherNumbers`, but a number takes what is stored for it also if that is lower: it was
-/// set after the page was loaded. For pages that give no numbers themselves.
-void FollowStoredNumbers(CardDocument& document, Recordset& rows);
 
 /// Raises the document's automatic numbers likewise to those that were given and could not be
 /// stored.
