@@ -12,6 +12,7 @@
 #include "station/print/PrintCard.h"
 #include "store/Recordset.h"
 #include "support/Layouts.h"
+#include "support/WarningGuard.h"
 #include <gtest/gtest.h>
 
 // Pictures that keep their proportions in their boxes, on all ways of a page.
@@ -201,6 +202,8 @@ TEST_F(PictureInBox, APhotoThatTheRecordNamesKeepsItsProportionsWhereItIsSetSo)
     FitSelectedPictures(Session, PictureFit::Filled);
     SavePage(Session);
     SetRecord(Session, {QStringLiteral("ada")});
+    AnnounceWarning(QStringLiteral("A card of Badge: Image {1}.png: The picture is too coarse for "
+                                   "its size: 69 dots to the inch."));
     EXPECT_EQ(Printed(), QStringList{QStringLiteral(
                              "PaintFitted(48 x 64 pixels, filled, 300, 200, 1000, 1000)")});
 }
