@@ -191,14 +191,21 @@ void Connection::SetAside(const QStringList& statements)
         m_d->Depth = m_d->DepthAside;
         return;
     }
-    std::vector<std::pair<QString, CursorResult>> seen;
+    struct Written
+    {
+        QString Statement;
+        CursorResult Rows;
+    };
+    std::vector<Written> seen;
     for (const QString& statement : statements)
-        Skip("read what was written",
-             [&] { seen.emplace_back(statement, m_d->ResultOf(statement)); });
+        Skip("read what was written", [&] {
+            seen.push_back({statement, m_d->ResultOf(statement)});
+        });
     database.Change(QStringLiteral("ROLLBACK"));
     m_d->DepthAside = m_d->Depth;
-    for (const auto& [statement, result] : seen)
-        Skip("keep what was written", [&] { m_d->Pending.Keep(database, result, statement); });
+    for (const Written& written : seen)
+        Skip("keep what was written",
+             [&] { m_d->Pending.Keep(database, written.Rows, written.Statement); });
     m_d->Kept.ForgetAll();
     m_d->Tables.clear();
 }
