@@ -171,7 +171,7 @@ protected:
         document.SelectedObject = &Field();
         document.SelectedIndex = 1;
         document.SelectedFamily = QStringLiteral("lbl_DATA");
-        Station.Session.Face.SetPropertiesEnabled(true);
+        Station.Session.Face.NotifyDesign();
     }
     frmShrink& OpenShrink()
     {

@@ -29,9 +29,12 @@ int KillCount(int shortRun)
 /// A session that is killed at random instants and started again, and the host that sends to it.
 class KilledSession
 {
+    int m_port;
+
 public:
     KilledSession(StationFolder& folder, std::uint8_t session, unsigned seed)
-        : Host(folder.WithCapture(session), QString(QChar(u'A' + session)), Connections, seed),
+        : m_port(folder.WithCapture(session)),
+          Host(m_port, QString(QChar(u'A' + session)), Connections, seed),
           m_folder(folder.Session.ProgramFolder), m_session(session), m_random(seed)
     {
         Start();
@@ -59,9 +62,10 @@ public:
         m_isKilled = false;
         Host.BeginNothingNew();
     }
-    /// Ends the station in order. @return its exit code
+    /// Ends the station in order, once it has started. @return its exit code
     int End()
     {
+        EXPECT_TRUE(m_station->WaitUntilItListens(m_port));
         m_station->SendSignal(SIGTERM);
         return m_station->ExitCode();
     }

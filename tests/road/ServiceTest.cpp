@@ -27,7 +27,7 @@ protected:
     int Port = Folder.WithCapture();
     NotifySocket Manager;
     StationProcess Station{
-        Folder.Folder.path(),
+        Folder.Session.ProgramFolder,
         {.Environment = {{QStringLiteral("NOTIFY_SOCKET"), Manager.Path()},
                          {QStringLiteral("WATCHDOG_USEC"), QStringLiteral("100000")}}}};
 };

@@ -331,7 +331,7 @@ constexpr MenuRow Rows[] = {
     Command("mnuStation", "cmdInsertShape", "Insert &Shape", "", Runs<InsertShape>)
         .On(WithLayout).Where(HasDesignTools),
     Command("mnuStation", "cmdBarCode", "Bar Code ...", "", Opens<frmCode>)
-        .On(WithSelection).Where(HasDesignTools),
+        .On(WithObject).Where(HasDesignTools),
     Menu("mnuStation", "mnuPictureFit", "&Picture in Its Box").On(WithImage).Where(HasDesignTools),
     Command("mnuPictureFit", "cmdFitWhole", "&Whole Picture", "", Fits<PictureFit::Whole>)
         .With(Tick::cmdFitWhole),

@@ -85,10 +85,6 @@ void RunActiveMacro(Session& session)
         Skip("macro", [&] { RunMacro(session, macro); });
 }
 
-} // namespace
-
-namespace {
-
 void FrameRecord(Session& session, QString text)
 {
     session.FieldValues = {};
