@@ -1,6 +1,7 @@
 #include "desktop/designer/CardZoom.h"
 #include "desktop/Designer.h"
 #include "desktop/designer/DesktopRuler.h"
+#include "desktop/window/frmNav.h"
 #include "station/layout/LoadLayout.h"
 #include "support/Events.h"
 #include "support/PageText.h"
@@ -338,6 +339,20 @@ TEST_F(ZoomedCard, RulersShowTheCardTheSelectionAndThePointer)
     Station.Choose("cmdClose");
     EXPECT_TRUE(EventsUntil([&] { return !across.isVisible(); }));
     EXPECT_FALSE(Station.Get<QToolButton>("cmdZoom").isVisible());
+}
+
+TEST_F(ZoomedCard, TheNavigatorCoversNoRuler)
+{
+    const auto& nav = Station.Get<frmNav>("frmNav");
+    for (const char* name : {"RulerAcross", "RulerDown", "lblUnit"})
+        EXPECT_FALSE(Station.Get<QWidget>(name).geometry().intersects(nav.geometry())) << name;
+    Station.Window.resize(700, 500);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(Station.Get<QWidget>("RulerAcross").geometry().intersects(nav.geometry()));
+    const int below = nav.y();
+    EXPECT_TRUE(EventsUntil([&] { return Station.Get<QAction>("cmdClose").isEnabled(); }));
+    Station.Choose("cmdClose");
+    EXPECT_TRUE(EventsUntil([&] { return nav.y() == below - DesktopRuler::Breadth; }));
 }
 
 TEST(CardWithoutDesignTools, HasNoZoomAndNoRulers)

@@ -40,6 +40,7 @@ void DesktopWorkspace::ShowRulers(bool show)
     const int breadth = show ? DesktopRuler::Breadth : 0;
     setViewportMargins(breadth, breadth, 0, 0);
     PlaceRulers();
+    Q_EMIT RulersChanged();
 }
 
 void DesktopWorkspace::FollowView()

@@ -22,6 +22,10 @@ public:
     /// Gives the workspace rulers for that card.
     void AddRulers(Session& session, frmDocument& form);
 
+Q_SIGNALS:
+    /// The rulers have come or gone, and with them the place of what lies beside them.
+    void RulersChanged();
+
 protected:
     bool viewportEvent(QEvent* event) override;
 

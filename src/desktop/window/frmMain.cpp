@@ -63,6 +63,7 @@ frmMain::frmMain(Session& session, Display display)
     MirrorFace();
     if (m_session.Options.DesignTools) {
         m_designWatch = new DesignWatch(m_session, *this);
+        connect(m_workspace, &DesktopWorkspace::RulersChanged, this, &frmMain::PlaceNavigator);
         m_workspace->AddRulers(m_session, *m_document);
         statusBar()->addPermanentWidget(new DesktopViewBar(m_session, *m_document, statusBar()));
     }
@@ -254,7 +255,12 @@ void frmMain::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
     m_repaintBackground = true;
-    m_nav->KeepPlace(width());
+    PlaceNavigator();
+}
+
+void frmMain::PlaceNavigator()
+{
+    m_nav->KeepPlace(width(), m_workspace->viewport()->y());
 }
 
 void frmMain::changeEvent(QEvent* event)

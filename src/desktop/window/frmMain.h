@@ -65,6 +65,7 @@ private:
     void PaintBack();
     /// Shows a background that a command has changed; the navigator follows its colour.
     void TakeBackground();
+    void PlaceNavigator();
     void ShowPanel(int number);
     void ShowOrHide(bool visible);
     void UpdateCommands();

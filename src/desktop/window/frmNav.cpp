@@ -98,9 +98,9 @@ void frmNav::changeEvent(QEvent* event)
         DrawIcons();
 }
 
-void frmNav::KeepPlace(int mainWidth)
+void frmNav::KeepPlace(int mainWidth, int top)
 {
-    move(mainWidth - ScreenPixels(LeftOfMainWidth), ScreenPixels(TopOfWorkspace));
+    move(mainWidth - ScreenPixels(LeftOfMainWidth), top + ScreenPixels(TopOfWorkspace));
     raise();
 }
 

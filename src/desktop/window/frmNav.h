@@ -15,8 +15,10 @@ class frmNav : public QFrame
 public:
     frmNav(Session& session, QWidget* parent);
 
-    /// Moves to its place in a main window of that width in pixels, and to the front.
-    void KeepPlace(int mainWidth);
+    /// Moves to its place in a main window, and to the front.
+    /// @param mainWidth  in pixels
+    /// @param top  of the part of the workspace that shows the card, in pixels
+    void KeepPlace(int mainWidth, int top);
     /// Enables the page and save buttons only while a layout is open.
     void SetLayoutCommandsEnabled(bool enabled);
 
