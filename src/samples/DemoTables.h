@@ -11,9 +11,9 @@ inline constexpr const char* Visitor = "Visitor";
 
 // Stored colours, 0x00BBGGRR.
 inline constexpr ColorValue Navy = 0x4F3216;
-inline constexpr ColorValue Brass = 0x3A82A6;
+inline constexpr ColorValue Brass = 0x1F6280;
 inline constexpr ColorValue LightBrass = 0x7FC0DA;
-inline constexpr ColorValue Grey = 0x857A70;
+inline constexpr ColorValue Grey = 0x70645A;
 inline constexpr ColorValue White = ColorWhite;
 
 inline constexpr TextRow Texts[] = {

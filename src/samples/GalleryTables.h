@@ -15,14 +15,14 @@ inline constexpr const char* TransportPass = "Transport Pass";
 // Stored colours, 0x00BBGGRR.
 inline constexpr ColorValue White = ColorWhite;
 inline constexpr ColorValue Ink = 0x332A22;
-inline constexpr ColorValue Grey = 0x7D756E;
+inline constexpr ColorValue Grey = 0x70645A;
 inline constexpr ColorValue TealText = 0x706E0F;
 inline constexpr ColorValue TealLight = 0xE6E2BC;
 inline constexpr ColorValue PlumText = 0x4B1F5B;
 inline constexpr ColorValue GoldText = 0x60B6E2;
 inline constexpr ColorValue ForestText = 0x3A5123;
 inline constexpr ColorValue OrangeText = 0x163AB9;
-inline constexpr ColorValue OrangeLight = 0xC9DCFF;
+inline constexpr ColorValue OrangeLight = 0xE8F0FF;
 inline constexpr ColorValue IndigoText = 0x8B3427;
 inline constexpr ColorValue IndigoLight = 0xEBC9BD;
 
@@ -61,9 +61,9 @@ inline constexpr TextRow Texts[] = {
 
     {TransportPass, 1, "CITY LINES", {250, 180, 2600, 420, 18, Weight::Bold, White, Align::Left}},
     {TransportPass, 1, "Day and month pass", {250, 590, 1500, 200, 7, Weight::Regular, IndigoLight, Align::Left}},
-    {TransportPass, 1, "PASS NO.", {3300, 2120, 1260, 160, 5.5, Weight::Regular, Grey, Align::Right}},
+    {TransportPass, 1, "PASS NO.", {3700, 2120, 860, 160, 5.5, Weight::Regular, Grey, Align::Right}},
     {TransportPass, 1, "HOLDER", {300, 2120, 1800, 160, 5.5, Weight::Regular, Grey, Align::Left}},
-    {TransportPass, 1, "ZONES", {2230, 2120, 1000, 160, 5.5, Weight::Regular, Grey, Align::Left}},
+    {TransportPass, 1, "ZONES", {2230, 2120, 1420, 160, 5.5, Weight::Regular, Grey, Align::Left}},
 };
 
 inline constexpr FieldRow Fields[] = {
@@ -84,12 +84,12 @@ inline constexpr FieldRow Fields[] = {
     {VisitorPass, 1, 4, "", Digit::None, {2180, 2430, 2450, 280, 10.5, Weight::Bold, OrangeText, Align::Left}},
 
     {TransportPass, 1, 1, "", Digit::None, {300, 2290, 1880, 300, 12, Weight::Bold, Ink, Align::Left}},
-    {TransportPass, 1, 2, "", Digit::None, {2230, 2290, 1050, 300, 12, Weight::Bold, IndigoText, Align::Left}},
+    {TransportPass, 1, 2, "", Digit::None, {2230, 2290, 1420, 300, 12, Weight::Bold, IndigoText, Align::Left}},
     {TransportPass, 1, 3, "Valid to ", Digit::None, {300, 2610, 2900, 220, 8, Weight::Regular, Grey, Align::Left}},
 };
 
 inline constexpr NumberRow Numbers[] = {
-    {TransportPass, 1, "500000", {3300, 2290, 1260, 300, 12, Weight::Bold, IndigoText, Align::Right}},
+    {TransportPass, 1, "500000", {3700, 2290, 860, 300, 12, Weight::Bold, IndigoText, Align::Right}},
 };
 
 inline constexpr PageRow Pages[] = {

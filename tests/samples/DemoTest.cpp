@@ -3,7 +3,9 @@
 #include "samples/FreshInstall.h"
 #include "station/layout/DocumentForm.h"
 #include "station/layout/FieldApplication.h"
+#include "station/layout/LayoutCheck.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/Navigation.h"
 #include "store/Recordset.h"
 #include "support/FailureOf.h"
 #include "support/TestSession.h"
@@ -106,34 +108,71 @@ TEST_F(Demo, EveryTextStandsInItsBoxAndEveryPictureLoads)
     }
 }
 
+namespace {
+
+struct SampleRow
+{
+    const char* Layout;
+    std::int16_t Pages;
+    float Width;
+    const char* Record;
+    const char* Shown;
+};
+
+constexpr float Long = 4860;
+constexpr float Short = 3060;
+constexpr SampleRow Samples[] = {
+    {"Staff Badge", 1, Short, "Dr. Miriam Okafor|Paediatrics|20417", "No. 20417"},
+    {"Gift Card", 2, Long, "50.00|6034-9821-0045-7710", "EUR 50.00"},
+    {"Library Card", 1, Long, "Thomas Whitfield|2183400190", "21834001907"},
+    {"Visitor Pass", 2, Long,
+     "Elena Marsh|Brightwater Engineering|Jonas Keller, Room 214|21 November 2026",
+     "Brightwater Engineering"},
+    {"Transport Pass", 1, Long, "Sofia Lindqvist|1 - 4|31 December 2026",
+     "Valid to 31 December 2026"},
+};
+
+FieldValues ValuesOf(const SampleRow& sample)
+{
+    FieldValues values;
+    for (const QString& value : QString::fromLatin1(sample.Record).split(QLatin1Char('|')))
+        values.Add(value);
+    return values;
+}
+
+/// What the check finds on a layout, without a record and with one.
+QStringList Found(Connection& store, const QString& layout, const FieldValues& record)
+{
+    QStringList found;
+    for (const FieldValues& values : {FieldValues(), record}) {
+        const Findings findings = CheckLayout(
+            {.LayoutDb = store, .Name = layout, .Values = values, .CardSize = UsualCardSize});
+        for (const Finding& finding : findings)
+            found += finding.Where + QStringLiteral(": ") + finding.What;
+    }
+    return found;
+}
+
+} // namespace
+
+TEST_F(Demo, TheCheckFindsNothingOnAnyOfItsLayouts)
+{
+    EXPECT_EQ(LayoutNames(Session.LayoutDb).size(), std::size(Samples) + 2);
+    EXPECT_EQ(Found(Session.LayoutDb, MemberCard, Session.FieldValues), QStringList());
+    EXPECT_EQ(Found(Session.LayoutDb, QStringLiteral("Visitor"), Session.FieldValues),
+              QStringList());
+    for (const SampleRow& sample : Samples) {
+        EXPECT_EQ(Found(Session.LayoutDb, QString::fromLatin1(sample.Layout), ValuesOf(sample)),
+                  QStringList())
+            << sample.Layout;
+    }
+}
+
 TEST_F(Demo, EveryCardOfTheGalleryHoldsItsSampleRecord)
 {
-    struct SampleRow
-    {
-        const char* Layout;
-        std::int16_t Pages;
-        float Width;
-        const char* Record;
-        const char* Shown;
-    };
-    constexpr float Long = 4860;
-    constexpr float Short = 3060;
-    constexpr SampleRow samples[] = {
-        {"Staff Badge", 1, Short, "Dr. Miriam Okafor|Paediatrics|20417", "No. 20417"},
-        {"Gift Card", 2, Long, "50.00|6034-9821-0045-7710", "EUR 50.00"},
-        {"Library Card", 1, Long, "Thomas Whitfield|2183400190", "21834001907"},
-        {"Visitor Pass", 2, Long,
-         "Elena Marsh|Brightwater Engineering|Jonas Keller, Room 214|21 November 2026",
-         "Brightwater Engineering"},
-        {"Transport Pass", 1, Long, "Sofia Lindqvist|1 - 4|31 December 2026",
-         "Valid to 31 December 2026"},
-    };
-    for (const SampleRow& sample : samples) {
+    for (const SampleRow& sample : Samples) {
         SCOPED_TRACE(sample.Layout);
-        Session.FieldValues = {};
-        const QStringList values = QString::fromLatin1(sample.Record).split(QLatin1Char('|'));
-        for (const QString& value : values)
-            Session.FieldValues.Add(value);
+        Session.FieldValues = ValuesOf(sample);
         for (std::int16_t page = 1; page <= sample.Pages; ++page) {
             Load(QString::fromLatin1(sample.Layout), page);
             EXPECT_EQ(Session.CurrentParams.PageCount, sample.Pages);
