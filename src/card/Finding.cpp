@@ -1,4 +1,5 @@
 #include "card/Finding.h"
+#include "card/ObjectNames.h"
 #include <QFileInfo>
 #include <array>
 
@@ -49,20 +50,13 @@ QLatin1StringView WordOf(FindingWeight weight)
 
 QString FindingNameOf(const CardObject& object)
 {
-    switch (object.Family()) {
-    case Family::lbl_DATA:
-        return QStringLiteral("Data Field ") + object.DataField;
-    case Family::lbl_AUTO:
-        return QStringLiteral("AutoNumber Field");
-    case Family::lbl_TEXT:
-        return QStringLiteral("Static Text \"%1\"").arg(Excerpt(object.Caption()));
-    case Family::img_CAM:
-        return QStringLiteral("Camera Image");
-    default:
-        break;
-    }
+    const QString kind = NumberedKind(object);
+    if (object.Family() == Family::lbl_TEXT)
+        return kind + QStringLiteral(" \"") + Excerpt(object.Caption()) + u'"';
+    if (object.Family() != Family::img_LXV)
+        return kind;
     const QString file = QFileInfo(object.Tag).fileName();
-    return file.isEmpty() ? QStringLiteral("Image") : QStringLiteral("Image ") + file;
+    return file.isEmpty() ? kind : QString(kind + u' ' + file);
 }
 
 Finding FindingOn(const CardObject& object, FindingKind kind)

@@ -78,7 +78,7 @@ TEST_F(Placed, ObjectsAreNamedByKindAndByWhatTheyShow)
     font.Name = QStringLiteral("Barcode QR Code");
     field.SetFont(font);
     EXPECT_EQ(ObjectKind(field), QStringLiteral("Data Field as QR Code"));
-    EXPECT_EQ(ObjectKind(Add(Family::lbl_AUTO, 0, 0, 1, 1)), QStringLiteral("Automatic Number"));
+    EXPECT_EQ(ObjectKind(Add(Family::lbl_AUTO, 0, 0, 1, 1)), QStringLiteral("AutoNumber Field"));
     CardObject& image = Add(Family::img_LXV, 0, 0, 1, 1);
     EXPECT_EQ(ObjectKind(image), QStringLiteral("Image"));
     EXPECT_EQ(ObjectText(image), QString());

@@ -80,7 +80,7 @@ protected:
 
 TEST_F(ObjectsWindow, ListsEachObjectTheTopmostFirst)
 {
-    EXPECT_EQ(Kinds(), QStringList({QStringLiteral("Automatic Number"),
+    EXPECT_EQ(Kinds(), QStringList({QStringLiteral("AutoNumber Field"),
                                     QStringLiteral("Data Field"), QStringLiteral("Static Text")}));
     EXPECT_EQ(Cell(2, ObjectColumn::Text), QStringLiteral("Visitor"));
     EXPECT_EQ(Cell(1, ObjectColumn::Field), QStringLiteral("1"));

@@ -1,6 +1,7 @@
 #include "desktop/designer/DesktopCardAccess.h"
 #include "card/CardDocument.h"
 #include "card/ObjectArrange.h"
+#include "card/ObjectNames.h"
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/designer/frmDocument.h"
 #include <QPointer>
@@ -9,25 +10,6 @@
 namespace vantrel {
 
 namespace {
-
-QString KindOf(Family family)
-{
-    switch (family) {
-    case Family::lbl_DATA:
-        return QStringLiteral("Data Field");
-    case Family::lbl_TEXT:
-        return QStringLiteral("Static Text");
-    case Family::lbl_AUTO:
-        return QStringLiteral("AutoNumber Field");
-    case Family::img_LXV:
-        return QStringLiteral("Image");
-    case Family::img_CAM:
-        return QStringLiteral("Camera Image");
-    case Family::picHandle:
-        break;
-    }
-    return {};
-}
 
 /// One object of the card. It is looked up each time, since a record may have replaced it.
 class ObjectAccess : public QAccessibleInterface
@@ -60,11 +42,11 @@ public:
         if (object == nullptr)
             return {};
         if (kind == QAccessible::Description)
-            return KindOf(m_family);
+            return FamilyKind(m_family);
         if (kind != QAccessible::Name)
             return {};
         const QString caption = object->IsLabel() ? object->Caption().trimmed() : QString();
-        return caption.isEmpty() ? KindOf(m_family) : ShownLine(caption);
+        return caption.isEmpty() ? FamilyKind(m_family) : ShownLine(caption);
     }
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
     QRect rect() const override

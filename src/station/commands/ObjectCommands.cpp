@@ -4,7 +4,7 @@
 #include "card/CheckDigits.h"
 #include "card/Grips.h"
 #include "card/ObjectArrange.h"
-#include "card/SpokenName.h"
+#include "card/ObjectNames.h"
 #include "station/layout/DesignSurface.h"
 #include "station/layout/DocumentForm.h"
 #include "station/layout/PageKey.h"

@@ -4,6 +4,7 @@
 #include "card/CaptionFigure.h"
 #include "card/FittedFont.h"
 #include "card/ObjectFindings.h"
+#include "card/ObjectNames.h"
 #include "card/OpeningFont.h"
 #include "card/TextLeft.h"
 #include "card/TrackFindings.h"
@@ -98,19 +99,6 @@ void PrintFigure(Printers& printers, const CaptionFigure& figure, ColorValue col
     }
 }
 
-/// What the object is called in the log and the ledger.
-QString SpokenName(const CardObject& label)
-{
-    switch (label.Family()) {
-    case Family::lbl_DATA:
-        return QStringLiteral("Data Field ") + label.DataField;
-    case Family::lbl_AUTO:
-        return QStringLiteral("AutoNumber Field");
-    default:
-        return QStringLiteral("Static Text");
-    }
-}
-
 /// What is noted of a card while it is drawn.
 struct CardNotes
 {
@@ -138,7 +126,7 @@ void PrintCaptionFigure(Printers& printers, const CardObject& label, CardNotes& 
     const CaptionFigure figure = FigureOf(label, DotsPerInch(printers));
     PrintFigure(printers, figure, label.ForeColor);
     if (!figure.Trouble.isEmpty())
-        notes.Remarks.push_back({SpokenName(label) + QStringLiteral(": ") + figure.Trouble, {}});
+        notes.Remarks.push_back({NumberedKind(label) + QStringLiteral(": ") + figure.Trouble, {}});
     else if (notes.AreOn() && ShowsValue(label))
         notes.Add(CodeFinding(label, figure));
 }
