@@ -9,6 +9,7 @@ find_package(PkgConfig REQUIRED)
 find_package(SQLite3 REQUIRED)
 pkg_check_modules(pangocairo REQUIRED IMPORTED_TARGET pangocairo pangoft2 fontconfig cairo cairo-pdf
                   harfbuzz-subset)
+pkg_check_modules(libmicrohttpd REQUIRED IMPORTED_TARGET libmicrohttpd>=0.9.75)
 pkg_check_modules(systemd REQUIRED IMPORTED_TARGET libsystemd)
 # Debian's library brings neither a pkg-config file nor, before release 13, one for CMake.
 find_path(ZINT_INCLUDE_DIR zint.h REQUIRED)

@@ -47,7 +47,7 @@ station/macro
 station/capture station/batch
 station/compose station/imaging station/commands
 station/start
-samples desktop/controls
+samples console desktop/controls
 desktop/designer desktop/composers desktop/camera desktop/history
 desktop/dialogs
 desktop/menu

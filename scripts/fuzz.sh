@@ -11,7 +11,7 @@ export LSAN_OPTIONS=suppressions=$PWD/tests/lsan.supp:print_suppressions=0
 install_packages "${BUILD_PACKAGES[@]}" "${FUZZ_PACKAGES[@]}"
 cmake --preset fuzz
 cmake --build --preset fuzz
-for target in codes framing hex_codes pictures profile serializer table track_formula version4; do
+for target in codes console framing hex_codes pictures profile serializer table track_formula version4; do
   # New inputs are written to a corpus of their own; the corpus in the repository is changed by hand
   # only.
   mkdir -p "build/fuzz/grown/$target"

@@ -4,13 +4,13 @@
 # 13 has qt6-svg-plugins, and 13 lacks clang-format-14.
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-dev
   qt6-multimedia-dev qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libharfbuzz-dev
-  libjpeg-dev libzint-dev libsystemd-dev libgtest-dev libgmock-dev libbenchmark-dev)
+  libjpeg-dev libmicrohttpd-dev libzint-dev libsystemd-dev libgtest-dev libgmock-dev libbenchmark-dev)
 RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
   fonts-dejavu-core)
 TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-utils ghostscript
   fonts-urw-base35 mupdf-tools qpdf zbar-tools zxing-cpp-tools dmtx-utils
-  libqt6sql6-sqlite sqlite3 procps python3 xvfb dbus-daemon at-spi2-core openbox
-  locales weston qt6-wayland)
+  libqt6sql6-sqlite sqlite3 procps python3 python3-prometheus-client curl openssl xvfb dbus-daemon at-spi2-core openbox
+  locales weston qt6-wayland chromium chromium-driver python3-selenium)
 
 # The script uses sqlite3 to write the layouts of a macro.
 VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)

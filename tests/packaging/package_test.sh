@@ -45,12 +45,12 @@ echo "== what it holds"
 # Some machines leave documents out when they install.
 held=$scratch/held
 dpkg-deb --extract "$package" "$held"
-for file in bin/vantrel bin/vantrel-admin bin/vantrel-print libexec/vantrel/vantrel \
-  share/applications/org.vantrel.Vantrel.desktop share/metainfo/org.vantrel.Vantrel.metainfo.xml \
+for file in bin/vantrel bin/vantrel-{admin,console,print} libexec/vantrel/vantrel \
+  share/applications/org.vantrel.{Vantrel,Console}.desktop share/metainfo/org.vantrel.Vantrel.metainfo.xml \
   share/icons/hicolor/{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256}/apps/org.vantrel.Vantrel.png \
-  share/icons/hicolor/scalable/apps/org.vantrel.Vantrel.svg share/man/man1/{vantrel,vantrel-admin,vantrel-print}.1.gz \
-  share/doc/vantrel/{README.md,CHANGELOG.md,printers.md,cards-from-a-file.md,images/station.png} lib/systemd/system/vantrel@.service \
-  lib/sysusers.d/vantrel.conf share/bash-completion/completions/{vantrel-admin,vantrel-print}; do
+  share/icons/hicolor/scalable/apps/org.vantrel.Vantrel.svg share/man/man1/{vantrel,vantrel-admin,vantrel-console,vantrel-print}.1.gz \
+  share/doc/vantrel/{README.md,CHANGELOG.md,printers.md,cards-from-a-file.md,console.md,images/station.png} lib/systemd/system/{vantrel@,vantrel-console}.service \
+  lib/sysusers.d/vantrel.conf share/bash-completion/completions/{vantrel-admin,vantrel-console,vantrel-print}; do
   [ -s "$held/usr/$file" ] || fail "/usr/$file is missing"
 done
 grep -q '^# The book' "$held/usr/share/doc/vantrel/README.md" || fail "the book has no first page"
@@ -73,6 +73,9 @@ mkdir "$unit"
 sed "s|=/usr/bin/vantrel|=$root/usr/bin/vantrel|" "$root/usr/lib/systemd/system/vantrel@.service" >"$unit/vantrel@.service"
 said=$(SYSTEMD_LOG_LEVEL=warning systemd-analyze verify --man=no "$unit/vantrel@1.service" 2>&1 | grep 'vantrel@' || true)
 [ -z "$said" ] || fail "unit: $said"
+sed "s|=/usr/bin/vantrel|=$root/usr/bin/vantrel|" "$root/usr/lib/systemd/system/vantrel-console.service" >"$unit/vantrel-console.service"
+said=$(SYSTEMD_LOG_LEVEL=warning systemd-analyze verify --man=no "$unit/vantrel-console.service" 2>&1 | grep 'vantrel-console' || true)
+[ -z "$said" ] || fail "unit of the console: $said"
 
 echo "== every command is in its manual page"
 "$root/usr/bin/vantrel-admin" --help | sed -n 's/^  vantrel-admin \([a-z][a-z ]*[a-z]\) .*/\1/p' >"$scratch/commands"
@@ -81,13 +84,15 @@ while read -r command; do
   zgrep -q "^\.BI \"$command " "$held/usr/share/man/man1/vantrel-admin.1.gz" || fail "the manual does not tell of $command"
 done <"$scratch/commands"
 
-echo "== every option of cards from a file is in its manual page"
-"$root/usr/bin/vantrel-print" --help | grep -oE '^  (-h, )?--[a-z-]+' | grep -oE -- '--[a-z-]+' >"$scratch/options"
-[ "$(wc -l <"$scratch/options")" -ge 16 ] || fail "the help names $(wc -l <"$scratch/options") options"
-zcat "$held/usr/share/man/man1/vantrel-print.1.gz" | sed 's/\\-/-/g' >"$scratch/manual"
-while read -r option; do
-  grep -A1 '^\.TP' "$scratch/manual" | grep -qE -- "^\.B(I|R)? .*$option( |\"|$)" || fail "the manual does not tell of $option"
-done <"$scratch/options"
+echo "== every option of cards from a file and of the console is in its manual page"
+for program in vantrel-print:16 vantrel-console:4; do
+  "$root/usr/bin/${program%:*}" --help | grep -oE '^  (-h, )?--[a-z-]+' | grep -oE -- '--[a-z-]+' >"$scratch/options"
+  [ "$(wc -l <"$scratch/options")" -ge "${program#*:}" ] || fail "the help of $program names $(wc -l <"$scratch/options") options"
+  zcat "$held/usr/share/man/man1/${program%:*}.1.gz" | sed 's/\\-/-/g' >"$scratch/manual"
+  while read -r option; do
+    grep -A1 '^\.TP' "$scratch/manual" | grep -qE -- "^\.B(I|R)? .*$option( |\"|$)" || fail "the manual does not tell of $option"
+  done <"$scratch/options"
+done
 
 echo "== the first start"
 export HOME="$scratch/a home" XDG_RUNTIME_DIR=$scratch/runtime QT_QPA_PLATFORM=offscreen
@@ -131,6 +136,18 @@ for text in 'Lovelace, Ada' 'Grace Hopper' Silver; do
 done
 "$root/usr/bin/vantrel-admin" ledger list "$folder" --text 'members.csv:3' | grep -q 'printed.*Grace Hopper' ||
   fail "a row is not in the ledger"
+
+echo "== the console"
+"$root/usr/bin/vantrel-console" "$folder" --listen 127.0.0.1:0 >"$scratch/console" &
+station=$!
+await grep -q '^The console is at ' "$scratch/console"
+address=$(sed -n 's/^The console is at //p' "$scratch/console")
+curl --silent --fail "$address" | grep -q '<title>Vantrel Console</title>' || fail "the console shows no page"
+curl --silent --fail --header "Authorization: Bearer $(cat "$folder/Console.token")" "${address}api/v1/records" |
+  grep -q 'Grace Hopper' || fail "the console does not tell of the cards"
+kill "$station"
+wait "$station" || fail "the console ended with $?"
+station=
 
 echo "== where no folder can be made"
 touch "$scratch/file"

@@ -1,0 +1,19 @@
+#include "console/ConsoleStore.h"
+#include "station/batch/FolderLedger.h"
+#include "station/session/StationOptions.h"
+#include <QDir>
+
+namespace vantrel::console {
+
+ConsoleStore::ConsoleStore(const QString& programFolder) : m_folder(programFolder)
+{
+    OpenFolderLedger(m_store, programFolder);
+    // What is wrong with the options is told by the stations.
+    QStringList mistakes;
+    const StationOptions options = ReadStationOptions(programFolder, mistakes);
+    if (!options.ImagesFrom.isEmpty())
+        m_usual.Folder = QDir(programFolder).filePath(options.ImagesFrom);
+    m_encoding = options.Encoding;
+}
+
+} // namespace vantrel::console

@@ -1,0 +1,94 @@
+#include "console/LedgerFollower.h"
+#include "console/BriefEntry.h"
+#include "console/ConsoleStore.h"
+#include "console/Stations.h"
+#include "ledger/LedgerJson.h"
+#include "ledger/LedgerReading.h"
+#include <algorithm>
+#include <utility>
+
+namespace vantrel::console {
+
+namespace {
+
+/// Entries whose progress is followed; older ones that change are seen when they are looked for.
+constexpr qlonglong Followed = 200;
+/// Records of one event. Where more came, the newest are told, and that there are others.
+constexpr std::size_t MostTold = 40;
+
+QByteArray OneLine(QByteArray json)
+{
+    // Line ends stand between the elements only, since texts have them as codes.
+    return json.replace('\n', ' ').trimmed();
+}
+
+} // namespace
+
+QByteArray EventText(const QByteArray& name, const QByteArray& data)
+{
+    return "event: " + name + "\ndata: " + data + "\n\n";
+}
+
+QByteArray LedgerFollower::Look(ConsoleStore& store)
+{
+    const StoreDatabase::State now = store.Database().Now();
+    const bool isFirst = !std::exchange(m_begun, true);
+    QByteArray news;
+    // The own connection's changes do not show in the state.
+    if (isFirst || !(now == m_state) || store.TakeOwnChange()) {
+        m_state = now;
+        news += RecordNews(store);
+    }
+    news += StationNews(store);
+    return isFirst ? QByteArray() : news;
+}
+
+QByteArray LedgerFollower::RecordNews(ConsoleStore& store)
+{
+    StoreDatabase& database = store.Database();
+    const auto recent = RecentProgress(database, 0, Followed);
+    QHash<qlonglong, LedgerProgress> told;
+    std::vector<qlonglong> changed;
+    for (const LedgerProgress& progress : recent) {
+        told.insert(progress.Id, progress);
+        const auto before = m_told.constFind(progress.Id);
+        // One that is followed only since others were removed has not changed.
+        const bool isNews =
+            before == m_told.cend() ? progress.Id > m_newest : !(*before == progress);
+        if (isNews)
+            changed.push_back(progress.Id);
+    }
+    m_told = told;
+    m_newest = recent.empty() ? m_newest : recent.front().Id;
+    if (changed.empty())
+        return {};
+    const bool isCut = changed.size() > MostTold;
+    QByteArray json;
+    LedgerJsonList list("records", [&json](const QByteArray& part) { json += part; });
+    changed.resize(std::min(changed.size(), MostTold));
+    for (const qlonglong id : changed) {
+        if (auto entry = FindEntry(database, id, LedgerBytes::Without))
+            list.Add(LedgerEntryJson(Brief(*std::move(entry))));
+    }
+    list.End();
+    return EventText("records", OneLine(json)) + (isCut ? EventText("more", "{}") : QByteArray());
+}
+
+QByteArray LedgerFollower::StationNews(ConsoleStore& store)
+{
+    QByteArray json;
+    QByteArray essence;
+    LedgerJsonList list("stations", [&json](const QByteArray& part) { json += part; });
+    for (StationSeen station : StationsNow(store)) {
+        list.Add(StationJson(station));
+        // That one has said again that it runs is no news.
+        station.Station.Seen = 0;
+        essence += StationJson(station);
+    }
+    list.End();
+    if (std::exchange(m_stations, essence) == essence)
+        return {};
+    return EventText("stations", OneLine(json));
+}
+
+} // namespace vantrel::console

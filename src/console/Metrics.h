@@ -1,0 +1,69 @@
+#pragma once
+
+#include "ledger/LedgerRows.h"
+#include "store/StoreDatabase.h"
+#include <QByteArray>
+#include <QMap>
+#include <array>
+#include <map>
+#include <tuple>
+#include <vector>
+
+namespace vantrel::console {
+
+struct StationSeen;
+
+/// Counts what happens in the ledger, for programs that watch it. Counts begin with the console;
+/// what was in the ledger and finished before is not in them. Used in the thread of the store.
+class Metrics
+{
+public:
+    /// Follows the ledger up to now. Fails like `StoreDatabase`.
+    void Look(StoreDatabase& database);
+    /// What was counted, in the format OpenMetrics 1.0. Fails like `StoreDatabase`.
+    QByteArray Text(StoreDatabase& database, const std::vector<StationSeen>& stations) const;
+
+    /// Names of layouts and reasons that are told apart; further ones are counted as "other", since
+    /// a watching program keeps every name for ever.
+    static constexpr std::size_t MostLayouts = 200;
+    static constexpr std::size_t MostReasons = 50;
+    /// Upper ends of the steps of time from a record's last byte to its card, in seconds.
+    static constexpr std::array<double, 12> Steps{0.01, 0.025, 0.05, 0.1, 0.25, 0.5,
+                                                  1,    2.5,   5,    10,  30,   60};
+
+private:
+    /// An entry whose end was not seen yet.
+    struct Followed
+    {
+        int Session = 1;
+        qint64 Received = 0;
+        /// The states of its cards, as they were counted.
+        std::map<qlonglong, LedgerState> Cards = {};
+    };
+
+    void Begin(StoreDatabase& database);
+    void TakeNew(StoreDatabase& database);
+    /// @return whether it will not change any more
+    bool FollowEntry(StoreDatabase& database, qlonglong id, Followed& entry);
+    void CountCard(const Followed& entry, const QString& layout, const QString& reason,
+                   LedgerState state, qint64 changed);
+    void CountFailure(int session, const QString& layout, const QString& reason);
+    QString KnownLayout(const QString& layout);
+    QString KnownReason(const QString& reason);
+
+    bool m_begun = false;
+    StoreDatabase::State m_state;
+    qlonglong m_last = 0;
+    std::map<qlonglong, Followed> m_followed;
+
+    std::map<int, qlonglong> m_records;
+    std::map<std::tuple<int, QString>, qlonglong> m_cards;
+    std::map<std::tuple<int, QString, QString>, qlonglong> m_failures;
+    /// One more than the steps, for what took longer.
+    std::array<qlonglong, Steps.size() + 1> m_times{};
+    double m_seconds = 0;
+    std::vector<QString> m_layouts;
+    std::vector<QString> m_reasons;
+};
+
+} // namespace vantrel::console

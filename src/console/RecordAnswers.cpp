@@ -1,0 +1,43 @@
+#include "console/RecordAnswers.h"
+#include "console/BriefEntry.h"
+#include "console/ConsoleStore.h"
+#include "console/Query.h"
+#include "ledger/LedgerJson.h"
+#include "ledger/LedgerReading.h"
+
+namespace vantrel::console {
+
+namespace {
+
+/// A list that is longer ends, in bytes. A record may be of any length, and the whole list is in
+/// memory.
+constexpr qsizetype LongestList = 4 * 1024 * 1024;
+
+} // namespace
+
+Answer ListRecords(ConsoleStore& store, const Request& request, const PathNumbers& /*numbers*/)
+{
+    const LedgerFilter filter = FilterOf(request.To.Query);
+    const bool isBrief = request.To.Query.value(QStringLiteral("brief")) == u"1";
+    QByteArray json;
+    LedgerJsonList list("records", [&json](const QByteArray& part) { json += part; });
+    for (const qlonglong number : EntryNumbers(store.Database(), filter)) {
+        if (json.size() >= LongestList)
+            break;
+        // Another program may have removed it meanwhile.
+        if (auto entry = FindEntry(store.Database(), number, LedgerBytes::Without))
+            list.Add(LedgerEntryJson(isBrief ? Brief(*std::move(entry)) : *entry));
+    }
+    list.End();
+    return JsonAnswer(json);
+}
+
+Answer ShowRecord(ConsoleStore& store, const Request& /*request*/, const PathNumbers& numbers)
+{
+    const auto entry = FindEntry(store.Database(), numbers.at(0));
+    if (!entry)
+        return Refusal(404, QStringLiteral("The ledger has no entry %1.").arg(numbers.at(0)));
+    return JsonAnswer(LedgerWholeEntryJson(*entry) + '\n');
+}
+
+} // namespace vantrel::console

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "console/Routes.h"
+
+namespace vantrel::console {
+
+/// @file What is told of records. All fail like `StoreDatabase`.
+
+/// The records that the query chooses, see `FilterOf`, newest first. The list ends earlier when it
+/// becomes too long; "before" the last one goes on. With "brief=1" only the beginning of each
+/// record's values is told.
+Answer ListRecords(ConsoleStore& store, const Request& request, const PathNumbers& numbers);
+
+/// One record with its bytes and framing.
+Answer ShowRecord(ConsoleStore& store, const Request& request, const PathNumbers& numbers);
+
+} // namespace vantrel::console

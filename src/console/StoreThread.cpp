@@ -1,0 +1,79 @@
+#include "console/StoreThread.h"
+#include "base/Failure.h"
+#include "console/ConsoleStore.h"
+#include "console/Query.h"
+
+namespace vantrel::console {
+
+namespace {
+
+constexpr int MostWaiting = 200;
+
+Answer TooBusy()
+{
+    Answer refusal = Refusal(503, QStringLiteral("The console is busy."));
+    refusal.Headers.emplace_back("Retry-After", "2");
+    return refusal;
+}
+
+Answer AnswerOf(const StoreThread::Work& work, ConsoleStore& store)
+{
+    try {
+        return work(store);
+    } catch (const NotTaken& refusal) {
+        return Refusal(refusal.Status, refusal.Reason);
+    } catch (const Failure& failure) {
+        if (failure.Number() == FailureNumber::StoreBusy)
+            return TooBusy();
+        // What an entry does not allow.
+        if (failure.Number() == FailureNumber::InvalidCall)
+            return Refusal(409, failure.Text());
+        return Refusal(500, failure.Text());
+    }
+}
+
+} // namespace
+
+StoreThread::StoreThread(ConsoleStore& store) : m_store(store), m_worker(new QObject)
+{
+    m_worker->moveToThread(&m_thread);
+    connect(&m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
+    m_thread.start();
+}
+
+StoreThread::~StoreThread()
+{
+    m_ends = true;
+    m_thread.quit();
+    m_thread.wait();
+}
+
+void StoreThread::Ask(Work work, std::function<void(Answer)> done)
+{
+    if (m_waiting >= MostWaiting) {
+        done(TooBusy());
+        return;
+    }
+    ++m_waiting;
+    const auto run = [this, work = std::move(work), done = std::move(done)] {
+        if (m_ends)
+            return;
+        const auto tell = [this, answer = AnswerOf(work, m_store), done] {
+            --m_waiting;
+            done(answer);
+        };
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    };
+    QMetaObject::invokeMethod(m_worker, run, Qt::QueuedConnection);
+}
+
+void StoreThread::Do(std::function<void(ConsoleStore&)> work)
+{
+    const auto run = [this, work = std::move(work)] {
+        if (!m_ends)
+            work(m_store);
+    };
+    QMetaObject::invokeMethod(m_worker, run, Qt::QueuedConnection);
+}
+
+} // namespace vantrel::console

@@ -1,0 +1,285 @@
+#!/usr/bin/env python3
+"""Uses the console as people do: with a mouse, with the keyboard alone, on a narrow screen, in the dark.
+
+    console_test.py PROGRAMS-FOLDER AXE.js
+"""
+import sys
+import unittest
+
+from console_station import Station, await_that, open_browser, set_screen
+from selenium.common.exceptions import StaleElementReferenceException
+from selenium.webdriver.common.by import By
+from selenium.webdriver.common.keys import Keys
+from selenium.webdriver.support.ui import Select
+
+VIEWS = ("now", "history", "send", "counts")
+
+
+class Console(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.station = Station(PROGRAMS)
+        cls.addClassCleanup(cls.station.end)
+        cls.browser = open_browser()
+        cls.addClassCleanup(cls.browser.quit)
+
+    def setUp(self):
+        set_screen(self.browser, 1280, 900)
+        self.browser.delete_all_cookies()
+        self.browser.get(self.station.address)
+        self.browser.get_log("browser")
+
+    def tearDown(self):
+        told = [entry["message"] for entry in self.browser.get_log("browser")]
+        self.assertEqual([line for line in told if not any(quiet in line for quiet in self.expected)], [])
+
+    # What a test expects in the browser's log, such as that a wrong token was refused.
+    expected = ()
+
+    def find(self, selector):
+        return self.browser.find_element(By.CSS_SELECTOR, selector)
+
+    def all(self, selector):
+        return self.browser.find_elements(By.CSS_SELECTOR, selector)
+
+    def shown(self, selector):
+        """The first element that is shown, as soon as there is one."""
+        def look():
+            try:
+                return next((one for one in self.all(selector) if one.is_displayed()), None)
+            except StaleElementReferenceException:
+                return None
+        return await_that(look, f"{selector} is shown")
+
+    def told(self, selector, text):
+        def look():
+            try:
+                return text in self.find(selector).text
+            except StaleElementReferenceException:
+                return False
+        await_that(look, f"{selector} tells {text}")
+
+    def log_in(self):
+        self.shown("#token").send_keys(self.station.token, Keys.ENTER)
+        self.told("#live", "Live")
+
+    def go(self, view):
+        self.find(f'nav a[href="#{view}"]').click()
+        self.shown(f"#view-{view}")
+
+    def has_focus(self, element):
+        return self.browser.switch_to.active_element == element
+
+    def newest_row(self):
+        return self.shown("#records tbody tr")
+
+    def test_a_wrong_token_is_told_and_the_right_one_opens(self):
+        self.expected = ("401",)
+        self.shown("#token").send_keys("wrong", Keys.ENTER)
+        self.told("#login-told", "This is not the token.")
+        self.find("#token").clear()
+        self.log_in()
+        self.assertFalse(self.find("#token").is_displayed())
+        self.told("#stations", "Session 1")
+        self.told("#stations", "alive")
+        self.find("#logout").click()
+        self.shown("#token")
+        self.browser.refresh()
+        self.shown("#token")
+
+    def test_a_card_is_shown_when_its_record_comes(self):
+        self.log_in()
+        # From the moment on at which the host has its answer.
+        self.browser.execute_script("""
+            window.seen = null;
+            new MutationObserver(() => {
+              const item = document.querySelector('#cards li');
+              if (item !== null && item.textContent.includes('Grace') && item.querySelector('.state').textContent === 'printed')
+                window.seen = window.seen ?? performance.now();
+            }).observe(document.getElementById('cards'), { childList: true, subtree: true, characterData: true });
+            window.sent = performance.now();""")
+        self.station.send("Grace Hopper", "40054321", "Silver")
+        await_that(lambda: self.browser.execute_script("return window.seen"), "the card is shown")
+        print("seen after", round(self.browser.execute_script("return window.seen - window.sent")), "ms")
+        image = self.shown("#cards li img")
+        await_that(lambda: image.get_property("naturalWidth") > 600, "its picture is shown")
+        self.assertIn("Card 1 of record", image.get_attribute("alt"))
+
+    def test_a_record_is_found_and_shown_whole(self):
+        self.log_in()
+        self.station.send("Katherine Johnson", "40077777", "Gold")
+        self.station.send("Mary Jackson", "40088888", "Gold")
+        self.go("history")
+        self.told("#records", "Mary Jackson")
+        self.find("#text").send_keys("katherine", Keys.ENTER)
+        self.told("#found", "1 record.")
+        row = self.newest_row()
+        self.assertIn("Katherine Johnson", row.text)
+        row.click()
+        self.shown("#details")
+        self.told("#details", "40077777")
+        self.assertEqual([part.text for part in self.all("pre.raw .part-start, pre.raw .part-end")], ["<", ">"])
+        self.shown(".prints img")
+        self.find("#details-close").click()
+        Select(self.find("#state")).select_by_visible_text("void")
+        self.find("#search button[type=submit]").click()
+        self.told("#found", "No record was found.")
+        self.find("#search button[type=reset]").click()
+        self.told("#records", "Mary Jackson")
+
+    def test_a_record_is_printed_again_and_asks_before_it_is_once_more(self):
+        self.log_in()
+        self.station.send("Dorothy Vaughan", "40099999", "Gold")
+        self.go("history")
+        self.told("#records", "Dorothy Vaughan")
+        self.newest_row().click()
+        for question, answer in (("It was printed.", "printed again as record"), ("was printed again already", None)):
+            self.shown("#reprint").click()
+            if answer is None:
+                self.shown("#ask-yes").click()
+            self.told("#ask", question)
+            self.assertTrue(self.has_focus(self.find("#ask-no")))
+            if answer is None:
+                self.find("#ask-no").click()
+            else:
+                self.find("#ask-yes").click()
+                self.told("#details-told", answer)
+        self.find("#details-close").click()
+        self.told("#records", "again ")
+        await_that(lambda: self.all("#records tbody tr")[0].text.count("printed") == 1, "the reprint is printed")
+
+    def test_a_record_is_declared_void(self):
+        self.log_in()
+        self.station.send("Annie Easley", "40011111", "Gold")
+        self.go("history")
+        self.told("#records", "Annie Easley")
+        self.newest_row().click()
+        self.shown("#void").click()
+        self.told("#ask", "This cannot be taken back.")
+        self.find("#ask-yes").click()
+        self.told("#details-told", "is void.")
+        self.assertFalse(self.find("#void").is_enabled())
+
+    def test_a_record_by_hand_is_printed(self):
+        self.log_in()
+        self.go("send")
+        await_that(lambda: len(self.all("#layout option")) > 1, "the layouts are listed")
+        Select(self.find("#layout")).select_by_visible_text("Member Card")
+        self.find("#values").send_keys("Valerie Thomas\n40022222\nGold")
+        self.find("#send button").click()
+        self.told("#sent", "Sent as record")
+        self.go("now")
+        self.told("#cards", "Valerie Thomas")
+
+    def test_values_with_markup_are_text(self):
+        self.log_in()
+        evil = "&amp;<img src=x onerror=alert(1)><script>alert(2)</script>"
+        self.browser.execute_async_script("""
+            const [values, done] = arguments;
+            fetch('login').then((answer) => answer.json()).then((login) => fetch('api/v1/records', {
+              method: 'POST', body: JSON.stringify({ layout: 'Member Card', values: [values, '40033333', values] }),
+              headers: { 'Content-Type': 'application/json', 'X-Forgery-Token': login.forgery_token } })).then(() => done());
+            """, evil)
+        self.told("#cards", evil)
+        self.go("history")
+        self.told("#records", evil)
+        self.newest_row().click()
+        self.told("#details", evil)
+        self.assertEqual(self.all("#main img[src=x], #details img[src=x], main script, dialog script"), [])
+
+    def test_counts_are_told(self):
+        self.station.send("Evelyn Boyd", "40044444", "Gold")
+        self.log_in()
+        self.go("counts")
+        self.told("#counted", "issued")
+        self.told("#counts-table", "Member Card")
+
+    def test_the_keyboard_alone_is_enough(self):
+        self.station.send("Gladys West", "40055555", "Gold")
+        self.log_in()
+        self.told("#cards", "Gladys West")
+
+        def press(*keys):
+            self.browser.switch_to.active_element.send_keys(*keys)
+
+        def tab_to(selector, most=60):
+            for _ in range(most):
+                if self.browser.execute_script(f"return document.activeElement.matches('{selector}')"):
+                    return
+                press(Keys.TAB)
+            self.fail(f"{selector} is not reached by Tab")
+
+        self.browser.execute_script("document.activeElement.blur()")
+        self.find("body").send_keys(Keys.TAB)
+        tab_to('nav a[href="#history"]')
+        press(Keys.ENTER)
+        self.assertTrue(await_that(lambda: self.has_focus(self.find("#title-history")), "the view's title has the focus"))
+        tab_to("#text")
+        press("gladys", Keys.ENTER)
+        self.told("#found", "1 record.")
+        tab_to("#records tbody button")
+        press(Keys.ENTER)
+        self.shown("#details")
+        await_that(lambda: self.has_focus(self.find("#details-title")), "the record's title has the focus")
+        tab_to("#reprint")
+        press(Keys.ENTER)
+        await_that(lambda: self.has_focus(self.find("#ask-no")), "No has the focus")
+        press(Keys.ESCAPE)
+        await_that(lambda: self.has_focus(self.find("#reprint")), "the focus is where it was")
+        press(Keys.ESCAPE)
+        await_that(lambda: self.browser.execute_script("return document.activeElement.matches('#records tbody button')"),
+                   "the focus is on the row again")
+
+    def test_nothing_is_wider_than_a_narrow_screen(self):
+        self.station.send("A name that is much too long for any narrow screen " * 3, "4" * 300, "Gold")
+        set_screen(self.browser, 320, 640)
+        self.log_in()
+        for view in VIEWS:
+            self.go(view)
+            if view == "history":
+                self.told("#records", "much too long")
+            self.assertLessEqual(self.browser.execute_script("return document.documentElement.scrollWidth"), 320, view)
+        self.go("history")
+        self.newest_row().click()
+        dialog = self.shown("#details")
+        self.assertLessEqual(dialog.size["width"], 320)
+        self.assertLessEqual(self.browser.execute_script("return document.getElementById('details').scrollWidth"), 320)
+
+    def test_nobody_is_kept_out(self):
+        with open(AXE, encoding="utf-8") as file:
+            axe = file.read()
+
+        def findings(where):
+            self.browser.execute_script(axe)
+            result = self.browser.execute_async_script(
+                "axe.run(document, { resultTypes: ['violations'] }).then(arguments[0])")
+            told = [f"{where}: {one['id']}: {one['help']}: {[node['html'] for node in one['nodes']][:3]}"
+                    for one in result["violations"]]
+            self.assertEqual(told, [])
+
+        self.station.send("Ada Lovelace", "40012345", "Gold")
+        for width, dark in ((1280, False), (1280, True), (320, False)):
+            set_screen(self.browser, width, 900, dark)
+            self.browser.delete_all_cookies()
+            self.browser.get(self.station.address)
+            self.shown("#token")
+            findings(f"log in, {width}, dark: {dark}")
+            self.log_in()
+            self.told("#cards", "Ada Lovelace")
+            for view in VIEWS:
+                self.go(view)
+                if view == "history":
+                    self.newest_row()
+                findings(f"{view}, {width}, dark: {dark}")
+            self.go("history")
+            self.newest_row().click()
+            self.shown("#details")
+            findings(f"record, {width}, dark: {dark}")
+            self.find("#reprint").click()
+            self.shown("#ask-no")
+            findings(f"question, {width}, dark: {dark}")
+
+
+if __name__ == "__main__":
+    PROGRAMS, AXE = sys.argv[1:3]
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2)
