@@ -9,7 +9,7 @@ RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-pl
   fonts-dejavu-core)
 TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-utils ghostscript
   fonts-urw-base35 mupdf-tools qpdf zbar-tools zxing-cpp-tools dmtx-utils
-  libqt6sql6-sqlite sqlite3 procps python3 python3-prometheus-client curl openssl xvfb dbus-daemon at-spi2-core openbox
+  libqt6sql6-sqlite sqlite3 procps python3 python3-prometheus-client python3-yaml curl openssl xvfb dbus-daemon at-spi2-core openbox
   locales weston qt6-wayland chromium chromium-driver python3-selenium)
 
 # The script uses sqlite3 to write the layouts of a macro.

@@ -6,10 +6,21 @@ namespace {
 
 constexpr QByteArrayView Bearer{"Bearer "};
 
-/// Browsers take the name of a cookie that begins so only over TLS and for the whole host.
+/// The port that the client has asked, if it is not the usual one of the protocol.
+QByteArray PortAsked(const Request& request)
+{
+    const qsizetype colon = request.Host.lastIndexOf(':');
+    bool isPort = false;
+    const ushort port = request.Host.mid(colon + 1).toUShort(&isPort);
+    return colon >= 0 && isPort ? QByteArray::number(port) : QByteArray();
+}
+
+/// Browsers take the name of a cookie that begins with "__Host-" only over TLS and for the whole
+/// host. The consoles of a machine share its cookies, so each has a name of its own.
 QByteArray CookieName(const Request& request)
 {
-    return request.IsSecure ? "__Host-vantrel" : "vantrel";
+    const QByteArray port = PortAsked(request);
+    return (request.IsSecure ? "__Host-vantrel" : "vantrel") + (port.isEmpty() ? port : '-' + port);
 }
 
 QByteArray CookieHeader(const Request& request, const QByteArray& value)
@@ -115,6 +126,8 @@ Answer Gate::LogIn(const Request& request)
 
 Answer Gate::LogOut(const Request& request)
 {
+    if (!request.IsFromOwnPage())
+        return Forbidden();
     m_tokens.Close(LoginIn(request));
     Answer answer = EmptyAnswer(204);
     answer.Headers.emplace_back("Set-Cookie", CookieHeader(request, {}));

@@ -20,6 +20,8 @@ constexpr std::chrono::seconds LongestRequest{15};
 /// For a client to read an answer.
 constexpr std::chrono::seconds LongestAnswer{120};
 constexpr std::chrono::seconds LookInterval{1};
+/// Bytes of bodies that are in memory at once, of all connections.
+constexpr qsizetype MostBodies = 32 * 1024 * 1024;
 constexpr std::size_t LiveBlock = 16 * 1024;
 
 /// What every answer has: nothing of a page comes from elsewhere, is shown within another page, or
@@ -108,9 +110,8 @@ struct HttpServer::Callbacks
         case Exchange::Step::Reads:
             if (*size == 0)
                 return Ask(exchange);
-            if (exchange.Request.Body.size() + static_cast<qsizetype>(*size) > LongestBody)
+            if (!AddToBody(exchange, QByteArrayView(upload, static_cast<qsizetype>(*size))))
                 return MHD_NO;
-            exchange.Request.Body.append(upload, static_cast<qsizetype>(*size));
             *size = 0;
             return MHD_YES;
         case Exchange::Step::IsAnswered:
@@ -130,6 +131,7 @@ struct HttpServer::Callbacks
         if (exchange == nullptr)
             return;
         *context = nullptr;
+        exchange->Server.m_bodies -= exchange->Request.Body.size();
         exchange->Connection = nullptr;
         if (exchange->Line != nullptr)
             exchange->Line->Until.setRemainingTime(LongestRequest);
@@ -214,6 +216,18 @@ private:
                 QStringLiteral("The request is longer than %1 bytes.").arg(LongestBody));
         exchange.At = Exchange::Step::Reads;
         return MHD_YES;
+    }
+
+    /// @return false if there is no room for it
+    static bool AddToBody(Exchange& exchange, QByteArrayView bytes)
+    {
+        QByteArray& body = exchange.Request.Body;
+        qsizetype& bodies = exchange.Server.m_bodies;
+        if (body.size() + bytes.size() > LongestBody || bodies + bytes.size() > MostBodies)
+            return false;
+        body.append(bytes);
+        bodies += bytes.size();
+        return true;
     }
 
     static MHD_Result RefuseAtOnce(Exchange& exchange, int status, const QString& reason)

@@ -64,7 +64,8 @@ private:
     QTimer m_look;
     std::unordered_set<Line*> m_lines;
     std::unordered_set<std::shared_ptr<Exchange>> m_suspended;
-    bool m_isRunning = false;
+    /// Bytes of the bodies of all requests that are not finished.
+    qsizetype m_bodies = 0;
     bool m_ends = false;
 };
 

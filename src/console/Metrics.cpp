@@ -196,12 +196,18 @@ QByteArray Metrics::Text(StoreDatabase& database, const std::vector<StationSeen>
                     [&](const StoreStatement& row) { waiting = row.Value(0).toLongLong(); });
     text.Add("", {}, waiting);
 
-    text.Begin("vantrel_station_up", "gauge", "Whether a station runs.");
-    for (const StationSeen& seen : stations)
-        text.Add(
-            "",
-            {{"station", QString::number(seen.Station.Session)}, {"machine", seen.Station.Machine}},
-            qlonglong{seen.State == StationState::Alive ? 1 : 0});
+    const auto tellStations = [&](const char* name, const char* help, auto holds) {
+        text.Begin(name, "gauge", help);
+        for (const StationSeen& seen : stations)
+            text.Add("",
+                     {{"station", QString::number(seen.Station.Session)},
+                      {"machine", seen.Station.Machine}},
+                     qlonglong{holds(seen) ? 1 : 0});
+    };
+    tellStations("vantrel_station_up", "Whether a station runs.",
+                 [](const StationSeen& seen) { return seen.State == StationState::Alive; });
+    tellStations("vantrel_station_wanted", "Whether a station should run.",
+                 [](const StationSeen& seen) { return seen.IsWanted; });
     return text.Ended();
 }
 

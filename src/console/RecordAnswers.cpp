@@ -4,6 +4,8 @@
 #include "console/Query.h"
 #include "ledger/LedgerJson.h"
 #include "ledger/LedgerReading.h"
+#include "ledger/LedgerRecent.h"
+#include <QDateTime>
 
 namespace vantrel::console {
 
@@ -12,6 +14,9 @@ namespace {
 /// A list that is longer ends, in bytes. A record may be of any length, and the whole list is in
 /// memory.
 constexpr qsizetype LongestList = 4 * 1024 * 1024;
+/// How long somebody is asked to settle a record, and how many are told at once.
+constexpr std::chrono::milliseconds UnsettledFor = std::chrono::hours(24 * 7);
+constexpr qlonglong MostUnsettled = 50;
 
 } // namespace
 
@@ -27,6 +32,20 @@ Answer ListRecords(ConsoleStore& store, const Request& request, const PathNumber
         // Another program may have removed it meanwhile.
         if (auto entry = FindEntry(store.Database(), number, LedgerBytes::Without))
             list.Add(LedgerEntryJson(isBrief ? Brief(*std::move(entry)) : *entry));
+    }
+    list.End();
+    return JsonAnswer(json);
+}
+
+Answer ListUnsettled(ConsoleStore& store, const Request& /*request*/,
+                     const PathNumbers& /*numbers*/)
+{
+    const qint64 since = QDateTime::currentMSecsSinceEpoch() - UnsettledFor.count();
+    QByteArray json;
+    LedgerJsonList list("records", [&json](const QByteArray& part) { json += part; });
+    for (const qlonglong number : UnsettledEntries(store.Database(), since, MostUnsettled)) {
+        if (auto entry = FindEntry(store.Database(), number, LedgerBytes::Without))
+            list.Add(LedgerEntryJson(Brief(*std::move(entry))));
     }
     list.End();
     return JsonAnswer(json);

@@ -11,6 +11,10 @@ namespace vantrel::console {
 /// record's values is told.
 Answer ListRecords(ConsoleStore& store, const Request& request, const PathNumbers& numbers);
 
+/// The beginning of the newest records that failed or are doubtful and were not printed again
+/// since: of the last seven days, at most fifty.
+Answer ListUnsettled(ConsoleStore& store, const Request& request, const PathNumbers& numbers);
+
 /// One record with its bytes and framing.
 Answer ShowRecord(ConsoleStore& store, const Request& request, const PathNumbers& numbers);
 

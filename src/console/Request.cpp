@@ -144,8 +144,8 @@ bool Request::IsFromOwnPage() const
 
 bool Request::HasJson() const
 {
-    const QByteArray type = ContentType.left(ContentType.indexOf(';')).trimmed().toLower();
-    return type == "application/json";
+    // Parameters may follow, such as the character set.
+    return ContentType.split(';').constFirst().trimmed().toLower() == "application/json";
 }
 
 } // namespace vantrel::console

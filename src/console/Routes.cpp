@@ -20,6 +20,7 @@ constexpr Route Table[] = {
     {"GET", "api/v1/records/#/cards/#.png", Need::Token, ShowCard},
     {"POST", "api/v1/records/#/reprint", Need::Change, ReprintRecord},
     {"POST", "api/v1/records/#/void", Need::Change, VoidRecord},
+    {"GET", "api/v1/unsettled", Need::Token, ListUnsettled},
     {"GET", "api/v1/counts", Need::Token, ListCounts},
     {"GET", "api/v1/layouts", Need::Token, ListLayouts},
 };

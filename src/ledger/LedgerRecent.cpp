@@ -1,5 +1,7 @@
 #include "ledger/LedgerRecent.h"
 #include "store/StoreDatabase.h"
+#include <algorithm>
+#include <functional>
 
 namespace vantrel {
 
@@ -20,6 +22,32 @@ std::vector<LedgerProgress> RecentProgress(StoreDatabase& database, qlonglong fr
                  row.Value(Cards).toLongLong(), row.Value(Changed).toLongLong()});
         });
     return recent;
+}
+
+std::vector<qlonglong> UnsettledEntries(StoreDatabase& database, qint64 since, qlonglong atMost)
+{
+    // Numbers rise with the time, and a search by state and number is one by its index.
+    std::optional<qlonglong> from;
+    database.Select(QStringLiteral("SELECT ID FROM LedgerEntries WHERE Received >= ? "
+                                   "ORDER BY Received LIMIT 1"),
+                    {since}, [&](const StoreStatement& row) { from = row.Value(0).toLongLong(); });
+    std::vector<qlonglong> unsettled;
+    if (!from)
+        return unsettled;
+    for (const LedgerState state : {LedgerState::Failed, LedgerState::Doubtful}) {
+        // Whatever is printed again, the reprint names the entry that was printed first.
+        database.Select(
+            QStringLiteral("SELECT e.ID FROM LedgerEntries e WHERE e.State = ? AND e.ID >= ? "
+                           "AND NOT EXISTS (SELECT 1 FROM LedgerEntries r WHERE "
+                           "r.ReprintOf = COALESCE(e.ReprintOf, e.ID) AND r.ID > e.ID) "
+                           "ORDER BY e.ID DESC LIMIT ?"),
+            {NameOf(state), *from, atMost},
+            [&](const StoreStatement& row) { unsettled.push_back(row.Value(0).toLongLong()); });
+    }
+    std::sort(unsettled.begin(), unsettled.end(), std::greater<>());
+    if (std::ssize(unsettled) > atMost)
+        unsettled.resize(static_cast<std::size_t>(atMost));
+    return unsettled;
 }
 
 } // namespace vantrel

@@ -24,4 +24,9 @@ struct LedgerProgress
 std::vector<LedgerProgress> RecentProgress(StoreDatabase& database, qlonglong from,
                                            qlonglong atMost);
 
+/// The numbers of entries that need a person: they failed or are doubtful, came since a time, and
+/// were not printed again since. Newest first, at most so many. Fails like `StoreDatabase`.
+/// @param since  milliseconds since 1970, UTC
+std::vector<qlonglong> UnsettledEntries(StoreDatabase& database, qint64 since, qlonglong atMost);
+
 } // namespace vantrel

@@ -76,6 +76,16 @@ class Station:
             host.shutdown(socket.SHUT_WR)
             host.recv(1000)
 
+    def lose_place(self):
+        """From now on a card has no place to go: where its folder was, there is a file."""
+        printed = self.folder / "Printed"
+        printed.rename(self.folder / "Printed before")
+        printed.write_text("")
+
+    def find_place(self):
+        (self.folder / "Printed").unlink()
+        (self.folder / "Printed before").rename(self.folder / "Printed")
+
     def end(self):
         for process in self.running:
             process.send_signal(signal.SIGTERM)

@@ -148,6 +148,28 @@ class Console(unittest.TestCase):
         self.told("#records", "again ")
         await_that(lambda: self.all("#records tbody tr")[0].text.count("printed") == 1, "the reprint is printed")
 
+    def test_a_card_that_failed_comes_first_until_it_is_printed_again(self):
+        self.log_in()
+        self.station.lose_place()
+        self.station.send("Christine Darden", "40066666", "Gold")
+        self.station.find_place()
+        self.told("#unsettled-list", "Christine Darden")
+        self.told("#title-unsettled", "1 record needs you")
+        item = self.shown("#unsettled-list li")
+        self.assertIn("failed", item.text)
+        # Its reason is told in words.
+        self.assertRegex(item.find_element(By.CSS_SELECTOR, ".why").text, r"· [A-Z].{15,}")
+        item.find_element(By.CSS_SELECTOR, "button.main").click()
+        self.shown("#ask-yes").click()
+        self.told("#unsettled-told", "is printed again as record")
+        self.told("#title-unsettled", "Nothing failed that was not printed again")
+        self.assertEqual(self.all("#unsettled-list li"), [])
+        self.told("#cards li", "printed")
+        self.told("#cards li", "Christine Darden")
+        self.go("history")
+        self.go("now")
+        await_that(lambda: not self.find("#unsettled").is_displayed(), "what is settled is gone")
+
     def test_a_record_is_declared_void(self):
         self.log_in()
         self.station.send("Annie Easley", "40011111", "Gold")
@@ -258,6 +280,9 @@ class Console(unittest.TestCase):
             self.assertEqual(told, [])
 
         self.station.send("Ada Lovelace", "40012345", "Gold")
+        self.station.lose_place()
+        self.station.send("Failing Card", "40012346", "Gold")
+        self.station.find_place()
         for width, dark in ((1280, False), (1280, True), (320, False)):
             set_screen(self.browser, width, 900, dark)
             self.browser.delete_all_cookies()
@@ -266,6 +291,7 @@ class Console(unittest.TestCase):
             findings(f"log in, {width}, dark: {dark}")
             self.log_in()
             self.told("#cards", "Ada Lovelace")
+            self.told("#unsettled", "Failing Card")
             for view in VIEWS:
                 self.go(view)
                 if view == "history":

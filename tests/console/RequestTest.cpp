@@ -119,6 +119,21 @@ TEST(ConsoleRequest, OfAnotherPageIsToldByItsOrigin)
     EXPECT_TRUE(request.IsFromOwnPage());
 }
 
+TEST(ConsoleRequest, HasJsonIfItsTypeSaysSo)
+{
+    Request request;
+    for (const char* type : {"application/json", "application/json; charset=utf-8",
+                             "Application/JSON", " application/json "}) {
+        request.ContentType = type;
+        EXPECT_TRUE(request.HasJson()) << type;
+    }
+    for (const char* type : {"", ";", "text/plain", "text/plain; application/json",
+                             "application/jsonp", "application/x-www-form-urlencoded"}) {
+        request.ContentType = type;
+        EXPECT_FALSE(request.HasJson()) << type;
+    }
+}
+
 TEST(ConsoleRoute, TakesWholeNumbersFromOneOn)
 {
     const QLatin1StringView pattern("api/v1/records/#/cards/#.png");

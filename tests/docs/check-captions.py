@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Every text that the documents put into double quotes stands in the program: a caption that changes
-there is not left behind here."""
+"""Every text that the documents put into double quotes stands in the program or in its page for the
+browser: a caption that changes there is not left behind here."""
+import html
 import pathlib
 import re
 import sys
@@ -14,7 +15,10 @@ def sources_of(root):
     files = sorted(path for path in (root / "src").rglob("*") if path.suffix in (".cpp", ".h"))
     code = "\n".join(path.read_text(encoding="utf-8") for path in files)
     code = re.sub(r"^\s*//.*$", "", code, flags=re.M)
-    return re.sub(r'"\s*\n\s*u?"', "", code).replace('\\"', '"').replace("&", "")
+    code = re.sub(r'"\s*\n\s*u?"', "", code).replace('\\"', '"').replace("&", "")
+    page = root / "src/console/page"
+    return "\n".join([code, html.unescape((page / "page.html").read_text(encoding="utf-8")),
+                      (page / "page.js").read_text(encoding="utf-8")])
 
 
 def captions_of(page):

@@ -1,4 +1,5 @@
 #include "road/ConsoleProcess.h"
+#include "support/NotifySocket.h"
 #include <QFile>
 #include <csignal>
 
@@ -110,6 +111,23 @@ TEST_F(ConsoleCall, EndsInOrderWhenItIsTold)
     half.Send("GET /api/v1/records HTTP/1.1\r\nHost:");
     EXPECT_EQ(Get("/healthz").Status, 503);
     Console->SendSignal(SIGTERM);
+    EXPECT_EQ(Console->ExitCode(), 0);
+}
+
+TEST_F(ConsoleCall, OfAServiceManagerTellsThatItServesLivesAndEnds)
+{
+    NotifySocket manager;
+    Console = std::make_unique<ConsoleProcess>(
+        Folder.path(), QStringList(),
+        QMap<QString, QString>{{QStringLiteral("NOTIFY_SOCKET"), manager.Path()},
+                               {QStringLiteral("WATCHDOG_USEC"), QStringLiteral("100000")}});
+    ASSERT_TRUE(manager.WaitUntilTold("READY=1"));
+    EXPECT_TRUE(manager.Told().contains(
+        "STATUS=Serves http://127.0.0.1:" + QByteArray::number(Port()) + '/'));
+    EXPECT_TRUE(manager.WaitUntilTold("WATCHDOG=1", 2));
+    EXPECT_FALSE(manager.Told().contains("STOPPING=1"));
+    Console->SendSignal(SIGTERM);
+    EXPECT_TRUE(manager.WaitUntilTold("STOPPING=1"));
     EXPECT_EQ(Console->ExitCode(), 0);
 }
 

@@ -99,6 +99,32 @@ TEST_F(ConsoleGuard, ALoginIsACookieThatNoScriptAndNoOtherPageGets)
     EXPECT_FALSE(cookie.contains(Token()));
 }
 
+TEST_F(ConsoleGuard, ALoginBelongsToTheConsoleOfOnePort)
+{
+    const QByteArray host = "127.0.0.1:" + QByteArray::number(Port());
+    const HttpAnswer answer =
+        Ask(Port(), "POST", "/login", {{"Content-Type", "application/json"}, {"Host", host}},
+            "{\"token\": \"" + Token() + "\"}");
+    const QByteArray header = answer.Header("set-cookie");
+    const QByteArray cookie = header.left(header.indexOf(';'));
+    EXPECT_TRUE(cookie.startsWith("vantrel-" + QByteArray::number(Port()) + '='))
+        << cookie.toStdString();
+    EXPECT_EQ(Ask(Port(), "GET", "/api/v1/records", {{"Cookie", cookie}, {"Host", host}}).Status,
+              200);
+    EXPECT_EQ(
+        Ask(Port(), "GET", "/api/v1/records", {{"Cookie", cookie}, {"Host", "127.0.0.1:1"}}).Status,
+        401);
+}
+
+TEST_F(ConsoleGuard, ALogoutOfAnotherPageIsRefused)
+{
+    HttpHeaders login = LogIn();
+    login["Origin"] = "http://evil.example";
+    EXPECT_EQ(Ask(Port(), "POST", "/logout", login).Status, 403);
+    login.erase("Origin");
+    EXPECT_EQ(Ask(Port(), "GET", "/api/v1/records", login).Status, 200);
+}
+
 TEST_F(ConsoleGuard, ALoginFromAnotherPageIsRefused)
 {
     const QByteArray body = "{\"token\": \"" + Token() + "\"}";

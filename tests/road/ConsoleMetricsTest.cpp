@@ -153,6 +153,8 @@ TEST_F(ConsoleMetrics, TellWhichStationsRun)
     Start();
     ExpectFigure("vantrel_station_up|machine=there,station=1|1");
     ExpectFigure("vantrel_station_up|machine=there,station=2|0");
+    ExpectFigure("vantrel_station_wanted|machine=there,station=1|1");
+    ExpectFigure("vantrel_station_wanted|machine=there,station=2|0");
 }
 
 } // namespace

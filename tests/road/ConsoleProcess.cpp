@@ -11,8 +11,13 @@ namespace {
 constexpr int LimitMs = 60'000;
 } // namespace
 
-ConsoleProcess::ConsoleProcess(const QString& programFolder, const QStringList& options)
+ConsoleProcess::ConsoleProcess(const QString& programFolder, const QStringList& options,
+                               const QMap<QString, QString>& environment)
 {
+    QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+    for (auto variable = environment.cbegin(); variable != environment.cend(); ++variable)
+        all.insert(variable.key(), variable.value());
+    m_process.setProcessEnvironment(all);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     QStringList arguments{programFolder};
     if (!options.contains(QStringLiteral("--listen")))

@@ -16,7 +16,9 @@ class ConsoleProcess
 {
 public:
     /// Starts it and waits until it listens, on a free port of this machine.
-    explicit ConsoleProcess(const QString& programFolder, const QStringList& options = {});
+    /// @param environment  variables besides those of this process
+    explicit ConsoleProcess(const QString& programFolder, const QStringList& options = {},
+                            const QMap<QString, QString>& environment = {});
     ~ConsoleProcess();
     ConsoleProcess(const ConsoleProcess&) = delete;
     ConsoleProcess& operator=(const ConsoleProcess&) = delete;

@@ -105,6 +105,39 @@ TEST_F(ConsoleRecords, OfAnyLengthAreListedAndTheMemoryComesBack)
     EXPECT_LT(Console->MemoryMiB(), before + 40);
 }
 
+TEST_F(ConsoleRecords, ThatNeedAPersonAreToldUntilTheyAreSettled)
+{
+    const auto add = [this](LedgerState state, std::optional<qlonglong> reprintOf = {},
+                            qint64 age = 0) {
+        LedgerEntry entry = PrintedEntry({QStringLiteral("Ada")});
+        entry.State = state;
+        entry.ReprintOf = reprintOf;
+        entry.Received = QDateTime::currentMSecsSinceEpoch() - age;
+        AddLedgerEntry(Database(), entry);
+    };
+    constexpr qint64 eightDays = 8LL * 24 * 60 * 60 * 1000;
+    add(LedgerState::Failed, {}, eightDays);
+    add(LedgerState::Printed);
+    add(LedgerState::Doubtful);
+    add(LedgerState::Failed);
+    Start();
+    const auto unsettled = [this] {
+        Ids ids;
+        const QJsonArray records = Get("/api/v1/unsettled").Json()[u"records"].toArray();
+        for (const auto& record : records)
+            ids.push_back(record[u"id"].toInt());
+        return ids;
+    };
+    EXPECT_EQ(unsettled(), Ids({4, 3}));
+    // The reprint of one has failed, too, and now that is to be printed again.
+    add(LedgerState::Failed, 4);
+    EXPECT_EQ(unsettled(), Ids({5, 3}));
+    add(LedgerState::Received, 4);
+    EXPECT_EQ(unsettled(), Ids({3}));
+    EXPECT_EQ(Ask(Port(), "POST", "/api/v1/records/3/void", Bearer()).Status, 200);
+    EXPECT_EQ(unsettled(), Ids());
+}
+
 TEST_F(ConsoleRecords, HeadTellsTheLengthAlone)
 {
     AddPrinted("Ada");

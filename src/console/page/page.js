@@ -34,6 +34,15 @@ function clear(element) {
   return element;
 }
 
+/** Gives a list these items. What is in it already stays where it is, with its focus. */
+function arrange(list, items) {
+  const kept = new Set(items);
+  for (const item of [...list.children]) if (!kept.has(item)) item.remove();
+  items.forEach((item, place) => {
+    if (list.children[place] !== item) list.insertBefore(item, list.children[place] ?? null);
+  });
+}
+
 const twoDigits = (number) => String(number).padStart(2, "0");
 
 /** The machine's own day of a time, as a date field has it. */
@@ -183,6 +192,9 @@ function showView(takesFocus = false) {
   const title = byId(`title-${present}`);
   document.title = `${title.textContent} – Vantrel Console`;
   if (takesFocus) title.focus();
+  // What became of the last one is told until another page is looked at.
+  byId("unsettled-told").textContent = "";
+  if (present === "now") loadUnsettled();
   if (present === "send") loadLayouts();
   if (present === "counts") loadCounts();
 }
@@ -207,6 +219,7 @@ function follow() {
     tellLive(true);
     loadStations();
     loadNewest();
+    loadUnsettled();
     search();
   });
   events.addEventListener("error", () => {
@@ -220,6 +233,7 @@ function follow() {
   events.addEventListener("records", (event) => takeRecords(JSON.parse(event.data).records));
   events.addEventListener("more", () => {
     loadNewest();
+    loadUnsettledSoon();
     search();
   });
   events.addEventListener("stations", (event) => showStations(JSON.parse(event.data).stations));
@@ -234,6 +248,7 @@ function takeRecords(records) {
     for (const record of records) replaceRow(record);
     searchSoon();
   }
+  loadUnsettledSoon();
   if (shownRecord !== null && records.some((record) => record.id === shownRecord)) loadDetails(shownRecord);
 }
 
@@ -269,6 +284,66 @@ function showStations(stations) {
     );
   }
   if (stations.length === 0) list.append(make("li", {}, "No station has run here yet."));
+}
+
+async function loadUnsettled() {
+  try {
+    showUnsettled((await ask("api/v1/unsettled")).records);
+  } catch (problem) {
+    if (!(problem instanceof Refused)) throw problem;
+  }
+}
+
+let unsettledSoon = null;
+function loadUnsettledSoon() {
+  unsettledSoon ??= setTimeout(() => {
+    unsettledSoon = null;
+    loadUnsettled();
+  }, 200);
+}
+
+function reasonOf(record) {
+  return record.reason || record.cards.map((card) => card.reason).find((reason) => reason) || Warnings[record.state] || "";
+}
+
+function makeUnsettled(record) {
+  const open = make("button", { type: "button", class: "link" }, `Record ${record.id}`);
+  open.addEventListener("click", () => openDetails(record.id));
+  const again = make("button", { type: "button", class: "main", "aria-label": `Print record ${record.id} again …` }, "Print again …");
+  again.disabled = record.values === null;
+  again.addEventListener("click", () => {
+    const told = byId("unsettled-told");
+    attempt(again, told, async () => {
+      const added = await printAgain(record.id, record.state);
+      if (added !== null) told.textContent = toldOfReprint(record.id, added);
+    });
+  });
+  return make(
+    "li",
+    { "data-id": record.id },
+    make("div", { class: "told" },
+      make("p", {}, open, " ", stateMark(record.state), " ", make("span", { class: "who" }, valuesText(record))),
+      make("p", { class: "why" }, [timeText(record.received), record.layout, reasonOf(record)].filter((text) => text).join(" · "))),
+    again,
+  );
+}
+
+function unsettledTitle(count) {
+  if (count === 0) return "Nothing failed that was not printed again";
+  return count === 1 ? "1 record needs you" : `${count} records need you`;
+}
+
+/** Shows what needs a person, and what became of it just now. */
+function showUnsettled(records) {
+  const list = byId("unsettled-list");
+  const present = new Map([...list.children].map((item) => [item.dataset.id, item]));
+  const items = records.map((record) => present.get(String(record.id)) ?? makeUnsettled(record));
+  const hadFocus = list.contains(document.activeElement);
+  arrange(list, items);
+  byId("title-unsettled").textContent = unsettledTitle(items.length);
+  byId("unsettled").classList.toggle("settled", items.length === 0);
+  byId("unsettled").hidden = items.length === 0 && byId("unsettled-told").textContent === "";
+  if (hadFocus && !list.contains(document.activeElement)) (list.querySelector(".main") ?? byId("title-unsettled")).focus();
 }
 
 async function loadNewest() {
@@ -316,11 +391,7 @@ function showCards() {
     item.querySelector(".when").textContent = `${timeText(record.received)}, ${card.layout}`;
     return item;
   });
-  const kept = new Set(items);
-  for (const item of [...list.children]) if (!kept.has(item)) item.remove();
-  items.forEach((item, place) => {
-    if (list.children[place] !== item) list.insertBefore(item, list.children[place] ?? null);
-  });
+  arrange(list, items);
   byId("no-cards").hidden = items.length > 0;
 }
 
@@ -581,14 +652,18 @@ async function printAgain(id, state) {
   }
 }
 
+function toldOfReprint(id, added) {
+  const changed = added.layout_changed ? " Its layout was changed since; the card is printed as it was then." : "";
+  return `Record ${id} is printed again as record ${added.id}.${changed}`;
+}
+
 byId("reprint").addEventListener("click", (event) => {
   const id = shownRecord;
   const told = byId("details-told");
   attempt(event.currentTarget, told, async () => {
     const added = await printAgain(id, byId("details").dataset.state);
     if (added === null) return;
-    const changed = added.layout_changed ? " Its layout was changed since; the card is printed as it was then." : "";
-    told.textContent = `Record ${id} is printed again as record ${added.id}.${changed}`;
+    told.textContent = toldOfReprint(id, added);
   });
 });
 

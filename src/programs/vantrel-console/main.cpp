@@ -4,6 +4,7 @@
 #include "base/HarmlessText.h"
 #include "console/Console.h"
 #include "programs/vantrel/StopSignals.h"
+#include "service/ServiceManager.h"
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -33,6 +34,13 @@ void RaiseFileLimit()
         return;
     limit.rlim_cur = std::min(limit.rlim_max, wanted);
     ::setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+/// Lets the stations of the machine go first.
+void StepBack()
+{
+    constexpr int niceness = 5;
+    ::setpriority(PRIO_PROCESS, 0, niceness);
 }
 
 QByteArray ContentsOf(const QString& path)
@@ -65,14 +73,19 @@ int Serve(const ConsoleOptions& options)
         terms.Certificate = ContentsOf(options.Certificate);
         terms.Key = ContentsOf(options.Key);
     }
+    ServiceManager manager;
     const Console console(folder, terms);
     std::printf("The console is at %s\nIts token is in %s\n",
                 qPrintable(AddressOf(terms, console.Port())),
                 qPrintable(QDir(folder).filePath(QLatin1StringView(TokenFileName))));
     std::fflush(stdout);
     const StopSignals signals;
-    QObject::connect(&signals, &StopSignals::Asked, QCoreApplication::instance(),
-                     &QCoreApplication::quit);
+    QObject::connect(&signals, &StopSignals::Asked, &manager, [&manager] {
+        manager.TellEnding();
+        QCoreApplication::quit();
+    });
+    manager.TellStatus(QStringLiteral("Serves %1").arg(AddressOf(terms, console.Port())));
+    manager.TellReady();
     return QCoreApplication::exec();
 }
 
@@ -100,6 +113,7 @@ int main(int argc, char** argv)
 {
     vantrel::KeepNewFilesFromOthers();
     vantrel::console::RaiseFileLimit();
+    vantrel::console::StepBack();
     std::signal(SIGPIPE, SIG_IGN);
     return vantrel::console::Main(argc, argv);
 }
