@@ -3,23 +3,18 @@
 
 namespace vantrel::console {
 
-namespace {
-constexpr qsizetype MostValues = 20;
-constexpr qsizetype LongestText = 200;
-constexpr std::size_t MostCards = 20;
-constexpr qsizetype MostNumbers = 20;
-} // namespace
-
-LedgerEntry Brief(LedgerEntry entry)
+LedgerEntry Brief(LedgerEntry entry, const BriefTerms& most)
 {
-    entry.Values = entry.Values.first(std::min(entry.Values.size(), MostValues));
+    entry.Values = entry.Values.first(std::min(entry.Values.size(), most.Values));
     for (QString& value : entry.Values)
-        value.truncate(LongestText);
-    entry.Reason.truncate(LongestText);
-    if (entry.Cards.size() > MostCards)
-        entry.Cards.resize(MostCards);
-    for (LedgerCard& card : entry.Cards)
-        card.Numbers = card.Numbers.first(std::min(card.Numbers.size(), MostNumbers));
+        value.truncate(most.Text);
+    entry.Reason.truncate(most.Text);
+    if (entry.Cards.size() > most.Cards)
+        entry.Cards.resize(most.Cards);
+    for (LedgerCard& card : entry.Cards) {
+        card.Numbers = card.Numbers.first(std::min(card.Numbers.size(), most.Numbers));
+        card.Reason.truncate(most.Text);
+    }
     return entry;
 }
 

@@ -18,12 +18,17 @@ constexpr qsizetype LongestList = 4 * 1024 * 1024;
 constexpr std::chrono::milliseconds UnsettledFor = std::chrono::hours(24 * 7);
 constexpr qlonglong MostUnsettled = 50;
 
+bool WantsBrief(const Request& request)
+{
+    return request.To.Query.value(QStringLiteral("brief")) == u"1";
+}
+
 } // namespace
 
 Answer ListRecords(ConsoleStore& store, const Request& request, const PathNumbers& /*numbers*/)
 {
     const LedgerFilter filter = FilterOf(request.To.Query);
-    const bool isBrief = request.To.Query.value(QStringLiteral("brief")) == u"1";
+    const bool isBrief = WantsBrief(request);
     QByteArray json;
     LedgerJsonList list("records", [&json](const QByteArray& part) { json += part; });
     for (const qlonglong number : EntryNumbers(store.Database(), filter)) {
@@ -51,11 +56,15 @@ Answer ListUnsettled(ConsoleStore& store, const Request& /*request*/,
     return JsonAnswer(json);
 }
 
-Answer ShowRecord(ConsoleStore& store, const Request& /*request*/, const PathNumbers& numbers)
+Answer ShowRecord(ConsoleStore& store, const Request& request, const PathNumbers& numbers)
 {
-    const auto entry = FindEntry(store.Database(), numbers.at(0));
+    const bool isBrief = WantsBrief(request);
+    auto entry = FindEntry(store.Database(), numbers.at(0),
+                           isBrief ? LedgerBytes::Without : LedgerBytes::With);
     if (!entry)
         return Refusal(404, QStringLiteral("The ledger has no entry %1.").arg(numbers.at(0)));
+    if (isBrief)
+        return JsonAnswer(LedgerEntryJson(Brief(*std::move(entry), BriefButReadable)) + '\n');
     return JsonAnswer(LedgerWholeEntryJson(*entry) + '\n');
 }
 

@@ -15,7 +15,8 @@ Answer ListRecords(ConsoleStore& store, const Request& request, const PathNumber
 /// since: of the last seven days, at most fifty.
 Answer ListUnsettled(ConsoleStore& store, const Request& request, const PathNumbers& numbers);
 
-/// One record with its bytes and framing.
+/// One record with its bytes and framing; with "brief=1" without them and with as much of it as a
+/// person reads.
 Answer ShowRecord(ConsoleStore& store, const Request& request, const PathNumbers& numbers);
 
 } // namespace vantrel::console

@@ -138,6 +138,19 @@ TEST_F(ConsoleRecords, ThatNeedAPersonAreToldUntilTheyAreSettled)
     EXPECT_EQ(unsettled(), Ids());
 }
 
+TEST_F(ConsoleRecords, OneOfAnyLengthIsShownWholeOrAsMuchOfItAsIsRead)
+{
+    LedgerEntry entry = PrintedEntry(QStringList(2000, QString(5000, QLatin1Char('x'))));
+    AddLedgerEntry(Database(), entry);
+    Start();
+    EXPECT_EQ(Get("/api/v1/records/1").Json()[u"values"].toArray().size(), 2000);
+    const QJsonObject brief = Get("/api/v1/records/1?brief=1").Json();
+    EXPECT_EQ(brief[u"values"].toArray().size(), 500);
+    EXPECT_EQ(brief[u"values"].toArray()[0].toString().size(), 1000);
+    EXPECT_EQ(brief[u"value_count"].toInt(), 2000);
+    EXPECT_FALSE(brief.contains(u"raw"));
+}
+
 TEST_F(ConsoleRecords, HeadTellsTheLengthAlone)
 {
     AddPrinted("Ada");

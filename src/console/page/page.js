@@ -100,8 +100,8 @@ async function ask(path, body) {
   } catch {
     throw new Refused(0, { error: "The console cannot be reached." });
   }
-  const text = await response.text();
-  const answer = text === "" ? {} : JSON.parse(text);
+  // A refusal that is none of the console's own may be of any kind.
+  const answer = await response.json().catch(() => ({}));
   if (response.ok) return answer;
   if (response.status === 401 && path !== "login") askForLogin();
   throw new Refused(response.status, answer);
@@ -574,8 +574,9 @@ function detailsOf(record, parts) {
     ]),
     make("h3", {}, "Values"),
     hasValues
-      ? make("ol", { class: "values" }, ...record.values.slice(0, 500).map((value) => make("li", {}, visible(value.slice(0, 1000)))))
+      ? make("ol", { class: "values" }, ...record.values.map((value) => make("li", {}, visible(value))))
       : make("p", { class: "note" }, record.values === null ? "The values were not kept." : "None."),
+    hasValues && record.value_count > record.values.length ? make("p", { class: "note" }, `And ${record.value_count - record.values.length} more.`) : "",
     ...(parts.length > 0 ? rawView(parts) : []),
     make("h3", {}, "Cards"),
     record.cards.length > 0
@@ -585,7 +586,7 @@ function detailsOf(record, parts) {
 }
 
 async function loadDetails(id) {
-  const [record, { parts }] = await Promise.all([ask(`api/v1/records/${id}`), ask(`api/v1/records/${id}/parts`)]);
+  const [record, { parts }] = await Promise.all([ask(`api/v1/records/${id}?brief=1`), ask(`api/v1/records/${id}/parts`)]);
   if (shownRecord !== id) return;
   byId("details-title").textContent = `Record ${id}`;
   clear(byId("details-body")).append(...detailsOf(record, parts));
