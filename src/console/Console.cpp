@@ -42,7 +42,6 @@ Console::Console(const QString& programFolder, const ListenTerms& terms)
 {
     connect(&m_count, &QTimer::timeout, this, [this] { CountSoFar(); });
     m_count.start(CountInterval);
-    CountSoFar();
 }
 
 void Console::CountSoFar()

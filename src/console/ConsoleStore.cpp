@@ -14,6 +14,8 @@ ConsoleStore::ConsoleStore(const QString& programFolder) : m_folder(programFolde
     if (!options.ImagesFrom.isEmpty())
         m_usual.Folder = QDir(programFolder).filePath(options.ImagesFrom);
     m_encoding = options.Encoding;
+    // Whatever comes from now on is counted.
+    m_metrics.Look(Database());
 }
 
 } // namespace vantrel::console

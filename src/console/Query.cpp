@@ -1,5 +1,5 @@
 #include "console/Query.h"
-#include <QDateTime>
+#include "base/TimeText.h"
 #include <algorithm>
 
 namespace vantrel::console {
@@ -60,12 +60,10 @@ private:
         const QString text = m_query.value(name);
         if (text.isEmpty())
             return std::nullopt;
-        if (const QDate date = QDate::fromString(text, Qt::ISODate); date.isValid())
-            return date.startOfDay().toMSecsSinceEpoch();
-        const QDateTime time = QDateTime::fromString(text, Qt::ISODateWithMs);
-        if (!time.isValid())
+        const auto time = ReadTimeText(text);
+        if (!time)
             RefuseValue(name, QStringLiteral("a date, or a date and time"));
-        return time.toMSecsSinceEpoch();
+        return time;
     }
 
     const QMap<QString, QString>& m_query;

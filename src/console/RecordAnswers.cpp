@@ -5,6 +5,7 @@
 #include "ledger/LedgerJson.h"
 #include "ledger/LedgerReading.h"
 #include "ledger/LedgerRecent.h"
+#include "ledger/LedgerTending.h"
 #include <QDateTime>
 
 namespace vantrel::console {
@@ -21,6 +22,16 @@ constexpr qlonglong MostUnsettled = 50;
 bool WantsBrief(const Request& request)
 {
     return request.To.Query.value(QStringLiteral("brief")) == u"1";
+}
+
+/// An entry as a person reads it, and by which entry it was printed again.
+QByteArray ForPage(StoreDatabase& database, LedgerEntry entry)
+{
+    const auto reprint = FindReprint(database, entry.Id);
+    QByteArray json = LedgerEntryJson(Brief(std::move(entry), BriefButReadable));
+    json.chop(1);
+    return json + ", \"reprinted_as\": " + (reprint ? QByteArray::number(*reprint) : "null") +
+           "}\n";
 }
 
 } // namespace
@@ -64,7 +75,7 @@ Answer ShowRecord(ConsoleStore& store, const Request& request, const PathNumbers
     if (!entry)
         return Refusal(404, QStringLiteral("The ledger has no entry %1.").arg(numbers.at(0)));
     if (isBrief)
-        return JsonAnswer(LedgerEntryJson(Brief(*std::move(entry), BriefButReadable)) + '\n');
+        return JsonAnswer(ForPage(store.Database(), *std::move(entry)));
     return JsonAnswer(LedgerWholeEntryJson(*entry) + '\n');
 }
 

@@ -22,9 +22,7 @@ def main(programs, folder, every=""):
     try:
         for record in RECORDS[:-1]:
             station.send(*record)
-        station.lose_place()
-        station.send(*RECORDS[-1])
-        station.find_place()
+        station.send_in_vain(*RECORDS[-1])
         browser = open_browser()
         try:
             take_pictures(browser, station, pathlib.Path(folder), every == "--all")

@@ -1,4 +1,5 @@
 """A station with the demo's layouts, its console, and a browser that looks at it."""
+import json
 import os
 import pathlib
 import re
@@ -76,15 +77,22 @@ class Station:
             host.shutdown(socket.SHUT_WR)
             host.recv(1000)
 
-    def lose_place(self):
-        """From now on a card has no place to go: where its folder was, there is a file."""
-        printed = self.folder / "Printed"
-        printed.rename(self.folder / "Printed before")
-        printed.write_text("")
+    def state_of(self, text):
+        """The state of the newest record that holds a text, empty where there is none."""
+        listed = subprocess.run([self.programs / "vantrel-admin", "ledger", "list", self.folder, "--json", "--text", text],
+                                check=True, capture_output=True).stdout
+        entries = json.loads(listed)["entries"]
+        return entries[0]["state"] if entries else ""
 
-    def find_place(self):
-        (self.folder / "Printed").unlink()
-        (self.folder / "Printed before").rename(self.folder / "Printed")
+    def send_in_vain(self, *values):
+        """Sends a record whose card has no place to go: where its folder was, there is a file."""
+        printed, aside = self.folder / "Printed", self.folder / "Printed before"
+        printed.rename(aside)
+        printed.write_text("")
+        self.send(*values)
+        await_that(lambda: self.state_of(values[0]) == "failed", "the card fails")
+        printed.unlink()
+        aside.rename(printed)
 
     def end(self):
         for process in self.running:

@@ -107,8 +107,8 @@ TEST_F(ConsoleGuard, ALoginBelongsToTheConsoleOfOnePort)
             "{\"token\": \"" + Token() + "\"}");
     const QByteArray header = answer.Header("set-cookie");
     const QByteArray cookie = header.left(header.indexOf(';'));
-    EXPECT_TRUE(cookie.startsWith("vantrel-" + QByteArray::number(Port()) + '='))
-        << cookie.toStdString();
+    const QByteArray name = "vantrel-" + QByteArray::number(Port()) + '=';
+    EXPECT_TRUE(cookie.startsWith(name)) << cookie.toStdString();
     EXPECT_EQ(Ask(Port(), "GET", "/api/v1/records", {{"Cookie", cookie}, {"Host", host}}).Status,
               200);
     EXPECT_EQ(

@@ -149,6 +149,11 @@ TEST_F(ConsoleRecords, OneOfAnyLengthIsShownWholeOrAsMuchOfItAsIsRead)
     EXPECT_EQ(brief[u"values"].toArray()[0].toString().size(), 1000);
     EXPECT_EQ(brief[u"value_count"].toInt(), 2000);
     EXPECT_FALSE(brief.contains(u"raw"));
+    EXPECT_TRUE(brief[u"reprinted_as"].isNull());
+    LedgerEntry reprint = PrintedEntry({QStringLiteral("Ada")});
+    reprint.ReprintOf = 1;
+    AddLedgerEntry(Database(), reprint);
+    EXPECT_EQ(Get("/api/v1/records/1?brief=1").Json()[u"reprinted_as"].toInt(), 2);
 }
 
 TEST_F(ConsoleRecords, HeadTellsTheLengthAlone)

@@ -1,7 +1,9 @@
+#include "base/Profile.h"
 #include "ledger/LedgerStations.h"
 #include "road/ConsoleProcess.h"
 #include "road/LedgerFolder.h"
 #include "road/StationProcess.h"
+#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/Host.h"
 #include <QImage>
@@ -85,7 +87,8 @@ TEST_F(ConsoleStation, ACardIsShownAsItWasPrinted)
     ASSERT_EQ(card.Status, 200) << card.Body.toStdString();
     EXPECT_EQ(card.Header("content-type"), "image/png");
     const QImage picture = QImage::fromData(card.Body, "PNG");
-    EXPECT_EQ(picture.size(), QSize(648, 408));
+    // The card lies upright, 2.125 by 3.375 inches.
+    EXPECT_EQ(picture.size(), QSize(408, 648));
     QRgb darkest = qRgb(255, 255, 255);
     for (int y = 0; y < picture.height(); ++y)
         for (int x = 0; x < picture.width(); ++x)
@@ -108,7 +111,7 @@ TEST_F(ConsoleStation, TheRecordIsShownWithWhatFramingMadeOfIt)
     EXPECT_EQ(told.last(), QStringLiteral("end >"));
 }
 
-TEST_F(ConsoleStation, AStationThatRunsIsWellAndOneThatIsKilledIsMissed)
+TEST_F(ConsoleStation, AStationThatRunsIsWellAndOneThatHasEndedIsMissedWhereItShouldRun)
 {
     EXPECT_TRUE(EventsUntil([this] { return Get("/healthz").Status == 200; }));
     const auto stations = [this] { return Get("/api/v1/stations").Json()[u"stations"].toArray(); };
@@ -118,8 +121,12 @@ TEST_F(ConsoleStation, AStationThatRunsIsWellAndOneThatIsKilledIsMissed)
     EXPECT_FALSE(stations()[0][u"printer"].toString().isEmpty());
     Station->SendSignal(SIGTERM);
     ASSERT_EQ(Station->ExitCode(), 0);
-    // It has said so itself, and the status file wants it to run.
+    // It has said so itself, and nobody wants it to run.
     EXPECT_EQ(stations()[0][u"state"].toString(), QStringLiteral("ended"));
+    EXPECT_EQ(Get("/healthz").Status, 200);
+    ASSERT_TRUE(WriteProfileValue(SessionStatusPath(Folder.Session.ProgramFolder),
+                                  QStringLiteral("Session 1"), QStringLiteral("Active"),
+                                  QStringLiteral("True")));
     EXPECT_EQ(Get("/healthz").Status, 503);
 }
 

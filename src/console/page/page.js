@@ -314,7 +314,7 @@ function makeUnsettled(record) {
   again.addEventListener("click", () => {
     const told = byId("unsettled-told");
     attempt(again, told, async () => {
-      const added = await printAgain(record.id, record.state);
+      const added = await printAgain(record.id);
       if (added !== null) told.textContent = toldOfReprint(record.id, added);
     });
   });
@@ -641,16 +641,14 @@ const Warnings = {
   void: "It was declared void.",
 };
 
-async function printAgain(id, state) {
-  const warning = Warnings[state] ?? "";
-  if (!(await confirmed(`Print record ${id} again?`, `${warning}\nThe card shows the numbers of the first print.`.trim(), "Print again"))) return null;
-  try {
-    return await ask(`api/v1/records/${id}/reprint`, {});
-  } catch (problem) {
-    if (!(problem instanceof Refused) || problem.answer.reprinted_as === undefined) throw problem;
-    if (!(await confirmed(`Print record ${id} once more?`, problem.message, "Print once more"))) return null;
-    return ask(`api/v1/records/${id}/reprint`, { again: true });
-  }
+/** Asks whether a record is to be printed again, and has it done. */
+async function printAgain(id) {
+  const { state, reprinted_as: reprint } = await ask(`api/v1/records/${id}?brief=1`);
+  const before = reprint === null ? Warnings[state] : `It was printed again as record ${reprint} already.`;
+  const text = `${before ?? ""}\nThe card shows the numbers of the first print.`.trim();
+  const [title, yes] = reprint === null ? [`Print record ${id} again?`, "Print again"] : [`Print record ${id} once more?`, "Print once more"];
+  if (!(await confirmed(title, text, yes))) return null;
+  return ask(`api/v1/records/${id}/reprint`, { again: reprint !== null });
 }
 
 function toldOfReprint(id, added) {
@@ -662,7 +660,7 @@ byId("reprint").addEventListener("click", (event) => {
   const id = shownRecord;
   const told = byId("details-told");
   attempt(event.currentTarget, told, async () => {
-    const added = await printAgain(id, byId("details").dataset.state);
+    const added = await printAgain(id);
     if (added === null) return;
     told.textContent = toldOfReprint(id, added);
   });

@@ -1,4 +1,5 @@
 #include "LedgerOptions.h"
+#include "base/TimeText.h"
 #include <QDateTime>
 #include <QRegularExpression>
 
@@ -24,12 +25,10 @@ qint64 TimeOf(const QString& text, const char* name)
         const qint64 length = unit == u"d" ? day : unit == u"h" ? hour : minute;
         return QDateTime::currentMSecsSinceEpoch() - match.captured(1).toLongLong() * length;
     }
-    if (const QDate date = QDate::fromString(text, Qt::ISODate); date.isValid())
-        return date.startOfDay().toMSecsSinceEpoch();
-    const QDateTime time = QDateTime::fromString(text, Qt::ISODateWithMs);
-    if (!time.isValid())
+    const auto time = ReadTimeText(text);
+    if (!time)
         RefuseValue(name, text, "a time such as 2026-11-21, 2026-11-21T14:03 or 7d");
-    return time.toMSecsSinceEpoch();
+    return *time;
 }
 
 std::optional<qint64> TimeOption(const Words& words, const Option& option)
