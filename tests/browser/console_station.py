@@ -77,20 +77,22 @@ class Station:
             host.shutdown(socket.SHUT_WR)
             host.recv(1000)
 
-    def state_of(self, text):
-        """The state of the newest record that holds a text, empty where there is none."""
+    def states(self, text=""):
+        """The states of the records that hold a text, newest first."""
         listed = subprocess.run([self.programs / "vantrel-admin", "ledger", "list", self.folder, "--json", "--text", text],
                                 check=True, capture_output=True).stdout
-        entries = json.loads(listed)["entries"]
-        return entries[0]["state"] if entries else ""
+        return [entry["state"] for entry in json.loads(listed)["entries"]]
 
     def send_in_vain(self, *values):
         """Sends a record whose card has no place to go: where its folder was, there is a file."""
+        await_that(lambda: not {"received", "printing"} & set(self.states()), "what came before is printed")
         printed, aside = self.folder / "Printed", self.folder / "Printed before"
+        # The first card makes it.
+        printed.mkdir(exist_ok=True)
         printed.rename(aside)
         printed.write_text("")
         self.send(*values)
-        await_that(lambda: self.state_of(values[0]) == "failed", "the card fails")
+        await_that(lambda: "failed" in self.states(values[0]), "the card fails")
         printed.unlink()
         aside.rename(printed)
 

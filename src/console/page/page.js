@@ -309,7 +309,7 @@ function reasonOf(record) {
 function makeUnsettled(record) {
   const open = make("button", { type: "button", class: "link" }, `Record ${record.id}`);
   open.addEventListener("click", () => openDetails(record.id));
-  const again = make("button", { type: "button", class: "main", "aria-label": `Print record ${record.id} again …` }, "Print again …");
+  const again = make("button", { type: "button", class: "main", "aria-label": `Print again … record ${record.id}` }, "Print again …");
   again.disabled = record.values === null;
   again.addEventListener("click", () => {
     const told = byId("unsettled-told");
