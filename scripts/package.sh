@@ -6,5 +6,5 @@ cd "$(dirname "$0")/.."
 
 install_packages "${BUILD_PACKAGES[@]}" "${PACKAGE_PACKAGES[@]}"
 cmake --preset release -DVANTREL_PACKAGE=ON
-cmake --build --preset release --target vantrel vantrel-admin vantrel-print vantrel_icons vantrel_manual
+cmake --build --preset release --target vantrel vantrel-admin vantrel-console vantrel-print vantrel_icons vantrel_manual
 (cd build/release && cpack)
