@@ -1,6 +1,8 @@
 #include "BehindSurface.h"
 #include "station/layout/LoadLayout.h"
 #include "station/layout/SaveLayout.h"
+#include "station/layout/SetNumber.h"
+#include "support/FailureOf.h"
 #include "support/WarningGuard.h"
 
 // Automatic numbers of cards that print behind the surface: none is given twice, whatever the
@@ -145,6 +147,42 @@ TEST_F(NumbersBehindSurface, AreStoredWithASaveWhereTheStoreRefusedThemBefore)
     SavePage(Session);
     EXPECT_EQ(StoredNumbers(Session, Name), QStringList(QStringLiteral("1001")));
     EXPECT_EQ(TakeNumber(), QStringLiteral("1002"));
+}
+
+TEST_F(NumbersBehindSurface, ANumberThatWasGivenAndNotStoredIsNotSetAgainWithoutAQuestion)
+{
+    const CardObject& second = AddNumber(Session, 50);
+    SavePage(Session);
+    Refuse();
+    EXPECT_EQ(TakeNumber(), QStringLiteral("1001"));
+    EXPECT_EQ(TakeNumber(), QStringLiteral("1002"));
+    // What the store refuses is not set, and nothing is forgotten.
+    EXPECT_NE(FailureOf([&] { SetNextNumber(Session, Number(), 3000, false); }), 0);
+    EXPECT_EQ(TakeNumber(), QStringLiteral("1003"));
+    Mend();
+    EXPECT_EQ(LastNumber(Session, Number()), 1003);
+    EXPECT_FALSE(SetNextNumber(Session, Number(), 1003, false));
+    EXPECT_TRUE(SetNextNumber(Session, Number(), 1004, false));
+    Move();
+    SavePage(Session);
+    EXPECT_EQ(TakeNumber(), QStringLiteral("1004"));
+    // The number beside it goes on behind what it has given.
+    EXPECT_EQ(second.DataField, QStringLiteral("54"));
+    EXPECT_EQ(StoredNumbers(Session, Name),
+              (QStringList{QStringLiteral("1004"), QStringLiteral("54")}));
+}
+
+TEST_F(NumbersBehindSurface, ALowerNumberThatIsSetIsNotRaisedByWhatWasGivenBefore)
+{
+    Refuse();
+    EXPECT_EQ(TakeNumber(), QStringLiteral("1001"));
+    Mend();
+    EXPECT_TRUE(SetNextNumber(Session, Number(), 500, true));
+    EXPECT_EQ(TakeNumber(), QStringLiteral("500"));
+    Move();
+    SavePage(Session);
+    EXPECT_EQ(TakeNumber(), QStringLiteral("501"));
+    EXPECT_EQ(StoredNumbers(Session, Name), QStringList(QStringLiteral("501")));
 }
 
 TEST_F(NumbersBehindSurface, ASaveThatFailsStaysOnTheSurfaceAndRecordsPrintWhatIsStored)
