@@ -17,6 +17,7 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include <QScopeGuard>
+#include <algorithm>
 
 namespace vantrel {
 
@@ -108,6 +109,18 @@ void SetAside(Session& session)
     });
 }
 
+void TellEmptyPage(Operator& stationOperator)
+{
+    stationOperator.ShowAppMessage(QStringLiteral("You must have at least one object on a page!"),
+                                   QStringLiteral("No objects found"), AppMessageButtons::OkOnly);
+}
+
+bool IsEmptyPage(const CardDocument& document)
+{
+    return std::ranges::none_of(document.Objects(),
+                                [](const auto& object) { return object->IsContent(); });
+}
+
 /// A page that was saved without objects no longer exists, so the previous page is shown.
 void LeaveEmptyPage(Session& session)
 {
@@ -115,8 +128,7 @@ void LeaveEmptyPage(Session& session)
     params.PageIndex = static_cast<std::int16_t>(params.PageIndex - 1);
     LoadLayout(session, session.CurrentLayoutName);
     RefreshData(session.Face, session.CurrentLayoutName, session.CurrentParams);
-    session.Operator.ShowAppMessage(QStringLiteral("You must have at least one object on a page!"),
-                                    QStringLiteral("No objects found"), AppMessageButtons::OkOnly);
+    TellEmptyPage(session.Operator);
 }
 
 /// The numbers of a document are in the store now.
@@ -147,6 +159,11 @@ bool SaveLayout(Session& session, SaveMessages messages)
 {
     if (session.CurrentLayoutName.isEmpty())
         return false;
+    // The page stays on the surface, and only a command that says so deletes what is stored of it.
+    if (session.Options.DesignTools && IsEmptyPage(session.Document)) {
+        TellEmptyPage(session.Operator);
+        return false;
+    }
     int counter = 0;
     try {
         counter = StorePage(session);

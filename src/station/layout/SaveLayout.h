@@ -9,8 +9,9 @@ struct LayoutPage;
 enum class SaveMessages { Shown, Silent };
 
 /// Saves the page in memory: its parameters, then all its objects, which replace the page's rows in
-/// one transaction. Shows a message box on failure, and for a page without objects. After a failure
-/// the page's rows in the file are unchanged.
+/// one transaction. Shows a message box on failure, and for a page without objects; with
+/// `Options.DesignTools` such a page stays as it is, on the surface and in the store. After a
+/// failure the page's rows in the file are unchanged.
 /// @return true if the rows were committed and at least one object was written
 bool SaveLayout(Session& session, SaveMessages messages);
 

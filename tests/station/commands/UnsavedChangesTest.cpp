@@ -145,5 +145,49 @@ TEST_F(UnsavedChanges, ANewLayoutPrintsItsRecordsOnceItIsSaved)
     }
 }
 
+TEST_F(UnsavedChanges, APageWithoutObjectsIsNotSavedAndStaysWhereItIs)
+{
+    const QString told =
+        QStringLiteral("No objects found|You must have at least one object on a page!");
+    Session.Document.RemoveContent();
+    NoteDesign(Session);
+    SaveCommand(Session);
+    EXPECT_EQ(Station.Operator.AppMessages, QStringList{told});
+    EXPECT_EQ(Session.CurrentLayoutName, QStringLiteral("Badge"));
+    EXPECT_EQ(Session.CurrentParams.PageIndex, 1);
+    EXPECT_TRUE(IsPageUnsaved(Session));
+    UndoDesign(Session);
+    EXPECT_EQ(Text().Caption(), QStringLiteral("One"));
+    OpenLayout(Session, QStringLiteral("Badge"));
+    NoteDesign(Session);
+    EXPECT_EQ(Text().Caption(), QStringLiteral("One"));
+    // Yes cannot be done here, so the page is not left either.
+    Session.Document.RemoveContent();
+    NoteDesign(Session);
+    Station.Operator.BoxAnswers = {BoxAnswer::Yes, BoxAnswer::No};
+    NextPage(Session);
+    EXPECT_EQ(Session.CurrentParams.PageIndex, 1);
+    NextPage(Session);
+    EXPECT_EQ(Session.CurrentParams.PageIndex, 2);
+    PreviousPage(Session);
+    EXPECT_EQ(Text().Caption(), QStringLiteral("One"));
+}
+
+TEST_F(UnsavedChanges, ANewLayoutThatIsSavedTooEarlyStaysOpen)
+{
+    WizardAnswers answers;
+    answers.LayoutName = QStringLiteral("Club");
+    BuildWizardLayout(Session, answers);
+    SaveCommand(Session);
+    ASSERT_FALSE(Station.Operator.AppMessages.isEmpty());
+    EXPECT_EQ(Session.CurrentLayoutName, QStringLiteral("Club"));
+    InsertText(Session);
+    SaveCommand(Session);
+    EXPECT_FALSE(IsPageUnsaved(Session));
+    OpenLayout(Session, QStringLiteral("Badge"));
+    OpenLayout(Session, QStringLiteral("Club"));
+    EXPECT_EQ(Text().Caption(), QStringLiteral("Static Text 1"));
+}
+
 } // namespace
 } // namespace vantrel::test
