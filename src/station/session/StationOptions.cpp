@@ -140,9 +140,10 @@ constexpr StationOptionRow Rows[] = {
         "A byte is a character of Windows code page 1252.", AtStart, nullptr, EncodingNames),
     Row<&StationOptions::DesignTools>(
         "DesignTools", "Cards", "Design tools", "False",
-        "takes steps of the designer back, copies, aligns and moves objects by keys, and asks before "
-        "unsaved changes are lost",
-        "The designer does none of this, and the menu \"Station\" is shown only where a ledger is kept.",
+        "takes steps of the designer back, copies, aligns and moves objects by keys, asks before "
+        "unsaved changes are lost, and prints records from the saved layout, behind the one on the screen",
+        "The designer does none of this, a record throws away what is not saved, and the menu \"Station\" is "
+        "shown only where a ledger is kept.",
         AtStart, "True"),
     Row<&StationOptions::Unit>(
         "LengthUnit", "Cards", "Unit of lengths", "mm",
