@@ -2,6 +2,7 @@
 #include "desktop/controls/DesktopUpDown.h"
 #include "desktop/controls/ScreenUnits.h"
 #include "desktop/dialogs/frmWizard.h"
+#include "drawing/PageCanvas.h"
 #include "station/layout/SaveLayout.h"
 #include "station/print/PrintCard.h"
 #include "support/Events.h"
@@ -23,7 +24,7 @@ namespace {
 class WizardWindow : public DesktopStation
 {
 public:
-    WizardWindow()
+    explicit WizardWindow(const StationOptions& options = {}) : DesktopStation(true, options)
     {
         Load();
         Choose("cmdWizard");
@@ -153,6 +154,18 @@ TEST(Wizard, TheSampleShowsTheFontAndBeginsWithTahoma)
     EXPECT_EQ(font.family(), QStringLiteral("DejaVu Sans"));
     EXPECT_DOUBLE_EQ(font.pointSizeF(), 18);
     EXPECT_TRUE(font.bold() && font.italic() && font.underline() && font.strikeOut());
+}
+
+TEST(Wizard, TheFontItBeginsWithIsInstalledWhereTheDesignToolsAreOn)
+{
+    StationOptions options;
+    options.DesignTools = true;
+    WizardWindow wizard(options);
+    wizard.AnswerUpTo(WizardStep::DefaultFont);
+    const auto& fonts = wizard.On<QComboBox>("lstFonts");
+    EXPECT_TRUE(PageCanvas::FontFamilies().contains(fonts.currentText()))
+        << fonts.currentText().toStdString();
+    EXPECT_EQ(wizard.On<QLabel>("lblFont").font().family(), fonts.currentText());
 }
 
 TEST(Wizard, AFontBeyondAllBoundsDoesNoHarm)

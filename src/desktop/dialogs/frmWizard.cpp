@@ -3,6 +3,7 @@
 #include "base/Skip.h"
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/controls/DesktopUpDown.h"
+#include "drawing/ShownFamily.h"
 #include "station/session/Session.h"
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -25,6 +26,18 @@ constexpr int ConditionsInterval = 50;
 constexpr double LiftTwips = 500;
 constexpr QSize FirstSize{520, 380};
 const QString FirstFont = QStringLiteral("Tahoma");
+
+/// The family that the wizard begins with. With the design tools it is what the machine shows for
+/// that family: a layout in a font that is not there would be found fault with by its check.
+QString FirstFamily(const StationOptions& options)
+{
+    if (!options.DesignTools)
+        return FirstFont;
+    Font first;
+    first.Name = FirstFont;
+    const QString shown = ShownFamily(first);
+    return shown.isEmpty() ? FirstFont : shown;
+}
 
 } // namespace
 
@@ -110,7 +123,7 @@ void frmWizard::Enter(WizardStep step)
     switch (step) {
     case WizardStep::DefaultFont:
         m_answers.LayoutName = m_name->text();
-        m_fonts->setCurrentText(FirstFont);
+        m_fonts->setCurrentText(FirstFamily(m_session.Options));
         UpdateSample();
         break;
     case WizardStep::Summary:
