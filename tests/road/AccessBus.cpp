@@ -22,6 +22,7 @@ constexpr int LimitMs = 20000;
 const QString Registry = QStringLiteral("org.a11y.atspi.Registry");
 const QString Root = QStringLiteral("/org/a11y/atspi/accessible/root");
 constexpr int ActiveBit = 1;
+constexpr int EnabledBit = 8;
 constexpr int ShowingBit = 25;
 constexpr qint64 FirstDisplay = 1000;
 constexpr qint64 Displays = 50000;
@@ -116,6 +117,11 @@ bool Seen::IsShowing() const
 bool Seen::IsActive() const
 {
     return Is(ActiveBit);
+}
+
+bool Seen::IsEnabled() const
+{
+    return Is(EnabledBit);
 }
 
 QList<Seen> Seen::Children() const
@@ -301,9 +307,40 @@ void AccessBus::Generate(const char* method, const QVariantList& arguments) cons
     EXPECT_EQ(answer.type(), QDBusMessage::ReplyMessage) << answer.errorMessage().toStdString();
 }
 
+void AccessBus::Mouse(QPoint point, const char* what) const
+{
+    Generate("GenerateMouseEvent", {point.x(), point.y(), QString(QLatin1StringView(what))});
+}
+
+void AccessBus::Click(QPoint point) const
+{
+    Mouse(point, "b1c");
+}
+
+void AccessBus::Drag(QPoint from, QPoint to) const
+{
+    Mouse(from, "b1p");
+    Mouse((from + to) / 2, "abs");
+    Mouse(to, "abs");
+    Mouse(to, "b1r");
+}
+
 void AccessBus::RightClick(QPoint point) const
 {
-    Generate("GenerateMouseEvent", {point.x(), point.y(), QStringLiteral("b3c")});
+    Mouse(point, "b3c");
+}
+
+void AccessBus::Type(const QString& text) const
+{
+    constexpr std::uint32_t letters = 4;
+    Generate("GenerateKeyboardEvent", {0, text, letters});
+}
+
+void AccessBus::PressEnter() const
+{
+    constexpr int enter = 36;
+    constexpr std::uint32_t pressAndRelease = 2;
+    Generate("GenerateKeyboardEvent", {enter, QString(), pressAndRelease});
 }
 
 void AccessBus::PressAltF4() const

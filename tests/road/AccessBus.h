@@ -26,6 +26,8 @@ public:
     bool IsShowing() const;
     /// Whether it is the window that has the keyboard.
     bool IsActive() const;
+    /// Whether it can be used.
+    bool IsEnabled() const;
     QList<Seen> Children() const;
     /// The name of the label that stands for it; empty where there is none.
     QString LabelName() const;
@@ -64,8 +66,15 @@ public:
     const QMap<QString, QString>& Environment() const { return m_environment; }
     /// The programs that are on the bus.
     QList<Seen> Programs() const;
-    /// Presses and releases the right button of the mouse there.
+    /// Presses and releases the left button of the mouse there.
+    void Click(QPoint point) const;
+    /// Moves the mouse from one place to the other with the left button held.
+    void Drag(QPoint from, QPoint to) const;
+    /// The same with the right one.
     void RightClick(QPoint point) const;
+    /// Types a text of ASCII characters.
+    void Type(const QString& text) const;
+    void PressEnter() const;
     /// Holds Alt and presses F4.
     void PressAltF4() const;
     /// Starts a window manager on the screen.
@@ -76,6 +85,7 @@ private:
     void StartSessionBus();
     /// Over the session's bus programs find the accessibility bus.
     void StartAccessBus();
+    void Mouse(QPoint point, const char* what) const;
     /// Calls the service that makes events of a mouse and a keyboard.
     void Generate(const char* method, const QVariantList& arguments) const;
     void Start(QProcess& process, const QString& program, const QStringList& arguments);

@@ -1,5 +1,5 @@
 #include "base/Profile.h"
-#include "road/AccessBus.h"
+#include "road/SeenWindows.h"
 #include "road/StationProcess.h"
 #include "station/session/Settings.h"
 #include "support/Events.h"
@@ -49,7 +49,7 @@ const QStringList ControlRoles = {
 class Accessibility : public ::testing::Test
 {
 protected:
-    Accessibility()
+    explicit Accessibility(bool designTools = false)
     {
         Folder.WithDatabase();
         BeginLayout(Folder.Session, QStringLiteral("Badge"));
@@ -61,47 +61,28 @@ protected:
         EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session.ProgramFolder),
                                       SessionSection(Folder.Session), QStringLiteral("LastLayout"),
                                       QStringLiteral("Badge")));
+        if (designTools) {
+            EXPECT_TRUE(WriteProfileValue(SettingsPath(Folder.Session.ProgramFolder),
+                                          QStringLiteral("Station"), QStringLiteral("DesignTools"),
+                                          QStringLiteral("True")));
+            // Keys go to the window that it gives the keyboard.
+            Bus.StartWindowManager();
+        }
         Station.emplace(Folder.Session.ProgramFolder,
                         StationStart{.Environment = Bus.Environment()});
         EXPECT_TRUE(EventsUntil([this] { return FindMain().has_value(); }))
             << Station->ErrorLines().join(QLatin1Char('\n')).toStdString();
     }
 
-    /// The visible window that fits.
-    template <typename Fits>
-    std::optional<Seen> Window(Fits fits) const
-    {
-        for (const Seen& program : Bus.Programs()) {
-            const QList<Seen> windows = program.Children();
-            for (const Seen& window : windows) {
-                if (fits(window) && window.IsShowing())
-                    return window;
-            }
-        }
-        return std::nullopt;
-    }
-    std::optional<Seen> FindMain() const
-    {
-        return Window([](const Seen& seen) { return seen.Role() == QStringLiteral("frame"); });
-    }
+    std::optional<Seen> FindMain() const { return Windows.Main(); }
     std::optional<Seen> FindDialog(const char* caption) const
     {
-        return Window([&](const Seen& seen) {
-            return seen.Role() == QStringLiteral("dialog") &&
-                   seen.Name() == QLatin1StringView(caption);
-        });
+        return Windows.Dialog(QLatin1StringView(caption));
     }
-    Seen MenuBar() const
-    {
-        return FindMain()
-            .value()
-            .Find([](const Seen& seen) { return seen.Role() == QStringLiteral("menu bar"); })
-            .value();
-    }
-    /// A menu of the bar, or a menu in another, opened.
+    Seen MenuBar() const { return Windows.MenuBar(); }
     static Seen Menu(const Seen& parent, const char* caption)
     {
-        return parent.Child(QLatin1StringView(caption)).Children().value(0, parent);
+        return SeenWindows::Menu(parent, caption);
     }
     Seen Entry(const DialogRow& row) const
     {
@@ -119,6 +100,7 @@ protected:
     }
 
     AccessBus Bus;
+    SeenWindows Windows{Bus};
     TestSession Folder{{QStringLiteral("Vantrel PDF")}};
     std::optional<StationProcess> Station;
 };
@@ -198,8 +180,8 @@ TEST_F(Accessibility, AQuestionIsAnsweredByAPress)
     Menu(Menu(MenuBar(), "File"), "Delete ...").Child(QStringLiteral("Delete Layout")).Press();
     std::optional<Seen> no;
     EXPECT_TRUE(EventsUntil([&] {
-        const auto box =
-            Window([](const Seen& seen) { return seen.Role() == QStringLiteral("dialog"); });
+        const auto box = Windows.Window(
+            [](const Seen& seen) { return seen.Role() == QStringLiteral("dialog"); });
         if (box)
             no = box->Find([](const Seen& seen) { return seen.Name() == QStringLiteral("No"); });
         return no.has_value();
@@ -207,7 +189,8 @@ TEST_F(Accessibility, AQuestionIsAnsweredByAPress)
     ASSERT_TRUE(no.has_value());
     no->Press();
     EXPECT_TRUE(EventsUntil([&] {
-        return !Window([](const Seen& seen) { return seen.Role() == QStringLiteral("dialog"); });
+        return !Windows.Window(
+            [](const Seen& seen) { return seen.Role() == QStringLiteral("dialog"); });
     }));
     EXPECT_TRUE(FindMain()->Name().contains(QStringLiteral("(Badge)")));
 }
@@ -231,6 +214,58 @@ TEST_F(Accessibility, EachObjectOfTheCardStandsBelowTheCard)
     // 900 twips are 60 pixels here.
     EXPECT_EQ(objects.at(2).Place().topLeft() - objects.at(1).Place().topLeft(), QPoint(0, 60));
     EXPECT_EQ(objects.at(1).Place().size(), QSize(100, 20));
+}
+
+/// The same with the design tools.
+class AccessibleDesigner : public Accessibility
+{
+protected:
+    AccessibleDesigner() : Accessibility(true) {}
+
+    std::optional<Seen> Named(const char* name) const
+    {
+        return FindMain()->Find(
+            [&](const Seen& seen) { return seen.Name() == QLatin1StringView(name); });
+    }
+    void ChooseTool(const char* entry) const { Windows.Choose({"Station", "Design Tools", entry}); }
+    QRect PlaceOf(const char* name) const
+    {
+        const auto found = Named(name);
+        return found ? found->Place() : QRect();
+    }
+};
+
+TEST_F(AccessibleDesigner, RulersZoomAndObjectsAreFoundWhereTheyAreShown)
+{
+    for (const char* name : {"Ruler Across", "Ruler Down", "Zoom", "Visitor"})
+        EXPECT_TRUE(Named(name).has_value()) << name;
+    for (int step = 0; step < 2; ++step)
+        Windows.Choose({"Station", "Design Tools", "Zoom", "Zoom In"});
+    // 1500 by 300 twips are 100 by 20 pixels in their size.
+    EXPECT_TRUE(EventsUntil([&] { return PlaceOf("Visitor").size() == QSize(150, 30); }));
+    EXPECT_EQ(PlaceOf("7").topLeft() - PlaceOf("Visitor").topLeft(), QPoint(0, 90));
+    EXPECT_TRUE(PlaceOf("Card").contains(PlaceOf("7")));
+    EXPECT_GT(ExpectNames(FindMain().value()), 75);
+}
+
+TEST_F(AccessibleDesigner, ATextThatIsEditedInPlaceIsAFieldWithANameWhereTheTextStands)
+{
+    const QRect place = PlaceOf("Visitor");
+    Bus.Click(place.center());
+    ChooseTool("Edit Text");
+    const auto field = [this] {
+        return FindMain()->Find([](const Seen& seen) {
+            return seen.Role() == QStringLiteral("text") && seen.Name() == QStringLiteral("Text") &&
+                   seen.IsShowing();
+        });
+    };
+    ASSERT_TRUE(EventsUntil([&] { return field().has_value(); }));
+    EXPECT_TRUE(field()->Place().contains(place));
+    ASSERT_TRUE(EventsUntil([&] { return FindMain()->IsActive(); }));
+    Bus.Type(QStringLiteral("guest"));
+    Bus.PressEnter();
+    EXPECT_TRUE(EventsUntil([&] { return PlaceOf("guest") == place; }));
+    EXPECT_FALSE(field().has_value());
 }
 
 TEST_F(Accessibility, ThePopUpMenusAreFoundWhileTheyAreOpen)
