@@ -119,6 +119,13 @@ QWidget& OpenPad(DesktopStation& station)
     return *pad;
 }
 
+/// The same where it shows the last record's value.
+QWidget& OpenPadTools(DesktopStation& station)
+{
+    station.Session.Options.DesignTools = true;
+    return OpenPad(station);
+}
+
 QWidget& OpenPrinters(DesktopStation& station)
 {
     OpenPrinterSelection(station.Session, &station.Window);
@@ -134,13 +141,6 @@ QWidget& OpenMessage(DesktopStation& station)
     return *box;
 }
 
-/// The window of macros where they are made in it.
-QWidget& OpenMacroTools(DesktopStation& station)
-{
-    station.Session.Options.DesignTools = true;
-    return Open<frmMacro>(station);
-}
-
 constexpr WindowRow Windows[] = {
     {"frmMain", OpenMain},
     {"frmAbout", Open<frmAbout>},
@@ -150,19 +150,22 @@ constexpr WindowRow Windows[] = {
     {"frmCommSettings", Open<frmCommSettings>},
     {"frmEncoding", Open<frmEncoding>},
     {"frmFilters", Open<frmFilters>},
+    {"frmFiltersTools", OpenTool<frmFilters>},
     {"frmForms", Open<frmForms>},
     {"frmGetLayout", Open<frmGetLayout>},
     {"frmHistory", OpenHistory},
     {"frmMacro", Open<frmMacro>},
-    {"frmMacroTools", OpenMacroTools},
+    {"frmMacroTools", OpenTool<frmMacro>},
     {"frmMessageOk", OpenMessage<AppMessageButtons::OkOnly>},
     {"frmMessageNoYes", OpenMessage<AppMessageButtons::NoYes>},
     {"frmMessageYesNo", OpenMessage<AppMessageButtons::YesNo>},
     {"frmObjects", OpenTool<frmObjects>},
     {"frmOptions", Open<frmOptions>},
     {"frmPad", OpenPad},
+    {"frmPadTools", OpenPadTools},
     {"frmPlace", OpenTool<frmPlace>},
     {"frmPreSuffix", Open<frmPreSuffix>},
+    {"frmPreSuffixTools", OpenTool<frmPreSuffix>},
     {"frmPrinters2", OpenPrinters},
     {"frmRawData", Open<frmRawData>},
     {"frmSendData", Open<frmSendData>},
