@@ -14,7 +14,8 @@ protected:
 
     static void NameStream(qulonglong device, qulonglong inode)
     {
-        qputenv("JOURNAL_STREAM", QByteArray::number(device) + ':' + QByteArray::number(inode));
+        qputenv("JOURNAL_STREAM",
+                QByteArray(QByteArray::number(device) + ':' + QByteArray::number(inode)));
     }
 };
 
