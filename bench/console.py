@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Measures the console: how soon its page is ready in a browser, and what those who look on cost a station.
 
     bench/console.py build/release/bin [--rounds 5] [--records 1000] [--viewers 100]
@@ -83,8 +83,9 @@ class Viewers:
             link.close()
 
 
-def compare(station_port, console_port, console, token, options):
+def compare(station_port, console_port, station, console, token, options):
     rates = {0: [], options.viewers: []}
+    station_cpu = {count: 0.0 for count in rates}
     console_cpu = 0.0
     received = 0
     print_records(station_port, options.records)
@@ -92,7 +93,9 @@ def compare(station_port, console_port, console, token, options):
         for count in sorted(rates, reverse=turn % 2 == 1):
             viewers = Viewers(console_port, token, count) if count else None
             before = cpu_seconds(console.pid)
+            station_before = cpu_seconds(station.pid)
             rates[count].append(print_records(station_port, options.records))
+            station_cpu[count] += cpu_seconds(station.pid) - station_before
             if viewers is not None:
                 console_cpu += cpu_seconds(console.pid) - before
                 viewers.end()
@@ -104,6 +107,8 @@ def compare(station_port, console_port, console, token, options):
               f"({', '.join(f'{rate:.0f}' for rate in found)})")
     print(f"ratio: {statistics.median(rates[options.viewers]) / statistics.median(rates[0]):.3f}")
     records = options.rounds * options.records
+    for count, spent in station_cpu.items():
+        print(f"{count} viewers: {spent / records * 1000:.2f} ms of the station's processor time for a record")
     print(f"for a record {options.viewers} viewers: {console_cpu / records * 1000:.2f} ms of the console's processor time, "
           f"{received / records / options.viewers:.0f} bytes for each")
     print(f"resident memory of the console: {resident_mib(console.pid):.1f} MiB")
@@ -159,7 +164,7 @@ def main():
             address = re.search(r"http://\S+", console.stdout.readline().decode())[0]
             token = (folder / "Console.token").read_text().strip()
             urllib.request.urlopen(address).read()
-            compare(port, int(re.search(r":(\d+)/", address)[1]), console, token, options)
+            compare(port, int(re.search(r":(\d+)/", address)[1]), running[0], console, token, options)
             page_ready(address, token, 2 * options.rounds)
         finally:
             for process in reversed(running):

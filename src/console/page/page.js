@@ -231,12 +231,19 @@ function follow() {
     }
   });
   events.addEventListener("records", (event) => takeRecords(JSON.parse(event.data).records));
-  events.addEventListener("more", () => {
-    loadNewest();
-    loadUnsettledSoon();
-    search();
-  });
+  events.addEventListener("more", loadAllSoon);
   events.addEventListener("stations", (event) => showStations(JSON.parse(event.data).stations));
+}
+
+let allSoon = null;
+/** Where too many records come to be told, those who look on do not all ask at once and all the time. */
+function loadAllSoon() {
+  allSoon ??= setTimeout(() => {
+    allSoon = null;
+    loadNewest();
+    loadUnsettled();
+    search();
+  }, 1000 + 1000 * Math.random());
 }
 
 function takeRecords(records) {
@@ -619,10 +626,11 @@ byId("details").addEventListener("close", () => {
 });
 
 /** Asks a question whose default is No. */
-function confirmed(title, text, yes) {
+function confirmed(title, text, yes, isDangerous = false) {
   byId("ask-title").textContent = title;
   byId("ask-text").textContent = text;
   byId("ask-yes").textContent = yes;
+  byId("ask-yes").className = isDangerous ? "danger" : "main";
   const dialog = byId("ask");
   dialog.returnValue = "";
   dialog.showModal();
@@ -671,7 +679,7 @@ byId("void").addEventListener("click", (event) => {
   const told = byId("details-told");
   attempt(event.currentTarget, told, async () => {
     const waits = byId("details").dataset.state === "received" ? "It still waits to be printed and then never is.\n" : "";
-    if (!(await confirmed(`Declare record ${id} void?`, `${waits}This cannot be taken back.`, "Declare void"))) return;
+    if (!(await confirmed(`Declare record ${id} void?`, `${waits}This cannot be taken back.`, "Declare void", true))) return;
     await ask(`api/v1/records/${id}/void`, {});
     await loadDetails(id);
     told.textContent = `Record ${id} is void.`;
