@@ -123,7 +123,7 @@ void CardAccount::ExpectFiles(std::size_t atMostRead) const
     for (const auto& [id, entry] : m_entries) {
         ++place;
         for (const LedgerCard& card : entry.Cards) {
-            if (card.State != LedgerState::Printed)
+            if (card.State != LedgerState::Printed || card.Job)
                 continue;
             const QString path = QFileInfo(FolderOf(entry.Session) + card.File).absoluteFilePath();
             EXPECT_TRUE(unaccounted.remove(path)) << qPrintable(path) << " of " << id;

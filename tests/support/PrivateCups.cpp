@@ -297,14 +297,24 @@ void PrivateCups::Kill()
     m_server.waitForFinished();
 }
 
+int PrivateCups::CountOfPrinted() const
+{
+    const QDir printed(m_folder.filePath(QStringLiteral("printed")));
+    return static_cast<int>(printed.entryList({QStringLiteral("*.pdf")}, QDir::Files).size());
+}
+
+QString PrivateCups::DataOfJob(int job) const
+{
+    return m_folder.filePath(QStringLiteral("printed/%1.pdf").arg(job, 6, 10, QLatin1Char('0')));
+}
+
 QList<PrivateCups::PrintedJob> PrivateCups::WaitForJobs(int count) const
 {
     const QDir printed(m_folder.filePath(QStringLiteral("printed")));
     const QStringList pdfs{QStringLiteral("*.pdf")};
     QElapsedTimer waited;
     waited.start();
-    while (printed.entryList(pdfs, QDir::Files).size() < count &&
-           !waited.hasExpired(PatienceMilliseconds))
+    while (CountOfPrinted() < count && !waited.hasExpired(PatienceMilliseconds))
         QThread::msleep(PollMilliseconds);
     QList<PrintedJob> jobs;
     for (const QFileInfo& pdf : printed.entryInfoList(pdfs, QDir::Files, QDir::Name)) {

@@ -62,6 +62,10 @@ public:
     };
     /// Waits until that many jobs went through all queues. @return what there is, oldest first
     QList<PrintedJob> WaitForJobs(int count) const;
+    /// How many jobs went through all queues so far. Does not wait.
+    int CountOfPrinted() const;
+    /// The path of the data of a job that went through its queue.
+    QString DataOfJob(int job) const;
 
 private:
     bool Answers() const;

@@ -1,0 +1,346 @@
+#include "road/BurstHost.h"
+#include "road/CardAccount.h"
+#include "road/LedgerFolder.h"
+#include "road/StationProcess.h"
+#include "samples/FreshInstall.h"
+#include "support/Layouts.h"
+#include "support/PrivateCups.h"
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+#include <algorithm>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <random>
+#include <utility>
+#include <vector>
+
+// Very many records through two stations on one store, of which one prints files and the other one
+// jobs of a print server, while all of these are stopped, killed and started again.
+
+namespace vantrel::test {
+namespace {
+
+constexpr std::size_t MostCardsRead = 300;
+/// One record of so many goes to the print server, which is the slower one by far.
+constexpr std::size_t RecordsForOneJob = 20;
+/// Only ends a test that has failed.
+constexpr int LimitMs = 300'000;
+
+/// How many records go through; scripts/long.sh asks for more.
+std::size_t RecordCount()
+{
+    constexpr std::size_t shortRun = 1500;
+    const auto asked = qEnvironmentVariable("VANTREL_LONG_RECORDS").toULongLong();
+    return asked > 0 ? static_cast<std::size_t>(asked) : shortRun;
+}
+
+const QString Queue = QStringLiteral("Cards");
+
+/// A folder with a second layout, whose cards go to a queue of the print server.
+class LongFolder : public LedgerFolder
+{
+public:
+    LongFolder()
+    {
+        constexpr double firstOfQueue = 500'000'000;
+        Session.LayoutDb.Open(LayoutDatabasePath(Session.ProgramFolder));
+        BeginLayout(Session, QStringLiteral("Job"));
+        Session.CurrentParams.PrinterDevice = Queue;
+        AddField(Session, 1, {300, 300, 300, 2000});
+        AddField(Session, 2, {900, 300, 300, 2000});
+        AddNumber(Session, firstOfQueue, {1500, 300, 300, 2000});
+        SavePage(Session);
+        Session.LayoutDb.Close();
+    }
+    /// @return the port of the session that prints jobs
+    int WithQueue(std::uint8_t session)
+    {
+        const int port = WithCapture(session);
+        SetSetting("LastLayout", QStringLiteral("Job"));
+        return port;
+    }
+};
+
+/// A session, its host, and what the process takes of the machine while it lives.
+class LongSession
+{
+public:
+    LongSession(const StationFolder& folder, std::uint8_t session, int port, StationStart start,
+                unsigned seed)
+        : Host(port, QString(QChar(u'A' + session)), Connections, seed),
+          m_folder(folder.Session.ProgramFolder), m_port(port), m_start(std::move(start))
+    {
+        m_start.Arguments = {QString::number(session)};
+        Start();
+    }
+
+    void KillAndStart()
+    {
+        m_station->SendSignal(SIGKILL);
+        EXPECT_EQ(m_station->ExitCode(), -1);
+        Start();
+    }
+    /// Notes what the process takes. Once it has settled, it must not take more and more.
+    void Measure()
+    {
+        if (!Host.IsConnected())
+            return;
+        MemoryMiB = m_station->MemoryMiB();
+        Descriptors = m_station->OpenDescriptors();
+        if (!m_settled)
+            m_settled = {MemoryMiB, Descriptors};
+#ifdef __SANITIZE_ADDRESS__
+        // The sanitizer keeps freed memory.
+        constexpr int room = 512;
+#else
+        constexpr int room = 24;
+#endif
+        constexpr int moreFiles = 16;
+        EXPECT_LE(MemoryMiB, m_settled->first + room);
+        EXPECT_LE(Descriptors, m_settled->second + moreFiles);
+    }
+    /// @return its exit code
+    int End()
+    {
+        EXPECT_TRUE(m_station->WaitUntilItListens(m_port));
+        m_station->SendSignal(SIGTERM);
+        return m_station->ExitCode();
+    }
+
+    BurstHost Host;
+    int MemoryMiB = 0;
+    int Descriptors = 0;
+
+private:
+    static constexpr std::size_t Connections = 3;
+
+    void Start()
+    {
+        m_settled.reset();
+        m_station = std::make_unique<StationProcess>(m_folder, m_start);
+    }
+
+    QString m_folder;
+    int m_port;
+    StationStart m_start;
+    std::unique_ptr<StationProcess> m_station;
+    std::optional<std::pair<int, int>> m_settled;
+};
+
+class LongRun : public ::testing::Test
+{
+protected:
+    LongRun()
+    {
+        Cups.AddQueue(Queue);
+        StationStart withServer;
+        withServer.Environment.insert(QStringLiteral("CUPS_SERVER"), Cups.SocketPath());
+        const int filesPort = Folder.WithCapture(1);
+        const int jobsPort = Folder.WithQueue(2);
+        Files.emplace(Folder, 1, filesPort, StationStart{}, Seed);
+        Jobs.emplace(Folder, 2, jobsPort, withServer, Seed + 1);
+    }
+
+    std::size_t Answers() const
+    {
+        return Files->Host.Answers().size() + Jobs->Host.Answers().size();
+    }
+    bool GoOnUntil(const std::function<bool()>& holds)
+    {
+        QElapsedTimer still;
+        still.start();
+        while (!holds()) {
+            bool moved = Files->Host.GoOn();
+            if (m_ends || Jobs->Host.Answers().size() * RecordsForOneJob <= Answers())
+                moved |= Jobs->Host.GoOn();
+            if (moved)
+                still.start();
+            else
+                QThread::msleep(1);
+            if (still.elapsed() > LimitMs)
+                return false;
+        }
+        return true;
+    }
+    /// Lets records come for a while.
+    void GoOnFor(int milliseconds)
+    {
+        QElapsedTimer time;
+        time.start();
+        GoOnUntil([&] { return time.hasExpired(milliseconds); });
+    }
+
+    /// One of the troubles, in turn.
+    void Trouble(int turn)
+    {
+        constexpr int absence = 300;
+        switch (turn % 6) {
+        case 0:
+            Files->KillAndStart();
+            break;
+        case 1:
+            Cups.Pause(Queue);
+            break;
+        case 2:
+            Cups.Resume(Queue);
+            break;
+        case 3:
+            Jobs->KillAndStart();
+            break;
+        case 4:
+            Cups.Stop();
+            GoOnFor(absence);
+            Cups.Start();
+            break;
+        default:
+            Cups.Kill();
+            GoOnFor(absence);
+            Cups.Start();
+        }
+    }
+
+    /// Tells how far the run is and what it takes, and notes it.
+    void Tell()
+    {
+        const qint64 store = QFileInfo(LayoutDatabasePath(Folder.Session.ProgramFolder)).size();
+        m_storeSizes.emplace_back(Answers(), store);
+        std::cout << Answers() << " answered; " << Files->MemoryMiB << " and " << Jobs->MemoryMiB
+                  << " MiB, " << Files->Descriptors << " and " << Jobs->Descriptors
+                  << " descriptors, the store " << store / 1024 << " KiB" << std::endl;
+    }
+    /// The store grows by as much for a record at the end of the run as at its middle.
+    void ExpectSteadyStore() const
+    {
+        // The store's file grows in steps, which few records do not even out.
+        constexpr std::size_t fewRecords = 20'000;
+        if (Answers() < fewRecords)
+            return;
+        const auto perRecord = [&](std::size_t from, std::size_t to) {
+            const auto& [answersBefore, before] = m_storeSizes.at(from);
+            const auto& [answersAfter, after] = m_storeSizes.at(to);
+            return static_cast<double>(after - before) /
+                   static_cast<double>(answersAfter - answersBefore);
+        };
+        const std::size_t last = m_storeSizes.size() - 1;
+        EXPECT_LE(perRecord(last / 2, last), 1.2 * perRecord(0, last / 2));
+    }
+
+    /// Lets every record come to its end and every job through the server, and ends the stations.
+    void ComeToRest()
+    {
+        m_ends = true;
+        Files->Host.BeginNothingNew();
+        Jobs->Host.BeginNothingNew();
+        Cups.Resume(Queue);
+        ASSERT_TRUE(
+            GoOnUntil([&] { return Files->Host.IsAllAnswered() && Jobs->Host.IsAllAnswered(); }));
+        EXPECT_EQ(Files->End(), 0);
+        EXPECT_EQ(Jobs->End(), 0);
+    }
+
+    /// Every answer names the entry of its record. What was answered with OK has its job, whose
+    /// data show the record; what was answered with ERR has failed and has none.
+    void ExpectJobs(const CardAccount& account) const
+    {
+        std::size_t failed = 0;
+        const std::size_t readEvery =
+            std::max<std::size_t>(1, Jobs->Host.Answers().size() / MostCardsRead);
+        std::size_t place = 0;
+        for (const HostAnswer& answer : Jobs->Host.Answers()) {
+            const auto found = account.Entries().find(answer.Id);
+            ASSERT_NE(found, account.Entries().end()) << answer.Id;
+            const LedgerEntry& entry = found->second;
+            EXPECT_EQ(entry.Values.value(0), answer.Value) << answer.Id;
+            if (!answer.Ok) {
+                ++failed;
+                EXPECT_EQ(entry.State, LedgerState::Failed) << answer.Id;
+                continue;
+            }
+            EXPECT_TRUE(entry.State == LedgerState::Printed || entry.State == LedgerState::Done)
+                << answer.Id << ' ' << qPrintable(NameOf(entry.State));
+            ASSERT_EQ(entry.Cards.size(), 1U) << answer.Id;
+            ASSERT_TRUE(entry.Cards[0].Job) << answer.Id;
+            if (++place % readEvery == 0)
+                ExpectJobShows(entry);
+        }
+        std::cout << Jobs->Host.Answers().size() << " records for the print server, " << failed
+                  << " of them while it was away\n";
+    }
+    void ExpectJobShows(const LedgerEntry& entry) const
+    {
+        const QString number = entry.Cards[0].Numbers.value(0);
+        EXPECT_EQ(TextOfPdf(Cups.DataOfJob(*entry.Cards[0].Job)),
+                  (entry.Values + QStringList{number}).join(QLatin1Char(' ')))
+            << entry.Id;
+    }
+    /// The server prints each job that it was given once. Of a doubtful card it may have a job.
+    void ExpectAllJobsPrinted(const CardAccount& account) const
+    {
+        int given = 0;
+        int doubtful = 0;
+        for (const auto& [id, entry] : account.Entries()) {
+            for (const LedgerCard& card : entry.Cards) {
+                given += card.Job && card.State != LedgerState::Doubtful ? 1 : 0;
+                doubtful += card.Printer == Queue && card.State == LedgerState::Doubtful ? 1 : 0;
+            }
+        }
+        QElapsedTimer still;
+        still.start();
+        for (int printed = 0; printed < given && still.elapsed() < LimitMs;) {
+            QThread::msleep(10);
+            const int now = Cups.CountOfPrinted();
+            if (now > printed)
+                still.start();
+            printed = now;
+        }
+        EXPECT_GE(Cups.CountOfPrinted(), given);
+        EXPECT_LE(Cups.CountOfPrinted(), given + doubtful);
+    }
+
+    const unsigned Seed = std::random_device()();
+    PrivateCups Cups;
+    LongFolder Folder;
+    std::optional<LongSession> Files;
+    std::optional<LongSession> Jobs;
+
+private:
+    bool m_ends = false;
+    /// The size of the store's file in bytes, by the number of answers.
+    std::vector<std::pair<std::size_t, qint64>> m_storeSizes;
+};
+
+TEST_F(LongRun, CountsAsManyOutAsInWhateverStopsMeanwhile)
+{
+    const std::size_t records = RecordCount();
+    constexpr std::size_t troubles = 24;
+    SCOPED_TRACE(Seed);
+    for (std::size_t turn = 0; turn < troubles; ++turn) {
+        const std::size_t until = records * (turn + 1) / troubles;
+        ASSERT_TRUE(GoOnUntil([&] { return Answers() >= until; }));
+        Files->Measure();
+        Jobs->Measure();
+        Tell();
+        Trouble(static_cast<int>(turn));
+    }
+    ASSERT_NO_FATAL_FAILURE(ComeToRest());
+
+    const CardAccount account(Folder.Session.ProgramFolder, 1);
+    account.ExpectEnded();
+    account.ExpectRecordsOf(Files->Host);
+    account.ExpectRecordsOf(Jobs->Host);
+    account.ExpectAnswersOf(Files->Host);
+    ExpectAllJobsPrinted(account);
+    ExpectJobs(account);
+    account.ExpectFiles(MostCardsRead);
+    ExpectSteadyStore();
+    EXPECT_EQ(Folder.StoreIntegrity(), QStringLiteral("ok"));
+    std::cout << qPrintable(account.Summary()) << '\n';
+}
+
+} // namespace
+} // namespace vantrel::test
