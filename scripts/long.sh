@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sends the given number of records (1000000 by default) to two stations on one store that keep
 # account of every record. One prints files, the other one jobs of a print server. Both are killed
-# now and then, and the print server is paused, stopped and killed. As many cards must come out as
+# now and then, and the print server is paused and restarted. As many cards must come out as
 # records went in, with numbers that are all different; memory, descriptors and what a record takes
 # of the store must not grow. Needs about 10 KiB of disk for each record in the folder TMPDIR names.
 set -euo pipefail

@@ -141,6 +141,7 @@ void RecordLedger::SetValues(RecordRun& run, int count,
                              const QString& framing)
 {
     LedgerEntry& entry = run.Entry;
+    run.m_valuesKnown = true;
     entry.ValueCount = count;
     entry.HasValues = m_terms.KeepValues;
     if (!m_terms.On)
@@ -317,6 +318,8 @@ void RecordLedger::Write()
         if (!m_tablesMade)
             MakeTables(database);
         for (const RecordRunPtr& run : m_runs) {
+            if (!run->IsComplete())
+                continue;
             WriteEntry(database, *run);
             WriteCards(database, *run);
         }
@@ -332,7 +335,10 @@ void RecordLedger::Committed()
 {
     m_tablesMade = m_terms.On;
     m_trouble.clear();
-    const auto commit = [](RowState& row) { row = {.Stored = true, .Dirty = false}; };
+    const auto commit = [](RowState& row) {
+        if (row.Stored || row.Fresh)
+            row = {.Stored = true, .Dirty = false};
+    };
     for (const RecordRunPtr& run : m_runs) {
         commit(run->m_entryRow);
         std::for_each(run->m_cardRows.begin(), run->m_cardRows.end(), commit);
@@ -409,8 +415,9 @@ bool RecordLedger::HasChanges() const
 {
     const auto isDirty = [](const RowState& row) { return row.Dirty; };
     return m_terms.On && std::any_of(m_runs.begin(), m_runs.end(), [&](const RecordRunPtr& run) {
-               return isDirty(run->m_entryRow) ||
-                      std::any_of(run->m_cardRows.begin(), run->m_cardRows.end(), isDirty);
+               return run->IsComplete() &&
+                      (isDirty(run->m_entryRow) ||
+                       std::any_of(run->m_cardRows.begin(), run->m_cardRows.end(), isDirty));
            });
 }
 

@@ -46,7 +46,8 @@ public:
         m_outcome = std::move(listener);
     }
 
-    /// Takes a record onto its road.
+    /// Takes a record onto its road. It is written once its values are set or its first card is
+    /// begun.
     RecordRunPtr Begin(LedgerEntry entry);
     /// Takes an entry that is in the database onto its road.
     RecordRunPtr Resume(LedgerEntry entry);

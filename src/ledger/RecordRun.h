@@ -52,7 +52,14 @@ private:
 
     /// The state and reason that follow from the cards.
     void Judge();
+    /// Whether it may be written: before its values are known, an entry would be one without
+    /// values for ever.
+    bool IsComplete() const
+    {
+        return m_valuesKnown || m_wasInLedger || m_roadEnded || !m_cardRows.empty();
+    }
 
+    bool m_valuesKnown = false;
     bool m_wasInLedger = false;
     bool m_roadEnded = false;
     bool m_void = false;

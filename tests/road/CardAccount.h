@@ -24,9 +24,9 @@ public:
     /// Every answer names the entry of its record, whose card is a whole file with its value and
     /// number.
     void ExpectAnswersOf(const BurstHost& host) const;
-    /// Every printed card that is no job has a whole file of its own, every other file is the card of a doubtful
-    /// entry, and no number is on two files. Reads all files that are no printed card's, and at
-    /// most so many of the others.
+    /// Every printed card that is no job has a whole file of its own, every other file is the card
+    /// of a doubtful entry, and no number is on two files. Reads all files that are no printed
+    /// card's, and at most so many of the others.
     void ExpectFiles(std::size_t atMostRead) const;
 
     /// How many entries are in each state, for people.

@@ -20,7 +20,7 @@
 #include <vector>
 
 // Very many records through two stations on one store, of which one prints files and the other one
-// jobs of a print server, while all of these are stopped, killed and started again.
+// jobs of a print server, while the stations are killed and the server is paused and stopped.
 
 namespace vantrel::test {
 namespace {
@@ -179,7 +179,7 @@ protected:
     void Trouble(int turn)
     {
         constexpr int absence = 300;
-        switch (turn % 6) {
+        switch (turn % 5) {
         case 0:
             Files->KillAndStart();
             break;
@@ -192,13 +192,9 @@ protected:
         case 3:
             Jobs->KillAndStart();
             break;
-        case 4:
-            Cups.Stop();
-            GoOnFor(absence);
-            Cups.Start();
-            break;
         default:
-            Cups.Kill();
+            // Not killed: a server that is may lose jobs that it has taken a moment ago.
+            Cups.Stop();
             GoOnFor(absence);
             Cups.Start();
         }

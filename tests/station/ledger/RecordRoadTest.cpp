@@ -28,6 +28,18 @@ TEST_F(StationWithLedger, APrintedRecordIsAnEntryWithItsCard)
     EXPECT_THAT(Answers, testing::ElementsAre(QStringLiteral("OK 1 1")));
 }
 
+TEST_F(StationWithLedger, ARecordIsNotWrittenBeforeItsValuesAreKnown)
+{
+    Station.Operator.WhileEventsRun = {[this] {
+        // As when a job or a file of another record ends meanwhile.
+        WriteLedger(Session);
+        EXPECT_FALSE(FindEntry(Store(), 1));
+    }};
+    ASSERT_TRUE(Arrive("<Ada+Lovelace>"));
+    EXPECT_EQ(Entry(1).Values, QStringList({QStringLiteral("Ada"), QStringLiteral("Lovelace")}));
+    EXPECT_EQ(Entry(1).State, LedgerState::Printed);
+}
+
 TEST_F(StationWithLedger, EveryPageAndCopyIsACard)
 {
     BeginPage(Session, 2);
