@@ -16,6 +16,8 @@ constexpr qsizetype MostBytesKept = 16 * 1024 * 1024;
 constexpr std::chrono::minutes KeptFor{5};
 /// Twice a plastic card at 96 dots to the inch.
 constexpr QSize Room{648, 648};
+/// Little time is spent on making the file small: zlib's lowest level.
+constexpr int QuickQuality = 85;
 
 CardPictures::Drawn Without(const char* problem)
 {
@@ -27,7 +29,7 @@ QByteArray PngOf(const QImage& picture)
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, "PNG");
+    picture.save(&buffer, "PNG", QuickQuality);
     return png;
 }
 

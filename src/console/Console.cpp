@@ -33,9 +33,9 @@ Answer WrongMethod(const QByteArray& allowed)
 } // namespace
 
 Console::Console(const QString& programFolder, const ListenTerms& terms)
-    : m_store(programFolder),
+    : m_store(programFolder), m_pictureStore(programFolder),
       m_gate(Tokens(QDir(programFolder).filePath(QLatin1StringView(TokenFileName)))),
-      m_thread(m_store),
+      m_thread(m_store), m_pictureThread(m_pictureStore),
       m_server(terms,
                [this](const Request& request, HttpServer::Reply reply) { Handle(request, reply); }),
       m_events(m_thread)
@@ -124,9 +124,10 @@ void Console::Handle(const Request& request, const HttpServer::Reply& reply)
             Refuse(*refusal, reply);
             return;
         }
-        m_thread.Ask([handle = route.Handle, request,
-                      numbers](ConsoleStore& store) { return handle(store, request, numbers); },
-                     reply);
+        StoreThread& thread = route.Thread == Thread::Pictures ? m_pictureThread : m_thread;
+        thread.Ask([handle = route.Handle, request,
+                    numbers](ConsoleStore& store) { return handle(store, request, numbers); },
+                   reply);
         return;
     }
     reply(allowed.isEmpty() ? NotFound() : WrongMethod(allowed));

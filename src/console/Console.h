@@ -33,8 +33,10 @@ private:
     void Refuse(const Answer& refusal, const HttpServer::Reply& reply);
 
     ConsoleStore m_store;
+    ConsoleStore m_pictureStore;
     Gate m_gate;
     StoreThread m_thread;
+    StoreThread m_pictureThread;
     HttpServer m_server;
     EventFeed m_events;
     QTimer m_count;

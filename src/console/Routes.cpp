@@ -17,7 +17,7 @@ constexpr Route Table[] = {
     {"POST", "api/v1/records", Need::Change, AddRecord},
     {"GET", "api/v1/records/#", Need::Token, ShowRecord},
     {"GET", "api/v1/records/#/parts", Need::Token, ShowParts},
-    {"GET", "api/v1/records/#/cards/#.png", Need::Token, ShowCard},
+    {"GET", "api/v1/records/#/cards/#.png", Need::Token, ShowCard, Thread::Pictures},
     {"POST", "api/v1/records/#/reprint", Need::Change, ReprintRecord},
     {"POST", "api/v1/records/#/void", Need::Change, VoidRecord},
     {"GET", "api/v1/unsettled", Need::Token, ListUnsettled},

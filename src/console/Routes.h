@@ -12,6 +12,13 @@ class ConsoleStore;
 /// The numbers in a path, in their order.
 using PathNumbers = std::vector<qlonglong>;
 
+/// Which of the threads with a store answers a path.
+enum class Thread {
+    Store,
+    /// Drawing takes longer than everything else, and keeps nobody waiting but those who look on.
+    Pictures,
+};
+
 /// One path of the console.
 struct Route
 {
@@ -21,8 +28,9 @@ struct Route
     /// behind it.
     const char* Path;
     console::Need Need;
-    /// Answers in the thread of the store. May fail with `Failure` or throw `NotTaken`.
+    /// Answers in a thread with a store. May fail with `Failure` or throw `NotTaken`.
     Answer (*Handle)(ConsoleStore& store, const Request& request, const PathNumbers& numbers);
+    console::Thread Thread = Thread::Store;
 };
 
 /// All paths that the store answers.

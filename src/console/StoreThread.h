@@ -10,7 +10,7 @@ namespace vantrel::console {
 
 class ConsoleStore;
 
-/// The thread that reads and writes the ledger for the console, so that a long search keeps nobody
+/// A thread that reads and writes the ledger for the console, so that a long search keeps nobody
 /// else's connection waiting for a byte. Work is done in its order.
 class StoreThread : public QObject
 {

@@ -72,6 +72,10 @@ function valuesText(record) {
   return record.values === null ? `(${record.value_count} values, not kept)` : record.values.join(", ");
 }
 
+function short(text, most) {
+  return text.length > most ? `${text.slice(0, most)} …` : text;
+}
+
 function numbersOf(record) {
   return [...new Set(record.cards.flatMap((card) => card.numbers))].join(", ");
 }
@@ -651,9 +655,10 @@ const Warnings = {
 
 /** Asks whether a record is to be printed again, and has it done. */
 async function printAgain(id) {
-  const { state, reprinted_as: reprint } = await ask(`api/v1/records/${id}?brief=1`);
+  const record = await ask(`api/v1/records/${id}?brief=1`);
+  const { state, reprinted_as: reprint } = record;
   const before = reprint === null ? Warnings[state] : `It was printed again as record ${reprint} already.`;
-  const text = `${before ?? ""}\nThe card shows the numbers of the first print.`.trim();
+  const text = [short(valuesText(record), 120), before, "The card shows the numbers of the first print."].filter((line) => line).join("\n");
   const [title, yes] = reprint === null ? [`Print record ${id} again?`, "Print again"] : [`Print record ${id} once more?`, "Print once more"];
   if (!(await confirmed(title, text, yes))) return null;
   return ask(`api/v1/records/${id}/reprint`, { again: reprint !== null });
