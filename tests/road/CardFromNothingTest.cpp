@@ -204,6 +204,8 @@ TEST_F(CardFromNothing, IsDesignedWithWrongTurnsAndItsCodeIsReadFromTheCard)
 
     Windows.Choose({"File", "Save"});
     Windows.Answer(QStringLiteral("Document Saved."), QStringLiteral("Ok"));
+    EXPECT_EQ(Windows.Main()->Name(),
+              QStringLiteral(" Vantrel v6.0   (Club) printing to (Vantrel PDF)"));
     Windows.Choose({"Settings", "Enable Data Capture"});
     ASSERT_TRUE(Station->WaitUntilItListens(Port));
     SendRecord(Port, "<Ada Lovelace+https://lakeside.example/m/40012345>");

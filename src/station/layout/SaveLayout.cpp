@@ -12,6 +12,7 @@
 #include "station/layout/SaveStep.h"
 #include "station/layout/StoreStatements.h"
 #include "station/layout/StoredNumbers.h"
+#include "station/session/MainRuntime.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 #include "store/Connection.h"
@@ -140,6 +141,16 @@ void ForgetUnstored(Session& session, const CardDocument& document)
         session.UnstoredNumbers.erase(number->StoreKey);
 }
 
+/// A layout that was just made prints from now on, without being opened, and the caption says so.
+void CaptionSaved(Session& session)
+{
+    const auto captioned = [&](const QString& caption) {
+        return CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, caption);
+    };
+    if (!session.Face.Caption().endsWith(captioned({})))
+        session.Face.SetCaption(captioned(PlainCaption()));
+}
+
 void TellFailure(Operator& stationOperator, const Failure& failure)
 {
     stationOperator.MessageBox(failure.Text(), QString::number(failure.Number()),
@@ -178,6 +189,8 @@ bool SaveLayout(Session& session, SaveMessages messages)
     }
     ForgetUnstored(session, session.Document);
     NoteSaved(session);
+    if (session.Options.DesignTools)
+        CaptionSaved(session);
     if (messages == SaveMessages::Shown)
         ReportSaved(session);
     return true;

@@ -184,6 +184,8 @@ TEST_F(UnsavedChanges, ANewLayoutThatIsSavedTooEarlyStaysOpen)
     InsertText(Session);
     SaveCommand(Session);
     EXPECT_FALSE(IsPageUnsaved(Session));
+    // Its records print from now on.
+    EXPECT_TRUE(Session.Face.Caption().contains(QStringLiteral("(Club) printing to (")));
     OpenLayout(Session, QStringLiteral("Badge"));
     OpenLayout(Session, QStringLiteral("Club"));
     EXPECT_EQ(Text().Caption(), QStringLiteral("Static Text 1"));
