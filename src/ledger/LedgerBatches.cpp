@@ -27,7 +27,7 @@ std::vector<qlonglong> PrintingEntries(StoreDatabase& database, int session)
     database.Select(QStringLiteral("SELECT ID FROM LedgerEntries WHERE SessionNumber = ? AND "
                                    "State = ? ORDER BY ID LIMIT ?"),
                     {session, NameOf(LedgerState::Printing), EntriesAtATime},
-                    [&](const StoreStatement& row) { ids.push_back(row.Value(0).toLongLong()); });
+                    [&](const StoreRow& row) { ids.push_back(row.Value(0).toLongLong()); });
     return ids;
 }
 

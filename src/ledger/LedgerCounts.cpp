@@ -50,7 +50,7 @@ void CountDay(StoreDatabase& database, const Times& day, CountsByLayout& counts)
     database.Select(QStringLiteral("SELECT c.Layout, c.State, e.ReprintOf IS NOT NULL, COUNT(*) "
                                    "FROM LedgerEntries e JOIN LedgerCards c ON c.EntryID = e.ID "
                                    "WHERE e.Received >= ? AND e.Received < ? GROUP BY 1, 2, 3"),
-                    {day.First, day.End}, [&](const StoreStatement& row) {
+                    {day.First, day.End}, [&](const StoreRow& row) {
                         AddTo(counts[row.Value(Layout).toString()], row.Value(State).toString(),
                               row.Value(IsReprint).toInt() != 0, row.Value(Cards).toLongLong());
                     });
@@ -82,7 +82,7 @@ Numbers NumbersOf(StoreDatabase& database, qlonglong first)
 {
     enum { Id, State, Layout, Page, OnCard };
     Numbers numbers;
-    const auto take = [&](const StoreStatement& row) {
+    const auto take = [&](const StoreRow& row) {
         const QString state = row.Value(State).toString();
         for (const QString& text : ListOf(row.Value(OnCard).toString())) {
             const NumberOnPage number{row.Value(Layout).toString(), row.Value(Page).toInt(), text};
@@ -119,7 +119,7 @@ void FindVoidNumbers(StoreDatabase& database, const Times& day, CountsByLayout& 
                                    "WHERE e.Received >= ? AND e.Received < ? "
                                    "AND c.State IN (?, ?) AND c.Numbers <> '[]' ORDER BY c.ID"),
                     {day.First, day.End, NameOf(LedgerState::Failed), NameOf(LedgerState::Void)},
-                    [&](const StoreStatement& row) {
+                    [&](const StoreRow& row) {
                         lost.push_back({row.Value(Id).toLongLong(), row.Value(Layout).toString(),
                                         row.Value(Page).toInt(),
                                         ListOf(row.Value(OnCard).toString()),
@@ -147,7 +147,7 @@ std::optional<qint64> NextArrival(StoreDatabase& database, qint64 from)
 {
     std::optional<qint64> next;
     database.Select(QStringLiteral("SELECT MIN(Received) FROM LedgerEntries WHERE Received >= ?"),
-                    {from}, [&](const StoreStatement& row) {
+                    {from}, [&](const StoreRow& row) {
                         if (!row.Value(0).isNull())
                             next = row.Value(0).toLongLong();
                     });

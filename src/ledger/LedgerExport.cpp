@@ -89,7 +89,7 @@ qlonglong LastNumber(StoreDatabase& database)
 {
     qlonglong last = 0;
     database.Select(QStringLiteral("SELECT MAX(ID) FROM LedgerEntries"), {},
-                    [&](const StoreStatement& row) { last = row.Value(0).toLongLong(); });
+                    [&](const StoreRow& row) { last = row.Value(0).toLongLong(); });
     return last;
 }
 
@@ -97,7 +97,7 @@ ValueColumns ColumnsOf(StoreDatabase& database)
 {
     qlonglong most = 0;
     database.Select(QStringLiteral("SELECT MAX(ValueCount) FROM LedgerEntries"), {},
-                    [&](const StoreStatement& row) { most = row.Value(0).toLongLong(); });
+                    [&](const StoreRow& row) { most = row.Value(0).toLongLong(); });
     return {static_cast<int>(std::min<qlonglong>(most, ExportedValues)), most > ExportedValues};
 }
 

@@ -23,7 +23,7 @@ std::optional<CardOfJob> FindCard(StoreDatabase& database, int session, int job)
         QStringLiteral("SELECT c.ID, c.EntryID FROM LedgerCards c JOIN LedgerEntries e ON "
                        "e.ID = c.EntryID WHERE c.State = 'printed' AND c.Job IS NOT NULL AND "
                        "c.Job = ? AND e.SessionNumber = ? ORDER BY c.ID DESC LIMIT 1"),
-        {job, session}, [&](const StoreStatement& row) {
+        {job, session}, [&](const StoreRow& row) {
             found = {row.Value(0).toLongLong(), row.Value(1).toLongLong()};
         });
     return found;
@@ -34,7 +34,7 @@ bool HasCardNotDone(StoreDatabase& database, qlonglong entry)
     bool found = false;
     database.Select(
         QStringLiteral("SELECT 1 FROM LedgerCards WHERE EntryID = ? AND State <> ? LIMIT 1"),
-        {entry, NameOf(LedgerState::Done)}, [&](const StoreStatement& /*row*/) { found = true; });
+        {entry, NameOf(LedgerState::Done)}, [&](const StoreRow& /*row*/) { found = true; });
     return found;
 }
 
@@ -48,7 +48,7 @@ std::vector<int> OpenJobs(StoreDatabase& database, int session)
                        "WHERE c.State = 'printed' AND c.Job IS NOT NULL AND c.Changed > ? AND "
                        "e.SessionNumber = ? ORDER BY c.ID"),
         {QDateTime::currentMSecsSinceEpoch() - SevenDaysMs, session},
-        [&](const StoreStatement& row) { jobs.push_back(row.Value(0).toInt()); });
+        [&](const StoreRow& row) { jobs.push_back(row.Value(0).toInt()); });
     return jobs;
 }
 

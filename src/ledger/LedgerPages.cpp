@@ -7,7 +7,7 @@ bool HasPage(StoreDatabase& database, const QString& hash)
 {
     bool found = false;
     database.Select(QStringLiteral("SELECT 1 FROM LedgerPages WHERE Hash = ?"), {hash},
-                    [&](const StoreStatement& /*row*/) { found = true; });
+                    [&](const StoreRow& /*row*/) { found = true; });
     return found;
 }
 
@@ -15,7 +15,7 @@ QString PageContent(StoreDatabase& database, const QString& hash)
 {
     QString content;
     database.Select(QStringLiteral("SELECT Content FROM LedgerPages WHERE Hash = ?"), {hash},
-                    [&](const StoreStatement& row) { content = row.Value(0).toString(); });
+                    [&](const StoreRow& row) { content = row.Value(0).toString(); });
     return content;
 }
 

@@ -1,5 +1,6 @@
 #include "base/Failure.h"
 #include "ledger/LedgerRows.h"
+#include "ledger/LedgerTables.h"
 #include "ledger/LedgerTending.h"
 #include "store/StoreDatabase.h"
 #include "store/StoreTransaction.h"
@@ -19,18 +20,10 @@ constexpr qlonglong BytesAtOnce = 16 << 20;
 constexpr qint64 MillisecondsOfDay = 24LL * 60 * 60 * 1000;
 constexpr auto EveryTime = std::numeric_limits<qint64>::max();
 constexpr auto EveryEntry = std::numeric_limits<qlonglong>::max();
-/// Each try waits up to five seconds for others to end what they read.
-constexpr int TriesToEmpty = 4;
 
 qint64 DaysAgo(int days)
 {
     return QDateTime::currentMSecsSinceEpoch() - days * MillisecondsOfDay;
-}
-
-/// From now on the connection overwrites what it deletes.
-void OverwriteDeleted(StoreDatabase& database)
-{
-    database.Execute(QStringLiteral("PRAGMA secure_delete = ON"));
 }
 
 /// The oldest finished entries before a time. An entry stays as long as a reprint waits, which
@@ -46,7 +39,7 @@ std::vector<qlonglong> FinishedBefore(StoreDatabase& database, qint64 time, qlon
                                    "(SELECT 1 FROM LedgerEntries r WHERE r.ReprintOf = e.ID "
                                    "AND r.State IN (?, ?)) ORDER BY Received, ID LIMIT ?"),
                     {time, received, printing, received, printing, std::min(atMost, EntriesAtOnce)},
-                    [&](const StoreStatement& row) {
+                    [&](const StoreRow& row) {
                         bytes += row.Value(1).toLongLong();
                         if (numbers.empty() || bytes <= BytesAtOnce)
                             numbers.push_back(row.Value(0).toLongLong());
@@ -60,7 +53,7 @@ QSet<QString> PagesOf(StoreDatabase& database, const std::vector<qlonglong>& ids
     QSet<QString> pages;
     for (const qlonglong id : ids)
         database.Select(QStringLiteral("SELECT PageHash FROM LedgerCards WHERE EntryID = ?"), {id},
-                        [&](const StoreStatement& row) { pages.insert(row.Value(0).toString()); });
+                        [&](const StoreRow& row) { pages.insert(row.Value(0).toString()); });
     return pages;
 }
 
@@ -92,16 +85,10 @@ qlonglong RemoveAll(StoreDatabase& database, qint64 before, qlonglong atMost)
     return removed;
 }
 
-/// Writes the file anew without gaps and empties its log. Rows that were moved from page to page
-/// leave copies behind, which overwriting what is deleted does not reach.
 void EmptyFiles(StoreDatabase& database)
 {
-    // A copy of the whole database would not fit into memory.
-    database.Execute(QStringLiteral("PRAGMA temp_store = FILE"));
-    database.Execute(QStringLiteral("VACUUM"));
-    for (int attempt = 0; attempt < TriesToEmpty; ++attempt)
-        if (database.Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt() == 0)
-            return;
+    if (database.EmptyFiles(LedgerTables()))
+        return;
     throw Failure(FailureNumber::StoreBusy,
                   QStringLiteral("The entries are removed, but another program is reading the "
                                  "layout database, so copies may be left in its files. Purge "
@@ -122,7 +109,7 @@ void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids)
 
 qlonglong PurgeEntries(StoreDatabase& database, std::optional<int> days)
 {
-    OverwriteDeleted(database);
+    database.OverwriteDeleted();
     const qlonglong removed = RemoveAll(database, days ? DaysAgo(*days) : EveryTime, EveryEntry);
     EmptyFiles(database);
     return removed;
@@ -132,7 +119,7 @@ qlonglong RemoveOldEntries(StoreDatabase& database, int days, qlonglong atMost)
 {
     if (days <= 0)
         return 0;
-    OverwriteDeleted(database);
+    database.OverwriteDeleted();
     return RemoveAll(database, DaysAgo(days), atMost);
 }
 

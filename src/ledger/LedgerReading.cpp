@@ -41,20 +41,22 @@ struct Condition
     }
 };
 
-Condition ConditionOf(const LedgerFilter& filter)
+Condition ConditionOf(const StoreDatabase& database, const LedgerFilter& filter)
 {
     Condition condition;
-    // The sign keeps a column from its index. Most entries are in one state, and passing over all
-    // rows for a text is faster than looking nearly all of them up by their state.
+    // Most entries are in one state, and passing over all rows for a text is faster than looking
+    // nearly all of them up by their state.
+    const QString state = QStringLiteral("State");
+    const QString received = QStringLiteral("Received");
     if (filter.State)
-        condition.Add(filter.Text.isEmpty() ? QStringLiteral("State = ?")
-                                            : QStringLiteral("+State = ?"),
+        condition.Add((filter.Text.isEmpty() ? state : database.WithoutIndex(state)) +
+                          QStringLiteral(" = ?"),
                       NameOf(*filter.State));
     // What the index of arrivals finds would be sorted.
     if (filter.Since)
-        condition.Add(QStringLiteral("+Received >= ?"), *filter.Since);
+        condition.Add(database.WithoutIndex(received) + QStringLiteral(" >= ?"), *filter.Since);
     if (filter.Until)
-        condition.Add(QStringLiteral("+Received < ?"), *filter.Until);
+        condition.Add(database.WithoutIndex(received) + QStringLiteral(" < ?"), *filter.Until);
     if (!filter.Text.isEmpty())
         condition.Add(QStringLiteral("SearchText LIKE ? ESCAPE '\\'"), FoundAnywhere(filter.Text));
     return condition;
@@ -73,7 +75,7 @@ NumberRange RangeOf(StoreDatabase& database, const LedgerFilter& filter)
         const qint64 until = filter.Until.value_or(std::numeric_limits<qint64>::max());
         database.Select(QStringLiteral("SELECT MIN(ID), MAX(ID) FROM LedgerEntries "
                                        "WHERE Received >= ? AND Received < ?"),
-                        {since, until}, [&](const StoreStatement& row) {
+                        {since, until}, [&](const StoreRow& row) {
                             if (!row.Value(0).isNull())
                                 range = {row.Value(0).toLongLong(), row.Value(1).toLongLong()};
                         });
@@ -90,7 +92,7 @@ template <typename Take>
 void ForEachNumber(StoreDatabase& database, const LedgerFilter& filter, Take&& take)
 {
     NumberRange range = RangeOf(database, filter);
-    Condition condition = ConditionOf(filter);
+    Condition condition = ConditionOf(database, filter);
     condition.Add(QStringLiteral("ID >= ?"), range.First);
     condition.Add(QStringLiteral("ID <= ?"), range.Last);
     const qsizetype last = condition.Values.size() - 1;
@@ -113,7 +115,7 @@ void ForEachNumber(StoreDatabase& database, const LedgerFilter& filter, Take&& t
     } while (true);
 }
 
-LedgerState StateAt(const StoreStatement& row, int column)
+LedgerState StateAt(const StoreRow& row, int column)
 {
     // A name that a later version may have written.
     return LedgerStateOf(row.Value(column).toString()).value_or(LedgerState::Doubtful);
@@ -122,7 +124,7 @@ LedgerState StateAt(const StoreStatement& row, int column)
 void ReadCards(StoreDatabase& database, LedgerEntry& entry)
 {
     enum { Id, Layout, Page, Copy, Printer, Numbers, PageHash, Job, File, State, Reason, Changed };
-    const auto take = [&entry](const StoreStatement& row) {
+    const auto take = [&entry](const StoreRow& row) {
         LedgerCard card;
         card.Id = row.Value(Id).toLongLong();
         card.Layout = row.Value(Layout).toString();
@@ -170,7 +172,7 @@ std::optional<LedgerEntry> FindEntry(StoreDatabase& database, qlonglong id, Ledg
     enum { State, Reason, Received, Session, Source, Layout, Length, ValueCount, Hash, ReprintOf };
     enum { RecordValues = ReprintOf + 1, Framing, Raw };
     std::optional<LedgerEntry> found;
-    const auto take = [&](const StoreStatement& row) {
+    const auto take = [&](const StoreRow& row) {
         LedgerEntry& entry = found.emplace();
         entry.Id = id;
         entry.State = StateAt(row, State);
@@ -221,7 +223,7 @@ NumberRange EntryRange(StoreDatabase& database, const LedgerFilter& filter)
     NumberRange range = RangeOf(database, filter);
     database.Select(QStringLiteral("SELECT (SELECT MIN(ID) FROM LedgerEntries), "
                                    "(SELECT MAX(ID) FROM LedgerEntries)"),
-                    {}, [&](const StoreStatement& row) {
+                    {}, [&](const StoreRow& row) {
                         range.First = std::max(range.First, row.Value(0).toLongLong());
                         range.Last = std::min(range.Last, row.Value(1).toLongLong());
                     });
@@ -230,10 +232,10 @@ NumberRange EntryRange(StoreDatabase& database, const LedgerFilter& filter)
 
 qlonglong CountEntries(StoreDatabase& database, const LedgerFilter& filter)
 {
-    Condition condition = ConditionOf(filter);
+    Condition condition = ConditionOf(database, filter);
     const NumberRange range = RangeOf(database, filter);
     qlonglong count = 0;
-    const auto take = [&count](const StoreStatement& row) { count = row.Value(0).toLongLong(); };
+    const auto take = [&count](const StoreRow& row) { count = row.Value(0).toLongLong(); };
     if (condition.Sql.isEmpty()) {
         // Two looks into the key; both ends in one statement would pass over all rows.
         database.Select(QStringLiteral("SELECT (SELECT MAX(ID) FROM LedgerEntries WHERE ID <= ?) - "
@@ -245,7 +247,8 @@ qlonglong CountEntries(StoreDatabase& database, const LedgerFilter& filter)
     condition.Add(QStringLiteral("ID <= ?"), range.Last);
     // Arrivals alone are counted in their index.
     if (!filter.State && filter.Text.isEmpty())
-        condition.Sql.replace(u'+', QString());
+        condition.Sql.replace(database.WithoutIndex(QStringLiteral("Received")),
+                              QStringLiteral("Received"));
     database.Select(QStringLiteral("SELECT COUNT(*) FROM LedgerEntries") + condition.Sql,
                     condition.Values, take);
     return count;

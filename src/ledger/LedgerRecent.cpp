@@ -15,7 +15,7 @@ std::vector<LedgerProgress> RecentProgress(StoreDatabase& database, qlonglong fr
                        "FROM LedgerEntries e LEFT JOIN LedgerCards c "
                        "ON c.EntryID = e.ID WHERE e.ID >= ? GROUP BY e.ID, e.State "
                        "ORDER BY e.ID DESC LIMIT ?"),
-        {from, atMost}, [&](const StoreStatement& row) {
+        {from, atMost}, [&](const StoreRow& row) {
             recent.push_back(
                 {row.Value(Id).toLongLong(),
                  LedgerStateOf(row.Value(State).toString()).value_or(LedgerState::Doubtful),

@@ -34,11 +34,11 @@ std::vector<LedgerStation> ReadStations(StoreDatabase& database)
 {
     enum { Machine, Session, Started, Seen, Ended, Layout, Printer };
     std::vector<LedgerStation> stations;
-    if (database.KeyColumn(QStringLiteral("LedgerStations")).isEmpty())
+    if (database.ColumnsOf(QStringLiteral("LedgerStations")).empty())
         return stations;
     database.Select(QStringLiteral("SELECT Machine, SessionNumber, Started, Seen, Ended, Layout, "
                                    "Printer FROM LedgerStations ORDER BY Machine, SessionNumber"),
-                    {}, [&](const StoreStatement& row) {
+                    {}, [&](const StoreRow& row) {
                         stations.push_back(
                             {row.Value(Machine).toString(), row.Value(Session).toInt(),
                              row.Value(Started).toLongLong(), row.Value(Seen).toLongLong(),

@@ -7,63 +7,89 @@ namespace vantrel {
 
 namespace {
 
+constexpr auto Text = StoreType::Text;
+constexpr auto Whole = StoreType::Whole;
+constexpr auto Bytes = StoreType::Bytes;
+constexpr auto Counter = StoreType::Counter;
+constexpr auto NotNull = StoreNull::Refused;
+
+constexpr StoreColumnRow EntryColumns[] = {
+    {"ID", Counter},
+    {"State", Text, NotNull},
+    {"Received", Whole, NotNull},
+    {"SessionNumber", Whole, NotNull},
+    {"ReprintOf", Whole},
+    {"Length", Whole, NotNull},
+    {"ValueCount", Whole, NotNull},
+    {"Source", Text, NotNull},
+    {"Layout", Text, NotNull},
+    {"Reason", Text, NotNull},
+    {"Hash", Text, NotNull},
+    {"SearchText", Text, NotNull},
+};
+
+constexpr StoreIndex EntryIndexes[] = {
+    {"LedgerEntriesState", "State, ID"},
+    {"LedgerEntriesReceived", "Received"},
+    {"LedgerEntriesReprint", "ReprintOf", "ReprintOf IS NOT NULL"},
+};
+
 // A record's bytes and values are written once and stand apart from the entry, whose row is written
 // anew with each change of its state and is read by every search.
-constexpr const char* Statements[] = {
-    "CREATE TABLE IF NOT EXISTS LedgerEntries ("
-    "ID INTEGER PRIMARY KEY AUTOINCREMENT, "
-    "State TEXT NOT NULL, "
-    "Received INTEGER NOT NULL, "
-    "SessionNumber INTEGER NOT NULL, "
-    "ReprintOf INTEGER, "
-    "Length INTEGER NOT NULL, "
-    "ValueCount INTEGER NOT NULL, "
-    "Source TEXT NOT NULL, "
-    "Layout TEXT NOT NULL, "
-    "Reason TEXT NOT NULL, "
-    "Hash TEXT NOT NULL, "
-    "SearchText TEXT NOT NULL)",
-    "CREATE TABLE IF NOT EXISTS LedgerRecords ("
-    "EntryID INTEGER PRIMARY KEY, "
-    "Framing TEXT NOT NULL, "
-    "RecordValues TEXT NOT NULL, "
-    "Raw BLOB NOT NULL)",
-    "CREATE INDEX IF NOT EXISTS LedgerEntriesState ON LedgerEntries (State, ID)",
-    "CREATE INDEX IF NOT EXISTS LedgerEntriesReceived ON LedgerEntries (Received)",
-    "CREATE INDEX IF NOT EXISTS LedgerEntriesReprint ON LedgerEntries (ReprintOf) "
-    "WHERE ReprintOf IS NOT NULL",
-    "CREATE TABLE IF NOT EXISTS LedgerCards ("
-    "ID INTEGER PRIMARY KEY AUTOINCREMENT, "
-    "EntryID INTEGER NOT NULL, "
-    "State TEXT NOT NULL, "
-    "Page INTEGER NOT NULL, "
-    "Copy INTEGER NOT NULL, "
-    "Job INTEGER, "
-    "Changed INTEGER NOT NULL, "
-    "Layout TEXT NOT NULL, "
-    "Printer TEXT NOT NULL, "
-    "Numbers TEXT NOT NULL, "
-    "PageHash TEXT NOT NULL, "
-    "File TEXT NOT NULL, "
-    "Reason TEXT NOT NULL)",
-    "CREATE INDEX IF NOT EXISTS LedgerCardsEntry ON LedgerCards (EntryID)",
-    "CREATE INDEX IF NOT EXISTS LedgerCardsState ON LedgerCards (State, ID)",
+constexpr StoreColumnRow RecordColumns[] = {
+    {"EntryID", Whole, StoreNull::Allowed, true},
+    {"Framing", Text, NotNull},
+    {"RecordValues", Text, NotNull},
+    {"Raw", Bytes, NotNull},
+};
+
+constexpr StoreColumnRow CardColumns[] = {
+    {"ID", Counter},
+    {"EntryID", Whole, NotNull},
+    {"State", Text, NotNull},
+    {"Page", Whole, NotNull},
+    {"Copy", Whole, NotNull},
+    {"Job", Whole},
+    {"Changed", Whole, NotNull},
+    {"Layout", Text, NotNull},
+    {"Printer", Text, NotNull},
+    {"Numbers", Text, NotNull},
+    {"PageHash", Text, NotNull},
+    {"File", Text, NotNull},
+    {"Reason", Text, NotNull},
+};
+
+constexpr StoreIndex CardIndexes[] = {
+    {"LedgerCardsEntry", "EntryID"},
+    {"LedgerCardsState", "State, ID"},
     // Jobs whose end was not seen, which are few.
-    "CREATE INDEX IF NOT EXISTS LedgerCardsOpenJob ON LedgerCards (Job) "
-    "WHERE Job IS NOT NULL AND State = 'printed'",
-    "CREATE TABLE IF NOT EXISTS LedgerPages ("
-    "Hash TEXT NOT NULL PRIMARY KEY, "
-    "Content TEXT NOT NULL)",
-    "CREATE TABLE IF NOT EXISTS LedgerStations ("
-    "ID INTEGER PRIMARY KEY AUTOINCREMENT, "
-    "Machine TEXT NOT NULL, "
-    "SessionNumber INTEGER NOT NULL, "
-    "Started INTEGER NOT NULL, "
-    "Seen INTEGER NOT NULL, "
-    "Ended INTEGER NOT NULL, "
-    "Layout TEXT NOT NULL, "
-    "Printer TEXT NOT NULL, "
-    "UNIQUE (Machine, SessionNumber))",
+    {"LedgerCardsOpenJob", "Job", "Job IS NOT NULL AND State = 'printed'"},
+};
+
+constexpr StoreColumnRow PageColumns[] = {
+    {"Hash", Text, NotNull, true},
+    {"Content", Text, NotNull},
+};
+
+constexpr StoreColumnRow StationColumns[] = {
+    {"ID", Counter},
+    {"Machine", Text, NotNull},
+    {"SessionNumber", Whole, NotNull},
+    {"Started", Whole, NotNull},
+    {"Seen", Whole, NotNull},
+    {"Ended", Whole, NotNull},
+    {"Layout", Text, NotNull},
+    {"Printer", Text, NotNull},
+};
+
+constexpr StoreIndex StationIndexes[] = {
+    {"LedgerStationsSession", "Machine, SessionNumber", "", true},
+};
+
+constexpr StoreTable Tables[] = {
+    {"LedgerEntries", EntryColumns, EntryIndexes},      {"LedgerRecords", RecordColumns},
+    {"LedgerCards", CardColumns, CardIndexes},          {"LedgerPages", PageColumns},
+    {"LedgerStations", StationColumns, StationIndexes},
 };
 
 /// Characters below it must be written as codes in JSON.
@@ -71,16 +97,20 @@ constexpr char16_t FirstPlainCode = 0x20;
 
 } // namespace
 
+std::span<const StoreTable> LedgerTables()
+{
+    return Tables;
+}
+
 bool HasLedger(StoreDatabase& database)
 {
-    return !database.KeyColumn(QStringLiteral("LedgerEntries")).isEmpty() &&
-           !database.KeyColumn(QStringLiteral("LedgerCards")).isEmpty();
+    return !database.ColumnsOf(QStringLiteral("LedgerEntries")).empty() &&
+           !database.ColumnsOf(QStringLiteral("LedgerCards")).empty();
 }
 
 void MakeLedgerTables(StoreDatabase& database)
 {
-    for (const char* statement : Statements)
-        database.Execute(QLatin1StringView(statement));
+    database.MakeTables(Tables);
 }
 
 void ListWriter::Add(QStringView text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/StoreTable.h"
 #include <QString>
 
 namespace vantrel {
@@ -16,6 +17,7 @@ class StoreDatabase;
 /// `LedgerStation`. Times are milliseconds since 1970, UTC. Lists are
 /// JSON arrays of texts. `SearchText` is what an entry is found by, without regard to case.
 
+std::span<const StoreTable> LedgerTables();
 /// Whether the database has a ledger.
 bool HasLedger(StoreDatabase& database);
 /// Makes the tables that are missing. Fails like `StoreDatabase`.

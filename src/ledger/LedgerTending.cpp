@@ -41,7 +41,7 @@ std::optional<qlonglong> ReprintOfFirst(StoreDatabase& database, qlonglong first
     std::optional<qlonglong> reprint;
     database.Select(QStringLiteral("SELECT MIN(ID) FROM LedgerEntries "
                                    "WHERE ReprintOf = ? AND State <> ?"),
-                    {first, NameOf(LedgerState::Failed)}, [&](const StoreStatement& row) {
+                    {first, NameOf(LedgerState::Failed)}, [&](const StoreRow& row) {
                         if (!row.Value(0).isNull())
                             reprint = row.Value(0).toLongLong();
                     });
@@ -50,7 +50,8 @@ std::optional<qlonglong> ReprintOfFirst(StoreDatabase& database, qlonglong first
 
 qlonglong AddReprintOf(StoreDatabase& database, qlonglong id)
 {
-    database.Change(QStringLiteral("INSERT INTO LedgerEntries (State, Received, SessionNumber, "
+    const qlonglong added =
+        database.Add(QStringLiteral("INSERT INTO LedgerEntries (State, Received, SessionNumber, "
                                    "ReprintOf, Length, ValueCount, Source, Layout, Reason, Hash, "
                                    "SearchText) SELECT ?, ?, CASE WHEN SessionNumber < ? THEN "
                                    "SessionNumber ELSE ? END, ID, Length, "
@@ -58,7 +59,6 @@ qlonglong AddReprintOf(StoreDatabase& database, qlonglong id)
                                    "FROM LedgerEntries WHERE ID = ?"),
                     {NameOf(LedgerState::Received), QDateTime::currentMSecsSinceEpoch(),
                      FirstRunSession, SessionOfReprints, id});
-    const qlonglong added = database.LastKey();
     database.Change(QStringLiteral("INSERT INTO LedgerRecords (EntryID, Framing, RecordValues, "
                                    "Raw) SELECT ?, Framing, RecordValues, Raw "
                                    "FROM LedgerRecords WHERE EntryID = ?"),

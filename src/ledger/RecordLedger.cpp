@@ -46,7 +46,7 @@ void MakeTables(StoreDatabase& database)
 {
     MakeLedgerTables(database);
     // Removed entries must leave nothing behind in the file.
-    database.Execute(QStringLiteral("PRAGMA secure_delete = ON"));
+    database.OverwriteDeleted();
 }
 
 /// A text column must not be null, and a null `QString` would be.
@@ -268,11 +268,10 @@ void RecordLedger::WriteEntry(StoreDatabase& database, RecordRun& run)
         run.m_void = changed == 0;
         return;
     }
-    database.Change(InsertEntry,
-                    {NameOf(entry.State), entry.Received, entry.Session, OrNull(entry.ReprintOf),
-                     entry.Length, entry.ValueCount, NotNull(entry.Source), NotNull(entry.Layout),
-                     NotNull(entry.Reason), NotNull(entry.Hash), SearchTextOf(run)});
-    entry.Id = database.LastKey();
+    entry.Id = database.Add(
+        InsertEntry, {NameOf(entry.State), entry.Received, entry.Session, OrNull(entry.ReprintOf),
+                      entry.Length, entry.ValueCount, NotNull(entry.Source), NotNull(entry.Layout),
+                      NotNull(entry.Reason), NotNull(entry.Hash), SearchTextOf(run)});
     row.Fresh = true;
     if (entry.HasValues) {
         const QByteArray raw = entry.Raw.isNull() ? QByteArray("") : entry.Raw;
@@ -299,12 +298,11 @@ void RecordLedger::WriteCards(StoreDatabase& database, RecordRun& run)
                                          NotNull(card.File), NotNull(card.Reason), card.Id});
             continue;
         }
-        database.Change(InsertCard,
-                        {run.Entry.Id, NameOf(card.State), card.Page, card.Copy, OrNull(card.Job),
+        card.Id = database.Add(
+            InsertCard, {run.Entry.Id, NameOf(card.State), card.Page, card.Copy, OrNull(card.Job),
                          card.Changed, NotNull(card.Layout), NotNull(card.Printer),
                          ListText(card.Numbers), NotNull(card.PageHash), NotNull(card.File),
                          NotNull(card.Reason)});
-        card.Id = database.LastKey();
         row.Fresh = true;
     }
 }

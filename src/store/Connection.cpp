@@ -2,8 +2,6 @@
 #include "base/Failure.h"
 #include "base/Skip.h"
 #include "store/ConnectionPrivate.h"
-#include "store/Schema.h"
-#include <QFileInfo>
 
 namespace vantrel {
 
@@ -13,11 +11,6 @@ QString SavepointName(int depth)
     return QStringLiteral("Level") + QString::number(depth);
 }
 
-void RequireTables(StoreDatabase& database)
-{
-    for (const QString& table : LayoutTableNames())
-        database.Execute(QStringLiteral("SELECT 1 FROM [") + table + QStringLiteral("] LIMIT 1"));
-}
 } // namespace
 
 StoreDatabase& Connection::Private::Opened()
@@ -34,8 +27,11 @@ std::shared_ptr<CursorShape> Connection::Private::ShapeOf(const QString& stateme
     if (const auto* known = Shapes.object(statement))
         return *known;
     SelectStatement select = ParseSelect(statement);
-    QString key = database.KeyColumn(select.Table);
-    auto shape = std::make_shared<CursorShape>(std::move(select), std::move(key));
+    const std::vector<StoreColumn> columns = database.ColumnsOf(select.Table);
+    if (columns.empty())
+        throw Failure(FailureNumber::StatementInvalid,
+                      QStringLiteral("The layout database: no such table: ") + select.Table);
+    auto shape = std::make_shared<CursorShape>(std::move(select), columns);
     Shapes.insert(statement, new std::shared_ptr<CursorShape>(shape));
     return shape;
 }
@@ -43,28 +39,22 @@ std::shared_ptr<CursorShape> Connection::Private::ShapeOf(const QString& stateme
 CursorResult Connection::Private::ResultOf(const QString& statement)
 {
     StoreDatabase& database = Opened();
-    if (const auto kept = Kept.Find(statement, database.Now()))
-        return *kept;
+    const bool mayKeep = database.MayKeepRows();
+    if (mayKeep) {
+        if (const auto kept = Kept.Find(statement, database.Now()))
+            return *kept;
+    }
     const std::shared_ptr<CursorShape> shape = ShapeOf(statement);
     auto rows = std::make_shared<CursorRows>();
     // A failure while reading fails the whole query. If a partly read page were loaded, the next
     // save would delete its other rows for good.
-    const auto takeColumns = [&](const StoreStatement& stored) {
-        if (!shape->HasColumns())
-            shape->TakeColumns(stored);
-    };
-    const auto takeRow = [&](const StoreStatement& stored) {
-        CursorRow row;
-        if (shape->HasKey())
-            row.Key = stored.Value(0).toLongLong();
-        row.Values.reserve(std::ssize(shape->Columns()));
-        for (const CursorShape::Column& column : shape->Columns())
-            row.Values.append(stored.Value(column.Place));
-        rows->push_back(std::move(row));
-    };
-    database.Read(shape->Sql(), takeColumns, takeRow);
+    if (Pending.Concerns(shape->Select()))
+        *rows = Pending.Read(database, *shape);
+    else
+        database.ReadRows(*shape, [&](CursorRow&& row) { rows->push_back(std::move(row)); });
     CursorResult result{shape, rows};
-    Kept.Keep(statement, result);
+    if (mayKeep)
+        Kept.Keep(statement, result);
     return result;
 }
 
@@ -84,14 +74,11 @@ Connection::Connection() : m_d(std::make_unique<Private>()) {}
 
 Connection::~Connection() = default;
 
-void Connection::Open(const QString& path)
+void Connection::Open(const QString& location)
 {
     Close();
-    if (!QFileInfo(path).isFile())
-        throw Failure(FailureNumber::FileNotFound,
-                      QStringLiteral("There is no layout database ") + path + QLatin1Char('.'));
-    auto database = std::make_unique<StoreDatabase>(path, StoreDatabase::OpenMode::Existing);
-    RequireTables(*database);
+    auto database = OpenStoreDatabase(location);
+    database->RequireTables();
     m_d->Database = std::move(database);
 }
 
@@ -127,25 +114,23 @@ bool Connection::HasTable(const QString& table)
     const auto known = m_d->Tables.constFind(table);
     if (known != m_d->Tables.cend())
         return *known;
-    const bool isThere = !database.KeyColumn(table).isEmpty();
+    const bool isThere = !database.ColumnsOf(table).empty();
     m_d->Tables.insert(table, isThere);
     return isThere;
 }
 
-void Connection::MakeTable(const QStringList& statements)
+void Connection::MakeTable(const StoreTable& table)
 {
-    for (const QString& statement : statements)
-        m_d->Opened().Execute(statement);
+    m_d->Opened().MakeTables({&table, 1});
     m_d->Tables.clear();
 }
 
 void Connection::BeginTrans()
 {
     StoreDatabase& database = m_d->Opened();
-    // SQLite is asked instead of the depth because it rolls back automatically if the disk is full
-    // or fails. The write lock is taken at once. A transaction that reads first and requests the
-    // lock later fails without waiting if another session has written in between.
+    // The database is asked instead of the depth because it may have rolled back by itself.
     if (database.Begin()) {
+        m_d->Pending.AfterRollback();
         m_d->Depth = m_d->DepthAside + 1;
         return;
     }
@@ -164,21 +149,24 @@ void Connection::CommitTrans()
         return;
     }
     const bool isOutermost = depth == m_d->DepthAside;
-    database.Change(isOutermost ? QStringLiteral("COMMIT")
-                                : QStringLiteral("RELEASE ") + SavepointName(depth));
-    m_d->Depth = depth;
-    // The transaction is already committed, so a failure here is ignored.
     if (isOutermost)
-        Skip("tidy what is pending", [&] { m_d->Pending.AfterCommit(database); });
+        database.Commit();
+    else
+        database.Change(QStringLiteral("RELEASE ") + SavepointName(depth));
+    m_d->Depth = depth;
+    if (isOutermost)
+        m_d->Pending.AfterCommit();
 }
 
 void Connection::RollbackTrans()
 {
     if (!InTransaction()) {
+        m_d->Pending.AfterRollback();
         m_d->Depth = m_d->DepthAside;
         return;
     }
-    Skip("roll back", [&] { m_d->Opened().Change(QStringLiteral("ROLLBACK")); });
+    Skip("roll back", [&] { m_d->Opened().Rollback(); });
+    m_d->Pending.AfterRollback();
     m_d->Depth = m_d->DepthAside;
     m_d->Kept.ForgetAll();
     m_d->Tables.clear();
@@ -188,6 +176,7 @@ void Connection::SetAside(const QStringList& statements)
 {
     StoreDatabase& database = m_d->Opened();
     if (!database.InTransaction()) {
+        m_d->Pending.AfterRollback();
         m_d->Depth = m_d->DepthAside;
         return;
     }
@@ -201,7 +190,8 @@ void Connection::SetAside(const QStringList& statements)
         Skip("read what was written", [&] {
             seen.push_back({statement, m_d->ResultOf(statement)});
         });
-    database.Change(QStringLiteral("ROLLBACK"));
+    database.Rollback();
+    m_d->Pending.AfterRollback();
     m_d->DepthAside = m_d->Depth;
     for (const Written& written : seen)
         Skip("keep what was written",

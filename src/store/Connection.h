@@ -7,6 +7,7 @@
 namespace vantrel {
 
 class StoreDatabase;
+struct StoreTable;
 
 /// A connection to the layout database, one SQLite file in WAL mode. Every commit is durable. A
 /// write waits up to five seconds for the lock of another session.
@@ -33,8 +34,7 @@ public:
     /// as long as nobody changes the file. Fails like `Database` and `StoreDatabase`.
     bool HasTable(const QString& table);
     /// Makes a table that a layout database may lack, unless it is there.
-    /// @param statements  CREATE TABLE IF NOT EXISTS, and its indexes
-    void MakeTable(const QStringList& statements);
+    void MakeTable(const StoreTable& table);
 
     /// Begins a transaction. The outermost one takes the write lock at once; a nested one is a
     /// savepoint. Fails with `StoreBusy` if another session holds the lock for five seconds.

@@ -1,6 +1,5 @@
 #include "store/CursorShape.h"
 #include "base/Failure.h"
-#include "store/StoreStatement.h"
 #include <algorithm>
 #include <cmath>
 
@@ -17,9 +16,39 @@ bool SameName(QStringView left, QStringView right)
 }
 } // namespace
 
-CursorShape::CursorShape(SelectStatement select, QString keyColumn)
-    : m_select(std::move(select)), m_sql(m_select.Sql()), m_keyName(std::move(keyColumn))
-{}
+CursorShape::CursorShape(SelectStatement select, const std::vector<StoreColumn>& table)
+    : m_select(std::move(select))
+{
+    int place = HasKey() ? 1 : 0;
+    if (m_select.Columns.isEmpty()) {
+        for (const StoreColumn& column : table)
+            Add(column, place++);
+        return;
+    }
+    for (const QString& name : std::as_const(m_select.Columns)) {
+        const auto found = std::find_if(table.begin(), table.end(), [&](const StoreColumn& column) {
+            return SameName(column.Name, name);
+        });
+        if (found != table.end())
+            Add(*found, place++);
+        else if (SameName(name, StoresKey))
+            ++place;
+        else
+            throw Failure(FailureNumber::StatementInvalid,
+                          QStringLiteral("The layout database: no such column: ") + name);
+    }
+}
+
+void CursorShape::Add(const StoreColumn& column, int place)
+{
+    if (SameName(column.Name, HiddenKey) || SameName(column.Name, StoresKey))
+        return;
+    const int index = static_cast<int>(m_columns.size());
+    if (HasKey() && column.IsKey)
+        m_keyColumn = index;
+    m_columnOfName.insert(column.Name, index);
+    m_columns.push_back({column.Name, place, column.Type});
+}
 
 bool CursorShape::Column::GivesBack(const QVariant& value) const
 {
@@ -34,20 +63,6 @@ bool CursorShape::Column::GivesBack(const QVariant& value) const
         return Type == "REAL" && !std::isnan(value.toDouble());
     default:
         return false;
-    }
-}
-
-void CursorShape::TakeColumns(const StoreStatement& rows)
-{
-    for (int place = HasKey() ? 1 : 0; place < rows.ColumnCount(); ++place) {
-        const QString name = rows.ColumnName(place);
-        if (SameName(name, HiddenKey) || SameName(name, StoresKey))
-            continue;
-        const int column = static_cast<int>(m_columns.size());
-        if (HasKey() && SameName(name, m_keyName))
-            m_keyColumn = column;
-        m_columnOfName.insert(name, column);
-        m_columns.push_back({name, place, rows.DeclaredType(place)});
     }
 }
 

@@ -1,14 +1,25 @@
 #pragma once
 
 #include "store/SelectStatement.h"
+#include "store/StoreTable.h"
 #include <QByteArray>
 #include <QHash>
 #include <QVariant>
+#include <QVariantList>
 #include <vector>
 
 namespace vantrel {
 
-class StoreStatement;
+/// A row of a cursor's result.
+struct CursorRow
+{
+    /// 0 in a result without keys.
+    qlonglong Key = 0;
+    /// Shared until one of its holders changes it.
+    QVariantList Values;
+};
+
+using CursorRows = std::vector<CursorRow>;
 
 /// The parsed statement of a cursor and the columns of its result. It is computed once and shared
 /// by all cursors on that statement.
@@ -18,7 +29,8 @@ public:
     struct Column
     {
         QString Name;
-        /// Index of its value in a row of the result, from 0.
+        /// Index of its value in a row that the engine reads, from 0; the hidden key is the first
+        /// value of a row that has one.
         int Place = 0;
         /// Declared type: TEXT, INTEGER or REAL in the tables that the station creates.
         QByteArray Type;
@@ -28,20 +40,16 @@ public:
         bool GivesBack(const QVariant& value) const;
     };
 
-    /// @param keyColumn  name of the table's key column, empty if there is none
-    CursorShape(SelectStatement select, QString keyColumn);
+    /// Fails with `StatementInvalid` for a column that the table does not have.
+    /// @param table  all columns of the table, in their order
+    CursorShape(SelectStatement select, const std::vector<StoreColumn>& table);
 
-    /// Reads names and types of the columns from a prepared statement.
-    void TakeColumns(const StoreStatement& rows);
     /// Whether a new value in the column may change which rows the statement returns, or their
     /// order.
     bool DependsOn(const QString& column) const;
 
-    /// The parsed statement, and the SQL that is run for it.
     const SelectStatement& Select() const { return m_select; }
-    const QString& Sql() const { return m_sql; }
     const std::vector<Column>& Columns() const { return m_columns; }
-    bool HasColumns() const { return !m_columns.empty(); }
     /// Whether rows carry the hidden key, which is needed to change them.
     bool HasKey() const { return !m_select.Distinct; }
     /// Index of the column that is the row key, -1 if the key is hidden.
@@ -53,9 +61,9 @@ public:
     int PlaceOf(const QString& name) const;
 
 private:
+    void Add(const StoreColumn& column, int place);
+
     SelectStatement m_select;
-    QString m_sql;
-    QString m_keyName;
     std::vector<Column> m_columns;
     QHash<QString, int> m_columnOfName;
     int m_keyColumn = -1;

@@ -3,23 +3,11 @@
 #include "store/CursorShape.h"
 #include "store/StoreDatabase.h"
 #include <QCache>
-#include <QVariantList>
 #include <memory>
 #include <optional>
 #include <vector>
 
 namespace vantrel {
-
-/// A row of a cursor's result.
-struct CursorRow
-{
-    /// 0 in a result without keys.
-    qlonglong Key = 0;
-    /// Shared until one of its holders changes it.
-    QVariantList Values;
-};
-
-using CursorRows = std::vector<CursorRow>;
 
 /// The new value of each changed column, by the index of the column.
 using RowChanges = std::vector<std::optional<QVariant>>;

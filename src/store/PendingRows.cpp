@@ -1,11 +1,13 @@
 #include "store/PendingRows.h"
+#include "base/StoredForm.h"
+#include "store/sqlite/SqliteDatabase.h"
 #include <algorithm>
 
 namespace vantrel {
 
 namespace {
 
-/// Keys from here on mark rows that are not in the file yet; they sort after all stored rows.
+/// Keys from here on mark rows that are not in the database yet; they sort after all stored rows.
 constexpr qlonglong FirstUnstoredKey = qlonglong{1} << 62;
 
 bool SameTable(const SelectStatement& one, const SelectStatement& other)
@@ -13,99 +15,95 @@ bool SameTable(const SelectStatement& one, const SelectStatement& other)
     return one.Table.compare(other.Table, Qt::CaseInsensitive) == 0;
 }
 
-QString Temporary(const char* kind, const SelectStatement& select)
+/// A cursor on all columns of the rows that a statement selects.
+CursorShape WholeRows(StoreDatabase& database, const SelectStatement& select)
 {
-    return QStringLiteral("temp.[") + QLatin1StringView(kind) + QLatin1Char(' ') + select.Table +
-           QLatin1Char(']');
+    SelectStatement whole;
+    whole.Table = select.Table;
+    whole.Where = select.Where;
+    whole.Conditions = select.Conditions;
+    return {whole, database.ColumnsOf(select.Table)};
 }
 
-QString Base(const SelectStatement& select)
+std::map<qlonglong, QVariantList> StoredRows(StoreDatabase& database, const SelectStatement& select)
 {
-    return Temporary("Base", select);
+    std::map<qlonglong, QVariantList> rows;
+    database.ReadRows(WholeRows(database, select), [&](CursorRow&& row) {
+        rows.emplace(row.Key, std::move(row.Values));
+    });
+    return rows;
 }
 
-QString Pending(const SelectStatement& select)
+bool SameRow(const QVariantList& left, const QVariantList& right)
 {
-    return Temporary("Pending", select);
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(), SameStored);
 }
 
-QString InFile(const SelectStatement& select)
+/// Names of the columns that hold a value of their own, and their indexes in the shape.
+struct ValueColumns
 {
-    return QStringLiteral("main.[") + select.Table + QLatin1Char(']');
-}
+    QStringList Names{QStringLiteral("rowid")};
+    std::vector<qsizetype> Indexes;
 
-/// The WHERE clause that selects the rows of the statement.
-QString Of(const SelectStatement& select)
-{
-    return QStringLiteral(" WHERE (") +
-           (select.Where.isEmpty() ? QStringLiteral("1") : select.Where) + QLatin1Char(')');
-}
-
-bool GivesRow(StoreDatabase& database, const QString& sql)
-{
-    return database.Execute(QStringLiteral("SELECT EXISTS (%1)").arg(sql)).toBool();
-}
-
-/// Column declarations of the file's table, so that values keep their types.
-QString ColumnsOf(StoreDatabase& database, const SelectStatement& select)
-{
-    constexpr int nameColumn = 1;
-    constexpr int typeColumn = 2;
-    constexpr int keyColumn = 5;
-    QStringList columns;
-    database.Read(
-        QStringLiteral("PRAGMA main.table_info([%1])").arg(select.Table),
-        [](const StoreStatement&) {},
-        [&](const StoreStatement& column) {
-            columns.append(QLatin1Char('[') + column.Value(nameColumn).toString() +
-                           QStringLiteral("] ") + column.Value(typeColumn).toString() +
-                           (column.Value(keyColumn).toInt() == 1 ? QStringLiteral(" PRIMARY KEY")
-                                                                 : QString()));
-        });
-    return columns.join(QStringLiteral(", "));
-}
-
-void MakeTables(StoreDatabase& database, const SelectStatement& select)
-{
-    const QString columns = ColumnsOf(database, select);
-    for (const QString& table : {Base(select), Pending(select)})
-        database.Execute(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (%2)").arg(table, columns));
-    // The key comes last, so that the other columns keep the indexes they have in the file's table.
-    database.Execute(QStringLiteral("CREATE TEMP VIEW IF NOT EXISTS [%1] AS "
-                                    "SELECT *, rowid AS rowid FROM %2 WHERE rowid NOT IN "
-                                    "(SELECT rowid FROM %3) "
-                                    "UNION ALL SELECT *, rowid FROM %4")
-                         .arg(select.Table, InFile(select), Base(select), Pending(select)));
-}
-
-void DropTables(StoreDatabase& database, const SelectStatement& select)
-{
-    database.Execute(QStringLiteral("DROP VIEW IF EXISTS temp.[%1]").arg(select.Table));
-    for (const QString& table : {Base(select), Pending(select)})
-        database.Execute(QStringLiteral("DROP TABLE IF EXISTS ") + table);
-}
-
-/// Runs the steps in one transaction and rolls it back if one fails.
-template <typename Steps>
-void InOne(StoreDatabase& database, Steps&& steps)
-{
-    database.Execute(QStringLiteral("BEGIN"));
-    try {
-        steps();
-        database.Execute(QStringLiteral("COMMIT"));
-    } catch (...) {
-        if (database.InTransaction())
-            database.Execute(QStringLiteral("ROLLBACK"));
-        throw;
+    explicit ValueColumns(const CursorShape& shape)
+    {
+        for (std::size_t i = 0; i < shape.Columns().size(); ++i) {
+            if (static_cast<int>(i) == shape.KeyColumn())
+                continue;
+            Names.append(shape.Columns()[i].Name);
+            Indexes.push_back(static_cast<qsizetype>(i));
+        }
     }
-}
+
+    QVariantList ValuesOf(const CursorRow& row) const
+    {
+        QVariantList values{row.Key};
+        for (const qsizetype index : Indexes)
+            values.append(row.Values[index]);
+        return values;
+    }
+};
+
+/// A table in memory that answers every statement about the rows it is given.
+class TableInMemory
+{
+public:
+    TableInMemory(StoreDatabase& database, const CursorShape& whole) : m_table(whole.Select().Table)
+    {
+        QStringList columns;
+        for (const StoreColumn& column : database.ColumnsOf(m_table))
+            columns.append(QLatin1Char('[') + column.Name + QStringLiteral("] ") +
+                           QString::fromUtf8(column.Type) +
+                           (column.IsKey ? QStringLiteral(" PRIMARY KEY") : QString()));
+        m_rows.Execute(QStringLiteral("CREATE TABLE [%1] (%2)")
+                           .arg(m_table, columns.join(QStringLiteral(", "))));
+        m_rows.Begin();
+    }
+
+    void Add(const CursorShape& shape, const CursorRow& row)
+    {
+        const ValueColumns columns(shape);
+        m_rows.InsertRow(m_table, columns.Names, columns.ValuesOf(row), nullptr);
+    }
+
+    CursorRows Read(const CursorShape& shape)
+    {
+        CursorRows rows;
+        m_rows.ReadRows(shape, [&](CursorRow&& row) { rows.push_back(std::move(row)); });
+        return rows;
+    }
+
+private:
+    QString m_table;
+    SqliteDatabase m_rows{QStringLiteral(":memory:"), SqliteDatabase::OpenMode::Create};
+};
 
 } // namespace
 
-void PendingRows::Uncover(StoreDatabase& database, const SelectStatement& select)
+bool PendingRows::Concerns(const SelectStatement& select) const
 {
-    for (const QString& table : {Base(select), Pending(select)})
-        database.Execute(QStringLiteral("DELETE FROM ") + table + Of(select));
+    return std::any_of(m_pages.begin(), m_pages.end(),
+                       [&](const Page& page) { return SameTable(page.Select, select); });
 }
 
 PendingRows::Page* PendingRows::Find(const QString& statement)
@@ -115,55 +113,58 @@ PendingRows::Page* PendingRows::Find(const QString& statement)
     return found == m_pages.end() ? nullptr : &*found;
 }
 
-void PendingRows::Fill(StoreDatabase& database, const CursorResult& seen)
+void PendingRows::NoteForRollback(const StoreDatabase& database)
 {
-    const SelectStatement& select = seen.Shape->Select();
-    database.Execute(QStringLiteral("INSERT INTO ") + Base(select) +
-                     QStringLiteral(" SELECT * FROM ") + InFile(select) + Of(select));
+    if (database.InTransaction() && !m_before)
+        m_before = m_pages;
+}
 
-    QStringList names{QStringLiteral("rowid")};
-    const std::vector<CursorShape::Column>& columns = seen.Shape->Columns();
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (static_cast<int>(i) != seen.Shape->KeyColumn())
-            names.append(QLatin1Char('[') + columns[i].Name + QLatin1Char(']'));
+QSet<qlonglong> PendingRows::HiddenKeys(const QString& table) const
+{
+    QSet<qlonglong> keys;
+    for (const Page& page : m_pages) {
+        if (page.Select.Table.compare(table, Qt::CaseInsensitive) != 0)
+            continue;
+        for (const auto& [key, values] : page.Hidden)
+            keys.insert(key);
     }
-    const QString insert =
-        QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-            .arg(Pending(select), names.join(QStringLiteral(", ")),
-                 QStringList(names.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
-    const qlonglong highest =
-        database.Execute(QStringLiteral("SELECT max(rowid) FROM ") + Pending(select)).toLongLong();
-    for (const CursorRow& row : *seen.Rows) {
-        QVariantList values = row.Values;
-        if (seen.Shape->KeyColumn() >= 0)
-            values.removeAt(seen.Shape->KeyColumn());
-        values.prepend(row.Key);
-        database.Change(insert, values);
+    return keys;
+}
+
+qlonglong PendingRows::HighestSeenKey(const QString& table, const Page* without) const
+{
+    qlonglong highest = 0;
+    for (const Page& page : m_pages) {
+        if (&page == without || page.Select.Table.compare(table, Qt::CaseInsensitive) != 0)
+            continue;
+        for (const CursorRow& row : page.Seen)
+            highest = std::max(highest, row.Key);
     }
-    // Another session may by now have given a new row's key to a row of its own, and another page
-    // whose save failed may have a new row with the same key.
-    database.Change(QStringLiteral("UPDATE %1 SET rowid = rowid + ?%2 AND rowid < ? AND rowid NOT "
-                                   "IN (SELECT rowid FROM %3)")
-                        .arg(Pending(select), Of(select), Base(select)),
-                    {std::max(FirstUnstoredKey, highest), FirstUnstoredKey});
+    return highest;
 }
 
 void PendingRows::Keep(StoreDatabase& database, const CursorResult& seen, const QString& statement)
 {
     const SelectStatement& select = seen.Shape->Select();
-    InOne(database, [&] {
-        MakeTables(database, select);
-        Uncover(database, select);
-        Fill(database, seen);
-    });
-    if (Find(statement) == nullptr)
-        m_pages.push_back({statement, select});
-}
-
-bool PendingRows::OtherHasWritten(StoreDatabase& database, const Page& page) const
-{
-    return GivesRow(database, QStringLiteral("SELECT * FROM %1%2 EXCEPT SELECT * FROM %3%2")
-                                  .arg(Base(page.Select), Of(page.Select), InFile(page.Select)));
+    std::map<qlonglong, QVariantList> hidden = StoredRows(database, select);
+    Page* page = Find(statement);
+    // Another session may by now have given a new row's key to a row of its own, and another page
+    // whose save failed may have a new row with the same key.
+    const qlonglong behind = std::max(FirstUnstoredKey, HighestSeenKey(select.Table, page));
+    QSet<qlonglong> others = HiddenKeys(select.Table);
+    if (page == nullptr)
+        page = &m_pages.emplace_back(Page{statement, select, false, {}, {}});
+    for (const auto& [key, values] : page->Hidden)
+        others.remove(key);
+    page->Hidden = std::move(hidden);
+    page->Seen = *seen.Rows;
+    for (CursorRow& row : page->Seen) {
+        const bool isStored = page->Hidden.contains(row.Key) || others.contains(row.Key);
+        if (!isStored && row.Key < FirstUnstoredKey)
+            row.Key += behind;
+        if (seen.Shape->KeyColumn() >= 0)
+            row.Values[seen.Shape->KeyColumn()] = row.Key;
+    }
 }
 
 bool PendingRows::BeforeReading(StoreDatabase& database, const SelectStatement& select,
@@ -173,13 +174,19 @@ bool PendingRows::BeforeReading(StoreDatabase& database, const SelectStatement& 
     // make the rest of a page visible again while the form shows a part of it.
     if (database.InTransaction() || select.Distinct)
         return false;
+    const auto othersHaveWritten = [&](const Page& page) {
+        const std::map<qlonglong, QVariantList> stored = StoredRows(database, page.Select);
+        return !std::all_of(page.Hidden.begin(), page.Hidden.end(), [&](const auto& row) {
+            const auto now = stored.find(row.first);
+            return now != stored.end() && SameRow(now->second, row.second);
+        });
+    };
     bool isOther = false;
     for (std::size_t i = m_pages.size(); i-- > 0;) {
         Page& page = m_pages[i];
         if (!SameTable(page.Select, select) || !page.Statement.startsWith(statement))
             continue;
-        if (OtherHasWritten(database, page)) {
-            InOne(database, [&] { Uncover(database, page.Select); });
+        if (othersHaveWritten(page)) {
             m_pages.erase(m_pages.begin() + static_cast<std::ptrdiff_t>(i));
             isOther = true;
         } else if (page.Statement == statement) {
@@ -196,21 +203,42 @@ bool PendingRows::BeforeChanging(StoreDatabase& database, const SelectStatement&
     if (!database.InTransaction()) {
         if (std::none_of(m_pages.begin(), m_pages.end(), isOfTable))
             return false;
-        GiveUp(database);
+        Forget();
         return true;
     }
-    const Page* page = Find(statement);
+    NoteForRollback(database);
+    Page* page = Find(statement);
     if (page == nullptr)
         return false;
     if (page->IsLeft) {
-        // Hidden rows that the form does not hold have no counterpart in the other table.
-        database.Execute(QStringLiteral("DELETE FROM %1%2 AND rowid IN (SELECT rowid FROM %3)")
-                             .arg(Base(select), Of(select), Pending(select)));
-        database.Execute(QStringLiteral("DELETE FROM ") + Pending(select) + Of(select));
+        // Hidden rows that the form does not hold have no counterpart among those that are seen.
+        for (const CursorRow& row : page->Seen)
+            page->Hidden.erase(row.Key);
     } else {
-        Uncover(database, select);
+        page->Hidden.clear();
     }
+    page->Seen.clear();
     return true;
+}
+
+CursorRows PendingRows::Read(StoreDatabase& database, const CursorShape& shape) const
+{
+    const SelectStatement& select = shape.Select();
+    const CursorShape whole = WholeRows(database, select);
+    const QSet<qlonglong> hidden = HiddenKeys(select.Table);
+    TableInMemory table(database, whole);
+    database.ReadRows(whole, [&](CursorRow&& row) {
+        if (!hidden.contains(row.Key))
+            table.Add(whole, row);
+    });
+    for (const Page& page : m_pages) {
+        if (!SameTable(page.Select, select))
+            continue;
+        const CursorShape ofPage(page.Select, database.ColumnsOf(select.Table));
+        for (const CursorRow& row : page.Seen)
+            table.Add(ofPage, row);
+    }
+    return table.Read(shape);
 }
 
 void PendingRows::Leave()
@@ -219,26 +247,23 @@ void PendingRows::Leave()
         page.IsLeft = true;
 }
 
-void PendingRows::AfterCommit(StoreDatabase& database)
+void PendingRows::AfterCommit()
 {
-    const auto isSaved = [&](const Page& page) {
-        const QString rows = QStringLiteral("SELECT 1 FROM %1%2");
-        return !GivesRow(database, rows.arg(Base(page.Select), Of(page.Select))) &&
-               !GivesRow(database, rows.arg(Pending(page.Select), Of(page.Select)));
-    };
-    if (IsEmpty())
-        return;
-    if (std::all_of(m_pages.begin(), m_pages.end(), isSaved))
-        GiveUp(database);
-    else
-        std::erase_if(m_pages, isSaved);
+    m_before.reset();
+    std::erase_if(m_pages, [](const Page& page) { return page.Hidden.empty() && page.Seen.empty(); });
 }
 
-void PendingRows::GiveUp(StoreDatabase& database)
+void PendingRows::AfterRollback()
 {
-    for (const Page& page : m_pages)
-        DropTables(database, page.Select);
+    if (m_before)
+        m_pages = std::move(*m_before);
+    m_before.reset();
+}
+
+void PendingRows::Forget()
+{
     m_pages.clear();
+    m_before.reset();
 }
 
 } // namespace vantrel

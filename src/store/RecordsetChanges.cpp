@@ -6,43 +6,23 @@
 
 namespace vantrel {
 
-namespace {
-QString Placeholders(qsizetype count)
-{
-    return QStringList(count, QStringLiteral("?")).join(QStringLiteral(", "));
-}
-} // namespace
-
-QString Recordset::Private::ColumnSql(int column) const
-{
-    return QLatin1Char('[') + Shape->Columns()[static_cast<std::size_t>(column)].Name +
-           QLatin1Char(']');
-}
-
-template <typename Source>
-bool Recordset::Private::Insert(Source&& source)
+bool Recordset::Private::Insert(const SelectStatement* unlessFound)
 {
     QStringList columns;
     QVariantList values;
     for (std::size_t i = 0; i < Changes.size(); ++i) {
         if (!Changes[i])
             continue;
-        columns.append(ColumnSql(static_cast<int>(i)));
+        columns.append(Shape->Columns()[i].Name);
         values.append(*Changes[i]);
     }
-    const QString names =
-        columns.isEmpty()
-            ? QString()
-            : QStringLiteral(" (") + columns.join(QStringLiteral(", ")) + QLatin1Char(')');
-    StoreDatabase& database = Store.Opened();
-    if (database.Change(QStringLiteral("INSERT INTO ") + TableSql() + names +
-                            source(Placeholders(columns.size())),
-                        values) == 0)
+    const auto key = Store.Opened().InsertRow(Table(), columns, values, unlessFound);
+    if (!key)
         return false;
-    Store.Kept.ForgetTable(Shape->Select().Table);
+    Store.Kept.ForgetTable(Table());
 
     CursorRow row;
-    row.Key = database.LastKey();
+    row.Key = *key;
     row.Values.resize(std::ssize(Shape->Columns()));
     TakeChanges(row);
     if (Shape->KeyColumn() >= 0)
@@ -75,22 +55,19 @@ void Recordset::Private::Write()
             Changes[i].reset();
             continue;
         }
-        columns.append(ColumnSql(static_cast<int>(i)) + QStringLiteral(" = ?"));
+        columns.append(Shape->Columns()[i].Name);
         values.append(*Changes[i]);
     }
     if (columns.isEmpty())
         return;
-    values.append(row.Key);
-    RunOnRow(QStringLiteral("UPDATE ") + TableSql() + QStringLiteral(" SET ") +
-                 columns.join(QStringLiteral(", ")) + QStringLiteral(" WHERE rowid = ?"),
-             values);
+    Require(Store.Opened().UpdateRow(Table(), row.Key, columns, values));
     TakeChanges(OwnRows()[At]);
     Store.Kept.TakeChange(*Shape, Current().Key, Changes);
 }
 
-void Recordset::Private::RunOnRow(const QString& sql, const QVariantList& values)
+void Recordset::Private::Require(bool found)
 {
-    if (Store.Opened().Change(sql, values) == 0)
+    if (!found)
         throw Failure(FailureNumber::NoCurrentRecord,
                       QStringLiteral("Another session has deleted the row."));
 }
@@ -130,27 +107,19 @@ void Recordset::ClearRow()
 void Recordset::Update()
 {
     m_d->Changeable();
-    if (!m_d->Adding)
-        m_d->Write();
-    else if (m_d->Changes.empty())
-        m_d->Insert([](const QString&) { return QStringLiteral(" DEFAULT VALUES"); });
+    if (m_d->Adding)
+        m_d->Insert(nullptr);
     else
-        m_d->Insert([](const QString& placeholders) -> QString {
-            return QStringLiteral(" VALUES (") + placeholders + QLatin1Char(')');
-        });
+        m_d->Write();
     m_d->DropChanges();
 }
 
 bool Recordset::UpdateUnlessFound()
 {
-    const QString found = m_d->Changeable().Select().Where;
+    const SelectStatement& found = m_d->Changeable().Select();
     if (!m_d->Adding || m_d->Changes.empty())
         throw Failure(FailureNumber::NoCurrentRecord, QStringLiteral("There is no row to add."));
-    const bool added = m_d->Insert([&](const QString& placeholders) -> QString {
-        return QStringLiteral(" SELECT ") + placeholders +
-               QStringLiteral(" WHERE NOT EXISTS (SELECT 1 FROM ") + m_d->TableSql() +
-               (found.isEmpty() ? QString() : QStringLiteral(" WHERE ") + found) + QLatin1Char(')');
-    });
+    const bool added = m_d->Insert(&found);
     m_d->DropChanges();
     return added;
 }
@@ -160,10 +129,8 @@ void Recordset::Delete()
     m_d->Changeable();
     const qlonglong key = m_d->Current().Key;
     m_d->DropChanges();
-    m_d->RunOnRow(QStringLiteral("DELETE FROM ") + m_d->TableSql() +
-                      QStringLiteral(" WHERE rowid = ?"),
-                  {key});
-    m_d->Store.Kept.ForgetTable(m_d->Shape->Select().Table);
+    Private::Require(m_d->Store.Opened().DeleteRow(m_d->Table(), key));
+    m_d->Store.Kept.ForgetTable(m_d->Table());
     m_d->CurrentDeleted = true;
     --m_d->Count;
 }

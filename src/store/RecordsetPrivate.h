@@ -31,21 +31,15 @@ struct Recordset::Private
     CursorRows& OwnRows();
     const CursorShape& Changeable() const;
     void DropChanges();
-    /// The table in the file, even if a temporary view has the same name.
-    QString TableSql() const
-    {
-        return QStringLiteral("main.[") + Shape->Select().Table + QLatin1Char(']');
-    }
-    QString ColumnSql(int column) const;
-    /// @param source  builds the SQL that supplies the values, from the list of placeholders
+    const QString& Table() const { return Shape->Select().Table; }
+    /// @param unlessFound  if given, nothing is added if this statement finds a row
     /// @return whether a row was added
-    template <typename Source>
-    bool Insert(Source&& source);
+    bool Insert(const SelectStatement* unlessFound);
     void Write();
     /// Applies the changes to the row in memory.
     void TakeChanges(CursorRow& row) const;
-    /// Runs a statement that must affect exactly the current row.
-    void RunOnRow(const QString& sql, const QVariantList& values);
+    /// Fails unless a change has found the current row.
+    static void Require(bool found);
 };
 
 } // namespace vantrel

@@ -1,6 +1,7 @@
 #include "store/SelectStatement.h"
 #include "base/Failure.h"
 #include <algorithm>
+#include <optional>
 
 namespace vantrel {
 
@@ -70,25 +71,28 @@ public:
         return true;
     }
 
-    bool TakeLiteral()
+    std::optional<QString> TakeLiteral()
     {
         if (m_current.Kind != TokenKind::Literal)
-            return false;
+            return std::nullopt;
+        QString text = m_current.Text.sliced(1, m_current.Text.size() - 2).toString();
         Advance();
-        return true;
+        return text;
     }
 
     /// A whole number, with or without a minus sign.
-    bool TakeNumber()
+    std::optional<QString> TakeNumber()
     {
-        TakeSign('-');
+        QString number(TakeSign('-') ? QStringLiteral("-") : QString());
         const bool isNumber =
             m_current.Kind == TokenKind::Word &&
             std::all_of(m_current.Text.begin(), m_current.Text.end(),
                         [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
-        if (isNumber)
-            Advance();
-        return isNumber;
+        if (!isNumber)
+            return std::nullopt;
+        number += m_current.Text;
+        Advance();
+        return number;
     }
 
     /// A column or table name without its brackets.
@@ -161,24 +165,35 @@ QStringList TakeColumns(Scanner& scanner)
     return columns;
 }
 
-void TakeComparison(Scanner& scanner)
+SelectStatement::Comparison TakeComparison(Scanner& scanner)
 {
-    scanner.TakeName();
-    if (!scanner.TakeSign('=') && !scanner.TakeSign('>'))
-        Refuse("its condition compares nothing.");
-    if (!scanner.TakeLiteral() && !scanner.TakeNumber())
+    SelectStatement::Comparison comparison;
+    comparison.Column = scanner.TakeName();
+    if (!scanner.TakeSign('=')) {
+        if (!scanner.TakeSign('>'))
+            Refuse("its condition compares nothing.");
+        comparison.IsGreater = true;
+    }
+    if (const auto text = scanner.TakeLiteral()) {
+        comparison.IsText = true;
+        comparison.Operand = *text;
+    } else if (const auto number = scanner.TakeNumber()) {
+        comparison.Operand = *number;
+    } else {
         Refuse("a column is compared with neither a text nor a number.");
+    }
+    return comparison;
 }
 
 /// Reads comparisons joined by AND and rejects everything else. Names are inserted into statements
 /// unescaped, so a name with an apostrophe must not select the rows of another name.
-QString TakeCondition(Scanner& scanner, const QString& text)
+void TakeCondition(Scanner& scanner, const QString& text, SelectStatement& select)
 {
     const qsizetype begin = scanner.Begin();
     do {
-        TakeComparison(scanner);
+        select.Conditions.push_back(TakeComparison(scanner));
     } while (scanner.TakeWord(QLatin1StringView("AND")));
-    return text.sliced(begin, scanner.Begin() - begin).trimmed();
+    select.Where = text.sliced(begin, scanner.Begin() - begin).trimmed();
 }
 
 QString Bracketed(const QString& name)
@@ -224,6 +239,8 @@ QString SelectStatement::Sql() const
         sql += QStringLiteral(" WHERE (") + Where + QLatin1Char(')');
     if (!order.isEmpty())
         sql += QStringLiteral(" ORDER BY ") + order.join(QStringLiteral(", "));
+    if (Limit > 0)
+        sql += QStringLiteral(" LIMIT ") + QString::number(Limit);
     return sql;
 }
 
@@ -239,7 +256,7 @@ SelectStatement ParseSelect(const QString& text)
         Refuse("its FROM is missing.");
     select.Table = scanner.TakeName();
     if (scanner.TakeWord(QLatin1StringView("WHERE")))
-        select.Where = TakeCondition(scanner, text);
+        TakeCondition(scanner, text, select);
     if (scanner.TakeWord(QLatin1StringView("ORDER"))) {
         if (!scanner.TakeWord(QLatin1StringView("BY")))
             Refuse("its BY is missing.");

@@ -1,21 +1,28 @@
 #pragma once
 
-#include "store/StoreStatement.h"
-#include <QCache>
+#include "store/CursorShape.h"
+#include "store/StoreRow.h"
+#include "store/StoreTable.h"
 #include <QString>
 #include <QVariantList>
+#include <functional>
 #include <memory>
-#include <utility>
+#include <optional>
+#include <span>
+#include <vector>
 
 namespace vantrel {
 
-/// One SQLite file and its prepared statements, used by `Connection` and `Recordset`. A station
-/// loads and saves the same pages for every card, so the most recently used prepared statements are
-/// kept. All operations fail like `FailAsStore`.
+/// One open database, whatever engine keeps it. `OpenStoreDatabase` opens one. Statements are in
+/// the SQL that all engines understand, with question marks for values; what engines say in
+/// different ways has a function of its own here. An operation fails with `StoreBusy` if another
+/// session holds the lock for five seconds, otherwise with `StatementInvalid` and the engine's
+/// words.
 class StoreDatabase
 {
 public:
-    enum class OpenMode { Existing, Create };
+    using TakeRow = std::function<void(const StoreRow&)>;
+    using TakeCursorRow = std::function<void(CursorRow&&)>;
 
     /// If two states are equal, no other connection has changed the database in between.
     struct State
@@ -26,88 +33,94 @@ public:
         friend bool operator==(const State&, const State&) = default;
     };
 
-    /// Opens the file with durable commits and a lock timeout of five seconds. `Existing` never
-    /// creates a file.
-    StoreDatabase(const QString& path, OpenMode mode);
+    StoreDatabase() = default;
+    StoreDatabase(const StoreDatabase&) = delete;
+    StoreDatabase& operator=(const StoreDatabase&) = delete;
+    virtual ~StoreDatabase() = default;
 
-    /// Runs a statement without keeping it prepared.
-    /// @return the first value of its first row, null if there is none
-    QVariant Execute(const QString& sql);
-    /// Runs a prepared statement: calls `show` once with the statement, then `take` for each of its
-    /// rows.
-    template <typename Show, typename Take>
-    void Read(const QString& sql, Show&& show, Take&& take);
-    /// Runs a prepared statement with the values bound in order, and calls `take` for each row of
-    /// its result.
-    template <typename Take>
-    void Select(const QString& sql, const QVariantList& values, Take&& take);
-    /// Runs a prepared statement that returns no rows, with the values bound in order.
+    /// What it was opened with.
+    virtual QString Location() const = 0;
+    /// Fails with `StatementInvalid` unless the tables of the layouts are there.
+    virtual void RequireTables() = 0;
+    /// Why the server that keeps the database cannot be reached; empty while it can. It is tried
+    /// again by the next operation, at the earliest after a pause.
+    virtual QString Trouble() const { return {}; }
+
+    /// Runs one statement or several that take no values.
+    /// @return the first value of the first row, null if there is none
+    virtual QVariant Execute(const QString& sql) = 0;
+    /// Runs a statement with the values bound in order, and calls `take` for each row of its
+    /// result.
+    virtual void Select(const QString& sql, const QVariantList& values, const TakeRow& take) = 0;
+    /// Runs a statement that returns no rows, with the values bound in order.
     /// @return the number of rows it has changed
-    int Change(const QString& sql, const QVariantList& values = {});
-    /// The key of the last added row.
-    qlonglong LastKey() const;
+    virtual int Change(const QString& sql, const QVariantList& values = {}) = 0;
+    /// Runs a statement that inserts one row into a table with a counter named `ID`.
+    /// @return the row's number
+    virtual qlonglong Add(const QString& sql, const QVariantList& values) = 0;
 
     /// Begins a transaction that holds the write lock from its start. Fails with `StoreBusy` if
     /// another session holds the lock for five seconds.
     /// @return false, with nothing changed, if a transaction is already open
-    bool Begin();
-    /// Whether a transaction is open. SQLite may roll one back automatically if the disk is full or
-    /// fails.
-    bool InTransaction() const;
-    /// Whether the file could only be opened for reading.
-    bool IsReadOnly() const;
+    virtual bool Begin() = 0;
+    /// Begins a transaction that only reads, all of it in the same state, and holds nobody up.
+    virtual void BeginReading() = 0;
+    /// Ends the transaction durably.
+    virtual void Commit() = 0;
+    virtual void Rollback() = 0;
+    /// Whether a transaction is open. An engine may roll one back by itself, as SQLite does if the
+    /// disk is full or fails.
+    virtual bool InTransaction() const = 0;
+    /// Whether the database could only be opened for reading.
+    virtual bool IsReadOnly() const = 0;
     /// The present state, for comparison with an earlier one.
-    State Now();
-    /// Name of the column that is the row key of a table, empty if the table does not exist.
-    QString KeyColumn(const QString& table);
+    virtual State Now() = 0;
+    /// Whether the state is known at a cost well below that of reading rows, so that it is worth
+    /// keeping rows and asking whether they are still the same.
+    virtual bool MayKeepRows() const = 0;
 
-private:
-    struct Closer
-    {
-        void operator()(sqlite3* database) const;
-    };
-    /// Resets a statement when its scope ends, even by an exception, and counts failures.
-    class Running
-    {
-    public:
-        Running(StoreDatabase& database, const QString& sql);
-        Running(const Running&) = delete;
-        Running& operator=(const Running&) = delete;
-        ~Running();
-        StoreStatement* operator->() { return m_statement.get(); }
-        StoreStatement& operator*() { return *m_statement; }
+    /// Columns of a table in their order, the key among them; empty if there is no such table.
+    virtual std::vector<StoreColumn> ColumnsOf(const QString& table) = 0;
+    /// Makes the tables and indexes that are missing, within the transaction that is open, if one
+    /// is.
+    virtual void MakeTables(std::span<const StoreTable> tables) = 0;
 
-    private:
-        StoreDatabase& m_database;
-        std::shared_ptr<StoreStatement> m_statement;
-        int m_exceptions;
-    };
+    /// Reads the rows of a cursor's statement in their order.
+    virtual void ReadRows(const CursorShape& shape, const TakeCursorRow& take) = 0;
+    /// Adds a row to a table that cursors read, with a value for each of the columns named.
+    /// @param unlessFound  if given, as one step with the check that this statement finds no row
+    /// @return the key of the row; nothing if it was not added
+    virtual std::optional<qlonglong> InsertRow(const QString& table, const QStringList& columns,
+                                               const QVariantList& values,
+                                               const SelectStatement* unlessFound) = 0;
+    /// Adds rows, each with a value for each of the columns, which may be the key.
+    virtual void InsertRows(const QString& table, const QStringList& columns,
+                            const std::vector<QVariantList>& rows) = 0;
+    /// Must be called after rows were added with keys of their own: those of later rows are higher.
+    virtual void ContinueKeys(const QString& table) = 0;
+    /// Changes values of one row. @return false if there is no row of that key
+    virtual bool UpdateRow(const QString& table, qlonglong key, const QStringList& columns,
+                           const QVariantList& values) = 0;
+    /// @return false if there is no row of that key
+    virtual bool DeleteRow(const QString& table, qlonglong key) = 0;
 
-    std::shared_ptr<StoreStatement> Prepared(const QString& sql);
-
-    std::unique_ptr<sqlite3, Closer> m_database;
-    QCache<QString, std::shared_ptr<StoreStatement>> m_statements;
-    qlonglong m_failures = 0;
+    /// A column in a condition that no index is to be used for.
+    virtual QString WithoutIndex(const QString& column) const = 0;
+    /// From now on this connection leaves nothing in the files of what it deletes, where the engine
+    /// can do that at once.
+    virtual void OverwriteDeleted() = 0;
+    /// Removes from the files what deleted rows of these tables have left there. No transaction may
+    /// be open.
+    /// @return false if others use the database, so that copies may be left
+    virtual bool EmptyFiles(std::span<const StoreTable> tables) = 0;
 };
 
-template <typename Take>
-void StoreDatabase::Select(const QString& sql, const QVariantList& values, Take&& take)
-{
-    Running statement(*this, sql);
-    statement->Bind(values);
-    while (statement->Step())
-        take(std::as_const(*statement));
-}
+/// The version of the tables in a store on a server, where several programs share one.
+inline constexpr qlonglong StoreVersion = 2;
 
-template <typename Show, typename Take>
-void StoreDatabase::Read(const QString& sql, Show&& show, Take&& take)
-{
-    Running statement(*this, sql);
-    // SQLite notices a changed table only when the statement is stepped.
-    bool isOnRow = statement->Step();
-    show(std::as_const(*statement));
-    for (; isOnRow; isOnRow = statement->Step())
-        take(std::as_const(*statement));
-}
+/// Opens an existing database, never creating one. Fails with `FileNotFound` if there is no file,
+/// with `StatementInvalid` if it is no database.
+/// @param location  the path of a file
+std::unique_ptr<StoreDatabase> OpenStoreDatabase(const QString& location);
 
 } // namespace vantrel

@@ -14,12 +14,12 @@ StoreTransaction::~StoreTransaction()
 {
     // SQLite rolls back by itself where the disk is full.
     if (m_database.InTransaction())
-        Skip("roll back", [&] { m_database.Change(QStringLiteral("ROLLBACK")); });
+        Skip("roll back", [&] { m_database.Rollback(); });
 }
 
 void StoreTransaction::Commit()
 {
-    m_database.Change(QStringLiteral("COMMIT"));
+    m_database.Commit();
 }
 
 } // namespace vantrel

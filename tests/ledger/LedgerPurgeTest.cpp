@@ -1,5 +1,6 @@
 #include "LedgerTest.h"
 #include "ledger/LedgerTending.h"
+#include "store/sqlite/SqliteDatabase.h"
 #include "support/StoreFaults.h"
 #include <QDateTime>
 #include <QFile>
@@ -141,7 +142,7 @@ TEST_F(LedgerPurged, NothingOfWhatWasRemovedIsLeftInTheFiles)
             Database().Change(QStringLiteral("DELETE FROM LedgerRecords WHERE EntryID = ?"),
                               {id / 2});
     }
-    StoreDatabase station(Path, StoreDatabase::OpenMode::Existing);
+    SqliteDatabase station(Path, SqliteDatabase::OpenMode::Existing);
     station.Execute(QStringLiteral("SELECT COUNT(*) FROM LedgerEntries"));
     ASSERT_TRUE(FilesHold(secret.toUtf8()));
     EXPECT_EQ(PurgeEntries(Database(), 5), 200);
@@ -157,7 +158,7 @@ TEST_F(LedgerPurged, NothingOfWhatWasRemovedIsLeftInTheFiles)
 TEST_F(LedgerPurged, AReaderThatStaysIsReported)
 {
     AddPrinted("Ada");
-    StoreDatabase reader(Path, StoreDatabase::OpenMode::Existing);
+    SqliteDatabase reader(Path, SqliteDatabase::OpenMode::Existing);
     reader.Execute(QStringLiteral("BEGIN"));
     reader.Execute(QStringLiteral("SELECT COUNT(*) FROM LedgerEntries"));
     Database().Execute(QStringLiteral("PRAGMA busy_timeout = 1"));
@@ -176,7 +177,7 @@ TEST_F(LedgerPurged, AStationWritesWhileEntriesAreRemoved)
     std::atomic<bool> ended = false;
     int written = 0;
     std::thread station([&] {
-        StoreDatabase store(Path, StoreDatabase::OpenMode::Existing);
+        SqliteDatabase store(Path, SqliteDatabase::OpenMode::Existing);
         do {
             AddLedgerEntry(store, AgedEntry(0));
             ++written;

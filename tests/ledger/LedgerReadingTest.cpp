@@ -206,13 +206,13 @@ TEST_F(LedgerTest, AWriterIsNotHeldUpWhileEntriesAreTaken)
 {
     AddPrinted("Ada");
     AddPrinted("Grace");
-    StoreDatabase other(Path, StoreDatabase::OpenMode::Existing);
+    const auto other = OpenStoreDatabase(Path);
     int taken = 0;
     ReadEntries(Database(), {}, [&](const LedgerEntry&) {
         ++taken;
-        AddLedgerEntry(other, PrintedEntry({QStringLiteral("New")}));
+        AddLedgerEntry(*other, PrintedEntry({QStringLiteral("New")}));
         // A reader would keep the log from being emptied.
-        EXPECT_EQ(other.Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt(), 0);
+        EXPECT_EQ(other->Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt(), 0);
     });
     EXPECT_EQ(taken, 2);
 }

@@ -120,8 +120,8 @@ TEST_F(LedgerTended, WhatCannotBePrintedAgainIsRefusedInOneLine)
 TEST_F(LedgerTended, TwoWhoAskAtOnceGetOneReprint)
 {
     const auto first = AddPrinted("Ada");
-    StoreDatabase other(Path, StoreDatabase::OpenMode::Existing);
-    EXPECT_NO_THROW(AskReprint(other, first, ReprintMode::Once));
+    const auto other = OpenStoreDatabase(Path);
+    EXPECT_NO_THROW(AskReprint(*other, first, ReprintMode::Once));
     EXPECT_FALSE(ReprintRefusal(first).isEmpty());
 }
 

@@ -43,9 +43,8 @@ protected:
     }
     void Change(const QString& statement)
     {
-        StoreDatabase store(LayoutDatabasePath(Folder.Session.ProgramFolder),
-                            StoreDatabase::OpenMode::Existing);
-        store.Execute(statement);
+        const auto store = OpenStoreDatabase(LayoutDatabasePath(Folder.Session.ProgramFolder));
+        store->Execute(statement);
     }
     /// The store's journals have its own mode, so whoever changes one changes all of them.
     void SetModeOfStore(QFile::Permissions mode) const

@@ -48,12 +48,11 @@ protected:
     bool WaitUntilBegun(qlonglong id) const
     {
         constexpr int limitMs = 60'000;
-        StoreDatabase store(LayoutDatabasePath(Folder.Session.ProgramFolder),
-                            StoreDatabase::OpenMode::Existing);
+        const auto store = OpenStoreDatabase(LayoutDatabasePath(Folder.Session.ProgramFolder));
         QElapsedTimer limit;
         limit.start();
         while (limit.elapsed() < limitMs) {
-            if (FindEntry(store, id, LedgerBytes::Without)->State != LedgerState::Received)
+            if (FindEntry(*store, id, LedgerBytes::Without)->State != LedgerState::Received)
                 return true;
         }
         return false;

@@ -27,15 +27,27 @@ void AddCard(StoreDatabase& database, qlonglong entry, const LedgerCard& card)
 
 qlonglong AddLedgerEntry(StoreDatabase& database, LedgerEntry entry)
 {
-    database.Change(
-        QStringLiteral("INSERT INTO LedgerEntries (ID, State, Received, SessionNumber, ReprintOf, "
-                       "Length, ValueCount, Source, Layout, Reason, Hash, SearchText) "
-                       "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-        {entry.Id == 0 ? QVariant() : QVariant(entry.Id), NameOf(entry.State), entry.Received,
-         entry.Session, entry.ReprintOf ? QVariant(*entry.ReprintOf) : QVariant(),
-         qlonglong{entry.Raw.size()}, qlonglong{entry.Values.size()}, entry.Source, entry.Layout,
-         entry.Reason, entry.Hash, SearchTextOf(entry)});
-    const qlonglong id = database.LastKey();
+    QVariantList values{NameOf(entry.State),
+                        entry.Received,
+                        entry.Session,
+                        entry.ReprintOf ? QVariant(*entry.ReprintOf) : QVariant(),
+                        qlonglong{entry.Raw.size()},
+                        qlonglong{entry.Values.size()},
+                        entry.Source,
+                        entry.Layout,
+                        entry.Reason,
+                        entry.Hash,
+                        SearchTextOf(entry)};
+    const bool hasNumber = entry.Id != 0;
+    if (hasNumber)
+        values.append(entry.Id);
+    const qlonglong id = database.Add(
+        QStringLiteral("INSERT INTO LedgerEntries (State, Received, SessionNumber, ReprintOf, "
+                       "Length, ValueCount, Source, Layout, Reason, Hash, SearchText%1) "
+                       "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?%2)")
+            .arg(hasNumber ? QStringLiteral(", ID") : QString(),
+                 hasNumber ? QStringLiteral(", ?") : QString()),
+        values);
     if (entry.HasValues)
         database.Change(QStringLiteral("INSERT INTO LedgerRecords (EntryID, Framing, RecordValues, "
                                        "Raw) VALUES (?, ?, ?, ?)"),

@@ -1,5 +1,5 @@
 #include "support/StoreFaults.h"
-#include "store/StoreDatabase.h"
+#include "store/sqlite/SqliteDatabase.h"
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -76,7 +76,7 @@ void DamageRows(const QString& path, const QString& table)
     qint64 pageSize = 0;
     qint64 root = 0;
     {
-        StoreDatabase database(path, StoreDatabase::OpenMode::Existing);
+        SqliteDatabase database(path, SqliteDatabase::OpenMode::Existing);
         database.Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
         pageSize = database.Execute(QStringLiteral("PRAGMA page_size")).toLongLong();
         root = database
@@ -116,7 +116,7 @@ void LimitCache(int pages)
 
 void EmptyLog(const QString& path)
 {
-    StoreDatabase database(path, StoreDatabase::OpenMode::Existing);
+    SqliteDatabase database(path, SqliteDatabase::OpenMode::Existing);
     EXPECT_EQ(database.Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt(), 0);
 }
 

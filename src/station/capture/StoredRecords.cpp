@@ -9,7 +9,6 @@
 #include "station/ledger/StationLedger.h"
 #include "station/print/Reprint.h"
 #include "station/session/Session.h"
-#include "store/Schema.h"
 #include "store/StoreDatabase.h"
 #include <QFileInfo>
 #include <QTimer>
@@ -39,7 +38,7 @@ std::optional<LedgerEntry> NextStoredEntry(Session& session)
     database.Select(QStringLiteral("SELECT ID FROM LedgerEntries WHERE State = ? AND "
                                    "SessionNumber = ? ORDER BY ID LIMIT 100"),
                     {NameOf(LedgerState::Received), static_cast<int>(session.SessionNumber)},
-                    [&](const StoreStatement& row) {
+                    [&](const StoreRow& row) {
                         const qlonglong id = row.Value(0).toLongLong();
                         if (!next && !isOnRoad(id))
                             next = id;
@@ -61,7 +60,7 @@ std::optional<LedgerEntry> DrawnBefore(Session& session, const LedgerEntry& entr
                                        "AND EntryID IN (SELECT ? UNION ALL SELECT ID FROM "
                                        "LedgerEntries WHERE ReprintOf = ? AND ID < ?)"),
                         {*entry.ReprintOf, *entry.ReprintOf, entry.Id},
-                        [&](const StoreStatement& row) { id = row.Value(0); });
+                        [&](const StoreRow& row) { id = row.Value(0); });
         if (!id.isNull())
             drawn = FindEntry(database, id.toLongLong());
     });
@@ -92,9 +91,10 @@ bool TakeStoredRecord(Session& session, const LedgerEntry& entry)
 void OpenReadOnlyStoreAgain(Session& session)
 {
     Connection& store = session.LayoutDb;
-    const QString path = session.PathInFolder(QLatin1StringView(LayoutDatabaseName));
-    if (session.Road.IsBusy() || !store.IsOpen() || !store.Database().IsReadOnly() ||
-        !QFileInfo(path).isWritable())
+    if (session.Road.IsBusy() || !store.IsOpen() || !store.Database().IsReadOnly())
+        return;
+    const QString path = store.Database().Location();
+    if (!QFileInfo(path).isWritable())
         return;
     Skip("open store again", [&] { store.Open(path); });
     OpenLedger(session);

@@ -105,17 +105,20 @@ void WriteExtra(Recordset& rows, const PageKey& page, const ObjectExtra& extra)
     rows.MoveNext();
 }
 
-void MakeExtrasTable(Connection& store)
-{
-    store.MakeTable({QStringLiteral("CREATE TABLE IF NOT EXISTS [ObjectExtras] ("
-                                    "[RowKey] INTEGER PRIMARY KEY AUTOINCREMENT, "
-                                    "[LayoutName] TEXT, [Page] INTEGER, [Kind] TEXT, "
-                                    "[Name] TEXT, [Place] INTEGER, [Extras] TEXT)"),
-                     QStringLiteral("CREATE INDEX IF NOT EXISTS [ObjectExtrasLookup] ON "
-                                    "[ObjectExtras] ([LayoutName], [Page])")});
-}
+constexpr StoreColumnRow Columns[] = {
+    {"RowKey", StoreType::Counter}, {"LayoutName", StoreType::Text}, {"Page", StoreType::Whole},
+    {"Kind", StoreType::Text},      {"Name", StoreType::Text},       {"Place", StoreType::Whole},
+    {"Extras", StoreType::Text},
+};
+constexpr StoreIndex Indexes[] = {{"ObjectExtrasLookup", "LayoutName, Page"}};
+constexpr StoreTable Table[] = {{"ObjectExtras", Columns, Indexes, true}};
 
 } // namespace
+
+std::span<const StoreTable> ExtrasTables()
+{
+    return Table;
+}
 
 bool HasExtras(Connection& store)
 {
@@ -165,7 +168,7 @@ void SaveExtras(Connection& store, const PageKey& page, const CardDocument& docu
     if (!HasExtras(store)) {
         if (extras.empty())
             return;
-        MakeExtrasTable(store);
+        store.MakeTable(Table[0]);
     }
     Recordset rows(store);
     rows.Open(ExtrasOfPage(page.LayoutName, page.Page), CursorLock::Optimistic);

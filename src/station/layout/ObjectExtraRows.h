@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/ColumnReader.h"
+#include "store/StoreTable.h"
 #include <QLatin1StringView>
 #include <vector>
 
@@ -27,6 +28,8 @@ struct PageKey;
 
 inline constexpr QLatin1StringView ExtrasTable{"ObjectExtras"};
 
+/// The table, as databases make it.
+std::span<const StoreTable> ExtrasTables();
 /// Whether the database has the table. Fails like `Connection::HasTable`.
 bool HasExtras(Connection& store);
 

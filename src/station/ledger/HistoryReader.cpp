@@ -131,7 +131,7 @@ private:
     StoreDatabase& Open()
     {
         if (!m_database) {
-            m_database = std::make_unique<StoreDatabase>(m_path, StoreDatabase::OpenMode::Existing);
+            m_database = OpenStoreDatabase(m_path);
             if (!HasLedger(*m_database)) {
                 m_database.reset();
                 throw Failure(FailureNumber::InvalidCall,

@@ -1,4 +1,4 @@
-#include "store/StoreStatement.h"
+#include "store/sqlite/SqliteStatement.h"
 #include "base/Failure.h"
 #include <sqlite3.h>
 
@@ -56,7 +56,7 @@ int BindValue(sqlite3_stmt* statement, int place, const QVariant& value)
 
 } // namespace
 
-void FailAsStore(sqlite3* database)
+void FailAsSqlite(sqlite3* database)
 {
     const int code = sqlite3_errcode(database) & PrimaryCodeMask;
     const bool busy = code == SQLITE_BUSY || code == SQLITE_LOCKED;
@@ -65,12 +65,12 @@ void FailAsStore(sqlite3* database)
                       QString::fromUtf8(sqlite3_errmsg(database)));
 }
 
-void StoreStatement::Deleter::operator()(sqlite3_stmt* statement) const
+void SqliteStatement::Deleter::operator()(sqlite3_stmt* statement) const
 {
     sqlite3_finalize(statement);
 }
 
-StoreStatement::StoreStatement(sqlite3* database, const QString& sql) : m_database(database)
+SqliteStatement::SqliteStatement(sqlite3* database, const QString& sql) : m_database(database)
 {
     const QByteArray utf8 = sql.toUtf8();
     sqlite3_stmt* statement = nullptr;
@@ -79,19 +79,19 @@ StoreStatement::StoreStatement(sqlite3* database, const QString& sql) : m_databa
                            SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
     m_statement.reset(statement);
     if (code != SQLITE_OK)
-        FailAsStore(m_database);
+        FailAsSqlite(m_database);
 }
 
-void StoreStatement::Bind(const QVariantList& values)
+void SqliteStatement::Bind(const QVariantList& values)
 {
     int place = 0;
     for (const QVariant& value : values) {
         if (BindValue(m_statement.get(), ++place, value) != SQLITE_OK)
-            FailAsStore(m_database);
+            FailAsSqlite(m_database);
     }
 }
 
-bool StoreStatement::Step()
+bool SqliteStatement::Step()
 {
     switch (sqlite3_step(m_statement.get())) {
     case SQLITE_ROW:
@@ -99,11 +99,11 @@ bool StoreStatement::Step()
     case SQLITE_DONE:
         return false;
     default:
-        FailAsStore(m_database);
+        FailAsSqlite(m_database);
     }
 }
 
-void StoreStatement::Finish()
+void SqliteStatement::Finish()
 {
     // The return value only repeats the error of the last step.
     sqlite3_reset(m_statement.get());
@@ -111,22 +111,7 @@ void StoreStatement::Finish()
     sqlite3_clear_bindings(m_statement.get());
 }
 
-int StoreStatement::ColumnCount() const
-{
-    return sqlite3_column_count(m_statement.get());
-}
-
-QString StoreStatement::ColumnName(int column) const
-{
-    return QString::fromUtf8(sqlite3_column_name(m_statement.get(), column));
-}
-
-QByteArray StoreStatement::DeclaredType(int column) const
-{
-    return {sqlite3_column_decltype(m_statement.get(), column)};
-}
-
-QVariant StoreStatement::Value(int column) const
+QVariant SqliteStatement::Value(int column) const
 {
     switch (sqlite3_column_type(m_statement.get(), column)) {
     case SQLITE_NULL:

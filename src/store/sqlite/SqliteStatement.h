@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArray>
+#include "store/StoreRow.h"
 #include <QString>
 #include <QVariantList>
 #include <memory>
@@ -12,31 +12,26 @@ namespace vantrel {
 
 /// Throws a failure with SQLite's message for its last call: `StoreBusy` if the database is locked,
 /// otherwise `StatementInvalid`.
-[[noreturn]] void FailAsStore(sqlite3* database);
+[[noreturn]] void FailAsSqlite(sqlite3* database);
 
 /// One prepared statement of an open SQLite file. It must not outlive the connection.
-class StoreStatement
+class SqliteStatement final : public StoreRow
 {
 public:
-    /// Fails like `FailAsStore`.
-    StoreStatement(sqlite3* database, const QString& sql);
+    /// Fails like `FailAsSqlite`.
+    SqliteStatement(sqlite3* database, const QString& sql);
 
     /// Binds values to the placeholders, in order: whole numbers, reals, texts, bytes and nulls.
-    /// Fails like `FailAsStore`.
+    /// Fails like `FailAsSqlite`.
     void Bind(const QVariantList& values);
-    /// Moves to the next row. Fails like `FailAsStore`.
+    /// Moves to the next row. Fails like `FailAsSqlite`.
     /// @return false if there is no further row
     bool Step();
     /// Resets the statement so that it can run again; until then it holds the read lock.
     void Finish();
 
-    /// Number of columns of the result; columns are counted from 0.
-    int ColumnCount() const;
-    QString ColumnName(int column) const;
-    /// The type that the table declares for the column, empty if it declares none.
-    QByteArray DeclaredType(int column) const;
     /// The value in the current row: a whole number, a real, a text, bytes or null.
-    QVariant Value(int column) const;
+    QVariant Value(int column) const override;
 
 private:
     struct Deleter
