@@ -7,6 +7,7 @@ find_package(Cups REQUIRED)
 find_package(JPEG REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(SQLite3 REQUIRED)
+pkg_check_modules(libpq REQUIRED IMPORTED_TARGET libpq)
 pkg_check_modules(pangocairo REQUIRED IMPORTED_TARGET pangocairo pangoft2 fontconfig cairo cairo-pdf
                   harfbuzz-subset)
 pkg_check_modules(libmicrohttpd REQUIRED IMPORTED_TARGET libmicrohttpd>=0.9.75)

@@ -51,7 +51,10 @@ _vantrel_admin() {
   read -ra name <<<"$command"
   compopt -o filenames 2>/dev/null || true
   if ((${#plain[@]} == ${#name[@]})); then
-    [[ $command == settings ]] || mapfile -t COMPREPLY < <(compgen -d -- "$current" | sort)
+    [[ $command == settings || $command == 'store init' ]] ||
+      mapfile -t COMPREPLY < <(compgen -d -- "$current" | sort)
+  elif [[ $command == 'store copy' ]] && ((${#plain[@]} == ${#name[@]} + 1)); then
+    mapfile -t COMPREPLY < <(compgen -d -- "$current" | sort)
   elif [[ $command == 'ledger export' ]]; then
     mapfile -t COMPREPLY < <(compgen -f -- "$current" | sort)
   fi

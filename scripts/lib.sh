@@ -2,7 +2,7 @@
 
 # A name that ends in ? is a package that some Debian releases lack: Debian 12 has libqt6svg6 where
 # 13 has qt6-svg-plugins, and 13 lacks clang-format-14.
-BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-dev
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config ccache qt6-base-dev libsqlite3-dev libpq-dev
   qt6-multimedia-dev qt6-pdf-dev qt6-serialport-dev libgl1-mesa-dev libcups2-dev libcairo2-dev libpango1.0-dev libharfbuzz-dev
   libjpeg-dev libmicrohttpd-dev libzint-dev libsystemd-dev libgtest-dev libgmock-dev libbenchmark-dev)
 RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-plugins poppler-utils fonts-liberation
@@ -10,7 +10,7 @@ RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-pl
 TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-utils ghostscript
   fonts-urw-base35 mupdf-tools qpdf zbar-tools zxing-cpp-tools dmtx-utils
   libqt6sql6-sqlite sqlite3 procps python3 python3-prometheus-client python3-yaml curl openssl xvfb dbus-daemon at-spi2-core openbox
-  locales weston qt6-wayland chromium chromium-driver python3-selenium)
+  locales weston qt6-wayland chromium chromium-driver python3-selenium postgresql)
 
 # The script uses sqlite3 to write the layouts of a macro.
 VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
@@ -48,6 +48,12 @@ install_packages() {
   done
   [ ${#missing[@]} -gt 0 ] || return 0
   echo "Installing: ${missing[*]}"
+  # The tests start servers of their own; the package must not start one.
+  if [[ " ${missing[*]} " == *' postgresql '* ]]; then
+    "${root[@]}" mkdir -p /etc/postgresql-common/createcluster.d
+    echo 'create_main_cluster = false' |
+      "${root[@]}" tee /etc/postgresql-common/createcluster.d/no-main-cluster.conf >/dev/null
+  fi
   "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }

@@ -52,13 +52,13 @@ qlonglong AddReprintOf(StoreDatabase& database, qlonglong id)
 {
     const qlonglong added =
         database.Add(QStringLiteral("INSERT INTO LedgerEntries (State, Received, SessionNumber, "
-                                   "ReprintOf, Length, ValueCount, Source, Layout, Reason, Hash, "
-                                   "SearchText) SELECT ?, ?, CASE WHEN SessionNumber < ? THEN "
-                                   "SessionNumber ELSE ? END, ID, Length, "
-                                   "ValueCount, Source, Layout, '', Hash, SearchText "
-                                   "FROM LedgerEntries WHERE ID = ?"),
-                    {NameOf(LedgerState::Received), QDateTime::currentMSecsSinceEpoch(),
-                     FirstRunSession, SessionOfReprints, id});
+                                    "ReprintOf, Length, ValueCount, Source, Layout, Reason, Hash, "
+                                    "SearchText) SELECT ?, ?, CASE WHEN SessionNumber < ? THEN "
+                                    "SessionNumber ELSE ? END, ID, Length, "
+                                    "ValueCount, Source, Layout, '', Hash, SearchText "
+                                    "FROM LedgerEntries WHERE ID = ?"),
+                     {NameOf(LedgerState::Received), QDateTime::currentMSecsSinceEpoch(),
+                      FirstRunSession, SessionOfReprints, id});
     database.Change(QStringLiteral("INSERT INTO LedgerRecords (EntryID, Framing, RecordValues, "
                                    "Raw) SELECT ?, Framing, RecordValues, Raw "
                                    "FROM LedgerRecords WHERE EntryID = ?"),

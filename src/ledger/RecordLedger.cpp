@@ -298,11 +298,11 @@ void RecordLedger::WriteCards(StoreDatabase& database, RecordRun& run)
                                          NotNull(card.File), NotNull(card.Reason), card.Id});
             continue;
         }
-        card.Id = database.Add(
-            InsertCard, {run.Entry.Id, NameOf(card.State), card.Page, card.Copy, OrNull(card.Job),
-                         card.Changed, NotNull(card.Layout), NotNull(card.Printer),
-                         ListText(card.Numbers), NotNull(card.PageHash), NotNull(card.File),
-                         NotNull(card.Reason)});
+        card.Id = database.Add(InsertCard,
+                               {run.Entry.Id, NameOf(card.State), card.Page, card.Copy,
+                                OrNull(card.Job), card.Changed, NotNull(card.Layout),
+                                NotNull(card.Printer), ListText(card.Numbers),
+                                NotNull(card.PageHash), NotNull(card.File), NotNull(card.Reason)});
         row.Fresh = true;
     }
 }

@@ -55,7 +55,8 @@ constexpr StoreColumnRow LayoutParamsColumns[] = {
 constexpr StoreColumnRow SerializerColumns[] = {
     {"RowKey", Counter}, {"LayoutName", Text}, {"ElementType", Whole}, {"ElementData", Text}};
 
-constexpr StoreColumnRow MacrosColumns[] = {{"RowKey", Counter}, {"ID", Whole}, {"MacroName", Text}};
+constexpr StoreColumnRow MacrosColumns[] = {
+    {"RowKey", Counter}, {"ID", Whole}, {"MacroName", Text}};
 
 constexpr StoreColumnRow MacroElementsColumns[] = {
     {"RowKey", Counter}, {"MacroID", Whole}, {"LayoutName", Text}};

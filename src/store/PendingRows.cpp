@@ -28,9 +28,8 @@ CursorShape WholeRows(StoreDatabase& database, const SelectStatement& select)
 std::map<qlonglong, QVariantList> StoredRows(StoreDatabase& database, const SelectStatement& select)
 {
     std::map<qlonglong, QVariantList> rows;
-    database.ReadRows(WholeRows(database, select), [&](CursorRow&& row) {
-        rows.emplace(row.Key, std::move(row.Values));
-    });
+    database.ReadRows(WholeRows(database, select),
+                      [&](CursorRow&& row) { rows.emplace(row.Key, std::move(row.Values)); });
     return rows;
 }
 
@@ -250,7 +249,8 @@ void PendingRows::Leave()
 void PendingRows::AfterCommit()
 {
     m_before.reset();
-    std::erase_if(m_pages, [](const Page& page) { return page.Hidden.empty() && page.Seen.empty(); });
+    std::erase_if(m_pages,
+                  [](const Page& page) { return page.Hidden.empty() && page.Seen.empty(); });
 }
 
 void PendingRows::AfterRollback()

@@ -59,6 +59,9 @@ public:
     /// @return the row's number
     virtual qlonglong Add(const QString& sql, const QVariantList& values) = 0;
 
+    /// Why a commit may be lost when the machine fails; empty if it is as durable as it should be.
+    virtual QString DoubtsAboutCommits() { return {}; }
+
     /// Begins a transaction that holds the write lock from its start. Fails with `StoreBusy` if
     /// another session holds the lock for five seconds.
     /// @return false, with nothing changed, if a transaction is already open
@@ -120,7 +123,7 @@ inline constexpr qlonglong StoreVersion = 2;
 
 /// Opens an existing database, never creating one. Fails with `FileNotFound` if there is no file,
 /// with `StatementInvalid` if it is no database.
-/// @param location  the path of a file
+/// @param location  the path of a file, or an address, see `IsPostgresAddress`
 std::unique_ptr<StoreDatabase> OpenStoreDatabase(const QString& location);
 
 } // namespace vantrel

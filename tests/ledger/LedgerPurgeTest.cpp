@@ -177,9 +177,9 @@ TEST_F(LedgerPurged, AStationWritesWhileEntriesAreRemoved)
     std::atomic<bool> ended = false;
     int written = 0;
     std::thread station([&] {
-        SqliteDatabase store(Path, SqliteDatabase::OpenMode::Existing);
+        const auto store = OpenStoreDatabase(Path);
         do {
-            AddLedgerEntry(store, AgedEntry(0));
+            AddLedgerEntry(*store, AgedEntry(0));
             ++written;
         } while (!ended);
     });

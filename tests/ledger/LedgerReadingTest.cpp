@@ -212,7 +212,8 @@ TEST_F(LedgerTest, AWriterIsNotHeldUpWhileEntriesAreTaken)
         ++taken;
         AddLedgerEntry(*other, PrintedEntry({QStringLiteral("New")}));
         // A reader would keep the log from being emptied.
-        EXPECT_EQ(other->Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt(), 0);
+        if (!StoresAreOnServer())
+            EXPECT_EQ(other->Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt(), 0);
     });
     EXPECT_EQ(taken, 2);
 }

@@ -26,7 +26,7 @@ offers() {
 }
 
 complete -p vantrel-admin | grep -q _vantrel_admin
-offers 'check|demo|init|ledger|macro|new|session|settings' ''
+offers 'check|demo|init|ledger|macro|new|session|settings|store' ''
 offers 'ledger' led
 offers 'counts|export|list|purge|reprint|show|void' ledger ''
 offers 'reprint' ledger re
@@ -41,6 +41,11 @@ offers '' check another ''
 offers '--json|--help' check another --
 offers 'a file' ledger export another 'a f'
 offers '' settings ''
+offers 'check|copy|init' store ''
+offers '' store init ''
+offers 'a station|another' store copy ''
+offers 'a station|another' store copy another ''
+offers '' store copy another another ''
 offers '--state|--text|--since|--until|--before|--limit|--json|--help' ledger list another -
 offers '--older-than|--all|--help' ledger purge another --
 offers '--existing|--help' new --

@@ -156,9 +156,8 @@ TEST_F(KeptRowsTest, RowsThatTheStoreRolledBackAreNotSeen)
 
 TEST_F(KeptRowsTest, AnotherFileDoesNotShowTheKeptRows)
 {
-    const QString second = Folder.filePath(QStringLiteral("Second.dat"));
-    CreateLayoutDatabase(second);
-    Store.Open(second);
+    const TestStore second(Folder.filePath(QStringLiteral("Second.dat")));
+    Store.Open(second.Location());
     EXPECT_TRUE(TextsOf(AllControls).isEmpty());
     EXPECT_TRUE(TextsOf(FirstPage).isEmpty());
 }

@@ -5,21 +5,18 @@
 #include "store/Schema.h"
 #include "support/FailureOf.h"
 #include "support/Print.h"
+#include "support/TestStore.h"
 #include <QStringList>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
 
-/// A fresh layout database in a temporary folder, open.
+/// A fresh layout database, open.
 class StoreTest : public ::testing::Test
 {
 protected:
-    StoreTest()
-    {
-        CreateLayoutDatabase(Path);
-        Store.Open(Path);
-    }
+    StoreTest() { Store.Open(Path); }
 
     /// Adds a row with a text to `Controls`.
     static void AddControl(Connection& store, const QString& layout, int page, const QString& text)
@@ -50,7 +47,9 @@ protected:
     }
 
     QTemporaryDir Folder;
-    QString Path = Folder.filePath(QLatin1StringView(LayoutDatabaseName));
+    TestStore Made{Folder.filePath(QLatin1StringView(LayoutDatabaseName))};
+    /// What connections to the store are opened with.
+    QString Path = Made.Location();
     Connection Store;
 };
 

@@ -1,5 +1,7 @@
 #include "support/StoreFaults.h"
 #include "store/sqlite/SqliteDatabase.h"
+#include "support/PrivatePostgres.h"
+#include "support/TestStore.h"
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -135,6 +137,11 @@ FilesMayNotGrow::~FilesMayNotGrow()
 
 bool IsLocked(const QString& path)
 {
+    if (StoresAreOnServer())
+        return PrivatePostgres::Run(path, QStringLiteral("SELECT pg_try_advisory_xact_lock("
+                                                         "hashtextextended('vantrel ' || "
+                                                         "current_schema(), 0))")) ==
+               QStringLiteral("f");
     const QString name = QStringLiteral("trying the lock");
     bool locked = false;
     {

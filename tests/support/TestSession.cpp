@@ -123,9 +123,9 @@ TestSession::~TestSession()
 
 void TestSession::WithDatabase()
 {
-    const QString path = Session.PathInFolder(QLatin1StringView(LayoutDatabaseName));
-    CreateLayoutDatabase(path);
-    Session.LayoutDb.Open(path);
+    Store =
+        std::make_unique<TestStore>(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
+    Session.LayoutDb.Open(LayoutStore->Location());
 }
 
 QString TestSession::WritePng(const QString& name, int width, int height, QRgb color) const

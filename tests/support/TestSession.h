@@ -4,9 +4,11 @@
 #include "station/session/Session.h"
 #include "support/Print.h"
 #include "support/RecordingPrinter.h"
+#include "support/TestStore.h"
 #include <QTemporaryDir>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace vantrel::test {
@@ -67,12 +69,14 @@ public:
     explicit TestSession(const QStringList& printerNames = {QStringLiteral("Card Printer")});
     ~TestSession();
 
-    /// Makes a fresh layout database in the program folder and opens it.
+    /// Makes a fresh layout store and opens it: a file in the program folder, or one on a server.
     void WithDatabase();
     /// Writes a PNG of that size in pixels and one colour into the program folder. @return its path
     QString WritePng(const QString& name, int width, int height, QRgb color = 0xFF336699U) const;
 
     QTemporaryDir Folder;
+    /// The layout store that `WithDatabase` has made.
+    std::unique_ptr<TestStore> LayoutStore;
     TestOperator Operator;
     RecordingPrinters Printers;
     vantrel::Session Session;

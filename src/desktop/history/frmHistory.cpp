@@ -4,7 +4,7 @@
 #include "desktop/controls/DesktopFileDialog.h"
 #include "desktop/history/HistoryModel.h"
 #include "station/session/Session.h"
-#include "store/Schema.h"
+#include "station/session/StoreLocation.h"
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -196,8 +196,8 @@ void frmHistory::SaveAsCsv()
     m_save->setEnabled(false);
     m_told->setText(QStringLiteral("The entries are being saved ..."));
     // A reader of its own, so that the list goes on.
-    m_export = std::make_unique<HistoryReader>(
-        m_session.PathInFolder(QLatin1StringView(LayoutDatabaseName)), m_session.Options.Encoding);
+    m_export = std::make_unique<HistoryReader>(StoreLocation(m_session.ProgramFolder),
+                                               m_session.Options.Encoding);
     connect(m_export.get(), &HistoryReader::Exported, this,
             [this](const QString& file, const QString& problem) {
                 m_save->setEnabled(true);

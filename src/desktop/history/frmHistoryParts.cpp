@@ -4,7 +4,7 @@
 #include "desktop/history/HistoryModel.h"
 #include "desktop/history/frmHistory.h"
 #include "station/session/Session.h"
-#include "store/Schema.h"
+#include "station/session/StoreLocation.h"
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -39,8 +39,7 @@ constexpr std::array<int, HistoryColumnCount> ColumnWidths{9, 23, 25, 16, 34, 14
 
 frmHistory::frmHistory(Session& session, QWidget* parent)
     : QDialog(parent), m_session(session),
-      m_reader(session.PathInFolder(QLatin1StringView(LayoutDatabaseName)),
-               session.Options.Encoding),
+      m_reader(StoreLocation(session.ProgramFolder), session.Options.Encoding),
       m_model(new HistoryModel(m_reader, this)), m_typing(new QTimer(this))
 {
     setObjectName(QStringLiteral("frmHistory"));

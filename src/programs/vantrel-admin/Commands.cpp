@@ -2,12 +2,14 @@
 #include "CheckCommand.h"
 #include "LedgerCommands.h"
 #include "Output.h"
+#include "StoreCommands.h"
 #include "samples/DemoInstall.h"
 #include "samples/FreshInstall.h"
 #include "samples/RecommendedSettings.h"
 #include "station/commands/SessionSwitch.h"
 #include "station/macro/MacroTable.h"
 #include "station/session/SettingsGuide.h"
+#include "station/session/StoreLocation.h"
 #include "store/Connection.h"
 #include <cstdio>
 
@@ -20,7 +22,7 @@ constexpr Option NewOptions[] = {
 
 void OpenIn(const QString& folder, Connection& store)
 {
-    store.Open(LayoutDatabasePath(folder));
+    store.Open(StoreLocation(folder));
 }
 
 void RunInit(const Words& words)
@@ -138,6 +140,14 @@ constexpr Command Table[] = {
     {"ledger purge", "DIR",
      "Removes finished entries for good, and everything of them from the database's files.",
      RunLedgerPurge, PurgeOptions},
+    {"store init", "URL",
+     "Makes the tables of a store that several stations share, in a PostgreSQL database, or brings "
+     "them up to date.",
+     RunStoreInit},
+    {"store copy", "FROM TO",
+     "Copies a whole store, each a folder or the address of a database, into one without layouts.",
+     RunStoreCopy},
+    {"store check", "DIR", "Tries the store that the stations of DIR use.", RunStoreCheck},
     {"settings", "", "Prints every key of the settings files, as Markdown.", PrintSettings},
 };
 } // namespace

@@ -2,15 +2,14 @@
 #include "base/Failure.h"
 #include "ledger/LedgerTables.h"
 #include "station/batch/RunLock.h"
+#include "station/session/StoreLocation.h"
 #include "store/Connection.h"
-#include "store/Schema.h"
-#include <QDir>
 
 namespace vantrel {
 
 void OpenFolderLedger(Connection& store, const QString& programFolder)
 {
-    store.Open(QDir(programFolder).filePath(QLatin1StringView(LayoutDatabaseName)));
+    store.Open(StoreLocation(programFolder));
     if (!HasLedger(store.Database()))
         throw Failure(FailureNumber::ItemNotFound,
                       QStringLiteral("There is no ledger in %1. A station makes one when it "

@@ -5,6 +5,8 @@
 #include "station/ledger/TakeNumbers.h"
 #include "station/session/CardKeeper.h"
 #include "station/session/Session.h"
+#include "station/session/StoreLocation.h"
+#include "store/StoreDatabase.h"
 #include <QLoggingCategory>
 #include <algorithm>
 
@@ -25,6 +27,18 @@ bool IsOfStore(const Failure& failure)
 {
     return failure.Number() == FailureNumber::StoreBusy ||
            failure.Number() == FailureNumber::StatementInvalid;
+}
+
+/// Why the server that keeps the layouts cannot be reached; empty if it can, or a file keeps them.
+QString StoreTrouble(Session& session)
+{
+    Connection& store = session.LayoutDb;
+    if (store.IsOpen())
+        return store.Database().Trouble();
+    const QString location = StoreLocation(session.ProgramFolder);
+    return IsStoreAddress(location)
+               ? QStringLiteral("The store %1 is away.").arg(ShownLocation(location))
+               : QString();
 }
 
 QString MissingPrinter(const QString& name)
@@ -114,6 +128,9 @@ bool CardRecord::Begin(const std::function<void()>& reload)
     if (m_session.Keeper != nullptr) {
         return m_session.Keeper->Begin(m_page.LayoutName, m_page.Params.PageIndex, m_page.Document);
     }
+    // A page that could not be loaded from the server must not be printed as it was before.
+    if (const QString trouble = StoreTrouble(m_session); !trouble.isEmpty())
+        return !Postponed() && Refused(trouble);
     const StationOptions& options = m_session.Options;
     if (!m_run && !options.UniqueNumbers)
         return true;

@@ -27,6 +27,12 @@ constexpr KeyRow StationKeys[] = {
     {"PdfImport", "False", "whether \"Import PDF File ...\" makes a picture of the first page"},
 };
 
+constexpr KeyRow StoreKeys[] = {
+    {"Database", "",
+     "address of the PostgreSQL database that keeps the layouts, such as `postgresql://HOST/NAME`; "
+     "without it, `Vantrel.dat` in the program folder"},
+};
+
 constexpr KeyRow PrinterKeys[] = {
     {"StripeChannel", "", "`option` sends the stripe in job options; else it is text on the page"},
     {"StripeOption1", "", "job option for track 1"},
@@ -97,6 +103,10 @@ QString SettingsGuide()
     text += Lines(StationKeys);
     for (const StationOptionRow& row : StationOptionRows())
         text += Line(QLatin1StringView(row.Key), QLatin1StringView(row.Default), MeaningOf(row));
+    text += Heading("`Vantrel 6.ini`, section `[Store]`",
+                    "For all sessions, read when a session starts. "
+                    "See [A shared store](shared-store.md).");
+    text += Lines(StoreKeys);
     text += Heading("`Vantrel 6.ini`, section `[Printer NAME]`",
                     "One section for each printer, read anew when the file changes. "
                     "See [Printers](printers.md).");

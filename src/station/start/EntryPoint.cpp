@@ -4,7 +4,7 @@
 #include "station/ledger/StationLedger.h"
 #include "station/session/Session.h"
 #include "station/session/Settings.h"
-#include "store/Schema.h"
+#include "station/session/StoreLocation.h"
 #include <QDir>
 #include <QLoggingCategory>
 
@@ -26,7 +26,7 @@ CommandLine ReadCommandLine(const QString& text)
 
 void OpenLayoutDb(Session& session)
 {
-    session.LayoutDb.Open(session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
+    session.LayoutDb.Open(StoreLocation(session.ProgramFolder));
 }
 
 QString ImagesFolder(const Session& session)

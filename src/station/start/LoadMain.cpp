@@ -10,6 +10,8 @@
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 #include "station/session/TrayIcon.h"
+#include "station/start/StoreTaking.h"
+#include "station/start/StoreWatch.h"
 
 namespace vantrel {
 
@@ -21,7 +23,7 @@ void FindDeadRuns(Session& session)
         EndDeadRuns(session.ProgramFolder, session.LayoutDb.Database());
 }
 
-void ReopenLastLayout(Session& session)
+void Reopen(Session& session)
 {
     const QString lastLayout = session.Settings.LastLayout;
     if (lastLayout.isEmpty())
@@ -36,10 +38,20 @@ void ReopenLastLayout(Session& session)
 
 } // namespace
 
-void LoadMain(Session& session)
+void FindUnfinished(Session& session)
 {
     FindDoubtfulCards(session);
-    FindDeadRuns(session);
+    Skip("dead runs", [&] { FindDeadRuns(session); });
+}
+
+void ReopenLastLayout(Session& session)
+{
+    Skip("reopen last layout", [&] { Reopen(session); });
+}
+
+void LoadMain(Session& session)
+{
+    FindUnfinished(session);
     ConnectSockets(session);
     ConnectComm(session);
     if (session.OwnsTrayIcon)
@@ -49,7 +61,8 @@ void LoadMain(Session& session)
     session.Face.SetTick(Tick::chkAutoAdd, session.Settings.DynamicFields);
     session.Face.SetTick(Tick::cmdCapEnable, session.Settings.CaptureEnabled);
     PrepareComm(session.Comm, session.Settings);
-    Skip("reopen last layout", [&] { ReopenLastLayout(session); });
+    ReopenLastLayout(session);
+    WatchStore(session);
     // What was received before goes before what hosts send now.
     TendLedger(session);
     TellThatItRuns(session);

@@ -29,6 +29,7 @@ protected:
     FailedSave()
     {
         Test.WithDatabase();
+        Path = Test.LayoutStore->Location();
         Second.LayoutDb.Open(Path);
         BeginLayout(Session, Staff);
         AddText(Session, QStringLiteral("first"));
@@ -38,12 +39,8 @@ protected:
         BeginLayout(Second, Guests);
         AddNumber(Second, 500);
         SavePage(Second);
-        Execute(Session, QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON Controls WHEN "
-                                        "NEW.C_Value = 'refused' "
-                                        "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
-        Execute(Session, QStringLiteral("CREATE TRIGGER refuse_new BEFORE INSERT ON Controls WHEN "
-                                        "NEW.C_Value = 'refused' "
-                                        "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+        for (const auto& action : {QStringLiteral("UPDATE"), QStringLiteral("INSERT")})
+            RefuseValue(Path, action, QStringLiteral("refused"));
     }
 
     /// Raises the number of the page, as a card does, and fails to save the object behind it.
@@ -100,7 +97,7 @@ protected:
 
     TestSession Test;
     vantrel::Session& Session = Test.Session;
-    const QString Path = Session.PathInFolder(QStringLiteral("Vantrel.dat"));
+    QString Path;
     TestOperator SecondOperator;
     RecordingPrinters SecondPrinters{{QStringLiteral("Card Printer")}};
     vantrel::Session Second{Session.ProgramFolder, SecondOperator, SecondPrinters};

@@ -225,7 +225,7 @@ TEST_F(LoadLayoutTest, LoadsWithoutAnyPrinter)
     SavePageWith(QStringLiteral("x"), 1);
     RecordingPrinters none(QStringList{});
     vantrel::Session bare(Session.ProgramFolder, Test.Operator, none);
-    bare.LayoutDb.Open(Session.PathInFolder(QStringLiteral("Vantrel.dat")));
+    bare.LayoutDb.Open(StoreAt(Session.PathInFolder(QStringLiteral("Vantrel.dat"))));
     bare.CurrentParams.PageIndex = 1;
     EXPECT_TRUE(LoadLayout(bare, Staff));
     EXPECT_EQ(bare.Document.HighestIndex(Family::lbl_TEXT), 1);

@@ -21,6 +21,7 @@ protected:
     SaveFailure()
     {
         Test.WithDatabase();
+        Path = Test.LayoutStore->Location();
         BeginLayout(Session, Staff);
         AddText(Session, QStringLiteral("first"));
         SavePage(Session);
@@ -46,17 +47,11 @@ protected:
     }
 
     /// From now on the store refuses a text of this wording.
-    void RefuseText(const QString& text)
-    {
-        Execute(Session, QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON Controls WHEN "
-                                        "NEW.C_Value = '%1' BEGIN SELECT RAISE(ABORT, 'refused'); "
-                                        "END")
-                             .arg(text));
-    }
+    void RefuseText(const QString& text) { RefuseValue(Path, QStringLiteral("INSERT"), text); }
 
     TestSession Test;
     vantrel::Session& Session = Test.Session;
-    const QString Path = Session.PathInFolder(QStringLiteral("Vantrel.dat"));
+    QString Path;
 };
 
 TEST_F(SaveFailure, AClosedStoreIsReportedAndNoTransactionIsBegun)
@@ -109,9 +104,7 @@ TEST_F(SaveFailure, AFailureInTheMiddleLeavesWhatWasWrittenAndNoneOfTheOldRows)
 {
     AddText(Session, QStringLiteral("third"));
     SavePage(Session);
-    Execute(Session, QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON Controls WHEN "
-                                    "NEW.C_Value = 'refused' BEGIN SELECT RAISE(ABORT, 'refused'); "
-                                    "END"));
+    RefuseValue(Path, QStringLiteral("UPDATE"), QStringLiteral("refused"));
     const auto& objects = Session.Document.Objects();
     objects[objects.size() - 2]->SetCaption(QStringLiteral("refused"));
     ExpectBoxOf(FailureNumber::StatementInvalid);

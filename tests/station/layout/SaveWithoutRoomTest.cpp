@@ -21,6 +21,7 @@ protected:
     SaveWithoutRoom()
     {
         Test.WithDatabase();
+        Path = Test.LayoutStore->Location();
         BeginLayout(Session, Staff);
     }
 
@@ -64,7 +65,7 @@ protected:
 
     TestSession Test;
     vantrel::Session& Session = Test.Session;
-    const QString Path = Session.PathInFolder(QStringLiteral("Vantrel.dat"));
+    QString Path;
 };
 
 TEST_F(SaveWithoutRoom, LeavesEveryRowOfAPageLargerThanTheStoresCache)

@@ -113,7 +113,7 @@ private:
         TestOperator stationOperator;
         RecordingPrinters printers({QStringLiteral("Card Printer")});
         vantrel::Session session(Test.Session.ProgramFolder, stationOperator, printers);
-        session.LayoutDb.Open(session.PathInFolder(QStringLiteral("Vantrel.dat")));
+        session.LayoutDb.Open(StoreAt(session.PathInFolder(QStringLiteral("Vantrel.dat"))));
         run(session, number);
         return static_cast<int>(stationOperator.CriticalBoxes.size());
     }

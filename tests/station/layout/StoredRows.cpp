@@ -1,5 +1,7 @@
 #include "StoredRows.h"
 #include "store/Schema.h"
+#include "support/PrivatePostgres.h"
+#include "support/TestStore.h"
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -10,13 +12,18 @@ namespace vantrel::test {
 
 namespace {
 
+QString LocationOf(const vantrel::Session& session)
+{
+    return StoreAt(session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
+}
+
 template <typename Use>
 void WithFile(const vantrel::Session& session, Use&& use)
 {
     const QString name = QStringLiteral("looking from outside");
     {
         QSqlDatabase file = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-        file.setDatabaseName(session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
+        file.setDatabaseName(LocationOf(session));
         EXPECT_TRUE(file.open());
         use(file);
         file.close();
@@ -29,6 +36,13 @@ void WithFile(const vantrel::Session& session, Use&& use)
 QList<StoredRow> StoredRows(const vantrel::Session& session, const QString& statement)
 {
     QList<StoredRow> rows;
+    if (StoresAreOnServer()) {
+        for (StoredRow& row : PrivatePostgres::Rows(LocationOf(session), statement)) {
+            row.remove(QStringLiteral("RowKey"));
+            rows.append(row);
+        }
+        return rows;
+    }
     WithFile(session, [&](QSqlDatabase& file) {
         QSqlQuery query(file);
         EXPECT_TRUE(query.exec(statement)) << query.lastError().text().toStdString();
@@ -55,6 +69,10 @@ QList<StoredRow> StoredPage(const vantrel::Session& session, const QString& layo
 
 void Execute(const vantrel::Session& session, const QString& statement)
 {
+    if (StoresAreOnServer()) {
+        PrivatePostgres::Run(LocationOf(session), statement);
+        return;
+    }
     WithFile(session, [&](QSqlDatabase& file) {
         QSqlQuery query(file);
         EXPECT_TRUE(query.exec(statement)) << query.lastError().text().toStdString();

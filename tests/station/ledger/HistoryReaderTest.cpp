@@ -45,7 +45,7 @@ protected:
         return Read.value_or(HistoryEntry());
     }
 
-    HistoryReader Reader{Session.PathInFolder(QLatin1StringView(LayoutDatabaseName)),
+    HistoryReader Reader{StoreAt(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName))),
                          InputEncoding::CodePage1252};
     Ids Found;
     Ids Arrived;

@@ -112,7 +112,7 @@ TEST_F(StationWithLedger, WithoutRoomForItsNumberACardFails)
 {
     Session.Options.Ledger = false;
     OpenLedger(Session);
-    EmptyLog(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
+    EmptyLog(StoreAt(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName))));
     {
         const FilesMayNotGrow full(100);
         ASSERT_TRUE(Arrive("<Ada>"));

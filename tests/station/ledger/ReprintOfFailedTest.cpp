@@ -13,7 +13,7 @@ protected:
     void Change(const QString& statement, const QVariantList& values = {})
     {
         Connection other;
-        other.Open(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
+        other.Open(StoreAt(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName))));
         other.Database().Change(statement, values);
     }
 

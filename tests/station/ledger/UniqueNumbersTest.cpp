@@ -17,7 +17,7 @@ struct SecondSession
         Session.SessionNumber = 2;
         Session.Settings.Framing = first.Settings.Framing;
         Session.Options = first.Options;
-        Session.LayoutDb.Open(first.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
+        Session.LayoutDb.Open(StoreAt(first.PathInFolder(QLatin1StringView(LayoutDatabaseName))));
         OpenLedger(Session);
         LoadFirstPage(Session, first.CurrentLayoutName);
     }

@@ -4,6 +4,7 @@
 #include "store/Schema.h"
 #include "support/FailureOf.h"
 #include "support/Print.h"
+#include "support/TestStore.h"
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -13,12 +14,7 @@ namespace {
 class MacroTable : public ::testing::Test
 {
 protected:
-    MacroTable()
-    {
-        const QString path = Folder.filePath(QLatin1StringView(LayoutDatabaseName));
-        CreateLayoutDatabase(path);
-        Store.Open(path);
-    }
+    MacroTable() { Store.Open(Made.Location()); }
 
     void AddElement(int macro, const QString& layout)
     {
@@ -41,6 +37,7 @@ protected:
     }
 
     QTemporaryDir Folder;
+    TestStore Made{Folder.filePath(QLatin1StringView(LayoutDatabaseName))};
     Connection Store;
 };
 

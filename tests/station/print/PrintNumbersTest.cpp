@@ -77,7 +77,7 @@ TEST_F(PrintNumbers, ANumberIsDurablyStoredBeforeTheNextPagePrints)
     QStringList seen;
     // A second connection sees only what was committed.
     Connection other;
-    other.Open(Session.PathInFolder(QStringLiteral("Vantrel.dat")));
+    other.Open(StoreAt(Session.PathInFolder(QStringLiteral("Vantrel.dat"))));
     const auto look = [&] {
         Recordset rows(other);
         rows.Open(QStringLiteral("SELECT * FROM [Controls] WHERE [LayoutName] = 'Card'"));

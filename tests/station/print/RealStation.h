@@ -4,6 +4,7 @@
 #include "station/session/Session.h"
 #include "store/Schema.h"
 #include "support/Layouts.h"
+#include "support/TestStore.h"
 #include <QTemporaryDir>
 
 namespace vantrel::test {
@@ -16,9 +17,7 @@ public:
     explicit RealStation(const QString& printer)
         : Printers(m_folder.path(), 1), Session(m_folder.path(), m_operator, Printers)
     {
-        const QString path = Session.PathInFolder(QLatin1StringView(LayoutDatabaseName));
-        CreateLayoutDatabase(path);
-        Session.LayoutDb.Open(path);
+        Session.LayoutDb.Open(m_store.Location());
         Printers.MakeCurrent(printer);
         BeginLayout(Session, QStringLiteral("Card"));
     }
@@ -32,6 +31,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    TestStore m_store{m_folder.filePath(QLatin1StringView(LayoutDatabaseName))};
     TestOperator m_operator;
 
 public:

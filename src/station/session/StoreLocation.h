@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace vantrel {
+
+/// Where the layout store of a program folder is: what the key `Database` of the section `[Store]`
+/// says, else the file in the folder.
+QString StoreLocation(const QString& programFolder);
+
+/// Whether a text is the address of a store on a server and not the path of a folder.
+bool IsStoreAddress(const QString& text);
+
+/// What people are shown of a location: the path, or the hosts and the database's name.
+QString ShownLocation(const QString& location);
+
+} // namespace vantrel

@@ -1,0 +1,125 @@
+#include "station/start/StoreWatch.h"
+#include "base/Failure.h"
+#include "base/Skip.h"
+#include "station/ledger/StationLedger.h"
+#include "station/session/Session.h"
+#include "station/session/StoreLocation.h"
+#include "station/start/EntryPoint.h"
+#include "station/start/StoreTaking.h"
+#include "store/StoreDatabase.h"
+#include <QElapsedTimer>
+#include <QLoggingCategory>
+#include <QTimer>
+#include <optional>
+
+namespace vantrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(storeLog, "vantrel.store")
+
+constexpr int LookMilliseconds = 500;
+/// After a try to open the store has failed.
+constexpr qint64 PauseMilliseconds = 4000;
+constexpr QLatin1StringView AwayCaption{"   (the store is away)"};
+constexpr QLatin1StringView AwayPanel{"The store is away"};
+
+class StoreWatch : public QObject
+{
+public:
+    explicit StoreWatch(Session& session) : QObject(&session.Face), m_session(session)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, this, [this] { Look(); });
+        m_timer.start(LookMilliseconds);
+        Look();
+    }
+
+private:
+    void Look()
+    {
+        const QString trouble = Ask();
+        if (trouble.isEmpty() && m_isAway)
+            TellBack();
+        else if (!trouble.isEmpty())
+            TellAway(trouble);
+    }
+
+    /// @return why the store cannot be reached; empty if it can
+    QString Ask()
+    {
+        Connection& store = m_session.LayoutDb;
+        if (!store.IsOpen())
+            return Open();
+        // A transaction is not disturbed; what is in it notices for itself.
+        if (!store.InTransaction())
+            Skip("ask the store", [&] { store.Database().Now(); });
+        return store.Database().Trouble();
+    }
+
+    QString Open()
+    {
+        if (m_tried.isValid() && !m_tried.hasExpired(PauseMilliseconds))
+            return m_trouble;
+        try {
+            OpenLayoutDb(m_session);
+            m_trouble.clear();
+        } catch (const Failure& failure) {
+            m_trouble = failure.Text();
+        }
+        m_tried.start();
+        if (m_trouble.isEmpty())
+            TakeUp();
+        return m_trouble;
+    }
+
+    /// Does what was left out when the station started.
+    void TakeUp()
+    {
+        OpenLedger(m_session);
+        FindUnfinished(m_session);
+        ReopenLastLayout(m_session);
+    }
+
+    void TellAway(const QString& trouble)
+    {
+        StationFace& face = m_session.Face;
+        if (!m_isAway) {
+            qCWarning(storeLog).noquote() << trouble;
+            m_hold.emplace(m_session.Road);
+        }
+        m_isAway = true;
+        if (!face.Caption().endsWith(AwayCaption))
+            face.SetCaption(face.Caption() + AwayCaption);
+        face.SetPanelText(LastArrivalPanel, AwayPanel);
+        face.SetPanelToolTip(LastArrivalPanel, trouble);
+    }
+
+    void TellBack()
+    {
+        StationFace& face = m_session.Face;
+        m_isAway = false;
+        qCWarning(storeLog) << "The store is back.";
+        if (face.Caption().endsWith(AwayCaption))
+            face.SetCaption(face.Caption().chopped(AwayCaption.size()));
+        face.SetPanelText(LastArrivalPanel, QString());
+        face.SetPanelToolTip(LastArrivalPanel, QString());
+        m_hold.reset();
+    }
+
+    Session& m_session;
+    QTimer m_timer;
+    QElapsedTimer m_tried;
+    QString m_trouble;
+    bool m_isAway = false;
+    std::optional<RoadHold> m_hold;
+};
+
+} // namespace
+
+void WatchStore(Session& session)
+{
+    if (IsStoreAddress(StoreLocation(session.ProgramFolder)))
+        new StoreWatch(session);
+}
+
+} // namespace vantrel

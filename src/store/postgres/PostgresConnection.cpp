@@ -1,0 +1,264 @@
+#include "store/postgres/PostgresConnection.h"
+#include "base/Failure.h"
+#include "store/postgres/PostgresAddress.h"
+#include <algorithm>
+#include <cerrno>
+#include <poll.h>
+
+namespace vantrel {
+
+namespace {
+
+/// The windows stand still while the server is tried.
+constexpr int ConnectPatienceMs = 1000;
+/// For the answer to a statement; the lock is waited for less long.
+constexpr int AnswerPatienceMs = 30'000;
+/// A server that is away is tried again after a pause that doubles each time.
+constexpr qint64 FirstPauseMs = 250;
+constexpr qint64 LongestPauseMs = 4000;
+/// Bytes of values for which the library's buffers are large.
+constexpr std::size_t LargeSize = 1 << 20;
+
+constexpr QLatin1StringView LockNotGiven{"55P03"};
+constexpr QLatin1StringView Deadlock{"40P01"};
+constexpr QLatin1StringView Unserializable{"40001"};
+
+/// What the address may set otherwise comes before it, what it may not behind it. A dead host is
+/// noticed within seconds, however long an answer may take.
+constexpr const char* Keywords[] = {"fallback_application_name",
+                                    "connect_timeout",
+                                    "tcp_user_timeout",
+                                    "keepalives_idle",
+                                    "keepalives_interval",
+                                    "keepalives_count",
+                                    "dbname",
+                                    "client_encoding",
+                                    nullptr};
+
+bool WaitFor(int socket, short events, int milliseconds)
+{
+    pollfd waiting{.fd = socket, .events = events, .revents = 0};
+    int ready = 0;
+    do
+        ready = ::poll(&waiting, 1, milliseconds);
+    while (ready < 0 && errno == EINTR);
+    return ready > 0;
+}
+
+QString FirstLine(const char* message)
+{
+    return QString::fromUtf8(message).section(QLatin1Char('\n'), 0, 0).trimmed();
+}
+
+bool IsFailed(const PGresult* result)
+{
+    const ExecStatusType status = PQresultStatus(result);
+    return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE;
+}
+
+} // namespace
+
+PostgresConnection::PostgresConnection(const QString& address)
+    : m_address(address), m_shown(ShownAddress(address))
+{
+    Connect();
+}
+
+void PostgresConnection::Connect()
+{
+    const QByteArray address = m_address.toUtf8();
+    const char* const values[] = {"vantrel",           "2",    "3000", "2", "1", "3",
+                                  address.constData(), "UTF8", nullptr};
+    constexpr int expandDbname = 1;
+    m_connection.reset(PQconnectStartParams(Keywords, values, expandDbname));
+    QElapsedTimer since;
+    since.start();
+    PostgresPollingStatusType status = PGRES_POLLING_WRITING;
+    while (m_connection && PQstatus(m_connection.get()) != CONNECTION_BAD &&
+           status != PGRES_POLLING_OK && status != PGRES_POLLING_FAILED) {
+        const auto left = static_cast<int>(ConnectPatienceMs - since.elapsed());
+        if (left <= 0 || !WaitFor(PQsocket(m_connection.get()),
+                                  status == PGRES_POLLING_READING ? POLLIN : POLLOUT, left))
+            FailAsAway(QStringLiteral("it does not answer"));
+        status = PQconnectPoll(m_connection.get());
+    }
+    if (status != PGRES_POLLING_OK)
+        FailAsAway(m_connection ? FirstLine(PQerrorMessage(m_connection.get())) : QString());
+    PQsetnonblocking(m_connection.get(), 1);
+    // What a server has to say beside its results is no business of the operator.
+    PQsetNoticeReceiver(
+        m_connection.get(), [](void*, const PGresult*) {}, nullptr);
+    m_trouble.clear();
+    m_pauseMs = 0;
+}
+
+void PostgresConnection::FailAsAway(const QString& why)
+{
+    m_connection.reset();
+    m_trouble = QStringLiteral("The store %1 is away: %2.").arg(m_shown, why);
+    m_pauseMs = std::clamp(m_pauseMs * 2, FirstPauseMs, LongestPauseMs);
+    m_tried.start();
+    throw Failure(FailureNumber::StoreBusy, m_trouble);
+}
+
+PGconn* PostgresConnection::Ready()
+{
+    // A server that was restarted has closed the connection meanwhile, perhaps behind a last word.
+    // Within a transaction that must be noticed by the statement itself.
+    if (m_connection && PQtransactionStatus(m_connection.get()) == PQTRANS_IDLE) {
+        while (WaitFor(PQsocket(m_connection.get()), POLLIN, 0) &&
+               PQconsumeInput(m_connection.get()) == 1)
+            continue;
+    }
+    if (m_connection && PQstatus(m_connection.get()) == CONNECTION_OK)
+        return m_connection.get();
+    m_connection.reset();
+    if (!m_trouble.isEmpty() && !m_tried.hasExpired(m_pauseMs))
+        throw Failure(FailureNumber::StoreBusy, m_trouble);
+    Connect();
+    return m_connection.get();
+}
+
+void PostgresConnection::Fail(const PGresult* result)
+{
+    const QLatin1StringView state(PQresultErrorField(result, PG_DIAG_SQLSTATE));
+    const QString message = FirstLine(PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY));
+    if (PQstatus(m_connection.get()) == CONNECTION_BAD)
+        FailAsAway(message.isEmpty() ? FirstLine(PQerrorMessage(m_connection.get())) : message);
+    const bool busy = state == LockNotGiven || state == Deadlock || state == Unserializable;
+    throw Failure(busy ? FailureNumber::StoreBusy : FailureNumber::StatementInvalid,
+                  QStringLiteral("The layout database: ") + message);
+}
+
+void PostgresConnection::NoteSize(const PostgresParameters& values)
+{
+    m_isLarge = m_isLarge || values.Size() > LargeSize;
+}
+
+void PostgresConnection::NoteSize(const PGresult* result)
+{
+    m_isLarge = m_isLarge || (result != nullptr && PQresultMemorySize(result) > LargeSize);
+}
+
+void PostgresConnection::GiveBackMemory()
+{
+    if (!m_isLarge || InTransaction())
+        return;
+    m_isLarge = false;
+    m_connection.reset();
+}
+
+bool PostgresConnection::Wait(bool forWriting) const
+{
+    const auto events = static_cast<short>(POLLIN | (forWriting ? POLLOUT : 0));
+    return WaitFor(PQsocket(m_connection.get()), events, AnswerPatienceMs);
+}
+
+void PostgresConnection::Flush()
+{
+    int left = 0;
+    while ((left = PQflush(m_connection.get())) == 1) {
+        if (!Wait(true))
+            FailAsAway(QStringLiteral("it does not answer"));
+        if (PQconsumeInput(m_connection.get()) == 0)
+            break;
+    }
+    if (left < 0 || PQstatus(m_connection.get()) == CONNECTION_BAD)
+        FailAsAway(FirstLine(PQerrorMessage(m_connection.get())));
+}
+
+PostgresResult PostgresConnection::Next()
+{
+    while (PQisBusy(m_connection.get()) == 1) {
+        if (!Wait(false))
+            FailAsAway(QStringLiteral("it does not answer"));
+        if (PQconsumeInput(m_connection.get()) == 0)
+            break; // What the server said last is read below.
+    }
+    return PostgresResult(PQgetResult(m_connection.get()));
+}
+
+PostgresResult PostgresConnection::Run(const QByteArray& sql)
+{
+    if (PQsendQuery(Ready(), sql.constData()) == 0)
+        FailAsAway(FirstLine(PQerrorMessage(m_connection.get())));
+    Flush();
+    PostgresResult rows;
+    PostgresResult failed;
+    while (PostgresResult result = Next()) {
+        if (IsFailed(result.get()))
+            failed = std::move(result);
+        else if (PQresultStatus(result.get()) == PGRES_TUPLES_OK)
+            rows = std::move(result);
+    }
+    if (failed)
+        Fail(failed.get());
+    NoteSize(rows.get());
+    GiveBackMemory();
+    return rows;
+}
+
+PostgresResult PostgresConnection::Run(const Step& step)
+{
+    const PostgresParameters& values = step.Parameters;
+    NoteSize(values);
+    constexpr int textResults = 0;
+    if (PQsendQueryParams(Ready(), step.Sql.constData(), values.Count(), values.Types(),
+                          values.Values().data(), values.Lengths().data(), values.Formats(),
+                          textResults) == 0)
+        FailAsAway(FirstLine(PQerrorMessage(m_connection.get())));
+    Flush();
+    PostgresResult last;
+    while (PostgresResult result = Next())
+        last = std::move(result);
+    if (!last || IsFailed(last.get()))
+        Fail(last.get());
+    NoteSize(last.get());
+    GiveBackMemory();
+    return last;
+}
+
+std::vector<PostgresResult> PostgresConnection::RunAll(const std::vector<Step>& steps)
+{
+    constexpr int textResults = 0;
+    PGconn* connection = Ready();
+    PQenterPipelineMode(connection);
+    for (const Step& step : steps) {
+        const PostgresParameters& values = step.Parameters;
+        NoteSize(values);
+        PQsendQueryParams(connection, step.Sql.constData(), values.Count(), values.Types(),
+                          values.Values().data(), values.Lengths().data(), values.Formats(),
+                          textResults);
+    }
+    PQpipelineSync(connection);
+    Flush();
+    std::vector<PostgresResult> results;
+    PostgresResult failed;
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        while (PostgresResult result = Next()) {
+            if (IsFailed(result.get()) && !failed)
+                failed = std::move(result);
+            else
+                results.push_back(std::move(result));
+        }
+        if (PQstatus(connection) == CONNECTION_BAD)
+            break;
+    }
+    if (PQstatus(connection) != CONNECTION_BAD) {
+        Next(); // The end of the pipeline.
+        PQexitPipelineMode(connection);
+    }
+    if (failed || PQstatus(connection) == CONNECTION_BAD)
+        Fail(failed.get());
+    return results;
+}
+
+bool PostgresConnection::InTransaction() const
+{
+    if (!m_connection || PQstatus(m_connection.get()) != CONNECTION_OK)
+        return false;
+    const PGTransactionStatusType status = PQtransactionStatus(m_connection.get());
+    return status == PQTRANS_INTRANS || status == PQTRANS_INERROR || status == PQTRANS_ACTIVE;
+}
+
+} // namespace vantrel

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "store/postgres/PostgresValues.h"
+#include <QElapsedTimer>
+#include <QString>
+#include <libpq-fe.h>
+#include <memory>
+#include <vector>
+
+namespace vantrel {
+
+/// A connection to a PostgreSQL server that comes back by itself when the server does. Nothing in
+/// it outlives a transaction on the server, so a pooler that lends connections out for the time of
+/// a transaction may stand in between. An operation fails with `StoreBusy` if the server is away or
+/// the lock is not given within five seconds, otherwise with `StatementInvalid` and the server's
+/// words.
+class PostgresConnection
+{
+public:
+    /// A statement with its values.
+    struct Step
+    {
+        QByteArray Sql;
+        PostgresParameters Parameters = PostgresParameters();
+    };
+
+    /// Connects. Fails if the server does not answer in time.
+    explicit PostgresConnection(const QString& address);
+
+    /// Runs statements without values, in one round trip.
+    /// @return the result of the last one that returns rows; null if there is none
+    PostgresResult Run(const QByteArray& sql);
+    /// Runs one statement.
+    PostgresResult Run(const Step& step);
+    /// Runs several statements in one round trip, each only if those before it have succeeded.
+    /// @return the results in their order
+    std::vector<PostgresResult> RunAll(const std::vector<Step>& steps);
+
+    bool InTransaction() const;
+    const QString& Address() const { return m_address; }
+    /// What people are shown of the address.
+    const QString& Shown() const { return m_shown; }
+    /// Why the server cannot be reached; empty while it can.
+    const QString& Trouble() const { return m_trouble; }
+
+private:
+    struct Closer
+    {
+        void operator()(PGconn* connection) const { PQfinish(connection); }
+    };
+
+    /// The connection, made anew if it was lost.
+    PGconn* Ready();
+    void Connect();
+    [[noreturn]] void FailAsAway(const QString& why);
+    [[noreturn]] void Fail(const PGresult* result);
+    /// Must be called when a statement has ended: the library never shrinks its buffers, so a
+    /// connection that holds large ones is given up as soon as no transaction is open.
+    void GiveBackMemory();
+    void NoteSize(const PostgresParameters& values);
+    void NoteSize(const PGresult* result);
+    /// Sends what is left to be sent.
+    void Flush();
+    /// Waits for the next result. @return null at the end of a statement's results
+    PostgresResult Next();
+    /// Waits until the socket may be read, or written too. @return false if that takes too long
+    bool Wait(bool forWriting) const;
+
+    QString m_address;
+    QString m_shown;
+    std::unique_ptr<PGconn, Closer> m_connection;
+    QString m_trouble;
+    /// While the server is away: since when it has not been tried, and for how long it is left
+    /// alone.
+    QElapsedTimer m_tried;
+    qint64 m_pauseMs = 0;
+    /// Whether so much was sent or received that the library holds large buffers.
+    bool m_isLarge = false;
+};
+
+} // namespace vantrel

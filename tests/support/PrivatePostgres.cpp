@@ -1,0 +1,225 @@
+#include "support/PrivatePostgres.h"
+#include "store/LayoutTables.h"
+#include "store/postgres/PostgresValues.h"
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QThread>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <libpq-fe.h>
+#include <memory>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace vantrel::test {
+
+namespace {
+
+constexpr int PatienceMilliseconds = 60'000;
+constexpr unsigned long PollMilliseconds = 20;
+
+/// The folder with the newest server's programs.
+QString Programs()
+{
+    const QDir versions(QStringLiteral("/usr/lib/postgresql"));
+    QString newest;
+    int highest = 0;
+    for (const QString& version : versions.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (version.toInt() > highest) {
+            highest = version.toInt();
+            newest = versions.filePath(version + QStringLiteral("/bin"));
+        }
+    }
+    EXPECT_FALSE(newest.isEmpty()) << "the package postgresql is not installed";
+    return newest;
+}
+
+/// The command with which a program runs as a user that the server accepts, and ends with this
+/// process.
+QStringList AsServerUser(const QStringList& command)
+{
+    QStringList words{QStringLiteral("setpriv"), QStringLiteral("--pdeathsig"),
+                      QStringLiteral("QUIT")};
+    if (::geteuid() == 0)
+        words += {QStringLiteral("--reuid"), QStringLiteral("postgres"), QStringLiteral("--regid"),
+                  QStringLiteral("postgres"), QStringLiteral("--clear-groups")};
+    return words + QStringList{QStringLiteral("--")} + command;
+}
+
+struct Closer
+{
+    void operator()(PGconn* connection) const { PQfinish(connection); }
+    void operator()(PGresult* result) const { PQclear(result); }
+};
+
+std::unique_ptr<PGresult, Closer> RunOn(const QString& address, const QString& sql)
+{
+    const std::unique_ptr<PGconn, Closer> connection(PQconnectdb(address.toUtf8().constData()));
+    PQsetNoticeReceiver(
+        connection.get(), [](void*, const PGresult*) {}, nullptr);
+    std::unique_ptr<PGresult, Closer> result(PQexec(connection.get(), sql.toUtf8().constData()));
+    const ExecStatusType status = PQresultStatus(result.get());
+    EXPECT_TRUE(status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK)
+        << PQerrorMessage(connection.get()) << sql.toStdString();
+    return result;
+}
+
+/// The server knows the names of columns in small letters only.
+QString OwnName(const char* column)
+{
+    for (const StoreTable& table : LayoutTables())
+        for (const StoreColumnRow& one : table.Columns)
+            if (QByteArray(one.Name).toLower() == column)
+                return QString(QLatin1StringView(one.Name));
+    return QString::fromUtf8(column);
+}
+
+} // namespace
+
+PrivatePostgres::PrivatePostgres(Commits commits)
+    : m_commits(commits), m_programs(Programs()), m_owner(QCoreApplication::applicationPid())
+{
+    MakeFiles();
+    Start();
+}
+
+PrivatePostgres::~PrivatePostgres()
+{
+    if (m_owner == ::getpid())
+        Stop(SIGQUIT);
+    else
+        LeaveToOwner();
+}
+
+/// In a fork of the owner, which would end the server with its handle.
+void PrivatePostgres::LeaveToOwner()
+{
+    m_folder.setAutoRemove(false);
+    [[maybe_unused]] const QProcess* server = m_server.release();
+}
+
+PrivatePostgres& PrivatePostgres::Shared()
+{
+    static std::unique_ptr<PrivatePostgres> server;
+    if (!server) {
+        server = std::make_unique<PrivatePostgres>();
+        // Processes end in order only as long as the application is there.
+        qAddPostRoutine([] { server.reset(); });
+    }
+    return *server;
+}
+
+void PrivatePostgres::MakeFiles()
+{
+    if (::geteuid() == 0) {
+        const passwd* user = ::getpwnam("postgres");
+        ASSERT_NE(user, nullptr) << "the server's user is missing";
+        ASSERT_EQ(::chown(m_folder.path().toUtf8().constData(), user->pw_uid, user->pw_gid), 0);
+    }
+    QStringList command = AsServerUser(
+        {m_programs + QStringLiteral("/initdb"), QStringLiteral("-D"),
+         m_folder.filePath(QStringLiteral("data")), QStringLiteral("-A"), QStringLiteral("trust"),
+         QStringLiteral("-U"), QStringLiteral("vantrel"), QStringLiteral("-E"),
+         QStringLiteral("UTF8"), QStringLiteral("--locale=C"), QStringLiteral("--no-sync")});
+    QProcess maker;
+    maker.setWorkingDirectory(m_folder.path());
+    maker.setProcessChannelMode(QProcess::MergedChannels);
+    maker.start(command.takeFirst(), command);
+    ASSERT_TRUE(maker.waitForFinished(PatienceMilliseconds));
+    ASSERT_EQ(maker.exitCode(), 0) << maker.readAll().toStdString();
+}
+
+void PrivatePostgres::Start()
+{
+    const QString folder = m_folder.path();
+    QStringList options{QStringLiteral("listen_addresses="),
+                        QStringLiteral("unix_socket_directories=") + folder,
+                        QStringLiteral("shared_buffers=16MB"), QStringLiteral("max_connections=60"),
+                        QStringLiteral("logging_collector=off")};
+    if (m_commits == Commits::Quick)
+        options += {QStringLiteral("fsync=off"), QStringLiteral("full_page_writes=off")};
+    QStringList words{m_programs + QStringLiteral("/postgres"), QStringLiteral("-D"),
+                      m_folder.filePath(QStringLiteral("data"))};
+    for (const QString& option : options)
+        words += {QStringLiteral("-c"), option};
+    QStringList command = AsServerUser(words);
+    m_server = std::make_unique<QProcess>();
+    m_server->setWorkingDirectory(folder);
+    m_server->setProcessChannelMode(QProcess::MergedChannels);
+    m_server->setStandardOutputFile(m_folder.filePath(QStringLiteral("log")), QIODevice::Append);
+    m_server->start(command.takeFirst(), command);
+    ASSERT_TRUE(m_server->waitForStarted());
+    QElapsedTimer limit;
+    limit.start();
+    const QByteArray address = Address(QStringLiteral("postgres")).toUtf8();
+    while (PQping(address.constData()) != PQPING_OK) {
+        ASSERT_LT(limit.elapsed(), PatienceMilliseconds) << "the server does not start";
+        QThread::msleep(PollMilliseconds);
+    }
+}
+
+void PrivatePostgres::Stop(int signal)
+{
+    if (!m_server || m_server->state() == QProcess::NotRunning)
+        return;
+    ::kill(static_cast<pid_t>(m_server->processId()), signal);
+    if (!m_server->waitForFinished(PatienceMilliseconds))
+        m_server->kill();
+}
+
+void PrivatePostgres::Kill()
+{
+    Stop(SIGQUIT);
+}
+
+QString PrivatePostgres::Address(const QString& database) const
+{
+    return QStringLiteral("host=%1 dbname=%2 user=vantrel").arg(m_folder.path(), database);
+}
+
+QString PrivatePostgres::NewDatabase()
+{
+    const QString name = QStringLiteral("store%1").arg(++m_count);
+    Run(Address(QStringLiteral("postgres")), QStringLiteral("CREATE DATABASE ") + name);
+    return Address(name);
+}
+
+QString PrivatePostgres::NewSchema()
+{
+    const QString name = QStringLiteral("s%1").arg(++m_count);
+    const QString address = Address(QStringLiteral("postgres"));
+    Run(address, QStringLiteral("CREATE SCHEMA ") + name);
+    return address + QStringLiteral(" options=-csearch_path=") + name;
+}
+
+void PrivatePostgres::DropSchema(const QString& address)
+{
+    const QString name = address.section(QLatin1Char('='), -1);
+    Run(Address(QStringLiteral("postgres")),
+        QStringLiteral("DROP SCHEMA IF EXISTS %1 CASCADE").arg(name));
+}
+
+QString PrivatePostgres::Run(const QString& address, const QString& sql)
+{
+    const auto result = RunOn(address, sql);
+    if (PQresultStatus(result.get()) != PGRES_TUPLES_OK || PQntuples(result.get()) == 0)
+        return {};
+    return QString::fromUtf8(PQgetvalue(result.get(), 0, 0));
+}
+
+QList<QMap<QString, QVariant>> PrivatePostgres::Rows(const QString& address, const QString& sql)
+{
+    QList<QMap<QString, QVariant>> rows;
+    const auto result = RunOn(address, sql);
+    for (int row = 0; row < PQntuples(result.get()); ++row) {
+        auto& values = rows.emplace_back();
+        for (int column = 0; column < PQnfields(result.get()); ++column)
+            values.insert(OwnName(PQfname(result.get(), column)),
+                          PostgresValue(result.get(), row, column));
+    }
+    return rows;
+}
+
+} // namespace vantrel::test

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QList>
+#include <QMap>
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+#include <QVariant>
+#include <memory>
+
+namespace vantrel::test {
+
+/// A PostgreSQL server of the test's own: a child process on a domain socket, with all its files in
+/// a temporary folder. It ends with its owner, whatever becomes of that. A server that cannot be
+/// started fails the test.
+class PrivatePostgres
+{
+public:
+    /// Whether a crash of the machine may lose what was committed, so that tests are faster.
+    enum class Commits { Quick, Durable };
+
+    explicit PrivatePostgres(Commits commits = Commits::Quick);
+    PrivatePostgres(const PrivatePostgres&) = delete;
+    PrivatePostgres& operator=(const PrivatePostgres&) = delete;
+    ~PrivatePostgres();
+
+    /// The one that all tests of a program share, started when it is first asked for.
+    static PrivatePostgres& Shared();
+
+    /// The address of a new and empty database.
+    QString NewDatabase();
+    /// The address of a new and empty schema in a database that all of these share; faster.
+    QString NewSchema();
+    void DropSchema(const QString& address);
+
+    /// Runs statements on a connection of its own. @return the first value of the first row
+    static QString Run(const QString& address, const QString& sql);
+
+    /// All rows of a result, by the names of the columns as this program writes them.
+    static QList<QMap<QString, QVariant>> Rows(const QString& address, const QString& sql);
+
+    /// Kills the server and all it serves at once.
+    void Kill();
+    /// Starts it again after that, at the same address.
+    void Start();
+
+private:
+    QString Address(const QString& database) const;
+    void MakeFiles();
+    void Stop(int signal);
+    void LeaveToOwner();
+
+    Commits m_commits;
+    QTemporaryDir m_folder;
+    QString m_programs;
+    std::unique_ptr<QProcess> m_server;
+    qint64 m_owner;
+    int m_count = 0;
+};
+
+} // namespace vantrel::test
