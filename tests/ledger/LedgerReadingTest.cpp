@@ -212,8 +212,9 @@ TEST_F(LedgerTest, AWriterIsNotHeldUpWhileEntriesAreTaken)
         ++taken;
         AddLedgerEntry(*other, PrintedEntry({QStringLiteral("New")}));
         // A reader would keep the log from being emptied.
-        if (!StoresAreOnServer())
+        if (!StoresAreOnServer()) {
             EXPECT_EQ(other->Execute(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")).toInt(), 0);
+        }
     });
     EXPECT_EQ(taken, 2);
 }

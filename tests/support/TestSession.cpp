@@ -123,7 +123,7 @@ TestSession::~TestSession()
 
 void TestSession::WithDatabase()
 {
-    Store =
+    LayoutStore =
         std::make_unique<TestStore>(Session.PathInFolder(QLatin1StringView(LayoutDatabaseName)));
     Session.LayoutDb.Open(LayoutStore->Location());
 }
