@@ -4,10 +4,10 @@
 #include "TextTable.h"
 #include "base/Failure.h"
 #include "base/HarmlessText.h"
-#include "samples/FreshInstall.h"
 #include "station/layout/LayoutCheck.h"
 #include "station/layout/Navigation.h"
 #include "station/session/StationOptions.h"
+#include "station/session/StoreLocation.h"
 #include "store/Connection.h"
 #include <QDir>
 #include <QJsonArray>
@@ -99,7 +99,7 @@ void RunCheck(const Words& words)
 {
     const QString& folder = words.Arguments.at(0);
     Connection store;
-    store.Open(LayoutDatabasePath(folder));
+    store.Open(StoreLocation(folder));
     const PictureSource pictures = PicturesOf(folder);
     FoundOn found;
     qsizetype count = 0;

@@ -3,6 +3,7 @@
 #include "base/Failure.h"
 #include "ledger/LedgerTables.h"
 #include "samples/FreshInstall.h"
+#include "station/layout/ObjectExtraRows.h"
 #include "station/session/StoreLocation.h"
 #include "store/LayoutTables.h"
 #include "store/Schema.h"
@@ -41,6 +42,7 @@ std::unique_ptr<StoreDatabase> OpenWhole(const QString& given)
         store->RequireTables();
         MakeLedgerTables(*store);
     }
+    store->MakeTables(ExtrasTables());
     return store;
 }
 
@@ -79,6 +81,8 @@ void RunStoreCopy(const Words& words)
     const auto to = OpenWhole(words.Arguments.at(1));
     std::vector<StoreTable> tables;
     for (const StoreTable& table : LayoutTables())
+        tables.push_back(table);
+    for (const StoreTable& table : ExtrasTables())
         tables.push_back(table);
     for (const StoreTable& table : LedgerTables())
         tables.push_back(table);
