@@ -1,5 +1,6 @@
 #include "ledger/LedgerStations.h"
 #include "store/StoreDatabase.h"
+#include "store/StoreTransaction.h"
 
 namespace vantrel {
 
@@ -28,6 +29,19 @@ void NoteStation(StoreDatabase& database, const LedgerStation& station)
                                        "Printer, Machine, SessionNumber) "
                                        "VALUES (?, ?, ?, ?, ?, ?, ?)"),
                         said);
+}
+
+QString ClaimSession(StoreDatabase& database, const LedgerStation& station)
+{
+    StoreTransaction transaction(database);
+    for (const LedgerStation& other : ReadStations(database)) {
+        const bool isRunning = !other.Ended && station.Seen - other.Seen < SilentMilliseconds;
+        if (other.Session == station.Session && other.Machine != station.Machine && isRunning)
+            return other.Machine;
+    }
+    NoteStation(database, station);
+    transaction.Commit();
+    return {};
 }
 
 std::vector<LedgerStation> ReadStations(StoreDatabase& database)

@@ -11,7 +11,7 @@ class StoreDatabase;
 /// milliseconds since 1970, UTC.
 struct LedgerStation
 {
-    /// The host name of its machine.
+    /// The host name of its machine; in a store on a server a colon and its program folder follow.
     QString Machine;
     int Session = 1;
     qint64 Started = 0;
@@ -31,6 +31,11 @@ inline constexpr int SilentMilliseconds = 30'000;
 
 /// Writes what a station says of itself. Fails like `StoreDatabase`.
 void NoteStation(StoreDatabase& database, const LedgerStation& station);
+
+/// Does the same when a station begins, unless another one runs with its session number, and would
+/// carry out its entries. Fails like `StoreDatabase`.
+/// @return the name of the other one's machine; empty if there is none
+QString ClaimSession(StoreDatabase& database, const LedgerStation& station);
 
 /// The stations of a ledger, by machine and session. A ledger that no station has opened since this
 /// table came has none. Fails like `StoreDatabase`.

@@ -40,6 +40,15 @@ const QString InsertCard = QStringLiteral(
     "PageHash, File, Reason) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
 const QString UpdateCard = QStringLiteral(
     "UPDATE LedgerCards SET State = ?, Job = ?, Changed = ?, File = ?, Reason = ? WHERE ID = ?");
+/// What was written while the server was lost is written anew, with other numbers.
+const QString VoidDoubtfulEntry = QStringLiteral(
+    "UPDATE LedgerEntries SET State = 'void', Reason = 'The server was lost while it was written, "
+    "and it was written again.' WHERE ID = ?");
+const QString VoidDoubtfulCard = QStringLiteral(
+    "UPDATE LedgerCards SET State = 'void', Changed = ?, Reason = 'The server was lost before it "
+    "was printed.' WHERE ID = ?");
+const QString LetEntryWait = QStringLiteral(
+    "UPDATE LedgerEntries SET State = 'received' WHERE ID = ? AND State = 'printing'");
 const QString InsertPage = QStringLiteral("INSERT INTO LedgerPages (Hash, Content) VALUES (?, ?)");
 
 void MakeTables(StoreDatabase& database)
@@ -91,6 +100,8 @@ void RecordLedger::Open(Connection& connection, const LedgerTerms& terms)
     m_connection = &connection;
     m_terms = terms;
     m_tablesMade = false;
+    if (!std::exchange(m_refusal, QString()).isEmpty())
+        m_trouble.clear();
     if (!m_terms.On)
         return;
     try {
@@ -312,9 +323,12 @@ void RecordLedger::Write()
     if (!m_terms.On)
         return;
     try {
+        if (IsRefused())
+            throw Failure(FailureNumber::InvalidCall, m_refusal);
         StoreDatabase& database = m_connection->Database();
         if (!m_tablesMade)
             MakeTables(database);
+        EndDoubts(database);
         for (const RecordRunPtr& run : m_runs) {
             if (!run->IsComplete())
                 continue;
@@ -333,6 +347,7 @@ void RecordLedger::Committed()
 {
     m_tablesMade = m_terms.On;
     m_trouble.clear();
+    m_doubts.clear();
     const auto commit = [](RowState& row) {
         if (row.Stored || row.Fresh)
             row = {.Stored = true, .Dirty = false};
@@ -345,8 +360,41 @@ void RecordLedger::Committed()
     Settle();
 }
 
+void RecordLedger::NoteDoubts()
+{
+    using Of = Doubt::Of;
+    for (const RecordRunPtr& run : m_runs) {
+        if (run->m_entryRow.Fresh)
+            m_doubts.push_back({Of::NewEntry, run->Entry.Id});
+        else if (run->m_wasInLedger)
+            m_doubts.push_back({Of::WaitingEntry, run->Entry.Id});
+        for (std::size_t i = 0; i < run->m_cardRows.size(); ++i)
+            if (run->m_cardRows[i].Fresh)
+                m_doubts.push_back({Of::NewCard, run->Entry.Cards[i].Id});
+    }
+}
+
+void RecordLedger::EndDoubts(StoreDatabase& database)
+{
+    for (const Doubt& doubt : m_doubts) {
+        switch (doubt.Row) {
+        case Doubt::Of::NewEntry:
+            database.Change(VoidDoubtfulEntry, {doubt.Id});
+            break;
+        case Doubt::Of::NewCard:
+            database.Change(VoidDoubtfulCard, {QDateTime::currentMSecsSinceEpoch(), doubt.Id});
+            break;
+        case Doubt::Of::WaitingEntry:
+            database.Change(LetEntryWait, {doubt.Id});
+            break;
+        }
+    }
+}
+
 void RecordLedger::RolledBack()
 {
+    if (m_terms.On && m_connection->IsOpen() && m_connection->Database().IsCommitInDoubt())
+        NoteDoubts();
     const auto forget = [](RowState& row, qlonglong& id) {
         if (std::exchange(row.Fresh, false))
             id = 0;
@@ -412,11 +460,12 @@ void RecordLedger::SettleUnwritten()
 bool RecordLedger::HasChanges() const
 {
     const auto isDirty = [](const RowState& row) { return row.Dirty; };
-    return m_terms.On && std::any_of(m_runs.begin(), m_runs.end(), [&](const RecordRunPtr& run) {
-               return run->IsComplete() &&
-                      (isDirty(run->m_entryRow) ||
-                       std::any_of(run->m_cardRows.begin(), run->m_cardRows.end(), isDirty));
-           });
+    const auto hasChanges = [&](const RecordRunPtr& run) {
+        return run->IsComplete() &&
+               (isDirty(run->m_entryRow) ||
+                std::any_of(run->m_cardRows.begin(), run->m_cardRows.end(), isDirty));
+    };
+    return m_terms.On && (HasDoubts() || std::any_of(m_runs.begin(), m_runs.end(), hasChanges));
 }
 
 bool RecordLedger::HasManyChanges() const

@@ -38,6 +38,9 @@ public:
     /// same and tries again with each change.
     void Open(Connection& connection, const LedgerTerms& terms);
     bool IsOn() const { return m_terms.On; }
+    /// Writes nothing until the ledger is opened again.
+    void Refuse(const QString& reason) { m_trouble = m_refusal = reason; }
+    bool IsRefused() const { return !m_refusal.isEmpty(); }
     bool KeepsValues() const { return m_terms.KeepValues; }
 
     /// Called once with each entry whose outcome is known and, where a ledger is kept, stored.
@@ -85,7 +88,11 @@ public:
     void Write();
     /// Called after the transaction was committed: settles the runs whose outcome it holds.
     void Committed();
+    /// Called after it was not. Where the server was lost while it committed, what may be in the
+    /// database all the same is declared void by the next `Write`, before anything else.
     void RolledBack();
+    /// Whether there may be rows in the database that this ledger does not count on.
+    bool HasDoubts() const { return !m_doubts.empty(); }
     /// Notes why a transaction that the ledger was written in has failed.
     void NoteTrouble(const QString& reason) { m_trouble = reason; }
     /// Writes all changes in a transaction of their own and commits it durably. Fails like
@@ -107,7 +114,16 @@ public:
     const std::vector<RecordRunPtr>& Runs() const { return m_runs; }
 
 private:
+    /// A row that a transaction has written of which it is unknown whether it was committed.
+    struct Doubt
+    {
+        enum class Of { NewEntry, NewCard, WaitingEntry } Row;
+        qlonglong Id = 0;
+    };
+
     void ForgetOldest();
+    void NoteDoubts();
+    void EndDoubts(StoreDatabase& database);
     void WriteEntry(StoreDatabase& database, RecordRun& run);
     void WriteCards(StoreDatabase& database, RecordRun& run);
     std::vector<RecordRunPtr> RunsToTell() const;
@@ -118,7 +134,9 @@ private:
     std::vector<RecordRunPtr> m_runs;
     std::function<void(const LedgerEntry&)> m_outcome;
     QString m_trouble;
+    QString m_refusal;
     bool m_tablesMade = false;
+    std::vector<Doubt> m_doubts;
     qlonglong m_lost = 0;
 };
 

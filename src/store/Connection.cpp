@@ -106,6 +106,8 @@ StoreDatabase& Connection::Database()
 bool Connection::HasTable(const QString& table)
 {
     StoreDatabase& database = m_d->Opened();
+    if (!database.MayKeepRows())
+        return !database.ColumnsOf(table).empty();
     const StoreDatabase::State now = database.Now();
     if (m_d->TablesState != now) {
         m_d->Tables.clear();

@@ -45,6 +45,12 @@ public:
     /// Why the server that keeps the database cannot be reached; empty while it can. It is tried
     /// again by the next operation, at the earliest after a pause.
     virtual QString Trouble() const { return {}; }
+    /// Finds out whether the server that keeps the database can be reached, unless it has just been
+    /// heard of. Fails if it cannot.
+    virtual void Ask() {}
+    /// How many milliseconds a server is given for an answer, instead of half a minute. Then it
+    /// counts as away, and a lock that another session holds for nearly as long as `StoreBusy`.
+    virtual void SetPatience(int /*milliseconds*/) {}
 
     /// Runs one statement or several that take no values.
     /// @return the first value of the first row, null if there is none
@@ -71,6 +77,9 @@ public:
     /// Ends the transaction durably.
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
+    /// Whether the last commit failed in such a way that it is unknown whether the server has
+    /// carried it out. Numbers of rows that were added in it are not given again in either case.
+    virtual bool IsCommitInDoubt() const { return false; }
     /// Whether a transaction is open. An engine may roll one back by itself, as SQLite does if the
     /// disk is full or fails.
     virtual bool InTransaction() const = 0;

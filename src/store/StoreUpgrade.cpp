@@ -30,7 +30,7 @@ void MakeVersion(StoreDatabase& database, qlonglong version,
         database.MakeTables(LayoutTables());
         FillPrinterTypes(database);
         break;
-    default: // The ledger beside them.
+    default: // What stands beside them.
         database.MakeTables(furtherTables);
         break;
     }

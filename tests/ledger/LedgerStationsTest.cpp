@@ -37,5 +37,27 @@ TEST_F(LedgerStations, OfALedgerWithoutTheirTableAreNone)
     EXPECT_TRUE(ReadStations(Database()).empty());
 }
 
+TEST_F(LedgerStations, ASessionIsOneMachinesAsLongAsItRuns)
+{
+    LedgerStation first{QStringLiteral("a"), 1, 100'000, 100'000, false, {}, {}};
+    LedgerStation other{
+        QStringLiteral("b"), 1, 100'000, 100'000 + SilentMilliseconds - 1, false, {}, {}};
+    EXPECT_EQ(ClaimSession(Database(), first), QString());
+    EXPECT_EQ(ClaimSession(Database(), other), first.Machine);
+    EXPECT_EQ(ReadStations(Database()).size(), 1U);
+    // Another number, and the same station again after it was killed.
+    other.Session = 2;
+    EXPECT_EQ(ClaimSession(Database(), other), QString());
+    EXPECT_EQ(ClaimSession(Database(), first), QString());
+    // It is silent for long enough, or has ended.
+    other.Session = 1;
+    ++other.Seen;
+    EXPECT_EQ(ClaimSession(Database(), other), QString());
+    other.Ended = true;
+    NoteStation(Database(), other);
+    first.Seen = other.Seen;
+    EXPECT_EQ(ClaimSession(Database(), first), QString());
+}
+
 } // namespace
 } // namespace vantrel::test

@@ -1,7 +1,7 @@
 #include "road/CardAccount.h"
 #include "ledger/LedgerReading.h"
 #include "road/StationProcess.h"
-#include "samples/FreshInstall.h"
+#include "station/session/StoreLocation.h"
 #include "store/Connection.h"
 #include "support/Print.h"
 #include <QDir>
@@ -35,7 +35,7 @@ CardAccount::CardAccount(const QString& programFolder, int sessions)
     : m_printed(programFolder + QStringLiteral("/Printed/")), m_sessions(sessions)
 {
     Connection store;
-    store.Open(LayoutDatabasePath(programFolder));
+    store.Open(StoreLocation(programFolder));
     ReadEntries(store.Database(), {},
                 [&](const LedgerEntry& entry) { m_entries.emplace(entry.Id, entry); });
 }

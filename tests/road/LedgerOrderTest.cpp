@@ -3,6 +3,7 @@
 #include "road/LockedStore.h"
 #include "road/StationProcess.h"
 #include "samples/FreshInstall.h"
+#include "station/session/StoreLocation.h"
 #include "store/StoreDatabase.h"
 #include <QDir>
 #include <QFile>
@@ -43,7 +44,7 @@ protected:
     }
     void Change(const QString& statement)
     {
-        const auto store = OpenStoreDatabase(LayoutDatabasePath(Folder.Session.ProgramFolder));
+        const auto store = OpenStoreDatabase(StoreLocation(Folder.Session.ProgramFolder));
         store->Execute(statement);
     }
     /// The store's journals have its own mode, so whoever changes one changes all of them.

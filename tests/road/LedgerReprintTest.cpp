@@ -3,7 +3,7 @@
 #include "road/CardAccount.h"
 #include "road/LedgerFolder.h"
 #include "road/StationProcess.h"
-#include "samples/FreshInstall.h"
+#include "station/session/StoreLocation.h"
 #include "store/StoreDatabase.h"
 #include "support/Events.h"
 #include <QElapsedTimer>
@@ -48,7 +48,7 @@ protected:
     bool WaitUntilBegun(qlonglong id) const
     {
         constexpr int limitMs = 60'000;
-        const auto store = OpenStoreDatabase(LayoutDatabasePath(Folder.Session.ProgramFolder));
+        const auto store = OpenStoreDatabase(StoreLocation(Folder.Session.ProgramFolder));
         QElapsedTimer limit;
         limit.start();
         while (limit.elapsed() < limitMs) {

@@ -20,6 +20,9 @@ namespace vantrel::test {
 StationFolder::StationFolder() : TestSession({QStringLiteral("Vantrel PDF")})
 {
     WithDatabase();
+    if (StoresAreOnServer())
+        EXPECT_TRUE(WriteProfileValue(SettingsPath(Session.ProgramFolder), QStringLiteral("Store"),
+                                      QStringLiteral("Database"), LayoutStore->Location()));
     BeginLayout(Session, QStringLiteral("Badge"));
     AddField(Session, 1, {300, 300, 300, 2000});
     AddField(Session, 2, {900, 300, 300, 2000});
@@ -114,6 +117,8 @@ QStringList StationFolder::Cards(int sessionNumber) const
 
 QString StationFolder::StoreIntegrity() const
 {
+    if (StoresAreOnServer())
+        return QStringLiteral("ok");
     const QString name = QStringLiteral("integrity");
     QString answer;
     {

@@ -31,7 +31,8 @@ public:
     QString TextOfCard(int number) const;
     /// Paths of the finished cards of a session, in their order.
     QStringList Cards(int sessionNumber = 1) const;
-    /// The result of SQLite's integrity check of the store; "ok" where it is sound.
+    /// The result of SQLite's integrity check of the store; "ok" where it is sound, or a server
+    /// keeps it.
     QString StoreIntegrity() const;
 
 private:

@@ -29,6 +29,17 @@ QString LocationOf(const QString& given)
     return IsStoreAddress(given) ? given : LayoutDatabasePath(given);
 }
 
+/// The tables beside those of the layouts. A station need not be allowed to make them.
+std::vector<StoreTable> FurtherTables()
+{
+    std::vector<StoreTable> tables;
+    for (const StoreTable& table : LedgerTables())
+        tables.push_back(table);
+    for (const StoreTable& table : ExtrasTables())
+        tables.push_back(table);
+    return tables;
+}
+
 /// Opens a store with all tables, which are made where they are missing.
 std::unique_ptr<StoreDatabase> OpenWhole(const QString& given)
 {
@@ -37,12 +48,11 @@ std::unique_ptr<StoreDatabase> OpenWhole(const QString& given)
         MakeProgramFolder(given);
     auto store = OpenStoreDatabase(location);
     if (IsStoreAddress(given)) {
-        BringUpToDate(*store, LedgerTables());
+        BringUpToDate(*store, FurtherTables());
     } else {
         store->RequireTables();
-        MakeLedgerTables(*store);
+        store->MakeTables(FurtherTables());
     }
-    store->MakeTables(ExtrasTables());
     return store;
 }
 
@@ -60,7 +70,7 @@ void RunStoreInit(const Words& words)
         throw NotUnderstood{QStringLiteral("store init wants the address of a database, such as "
                                            "postgresql://HOST/NAME")};
     const auto store = OpenStoreDatabase(address);
-    switch (BringUpToDate(*store, LedgerTables())) {
+    switch (BringUpToDate(*store, FurtherTables())) {
     case StoreFound::Nothing:
         Tell(QStringLiteral("The store is made."));
         break;
@@ -82,9 +92,7 @@ void RunStoreCopy(const Words& words)
     std::vector<StoreTable> tables;
     for (const StoreTable& table : LayoutTables())
         tables.push_back(table);
-    for (const StoreTable& table : ExtrasTables())
-        tables.push_back(table);
-    for (const StoreTable& table : LedgerTables())
+    for (const StoreTable& table : FurtherTables())
         tables.push_back(table);
     CopyStore(*from, *to, tables);
     Tell(QStringLiteral("Copied: %1 layouts, %2 entries of the ledger.")

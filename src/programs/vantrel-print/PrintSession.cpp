@@ -1,6 +1,6 @@
 #include "PrintRun.h"
-#include "samples/FreshInstall.h"
 #include "station/session/Settings.h"
+#include "station/session/StoreLocation.h"
 #include "station/start/EntryPoint.h"
 #include <QDir>
 #include <QFileInfo>
@@ -19,7 +19,7 @@ QString FolderPath(const PrintOptions& options)
 PrintSession::PrintSession(const PrintOptions& options)
     : Printers(Dry), Session(FolderPath(options), Operator, Printers)
 {
-    if (!QFileInfo(LayoutDatabasePath(Session.ProgramFolder)).isFile())
+    if (!HasStore(Session.ProgramFolder))
         throw Failure(FailureNumber::FileNotFound,
                       QStringLiteral("There is no layout database in %1.").arg(options.Folder));
     if (!options.Images.isEmpty() && !QFileInfo(options.Images).isDir())

@@ -1,6 +1,6 @@
 #include "RunLocks.h"
 #include "PrintRun.h"
-#include "samples/FreshInstall.h"
+#include "station/session/StoreLocation.h"
 #include <QDir>
 #include <QFileInfo>
 #include <fcntl.h>
@@ -37,7 +37,7 @@ int LockedFolder(const QString& folder)
 RunLocks::RunLocks(const PrintOptions& options)
 {
     const QString home = QDir(options.Folder).absolutePath();
-    if (!QFileInfo(LayoutDatabasePath(home)).isFile())
+    if (!HasStore(home))
         throw Failure(FailureNumber::FileNotFound,
                       QStringLiteral("There is no layout database in %1.").arg(options.Folder));
     QStringList mistakes;

@@ -19,6 +19,8 @@ namespace vantrel {
 namespace {
 
 constexpr int LookMilliseconds = 500;
+/// An idle station asks a server less than once a second.
+constexpr int LookAtServerMilliseconds = 1500;
 constexpr int TidyMilliseconds = 60'000;
 /// While there is more to remove.
 constexpr int TidyAgainMilliseconds = 1000;
@@ -110,7 +112,9 @@ int Look(Session& session)
     if (session.OfferAgain && !session.Road.IsBusy())
         std::exchange(session.OfferAgain, nullptr)();
     TakeStoredRecords(session);
-    return LookMilliseconds;
+    Connection& store = session.LayoutDb;
+    return store.IsOpen() && !store.Database().MayKeepRows() ? LookAtServerMilliseconds
+                                                             : LookMilliseconds;
 }
 
 /// @return after how many milliseconds to come again
@@ -137,7 +141,7 @@ void Repeat(Session& session, int milliseconds, int (*act)(Session&))
 
 void FindDoubtfulCards(Session& session)
 {
-    if (!session.Options.Ledger)
+    if (!session.Options.Ledger || session.Ledger.IsRefused())
         return;
     Skip("doubtful cards",
          [&] { MakeDoubtful(session.LayoutDb.Database(), session.SessionNumber); });
@@ -145,7 +149,10 @@ void FindDoubtfulCards(Session& session)
 
 void TakeStoredRecords(Session& session)
 {
-    if (!session.Options.Ledger || session.Road.IsBusy())
+    // What is in doubt is no entry to be carried out.
+    const RecordLedger& ledger = session.Ledger;
+    if (!session.Options.Ledger || session.Road.IsBusy() || ledger.HasDoubts() ||
+        ledger.IsRefused())
         return;
     std::optional<LedgerEntry> entry;
     while (Skip("stored record", [&] { entry = NextStoredEntry(session); }) && entry &&

@@ -1,7 +1,10 @@
 #include "station/ledger/StationHeartbeat.h"
+#include "base/Failure.h"
 #include "base/Skip.h"
 #include "ledger/LedgerStations.h"
+#include "station/ledger/StationLedger.h"
 #include "station/session/Session.h"
+#include "station/session/StoreLocation.h"
 #include "store/StoreDatabase.h"
 #include <QCoreApplication>
 #include <QDateTime>
@@ -15,10 +18,17 @@ namespace {
 /// While a page is being saved nothing else may be written; soon after that it may.
 constexpr int AgainMilliseconds = 200;
 
+bool IsOnServer(const Session& session)
+{
+    return IsStoreAddress(StoreLocation(session.ProgramFolder));
+}
+
 LedgerStation StationOf(const Session& session, qint64 started)
 {
     LedgerStation station;
     station.Machine = QSysInfo::machineHostName();
+    if (IsOnServer(session))
+        station.Machine += u':' + session.ProgramFolder;
     station.Session = session.SessionNumber;
     station.Started = started;
     station.Seen = QDateTime::currentMSecsSinceEpoch();
@@ -39,6 +49,20 @@ void Write(Session& session, const LedgerStation& station)
 
 } // namespace
 
+void ClaimSession(Session& session)
+{
+    if (!session.LayoutDb.IsOpen() || !IsOnServer(session))
+        return;
+    const QString other = ClaimSession(session.LayoutDb.Database(),
+                                       StationOf(session, QDateTime::currentMSecsSinceEpoch()));
+    if (!other.isEmpty())
+        throw Failure(FailureNumber::InvalidCall,
+                      QStringLiteral("The station %1 has the session number %2 too. Start one of "
+                                     "them with another number.")
+                          .arg(other)
+                          .arg(session.SessionNumber));
+}
+
 void TellThatItRuns(Session& session)
 {
     if (!session.Options.Ledger)
@@ -47,7 +71,9 @@ void TellThatItRuns(Session& session)
     auto* timer = new QTimer(&session.Face);
     QObject::connect(timer, &QTimer::timeout, timer, [&session, timer, started] {
         const bool may = MayBeWritten(session.LayoutDb);
-        if (may)
+        if (may && session.Ledger.IsRefused())
+            OpenLedger(session);
+        else if (may)
             Write(session, StationOf(session, started));
         timer->start(may ? HeartbeatMilliseconds : AgainMilliseconds);
     });
@@ -56,7 +82,7 @@ void TellThatItRuns(Session& session)
                      [&session, started] {
                          LedgerStation station = StationOf(session, started);
                          station.Ended = true;
-                         if (MayBeWritten(session.LayoutDb))
+                         if (MayBeWritten(session.LayoutDb) && !session.Ledger.IsRefused())
                              Write(session, station);
                      });
 }

@@ -1,8 +1,10 @@
 #include "station/ledger/StationLedger.h"
+#include "base/Failure.h"
 #include "base/SecretKey.h"
 #include "base/Skip.h"
 #include "ledger/LedgerJobs.h"
 #include "printers/CupsJobWatch.h"
+#include "station/ledger/StationHeartbeat.h"
 #include "station/session/Session.h"
 #include <QLoggingCategory>
 
@@ -21,6 +23,17 @@ LedgerTerms TermsOf(const Session& session)
     if (terms.On && !terms.KeepValues)
         terms.HashKey = SecretKeyOf(session.PathInFolder(QStringLiteral("Ledger.key")));
     return terms;
+}
+
+/// The entries of another station with the same number are not this one's to carry out.
+void Claim(Session& session)
+{
+    try {
+        ClaimSession(session);
+    } catch (const Failure& failure) {
+        if (failure.Number() == FailureNumber::InvalidCall)
+            session.Ledger.Refuse(failure.Text());
+    }
 }
 
 } // namespace
@@ -43,7 +56,11 @@ void NoteJobEnd(Session& session, int job, JobState state, const QString& reason
 
 void OpenLedger(Session& session)
 {
-    Skip("open ledger", [&] { session.Ledger.Open(session.LayoutDb, TermsOf(session)); });
+    Skip("open ledger", [&] {
+        session.Ledger.Open(session.LayoutDb, TermsOf(session));
+        if (session.Options.Ledger)
+            Claim(session);
+    });
     TellLedgerState(session);
 }
 

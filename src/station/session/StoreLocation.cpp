@@ -3,6 +3,7 @@
 #include "store/Schema.h"
 #include "store/postgres/PostgresAddress.h"
 #include <QDir>
+#include <QFileInfo>
 
 namespace vantrel {
 
@@ -13,6 +14,12 @@ QString StoreLocation(const QString& programFolder)
                                           QStringLiteral("Store"), QStringLiteral("Database"));
     return address && !address->isEmpty() ? *address
                                           : folder.filePath(QLatin1StringView(LayoutDatabaseName));
+}
+
+bool HasStore(const QString& programFolder)
+{
+    const QString location = StoreLocation(programFolder);
+    return IsPostgresAddress(location) || QFileInfo(location).isFile();
 }
 
 bool IsStoreAddress(const QString& text)

@@ -8,6 +8,9 @@ namespace vantrel {
 /// says, else the file in the folder.
 QString StoreLocation(const QString& programFolder);
 
+/// Whether a program folder has a layout store: its file, or an address in its settings.
+bool HasStore(const QString& programFolder);
+
 /// Whether a text is the address of a store on a server and not the path of a folder.
 bool IsStoreAddress(const QString& text);
 

@@ -19,6 +19,7 @@ namespace {
 Q_LOGGING_CATEGORY(storeLog, "vantrel.store")
 
 constexpr int LookMilliseconds = 500;
+constexpr int PatienceMilliseconds = 1000;
 /// After a try to open the store has failed.
 constexpr qint64 PauseMilliseconds = 4000;
 constexpr QLatin1StringView AwayCaption{"   (the store is away)"};
@@ -29,12 +30,20 @@ class StoreWatch : public QObject
 public:
     explicit StoreWatch(Session& session) : QObject(&session.Face), m_session(session)
     {
+        BeBrief();
         QObject::connect(&m_timer, &QTimer::timeout, this, [this] { Look(); });
         m_timer.start(LookMilliseconds);
         Look();
     }
 
 private:
+    /// The windows stand still while the station waits for an answer.
+    void BeBrief()
+    {
+        if (m_session.LayoutDb.IsOpen())
+            m_session.LayoutDb.Database().SetPatience(PatienceMilliseconds);
+    }
+
     void Look()
     {
         const QString trouble = Ask();
@@ -52,7 +61,7 @@ private:
             return Open();
         // A transaction is not disturbed; what is in it notices for itself.
         if (!store.InTransaction())
-            Skip("ask the store", [&] { store.Database().Now(); });
+            Skip("ask the store", [&] { store.Database().Ask(); });
         return store.Database().Trouble();
     }
 
@@ -62,6 +71,7 @@ private:
             return m_trouble;
         try {
             OpenLayoutDb(m_session);
+            BeBrief();
             m_trouble.clear();
         } catch (const Failure& failure) {
             m_trouble = failure.Text();

@@ -1,6 +1,7 @@
 #include "store/postgres/PostgresAddress.h"
 #include "base/Failure.h"
 #include <QRegularExpression>
+#include <algorithm>
 #include <libpq-fe.h>
 #include <memory>
 
@@ -54,6 +55,26 @@ void RequireSafeAddress(const QString& address)
             throw Failure(FailureNumber::InvalidCall,
                           QStringLiteral("The address of the store holds a password. Put it into a "
                                          "password file or a service file instead."));
+}
+
+ServerHosts HostsOf(const QString& address, qsizetype first)
+{
+    const Options options = Parsed(address);
+    const auto listOf = [&](const char* keyword) {
+        return ValueOf(options, QLatin1StringView(keyword)).toUtf8();
+    };
+    ServerHosts hosts{listOf("host"), listOf("hostaddr"), listOf("port")};
+    const qsizetype count = std::max(hosts.Names.count(','), hosts.Numbers.count(',')) + 1;
+    if (count < 2)
+        return {};
+    for (QByteArray* list : {&hosts.Names, &hosts.Numbers, &hosts.Ports}) {
+        QByteArrayList entries = list->split(',');
+        // One port may stand for all hosts.
+        if (entries.size() == count)
+            std::rotate(entries.begin(), entries.begin() + first % count, entries.end());
+        *list = entries.join(',');
+    }
+    return hosts;
 }
 
 QString ShownAddress(const QString& address)

@@ -11,8 +11,10 @@ namespace {
 
 /// The windows stand still while the server is tried.
 constexpr int ConnectPatienceMs = 1000;
-/// For the answer to a statement; the lock is waited for less long.
+/// For the answer to a statement.
 constexpr int AnswerPatienceMs = 30'000;
+/// A server that has answered within that time is there.
+constexpr qint64 FreshAnswerMs = 2000;
 /// A server that is away is tried again after a pause that doubles each time.
 constexpr qint64 FirstPauseMs = 250;
 constexpr qint64 LongestPauseMs = 4000;
@@ -33,6 +35,9 @@ constexpr const char* Keywords[] = {"fallback_application_name",
                                     "keepalives_count",
                                     "dbname",
                                     "client_encoding",
+                                    "host",
+                                    "hostaddr",
+                                    "port",
                                     nullptr};
 
 bool WaitFor(int socket, short events, int milliseconds)
@@ -59,7 +64,7 @@ bool IsFailed(const PGresult* result)
 } // namespace
 
 PostgresConnection::PostgresConnection(const QString& address)
-    : m_address(address), m_shown(ShownAddress(address))
+    : m_address(address), m_shown(ShownAddress(address)), m_patienceMs(AnswerPatienceMs)
 {
     Connect();
 }
@@ -67,8 +72,20 @@ PostgresConnection::PostgresConnection(const QString& address)
 void PostgresConnection::Connect()
 {
     const QByteArray address = m_address.toUtf8();
-    const char* const values[] = {"vantrel",           "2",    "3000", "2", "1", "3",
-                                  address.constData(), "UTF8", nullptr};
+    const ServerHosts hosts = HostsOf(m_address, m_firstHost);
+    // An empty value leaves the setting to the address and to the library.
+    const char* const values[] = {"vantrel",
+                                  "2",
+                                  "3000",
+                                  "2",
+                                  "1",
+                                  "3",
+                                  address.constData(),
+                                  "UTF8",
+                                  hosts.Names.constData(),
+                                  hosts.Numbers.constData(),
+                                  hosts.Ports.constData(),
+                                  nullptr};
     constexpr int expandDbname = 1;
     m_connection.reset(PQconnectStartParams(Keywords, values, expandDbname));
     QElapsedTimer since;
@@ -78,8 +95,10 @@ void PostgresConnection::Connect()
            status != PGRES_POLLING_OK && status != PGRES_POLLING_FAILED) {
         const auto left = static_cast<int>(ConnectPatienceMs - since.elapsed());
         if (left <= 0 || !WaitFor(PQsocket(m_connection.get()),
-                                  status == PGRES_POLLING_READING ? POLLIN : POLLOUT, left))
+                                  status == PGRES_POLLING_READING ? POLLIN : POLLOUT, left)) {
+            GoToNextHost();
             FailAsAway(QStringLiteral("it does not answer"));
+        }
         status = PQconnectPoll(m_connection.get());
     }
     if (status != PGRES_POLLING_OK)
@@ -90,6 +109,23 @@ void PostgresConnection::Connect()
         m_connection.get(), [](void*, const PGresult*) {}, nullptr);
     m_trouble.clear();
     m_pauseMs = 0;
+    m_answered.start();
+}
+
+// The library goes on to the next host by itself when one refuses, but not when one is silent.
+void PostgresConnection::GoToNextHost()
+{
+    ++m_firstHost;
+}
+
+void PostgresConnection::Ask()
+{
+    Ready();
+    if (m_answered.isValid() && !m_answered.hasExpired(FreshAnswerMs))
+        return;
+    const PostgresResult answer = Run(Step{"SELECT pg_is_in_recovery()"});
+    if (PostgresValue(answer.get(), 0, 0).toBool())
+        FailAsAway(QStringLiteral("it is a replica, which cannot be written"));
 }
 
 void PostgresConnection::FailAsAway(const QString& why)
@@ -151,7 +187,7 @@ void PostgresConnection::GiveBackMemory()
 bool PostgresConnection::Wait(bool forWriting) const
 {
     const auto events = static_cast<short>(POLLIN | (forWriting ? POLLOUT : 0));
-    return WaitFor(PQsocket(m_connection.get()), events, AnswerPatienceMs);
+    return WaitFor(PQsocket(m_connection.get()), events, m_patienceMs);
 }
 
 void PostgresConnection::Flush()
@@ -193,6 +229,7 @@ PostgresResult PostgresConnection::Run(const QByteArray& sql)
     }
     if (failed)
         Fail(failed.get());
+    m_answered.start();
     NoteSize(rows.get());
     GiveBackMemory();
     return rows;
@@ -213,6 +250,7 @@ PostgresResult PostgresConnection::Run(const Step& step)
         last = std::move(result);
     if (!last || IsFailed(last.get()))
         Fail(last.get());
+    m_answered.start();
     NoteSize(last.get());
     GiveBackMemory();
     return last;

@@ -36,6 +36,14 @@ public:
     /// @return the results in their order
     std::vector<PostgresResult> RunAll(const std::vector<Step>& steps);
 
+    /// Finds out whether the server is there and may be written, unless it has answered within the
+    /// last two seconds. A connection that the server has closed is noticed in any case. Must not
+    /// be called within a transaction.
+    void Ask();
+    /// How long to wait for an answer, half a minute unless it is set.
+    void SetPatience(int milliseconds) { m_patienceMs = milliseconds; }
+    int Patience() const { return m_patienceMs; }
+
     bool InTransaction() const;
     const QString& Address() const { return m_address; }
     /// What people are shown of the address.
@@ -52,6 +60,8 @@ private:
     /// The connection, made anew if it was lost.
     PGconn* Ready();
     void Connect();
+    /// Lets the next attempt begin with the next of the hosts in the address, if it has several.
+    void GoToNextHost();
     [[noreturn]] void FailAsAway(const QString& why);
     [[noreturn]] void Fail(const PGresult* result);
     /// Must be called when a statement has ended: the library never shrinks its buffers, so a
@@ -74,6 +84,11 @@ private:
     /// alone.
     QElapsedTimer m_tried;
     qint64 m_pauseMs = 0;
+    int m_patienceMs;
+    /// Index of the host that is tried first.
+    qsizetype m_firstHost = 0;
+    /// Since the server's last answer.
+    QElapsedTimer m_answered;
     /// Whether so much was sent or received that the library holds large buffers.
     bool m_isLarge = false;
 };

@@ -13,12 +13,21 @@ namespace vantrel {
 
 namespace {
 
-/// The lock is let go at the end of the transaction. Its number is this program's own, for the
-/// store in this schema.
-constexpr const char* BeginSql = "BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE; "
-                                 "SET LOCAL lock_timeout = 5000; "
-                                 "SELECT pg_advisory_xact_lock("
-                                 "hashtextextended('vantrel ' || current_schema(), 0))";
+constexpr int LongestLockWaitMs = 5000;
+
+/// Begins a transaction with the lock of the store, which is let go at its end. Its number is this
+/// program's own, for the store in this schema. A station that stands still, or whose machine was
+/// lost, holds others up for ten seconds at most.
+QByteArray BeginSql(int patienceMs)
+{
+    // The server's word that the lock was not given should come before patience ends.
+    const int wait = std::min(LongestLockWaitMs, patienceMs - patienceMs / 5);
+    return "BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE; SET LOCAL lock_timeout = " +
+           QByteArray::number(wait) +
+           "; SET LOCAL idle_in_transaction_session_timeout = 10000; SELECT "
+           "pg_advisory_xact_lock(hashtextextended('vantrel ' || current_schema(), 0))";
+}
+
 constexpr const char* RowSavepoint = "vantrelrow";
 
 /// The names of tables and columns as this program writes them; the server knows small letters
@@ -224,7 +233,8 @@ bool PostgresDatabase::Begin()
     if (InTransaction())
         return false;
     try {
-        m_connection.Run(QByteArray(BeginSql));
+        m_isCommitInDoubt = false;
+        m_connection.Run(BeginSql(m_connection.Patience()));
     } catch (...) {
         NoteFailure();
         if (InTransaction())
@@ -232,6 +242,12 @@ bool PostgresDatabase::Begin()
         throw;
     }
     return true;
+}
+
+void PostgresDatabase::Ask()
+{
+    if (!InTransaction())
+        m_connection.Ask();
 }
 
 void PostgresDatabase::BeginReading()
@@ -244,7 +260,11 @@ void PostgresDatabase::Commit()
     if (!InTransaction())
         throw Failure(FailureNumber::StatementInvalid,
                       QStringLiteral("The layout database: no transaction is open."));
-    const PostgresResult result = m_connection.Run(Step{"COMMIT"});
+    const PostgresResult result = [this] {
+        const auto known =
+            qScopeGuard([this] { m_isCommitInDoubt = !m_connection.Trouble().isEmpty(); });
+        return m_connection.Run(Step{"COMMIT"});
+    }();
     // After a failure the server rolls back what it is told to commit.
     if (QByteArray(PQcmdStatus(result.get())) != "COMMIT")
         throw Failure(FailureNumber::StatementInvalid,

@@ -27,6 +27,7 @@ public:
     void BeginReading() override;
     void Commit() override;
     void Rollback() override;
+    bool IsCommitInDoubt() const override { return m_isCommitInDoubt; }
     bool InTransaction() const override;
     bool IsReadOnly() const override { return false; }
     QString Location() const override { return m_connection.Address(); }
@@ -34,6 +35,8 @@ public:
     State Now() override;
     bool MayKeepRows() const override { return false; }
     QString Trouble() const override { return m_connection.Trouble(); }
+    void Ask() override;
+    void SetPatience(int milliseconds) override { m_connection.SetPatience(milliseconds); }
 
     std::vector<StoreColumn> ColumnsOf(const QString& table) override;
     void MakeTables(std::span<const StoreTable> tables) override;
@@ -74,6 +77,7 @@ private:
     PostgresConnection m_connection;
     QHash<QString, std::vector<StoreColumn>> m_columns;
     qlonglong m_failures = 0;
+    bool m_isCommitInDoubt = false;
 };
 
 } // namespace vantrel
