@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QRegularExpression>
 #include <QThread>
 #include <csignal>
@@ -85,6 +86,20 @@ PrivatePostgres::PrivatePostgres(Commits commits)
     Start();
 }
 
+PrivatePostgres::PrivatePostgres(PrivatePostgres& primary)
+    : m_commits(primary.m_commits), m_programs(primary.m_programs),
+      m_owner(QCoreApplication::applicationPid())
+{
+    TakeFolder();
+    RunProgram({QStringLiteral("pg_basebackup"), QStringLiteral("-D"),
+                m_folder.filePath(QStringLiteral("data")), QStringLiteral("-h"),
+                primary.m_folder.path(), QStringLiteral("-U"), QStringLiteral("vantrel"),
+                QStringLiteral("-R"), QStringLiteral("-X"), QStringLiteral("stream"),
+                QStringLiteral("-c"), QStringLiteral("fast"), QStringLiteral("--no-sync")});
+    Start();
+    primary.Set(QStringLiteral("synchronous_standby_names"), QStringLiteral("*"));
+}
+
 PrivatePostgres::~PrivatePostgres()
 {
     if (m_owner == ::getpid())
@@ -111,24 +126,68 @@ PrivatePostgres& PrivatePostgres::Shared()
     return *server;
 }
 
+void PrivatePostgres::TakeFolder()
+{
+    if (::geteuid() != 0)
+        return;
+    const passwd* user = ::getpwnam("postgres");
+    ASSERT_NE(user, nullptr) << "the server's user is missing";
+    ASSERT_EQ(::chown(m_folder.path().toUtf8().constData(), user->pw_uid, user->pw_gid), 0);
+}
+
+/// @param words  a program of the server's, and its arguments
+void PrivatePostgres::RunProgram(const QStringList& words)
+{
+    QStringList command =
+        AsServerUser(QStringList{m_programs + QLatin1Char('/') + words.first()} + words.mid(1));
+    QProcess program;
+    program.setWorkingDirectory(m_folder.path());
+    program.setProcessChannelMode(QProcess::MergedChannels);
+    program.start(command.takeFirst(), command);
+    ASSERT_TRUE(program.waitForFinished(PatienceMilliseconds));
+    ASSERT_EQ(program.exitCode(), 0) << program.readAll().toStdString();
+}
+
 void PrivatePostgres::MakeFiles()
 {
-    if (::geteuid() == 0) {
-        const passwd* user = ::getpwnam("postgres");
-        ASSERT_NE(user, nullptr) << "the server's user is missing";
-        ASSERT_EQ(::chown(m_folder.path().toUtf8().constData(), user->pw_uid, user->pw_gid), 0);
-    }
-    QStringList command = AsServerUser(
-        {m_programs + QStringLiteral("/initdb"), QStringLiteral("-D"),
-         m_folder.filePath(QStringLiteral("data")), QStringLiteral("-A"), QStringLiteral("trust"),
-         QStringLiteral("-U"), QStringLiteral("vantrel"), QStringLiteral("-E"),
-         QStringLiteral("UTF8"), QStringLiteral("--locale=C"), QStringLiteral("--no-sync")});
-    QProcess maker;
-    maker.setWorkingDirectory(m_folder.path());
-    maker.setProcessChannelMode(QProcess::MergedChannels);
-    maker.start(command.takeFirst(), command);
-    ASSERT_TRUE(maker.waitForFinished(PatienceMilliseconds));
-    ASSERT_EQ(maker.exitCode(), 0) << maker.readAll().toStdString();
+    TakeFolder();
+    RunProgram({QStringLiteral("initdb"), QStringLiteral("-D"),
+                m_folder.filePath(QStringLiteral("data")), QStringLiteral("-A"),
+                QStringLiteral("trust"), QStringLiteral("-U"), QStringLiteral("vantrel"),
+                QStringLiteral("-E"), QStringLiteral("UTF8"), QStringLiteral("--locale=C"),
+                QStringLiteral("--no-sync")});
+}
+
+QString PrivatePostgres::AddressOfBoth(const QString& database, const PrivatePostgres& first,
+                                       const PrivatePostgres& second)
+{
+    return QStringLiteral("host=%1,%2 dbname=%3 user=vantrel target_session_attrs=read-write")
+        .arg(first.m_folder.path(), second.m_folder.path(), database);
+}
+
+void PrivatePostgres::Set(const QString& setting, const QString& value)
+{
+    const QString address = Address(QStringLiteral("postgres"));
+    Run(address, QStringLiteral("ALTER SYSTEM SET %1 = '%2'").arg(setting, value));
+    Run(address, QStringLiteral("SELECT pg_reload_conf()"));
+}
+
+void PrivatePostgres::Promote()
+{
+    Run(Address(QStringLiteral("postgres")), QStringLiteral("SELECT pg_promote()"));
+}
+
+void PrivatePostgres::StandStill(bool still)
+{
+    const auto server = static_cast<pid_t>(m_server->processId());
+    const int signal = still ? SIGSTOP : SIGCONT;
+    // First the server, so that it begins nothing new.
+    ::kill(server, signal);
+    QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(server));
+    ASSERT_TRUE(children.open(QIODevice::ReadOnly));
+    for (const QByteArray& child : children.readAll().simplified().split(' '))
+        if (const int id = child.toInt(); id > 0)
+            ::kill(id, signal);
 }
 
 void PrivatePostgres::Start()
@@ -176,7 +235,23 @@ void PrivatePostgres::Kill()
 
 QString PrivatePostgres::Address(const QString& database) const
 {
-    return QStringLiteral("host=%1 dbname=%2 user=vantrel").arg(m_folder.path(), database);
+    return AddressAs(QStringLiteral("vantrel"), database);
+}
+
+QString PrivatePostgres::AddressAs(const QString& user, const QString& database) const
+{
+    return QStringLiteral("host=%1 dbname=%2 user=%3").arg(m_folder.path(), database, user);
+}
+
+void PrivatePostgres::AskPasswordOf(const QString& user)
+{
+    QFile rules(m_folder.filePath(QStringLiteral("data/pg_hba.conf")));
+    ASSERT_TRUE(rules.open(QIODevice::ReadWrite));
+    const QByteArray others = rules.readAll();
+    rules.seek(0);
+    rules.write("local all " + user.toUtf8() + " scram-sha-256\n" + others);
+    rules.close();
+    Run(Address(QStringLiteral("postgres")), QStringLiteral("SELECT pg_reload_conf()"));
 }
 
 QString PrivatePostgres::NewDatabase()

@@ -20,6 +20,8 @@ public:
     enum class Commits { Quick, Durable };
 
     explicit PrivatePostgres(Commits commits = Commits::Quick);
+    /// A replica of another server, which waits for it with each commit from now on.
+    explicit PrivatePostgres(PrivatePostgres& primary);
     PrivatePostgres(const PrivatePostgres&) = delete;
     PrivatePostgres& operator=(const PrivatePostgres&) = delete;
     ~PrivatePostgres();
@@ -32,6 +34,11 @@ public:
     /// The address of a new and empty schema in a database that all of these share; faster.
     QString NewSchema();
     void DropSchema(const QString& address);
+    /// The address of a database as that user, whether or not they are there.
+    QString AddressAs(const QString& user,
+                      const QString& database = QStringLiteral("postgres")) const;
+    /// From now on the server wants this user's password.
+    void AskPasswordOf(const QString& user);
 
     /// Runs statements on a connection of its own. @return the first value of the first row
     static QString Run(const QString& address, const QString& sql);
@@ -39,13 +46,25 @@ public:
     /// All rows of a result, by the names of the columns as this program writes them.
     static QList<QMap<QString, QVariant>> Rows(const QString& address, const QString& sql);
 
+    /// The address of a database that two servers may keep, whichever of them can be written.
+    static QString AddressOfBoth(const QString& database, const PrivatePostgres& first,
+                                 const PrivatePostgres& second);
+    /// Sets a setting of the whole server, as an administrator does.
+    void Set(const QString& setting, const QString& value);
+    /// Makes a replica the server that is written.
+    void Promote();
+
     /// Kills the server and all it serves at once.
     void Kill();
+    /// Lets the server and all it serves stand still, or go on.
+    void StandStill(bool still);
     /// Starts it again after that, at the same address.
     void Start();
 
 private:
     QString Address(const QString& database) const;
+    void TakeFolder();
+    void RunProgram(const QStringList& words);
     void MakeFiles();
     void Stop(int signal);
     void LeaveToOwner();
