@@ -62,12 +62,12 @@ void Metrics::Look(StoreDatabase& database)
 void Metrics::Begin(StoreDatabase& database)
 {
     database.Select(QStringLiteral("SELECT MAX(ID) FROM LedgerEntries"), {},
-                    [&](const StoreStatement& row) { m_last = row.Value(0).toLongLong(); });
+                    [&](const StoreRow& row) { m_last = row.Value(0).toLongLong(); });
     // What is under way now ends under the eyes of the console.
     database.Select(QStringLiteral("SELECT ID, SessionNumber, Received FROM LedgerEntries "
                                    "WHERE State IN ('received', 'printing') ORDER BY ID DESC "
                                    "LIMIT ?"),
-                    {static_cast<int>(MostFollowed)}, [&](const StoreStatement& row) {
+                    {static_cast<int>(MostFollowed)}, [&](const StoreRow& row) {
                         m_followed[row.Value(0).toLongLong()] = {row.Value(1).toInt(),
                                                                  row.Value(2).toLongLong()};
                     });
@@ -80,7 +80,7 @@ void Metrics::TakeNew(StoreDatabase& database)
         taken = 0;
         database.Select(QStringLiteral("SELECT ID, SessionNumber, Received FROM LedgerEntries "
                                        "WHERE ID > ? ORDER BY ID LIMIT ?"),
-                        {m_last, AtOnce}, [&](const StoreStatement& row) {
+                        {m_last, AtOnce}, [&](const StoreRow& row) {
                             m_last = row.Value(0).toLongLong();
                             const int session = row.Value(1).toInt();
                             ++m_records[session];
@@ -97,7 +97,7 @@ bool Metrics::FollowEntry(StoreDatabase& database, qlonglong id, Followed& entry
     QString reason;
     // One that was removed does not change any more either.
     database.Select(QStringLiteral("SELECT State, Layout, Reason FROM LedgerEntries WHERE ID = ?"),
-                    {id}, [&](const StoreStatement& row) {
+                    {id}, [&](const StoreRow& row) {
                         state = StateOf(row.Value(0));
                         layout = row.Value(1).toString();
                         reason = row.Value(2).toString();
@@ -106,7 +106,7 @@ bool Metrics::FollowEntry(StoreDatabase& database, qlonglong id, Followed& entry
     bool hasCards = false;
     database.Select(QStringLiteral("SELECT ID, State, Layout, Reason, Changed, Job FROM "
                                    "LedgerCards WHERE EntryID = ? ORDER BY ID"),
-                    {id}, [&](const StoreStatement& row) {
+                    {id}, [&](const StoreRow& row) {
                         const LedgerState now = StateOf(row.Value(1));
                         hasCards = true;
                         mayChange |= now == LedgerState::Printing;
@@ -193,7 +193,7 @@ QByteArray Metrics::Text(StoreDatabase& database, const std::vector<StationSeen>
     qlonglong waiting = 0;
     database.Select(QStringLiteral("SELECT COUNT(*) FROM LedgerEntries WHERE State = ?"),
                     {NameOf(LedgerState::Received)},
-                    [&](const StoreStatement& row) { waiting = row.Value(0).toLongLong(); });
+                    [&](const StoreRow& row) { waiting = row.Value(0).toLongLong(); });
     text.Add("", {}, waiting);
 
     const auto tellStations = [&](const char* name, const char* help, auto holds) {

@@ -5,10 +5,10 @@
 #include "console/Answer.h"
 #include "console/ConsoleStore.h"
 #include "ledger/LedgerJson.h"
+#include "station/ledger/StationHeartbeat.h"
 #include "station/session/Settings.h"
 #include <QDateTime>
 #include <QMap>
-#include <QSysInfo>
 #include <limits>
 
 namespace vantrel::console {
@@ -87,7 +87,7 @@ std::vector<StationSeen> JudgeStations(const QString& programFolder,
 std::vector<StationSeen> StationsNow(ConsoleStore& store)
 {
     return JudgeStations(store.ProgramFolder(), ReadStations(store.Database()),
-                         QSysInfo::machineHostName(), QDateTime::currentMSecsSinceEpoch());
+                         MachineName(store.ProgramFolder()), QDateTime::currentMSecsSinceEpoch());
 }
 
 QByteArray StationJson(const StationSeen& seen)

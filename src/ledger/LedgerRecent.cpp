@@ -30,7 +30,7 @@ std::vector<qlonglong> UnsettledEntries(StoreDatabase& database, qint64 since, q
     std::optional<qlonglong> from;
     database.Select(QStringLiteral("SELECT ID FROM LedgerEntries WHERE Received >= ? "
                                    "ORDER BY Received LIMIT 1"),
-                    {since}, [&](const StoreStatement& row) { from = row.Value(0).toLongLong(); });
+                    {since}, [&](const StoreRow& row) { from = row.Value(0).toLongLong(); });
     std::vector<qlonglong> unsettled;
     if (!from)
         return unsettled;
@@ -42,7 +42,7 @@ std::vector<qlonglong> UnsettledEntries(StoreDatabase& database, qint64 since, q
                            "r.ReprintOf = COALESCE(e.ReprintOf, e.ID) AND r.ID > e.ID) "
                            "ORDER BY e.ID DESC LIMIT ?"),
             {NameOf(state), *from, atMost},
-            [&](const StoreStatement& row) { unsettled.push_back(row.Value(0).toLongLong()); });
+            [&](const StoreRow& row) { unsettled.push_back(row.Value(0).toLongLong()); });
     }
     std::sort(unsettled.begin(), unsettled.end(), std::greater<>());
     if (std::ssize(unsettled) > atMost)

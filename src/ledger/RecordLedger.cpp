@@ -142,6 +142,8 @@ RecordRunPtr RecordLedger::Resume(LedgerEntry entry)
     RecordRunPtr run = Begin(std::move(entry));
     run->m_entryRow = {.Stored = true, .Dirty = false};
     run->m_wasInLedger = true;
+    // Such as were void when a server was lost.
+    run->Entry.Cards.clear();
     for (const QString& value : std::exchange(run->Entry.Values, {}))
         AddSearchText(*run, value);
     return run;

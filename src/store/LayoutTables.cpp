@@ -2,6 +2,7 @@
 #include "store/StoreDatabase.h"
 #include <QStringList>
 #include <QVariantList>
+#include <algorithm>
 
 namespace vantrel {
 
@@ -81,6 +82,13 @@ constexpr StoreTable Tables[] = {
     {"PrinterTypes", PrinterTypesColumns, {}, true},
 };
 
+constexpr StoreColumnRow ExtrasColumns[] = {
+    {"RowKey", Counter}, {"LayoutName", Text}, {"Page", Whole},  {"Kind", Text},
+    {"Name", Text},      {"Place", Whole},     {"Extras", Text},
+};
+constexpr StoreIndex ExtrasIndexes[] = {{"ObjectExtrasLookup", "LayoutName, Page"}};
+constexpr StoreTable Extras = {"ObjectExtras", ExtrasColumns, ExtrasIndexes, true};
+
 struct PrinterTypeRow
 {
     int DeviceType;
@@ -109,6 +117,22 @@ constexpr PrinterTypeRow PrinterTypes[] = {
 std::span<const StoreTable> LayoutTables()
 {
     return Tables;
+}
+
+const StoreTable& ExtrasTable()
+{
+    return Extras;
+}
+
+const StoreTable* FindLayoutTable(QStringView name)
+{
+    const auto isNamed = [&](const StoreTable& table) {
+        return name.compare(QLatin1StringView(table.Name), Qt::CaseInsensitive) == 0;
+    };
+    if (isNamed(Extras))
+        return &Extras;
+    const auto* table = std::find_if(std::begin(Tables), std::end(Tables), isNamed);
+    return table == std::end(Tables) ? nullptr : table;
 }
 
 void FillPrinterTypes(StoreDatabase& database)

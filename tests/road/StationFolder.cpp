@@ -20,9 +20,10 @@ namespace vantrel::test {
 StationFolder::StationFolder() : TestSession({QStringLiteral("Vantrel PDF")})
 {
     WithDatabase();
-    if (StoresAreOnServer())
+    if (StoresAreOnServer()) {
         EXPECT_TRUE(WriteProfileValue(SettingsPath(Session.ProgramFolder), QStringLiteral("Store"),
                                       QStringLiteral("Database"), LayoutStore->Location()));
+    }
     BeginLayout(Session, QStringLiteral("Badge"));
     AddField(Session, 1, {300, 300, 300, 2000});
     AddField(Session, 2, {900, 300, 300, 2000});

@@ -74,6 +74,9 @@ QString OwnName(const char* column)
         for (const StoreColumnRow& one : table.Columns)
             if (QByteArray(one.Name).toLower() == column)
                 return QString(QLatin1StringView(one.Name));
+    for (const StoreColumnRow& one : ExtrasTable().Columns)
+        if (QByteArray(one.Name).toLower() == column)
+            return QString(QLatin1StringView(one.Name));
     return QString::fromUtf8(column);
 }
 

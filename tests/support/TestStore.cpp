@@ -44,21 +44,26 @@ QString StoreAt(const QString& path)
     return Locations().value(path, path);
 }
 
-void RefuseValue(const QString& location, const QString& action, const QString& text)
+void RefuseRows(const QString& location, const QString& change, const QString& condition)
 {
-    const QString name = QStringLiteral("refuse_") + action.toLower();
+    const QString name = QStringLiteral("refuse_") + change.section(u' ', 0, 0).toLower();
     if (!StoresAreOnServer()) {
-        RunOnStore(location, QStringLiteral("CREATE TRIGGER %1 BEFORE %2 ON Controls WHEN "
-                                            "NEW.C_Value = '%3' BEGIN SELECT RAISE(ABORT, "
-                                            "'refused'); END")
-                                 .arg(name, action, text));
+        RunOnStore(location, QStringLiteral("CREATE TRIGGER %1 BEFORE %2 WHEN %3 BEGIN SELECT "
+                                            "RAISE(ABORT, 'refused'); END")
+                                 .arg(name, change, condition));
         return;
     }
     RunOnStore(location, QStringLiteral("CREATE FUNCTION %1() RETURNS trigger AS $$ BEGIN RAISE "
                                         "EXCEPTION 'refused'; END $$ LANGUAGE plpgsql; "
-                                        "CREATE TRIGGER %1 BEFORE %2 ON Controls FOR EACH ROW "
-                                        "WHEN (NEW.C_Value = '%3') EXECUTE FUNCTION %1()")
-                             .arg(name, action, text));
+                                        "CREATE TRIGGER %1 BEFORE %2 FOR EACH ROW WHEN (%3) "
+                                        "EXECUTE FUNCTION %1()")
+                             .arg(name, change, condition));
+}
+
+void RefuseValue(const QString& location, const QString& action, const QString& text)
+{
+    RefuseRows(location, action + QStringLiteral(" ON Controls"),
+               QStringLiteral("NEW.C_Value = '%1'").arg(text));
 }
 
 void RunOnStore(const QString& location, const QString& sql)

@@ -33,6 +33,11 @@ QString StoreAt(const QString& path);
 /// @param action  "INSERT" or "UPDATE"
 void RefuseValue(const QString& location, const QString& action, const QString& text);
 
+/// From now on the store refuses rows for which a condition on the new row holds.
+/// @param change  such as "INSERT ON Controls"
+/// @param condition  in SQL, with the new row as `NEW`
+void RefuseRows(const QString& location, const QString& change, const QString& condition);
+
 /// Changes the store over a connection of its own, which knows nothing of layouts.
 void RunOnStore(const QString& location, const QString& sql);
 

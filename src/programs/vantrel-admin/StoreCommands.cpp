@@ -3,7 +3,6 @@
 #include "base/Failure.h"
 #include "ledger/LedgerTables.h"
 #include "samples/FreshInstall.h"
-#include "station/layout/ObjectExtraRows.h"
 #include "station/session/StoreLocation.h"
 #include "store/LayoutTables.h"
 #include "store/Schema.h"
@@ -35,8 +34,7 @@ std::vector<StoreTable> FurtherTables()
     std::vector<StoreTable> tables;
     for (const StoreTable& table : LedgerTables())
         tables.push_back(table);
-    for (const StoreTable& table : ExtrasTables())
-        tables.push_back(table);
+    tables.push_back(ExtrasTable());
     return tables;
 }
 

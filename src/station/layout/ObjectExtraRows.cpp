@@ -5,6 +5,7 @@
 #include "station/layout/PageKey.h"
 #include "station/layout/StoreStatements.h"
 #include "store/Connection.h"
+#include "store/LayoutTables.h"
 #include "store/StoredValue.h"
 #include <QHash>
 #include <QJsonDocument>
@@ -105,24 +106,11 @@ void WriteExtra(Recordset& rows, const PageKey& page, const ObjectExtra& extra)
     rows.MoveNext();
 }
 
-constexpr StoreColumnRow Columns[] = {
-    {"RowKey", StoreType::Counter}, {"LayoutName", StoreType::Text}, {"Page", StoreType::Whole},
-    {"Kind", StoreType::Text},      {"Name", StoreType::Text},       {"Place", StoreType::Whole},
-    {"Extras", StoreType::Text},
-};
-constexpr StoreIndex Indexes[] = {{"ObjectExtrasLookup", "LayoutName, Page"}};
-constexpr StoreTable Table[] = {{"ObjectExtras", Columns, Indexes, true}};
-
 } // namespace
-
-std::span<const StoreTable> ExtrasTables()
-{
-    return Table;
-}
 
 bool HasExtras(Connection& store)
 {
-    return store.HasTable(QString(ExtrasTable));
+    return store.HasTable(QString(QLatin1StringView(ExtrasTable().Name)));
 }
 
 void GiveExtras(CardDocument& document, const std::vector<ColumnReader>& rows)
@@ -168,7 +156,7 @@ void SaveExtras(Connection& store, const PageKey& page, const CardDocument& docu
     if (!HasExtras(store)) {
         if (extras.empty())
             return;
-        store.MakeTable(Table[0]);
+        store.MakeTable(ExtrasTable());
     }
     Recordset rows(store);
     rows.Open(ExtrasOfPage(page.LayoutName, page.Page), CursorLock::Optimistic);

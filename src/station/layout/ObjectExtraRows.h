@@ -1,8 +1,6 @@
 #pragma once
 
 #include "store/ColumnReader.h"
-#include "store/StoreTable.h"
-#include <QLatin1StringView>
 #include <vector>
 
 namespace vantrel {
@@ -26,10 +24,6 @@ struct PageKey;
 /// So an object is found again by what it is: a station that does not know the table can move,
 /// delete or restack other objects of the page.
 
-inline constexpr QLatin1StringView ExtrasTable{"ObjectExtras"};
-
-/// The table, as databases make it.
-std::span<const StoreTable> ExtrasTables();
 /// Whether the database has the table. Fails like `Connection::HasTable`.
 bool HasExtras(Connection& store);
 

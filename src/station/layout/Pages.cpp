@@ -8,6 +8,7 @@
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 #include "store/Connection.h"
+#include "store/LayoutTables.h"
 #include "store/Recordset.h"
 
 namespace vantrel {
@@ -106,7 +107,7 @@ bool DeletePage(Session& session)
         // The page number is deleted from all layouts.
         QStringList tables{QStringLiteral("Controls")};
         if (HasExtras(session.LayoutDb))
-            tables.append(QString(ExtrasTable));
+            tables.append(QString(QLatin1StringView(ExtrasTable().Name)));
         for (const QString& table : tables) {
             DeleteObjectsOf(session.LayoutDb, table, params.PageIndex);
             MoveDownObjectsAbove(session.LayoutDb, table, params.PageIndex);

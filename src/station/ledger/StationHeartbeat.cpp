@@ -18,17 +18,15 @@ namespace {
 /// While a page is being saved nothing else may be written; soon after that it may.
 constexpr int AgainMilliseconds = 200;
 
-bool IsOnServer(const Session& session)
+bool IsOnServer(const QString& programFolder)
 {
-    return IsStoreAddress(StoreLocation(session.ProgramFolder));
+    return IsStoreAddress(StoreLocation(programFolder));
 }
 
 LedgerStation StationOf(const Session& session, qint64 started)
 {
     LedgerStation station;
-    station.Machine = QSysInfo::machineHostName();
-    if (IsOnServer(session))
-        station.Machine += u':' + session.ProgramFolder;
+    station.Machine = MachineName(session.ProgramFolder);
     station.Session = session.SessionNumber;
     station.Started = started;
     station.Seen = QDateTime::currentMSecsSinceEpoch();
@@ -49,9 +47,15 @@ void Write(Session& session, const LedgerStation& station)
 
 } // namespace
 
+QString MachineName(const QString& programFolder)
+{
+    const QString host = QSysInfo::machineHostName();
+    return IsOnServer(programFolder) ? host + u':' + programFolder : host;
+}
+
 void ClaimSession(Session& session)
 {
-    if (!session.LayoutDb.IsOpen() || !IsOnServer(session))
+    if (!session.LayoutDb.IsOpen() || !IsOnServer(session.ProgramFolder))
         return;
     const QString other = ClaimSession(session.LayoutDb.Database(),
                                        StationOf(session, QDateTime::currentMSecsSinceEpoch()));

@@ -1,8 +1,14 @@
 #pragma once
 
+#include <QString>
+
 namespace vantrel {
 
 class Session;
+
+/// The name under which the ledger knows the machine of a program folder's stations: its host name;
+/// in a store on a server a colon and the folder follow, since others may be on the same machine.
+QString MachineName(const QString& programFolder);
 
 /// Takes the number of this session for itself in the ledger of a store on a server, where stations
 /// of other machines may have the same one. Does nothing for a file, whose sessions have numbers of

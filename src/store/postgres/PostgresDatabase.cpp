@@ -34,13 +34,12 @@ constexpr const char* RowSavepoint = "vantrelrow";
 /// only.
 QString OwnName(const QString& table, const QString& column)
 {
-    for (const StoreTable& known : LayoutTables()) {
-        if (table.compare(QLatin1StringView(known.Name), Qt::CaseInsensitive) != 0)
-            continue;
-        for (const StoreColumnRow& one : known.Columns)
-            if (column.compare(QLatin1StringView(one.Name), Qt::CaseInsensitive) == 0)
-                return QString(QLatin1StringView(one.Name));
-    }
+    const StoreTable* known = FindLayoutTable(table);
+    if (known == nullptr)
+        return column;
+    for (const StoreColumnRow& one : known->Columns)
+        if (column.compare(QLatin1StringView(one.Name), Qt::CaseInsensitive) == 0)
+            return QString(QLatin1StringView(one.Name));
     return column;
 }
 
@@ -62,10 +61,7 @@ const char* const ColumnsSql =
 
 void RequireRoomForOdd(const QString& table, const QJsonObject& odd)
 {
-    const std::span<const StoreTable> tables = LayoutTables();
-    if (std::none_of(tables.begin(), tables.end(), [&](const StoreTable& one) {
-            return table.compare(QLatin1StringView(one.Name), Qt::CaseInsensitive) == 0;
-        }))
+    if (FindLayoutTable(table) == nullptr)
         throw Failure(
             FailureNumber::StatementInvalid,
             QStringLiteral("The layout database: the column %1 of %2 cannot hold a value.")

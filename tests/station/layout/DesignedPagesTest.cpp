@@ -31,7 +31,7 @@ protected:
                 SavePage(Session);
             }
         }
-        Execute("UPDATE [LayoutParams] SET [Filter] = 'x' WHERE [PageIndex] = 1");
+        Execute("UPDATE LayoutParams SET Filter = 'x' WHERE PageIndex = 1");
         Open(1);
     }
     void Execute(const char* sql) { vantrel::test::Execute(Session, QLatin1StringView(sql)); }
@@ -108,7 +108,7 @@ TEST_F(DesignedPages, ThePagesAboveKeepTheirParameters)
 TEST_F(DesignedPages, TheFilterAndTheTickOfTheLayoutOutliveItsFirstPage)
 {
     SetAutoSpoolOfAllPages(Session.LayoutDb, QStringLiteral("Badge"), true);
-    Execute("UPDATE [LayoutParams] SET [AutoSpool] = 0 WHERE [PageIndex] > 1");
+    Execute("UPDATE LayoutParams SET AutoSpool = 0 WHERE PageIndex > 1");
     Open(1);
     Delete();
     EXPECT_EQ(Text(), QStringLiteral("Badge 2"));
@@ -149,8 +149,8 @@ TEST_F(DesignedPages, TheQuestionAboutTheOnlyPageNamesTheLayout)
 
 TEST_F(DesignedPages, AStoreThatFailsKeepsEveryPage)
 {
-    Execute("CREATE TRIGGER [Refuse] BEFORE UPDATE ON [LayoutParams] BEGIN SELECT RAISE(ABORT, "
-            "'refused'); END");
+    RefuseRows(Station.LayoutStore->Location(), QStringLiteral("UPDATE ON LayoutParams"),
+               QStringLiteral("1 = 1"));
     Open(2);
     EXPECT_THROW(Delete(), Failure);
     EXPECT_EQ(Objects("Badge").size(), 3);
@@ -159,8 +159,8 @@ TEST_F(DesignedPages, AStoreThatFailsKeepsEveryPage)
 
 TEST_F(DesignedPages, EveryPageGivesTheAnswerOfTheFirst)
 {
-    Execute("UPDATE [LayoutParams] SET [AutoSpool] = 0");
-    Execute("UPDATE [LayoutParams] SET [AutoSpool] = 1 WHERE [PageIndex] = 1");
+    Execute("UPDATE LayoutParams SET AutoSpool = 0");
+    Execute("UPDATE LayoutParams SET AutoSpool = 1 WHERE PageIndex = 1");
     Open(1);
     EXPECT_TRUE(Session.CurrentParams.AutoSpool);
     NextPage(Session);
@@ -171,15 +171,15 @@ TEST_F(DesignedPages, EveryPageGivesTheAnswerOfTheFirst)
 
 TEST_F(DesignedPages, WithoutAFirstRowTheLowestAnswers)
 {
-    Execute("UPDATE [LayoutParams] SET [AutoSpool] = ([PageIndex] = 2)");
-    Execute("DELETE FROM [LayoutParams] WHERE [PageIndex] = 1");
+    Execute("UPDATE LayoutParams SET AutoSpool = CASE PageIndex WHEN 2 THEN 1 ELSE 0 END");
+    Execute("DELETE FROM LayoutParams WHERE PageIndex = 1");
     Open(3);
     EXPECT_TRUE(Session.CurrentParams.AutoSpool);
 }
 
 TEST_F(DesignedPages, SettingAutomaticPrintingSetsAllPagesOfThatLayout)
 {
-    Execute("UPDATE [LayoutParams] SET [AutoSpool] = 0");
+    Execute("UPDATE LayoutParams SET AutoSpool = 0");
     SetAutoSpoolOfAllPages(Session.LayoutDb, QStringLiteral("Badge"), true);
     EXPECT_EQ(AutoSpools("Badge"),
               (QStringList{QStringLiteral("1 1"), QStringLiteral("2 1"), QStringLiteral("3 1")}));
@@ -200,7 +200,7 @@ TEST_F(DesignedPages, APageThatIsMadeLaterHasTheTickOfTheLayout)
 TEST_F(DesignedPages, WithoutTheToolsEachPageHasItsOwnTick)
 {
     Session.Options.DesignTools = false;
-    Execute("UPDATE [LayoutParams] SET [AutoSpool] = ([PageIndex] = 1)");
+    Execute("UPDATE LayoutParams SET AutoSpool = CASE PageIndex WHEN 1 THEN 1 ELSE 0 END");
     Open(1);
     EXPECT_TRUE(Session.CurrentParams.AutoSpool);
     Open(2);

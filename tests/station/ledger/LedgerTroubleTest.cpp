@@ -18,18 +18,30 @@ class LedgerOutOfOrder
 {
 public:
     explicit LedgerOutOfOrder(StoreDatabase& store, const char* change = "INSERT ON LedgerEntries")
-        : m_store(store)
+        : m_store(store), m_table(QString(QLatin1StringView(change)).section(u' ', -1))
     {
-        m_store.Execute(QStringLiteral("CREATE TRIGGER Broken BEFORE %1 BEGIN "
-                                       "SELECT RAISE(ABORT, 'out of order'); END")
-                            .arg(QLatin1StringView(change)));
+        const QString trigger =
+            QStringLiteral("CREATE TRIGGER Broken BEFORE ") + QLatin1StringView(change);
+        if (StoresAreOnServer())
+            m_store.Execute(
+                QStringLiteral("CREATE OR REPLACE FUNCTION broken() RETURNS trigger AS $$ BEGIN "
+                               "RAISE EXCEPTION 'out of order'; END $$ LANGUAGE plpgsql; ") +
+                trigger + QStringLiteral(" FOR EACH ROW EXECUTE FUNCTION broken()"));
+        else
+            m_store.Execute(trigger +
+                            QStringLiteral(" BEGIN SELECT RAISE(ABORT, 'out of order'); END"));
     }
     LedgerOutOfOrder(const LedgerOutOfOrder&) = delete;
     LedgerOutOfOrder& operator=(const LedgerOutOfOrder&) = delete;
-    ~LedgerOutOfOrder() { m_store.Execute(QStringLiteral("DROP TRIGGER Broken")); }
+    ~LedgerOutOfOrder()
+    {
+        m_store.Execute(QStringLiteral("DROP TRIGGER Broken") +
+                        (StoresAreOnServer() ? QStringLiteral(" ON ") + m_table : QString()));
+    }
 
 private:
     StoreDatabase& m_store;
+    QString m_table;
 };
 
 } // namespace
