@@ -39,7 +39,7 @@ def rate(bin_dir, sessions, records):
     with tempfile.TemporaryDirectory() as scratch:
         folder = pathlib.Path(scratch) / "Vantrel"
         ports = [free_port() for _ in range(sessions)]
-        make_folder(bin_dir, folder, ports[0])
+        make_folder(bin_dir, folder, ports[0], False)
         add_sessions(folder, ports)
         environment = dict(os.environ, VANTREL_HOME=str(folder), QT_QPA_PLATFORM="offscreen")
         stations = [
