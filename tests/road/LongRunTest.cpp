@@ -3,6 +3,7 @@
 #include "road/LedgerFolder.h"
 #include "road/StationProcess.h"
 #include "samples/FreshInstall.h"
+#include "station/session/StoreLocation.h"
 #include "support/Layouts.h"
 #include "support/PrivateCups.h"
 #include <QElapsedTimer>
@@ -48,7 +49,7 @@ public:
     LongFolder()
     {
         constexpr double firstOfQueue = 500'000'000;
-        Session.LayoutDb.Open(LayoutDatabasePath(Session.ProgramFolder));
+        Session.LayoutDb.Open(StoreLocation(Session.ProgramFolder));
         BeginLayout(Session, QStringLiteral("Job"));
         Session.CurrentParams.PrinterDevice = Queue;
         AddField(Session, 1, {300, 300, 300, 2000});
