@@ -11,6 +11,7 @@ import tempfile
 import time
 
 from selenium import webdriver
+from selenium.common.exceptions import StaleElementReferenceException
 from selenium.webdriver.chrome.options import Options
 from selenium.webdriver.chrome.service import Service
 
@@ -19,10 +20,16 @@ LIMIT = 60
 
 
 def await_that(holds, told):
-    """Waits until `holds()` gives something that is true, and gives it back."""
+    """Waits until `holds()` gives something that is true, and gives it back.
+
+    The page may replace what `holds()` has found before it has looked at it; then it looks again.
+    """
     end = time.monotonic() + LIMIT
     while time.monotonic() < end:
-        found = holds()
+        try:
+            found = holds()
+        except StaleElementReferenceException:
+            found = None
         if found:
             return found
         time.sleep(0.02)

@@ -250,10 +250,28 @@ function loadAllSoon() {
   }, 1000 + 1000 * Math.random());
 }
 
+/** For each question that waits for its answer, the records that events have told since it was asked. */
+const toldSinceAsked = new Set();
+
+/** Records in their present state: an answer may be older than what events tell while it is on its way. */
+async function askRecords(path) {
+  const told = new Map();
+  toldSinceAsked.add(told);
+  try {
+    const { records } = await ask(path);
+    return { records: records.map((record) => told.get(record.id) ?? record), told: [...told.values()] };
+  } finally {
+    toldSinceAsked.delete(told);
+  }
+}
+
+const isFiltered = () => filter.text !== "" || filter.state !== "" || filter.day !== "";
+
 function takeRecords(records) {
+  for (const told of toldSinceAsked) for (const record of records) told.set(record.id, record);
   for (const record of records) newest.set(record.id, record);
   showCards();
-  if (filter.text === "" && filter.state === "" && filter.day === "") {
+  if (!isFiltered()) {
     for (const record of [...records].reverse()) putRow(record);
   } else {
     for (const record of records) replaceRow(record);
@@ -359,9 +377,9 @@ function showUnsettled(records) {
 
 async function loadNewest() {
   try {
-    const { records } = await ask(`api/v1/records?brief=1&limit=${PageOfRecords}`);
+    const { records, told } = await askRecords(`api/v1/records?brief=1&limit=${PageOfRecords}`);
     newest.clear();
-    for (const record of records) newest.set(record.id, record);
+    for (const record of [...records, ...told]) newest.set(record.id, record);
     showCards();
   } catch (problem) {
     if (!(problem instanceof Refused)) throw problem;
@@ -486,11 +504,13 @@ function tellFound() {
 async function search(before = null) {
   const number = ++searching;
   try {
-    const { records } = await ask(queryOf(before));
+    const { records, told } = await askRecords(queryOf(before));
     if (number !== searching) return;
     if (before === null) clear(rows);
     rows.append(...records.map(rowOf));
     byId("older").hidden = records.length < PageOfRecords || rows.children.length >= MostRows;
+    // Where something is searched for, another search follows what events tell.
+    if (!isFiltered()) for (const record of told) putRow(record);
     tellFound();
   } catch (problem) {
     if (!(problem instanceof Refused)) throw problem;
