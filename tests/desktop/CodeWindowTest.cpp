@@ -40,7 +40,7 @@ protected:
         document.SelectedObject = object;
         document.SelectedIndex = 1;
         document.SelectedFamily = QStringLiteral("lbl_DATA");
-        Station.Session.Face.SetPropertiesEnabled(true);
+        Station.Session.Face.NotifyDesign();
     }
     frmCode& Open()
     {
