@@ -89,8 +89,7 @@ public:
     /// Notes what the process takes. Once it has settled, it must not take more and more.
     void Measure()
     {
-        if (!Host.IsConnected())
-            return;
+        EXPECT_TRUE(m_station->WaitUntilItListens(m_port));
         MemoryMiB = m_station->MemoryMiB();
         Descriptors = m_station->OpenDescriptors();
         if (!m_settled)
