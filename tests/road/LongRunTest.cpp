@@ -193,10 +193,13 @@ protected:
             Jobs->KillAndStart();
             break;
         default:
-            // Not killed: a server that is may lose jobs that it has taken a moment ago.
+            // Not killed, and not while a job is on its way to the printer: such a job may be lost.
+            Cups.Pause(Queue);
+            GoOnFor(absence);
             Cups.Stop();
             GoOnFor(absence);
             Cups.Start();
+            Cups.Resume(Queue);
         }
     }
 
@@ -274,15 +277,18 @@ protected:
                   (entry.Values + QStringList{number}).join(QLatin1Char(' ')))
             << entry.Id;
     }
-    /// The server prints each job that it was given once. Of a doubtful card it may have a job.
+    /// The server prints each job that it was given once. Of a doubtful card it may have a job, and
+    /// of one that failed while it stopped.
     void ExpectAllJobsPrinted(const CardAccount& account) const
     {
         int given = 0;
         int doubtful = 0;
         for (const auto& [id, entry] : account.Entries()) {
             for (const LedgerCard& card : entry.Cards) {
-                given += card.Job && card.State != LedgerState::Doubtful ? 1 : 0;
-                doubtful += card.Printer == Queue && card.State == LedgerState::Doubtful ? 1 : 0;
+                const bool isGiven =
+                    card.State == LedgerState::Printed || card.State == LedgerState::Done;
+                given += card.Job && isGiven ? 1 : 0;
+                doubtful += card.Printer == Queue && !isGiven ? 1 : 0;
             }
         }
         QElapsedTimer still;
