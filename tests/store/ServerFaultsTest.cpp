@@ -39,6 +39,24 @@ void UntilItWorks(Connection& store)
     }
 }
 
+/// A server with a store that is up to date, and a replica of it.
+struct ServerWithReplica
+{
+    PrivatePostgres First;
+    const QString Database = [this] {
+        const QString address = First.NewDatabase();
+        BringUpToDate(*OpenStoreDatabase(address), {});
+        return address.section(QStringLiteral("dbname="), 1).section(u' ', 0, 0);
+    }();
+    PrivatePostgres Second{First};
+
+    QString Address() const { return PrivatePostgres::AddressOfBoth(Database, First, Second); }
+    QString AddressOfSecond() const
+    {
+        return PrivatePostgres::AddressOfBoth(Database, Second, Second);
+    }
+};
+
 } // namespace
 
 TEST(ServerFault, AServerThatIsSilentIsAwayUntilItAnswers)
@@ -129,26 +147,22 @@ TEST(ServerFault, AServerWithoutAConnectionLeftIsAwayAndSaysWhy)
 
 TEST(ServerFault, AReplicaThatIsPromotedGoesOnWithEveryCommit)
 {
-    PrivatePostgres first;
-    const QString alone = first.NewDatabase();
-    BringUpToDate(*OpenStoreDatabase(alone), {});
-    PrivatePostgres second(first);
-    const QString name = alone.section(QStringLiteral("dbname="), 1).section(u' ', 0, 0);
+    ServerWithReplica servers;
     Connection store;
-    store.Open(PrivatePostgres::AddressOfBoth(name, first, second));
+    store.Open(servers.Address());
     constexpr int committed = 20;
     for (int i = 0; i < committed; ++i)
         ASSERT_NO_THROW(AddRow(store));
 
-    first.Kill();
+    servers.First.Kill();
     EXPECT_EQ(FailureOf([&] { AddRow(store); }), FailureNumber::StoreBusy);
     store.RollbackTrans();
     EXPECT_TRUE(TroubleOf(store).contains(QStringLiteral("is away")));
-    second.Promote();
+    servers.Second.Promote();
     UntilItWorks(store);
     EXPECT_EQ(TroubleOf(store), QString());
     Connection onSecond;
-    onSecond.Open(PrivatePostgres::AddressOfBoth(name, second, second));
+    onSecond.Open(servers.AddressOfSecond());
     Recordset rows(onSecond);
     rows.Open(QStringLiteral("SELECT * FROM [Controls]"));
     EXPECT_EQ(rows.RecordCount(), committed + 1);
@@ -156,34 +170,25 @@ TEST(ServerFault, AReplicaThatIsPromotedGoesOnWithEveryCommit)
 
 TEST(ServerFault, AHostThatIsSilentIsPassedOver)
 {
-    PrivatePostgres first;
-    const QString alone = first.NewDatabase();
-    BringUpToDate(*OpenStoreDatabase(alone), {});
-    PrivatePostgres second(first);
-    const QString name = alone.section(QStringLiteral("dbname="), 1).section(u' ', 0, 0);
+    ServerWithReplica servers;
     Connection store;
-    store.Open(PrivatePostgres::AddressOfBoth(name, first, second));
+    store.Open(servers.Address());
     constexpr int soon = 200;
     store.Database().SetPatience(soon);
-    first.StandStill(true);
+    servers.First.StandStill(true);
     EXPECT_EQ(FailureOf([&] { AddRow(store); }), FailureNumber::StoreBusy);
     store.RollbackTrans();
-    second.Promote();
+    servers.Second.Promote();
     UntilItWorks(store);
-    first.StandStill(false);
+    servers.First.StandStill(false);
     EXPECT_EQ(TroubleOf(store), QString());
 }
 
 TEST(ServerFault, AReplicaAloneIsNoServerToPrintWith)
 {
-    PrivatePostgres first;
-    const QString alone = first.NewDatabase();
-    BringUpToDate(*OpenStoreDatabase(alone), {});
-    PrivatePostgres second(first);
-    const QString name = alone.section(QStringLiteral("dbname="), 1).section(u' ', 0, 0);
+    ServerWithReplica servers;
     Connection store;
-    store.Open(PrivatePostgres::AddressOfBoth(name, second, second)
-                   .remove(QStringLiteral("target_session_attrs=read-write")));
+    store.Open(servers.AddressOfSecond().remove(QStringLiteral("target_session_attrs=read-write")));
     EXPECT_NE(FailureOf([&] { AddRow(store); }), 0);
     store.RollbackTrans();
     // An answer is good for two seconds.
