@@ -11,10 +11,12 @@ std::vector<LedgerProgress> RecentProgress(StoreDatabase& database, qlonglong fr
     enum { Id, State, Cards, Changed };
     std::vector<LedgerProgress> recent;
     database.Select(
+        // The entries are chosen before their cards are counted. Otherwise those of the whole
+        // ledger would be.
         QStringLiteral("SELECT e.ID, e.State, COUNT(c.ID), COALESCE(MAX(c.Changed), 0) "
-                       "FROM LedgerEntries e LEFT JOIN LedgerCards c "
-                       "ON c.EntryID = e.ID WHERE e.ID >= ? GROUP BY e.ID, e.State "
-                       "ORDER BY e.ID DESC LIMIT ?"),
+                       "FROM (SELECT ID, State FROM LedgerEntries WHERE ID >= ? "
+                       "ORDER BY ID DESC LIMIT ?) e LEFT JOIN LedgerCards c "
+                       "ON c.EntryID = e.ID GROUP BY e.ID, e.State ORDER BY e.ID DESC"),
         {from, atMost}, [&](const StoreRow& row) {
             recent.push_back(
                 {row.Value(Id).toLongLong(),
