@@ -5,9 +5,18 @@
 
 namespace vantrel::console {
 
+namespace {
+
+/// How long a server may take for an answer. Everybody who asks the console waits as long for one
+/// that stands still.
+constexpr int PatienceMilliseconds = 10'000;
+
+} // namespace
+
 ConsoleStore::ConsoleStore(const QString& programFolder) : m_folder(programFolder)
 {
     OpenFolderLedger(m_store, programFolder);
+    Database().SetPatience(PatienceMilliseconds);
     // What is wrong with the options is told by the stations.
     QStringList mistakes;
     const StationOptions options = ReadStationOptions(programFolder, mistakes);

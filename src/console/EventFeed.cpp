@@ -1,5 +1,4 @@
 #include "console/EventFeed.h"
-#include "base/Skip.h"
 #include "console/ConsoleStore.h"
 #include <algorithm>
 
@@ -46,10 +45,8 @@ void EventFeed::Look()
     if (std::exchange(m_isLooking, true))
         return;
     const auto look = [follower = m_follower](ConsoleStore& store) {
-        QByteArray events;
-        Skip("look at ledger", [&] { events = follower->Look(store); });
         Answer answer;
-        answer.Body = events;
+        answer.Body = follower->Look(store);
         return answer;
     };
     m_thread.Ask(look, [this](const Answer& answer) {

@@ -1,4 +1,6 @@
 #include "console/LedgerFollower.h"
+#include "base/Skip.h"
+#include "console/Answer.h"
 #include "console/BriefEntry.h"
 #include "console/ConsoleStore.h"
 #include "console/Stations.h"
@@ -31,16 +33,41 @@ QByteArray EventText(const QByteArray& name, const QByteArray& data)
 
 QByteArray LedgerFollower::Look(ConsoleStore& store)
 {
-    const StoreDatabase::State now = store.Database().Now();
-    const bool isFirst = !std::exchange(m_begun, true);
     QByteArray news;
-    // The own connection's changes do not show in the state.
-    if (isFirst || !(now == m_state) || store.TakeOwnChange()) {
-        m_state = now;
+    Skip("look at ledger", [&] { LookAtLedger(store, news); });
+    return news + TroubleNews(store.Database());
+}
+
+void LedgerFollower::LookAtLedger(ConsoleStore& store, QByteArray& news)
+{
+    const StoreDatabase::State now = store.Database().Now();
+    if (!m_begun) {
+        Begin(store);
+    } else if (!(now == m_state) || store.TakeOwnChange()) {
+        // The own connection's changes do not show in the state.
         news += RecordNews(store);
     }
+    // What failed before this is looked at again.
+    m_state = now;
+    m_begun = true;
     news += StationNews(store);
-    return isFirst ? QByteArray() : news;
+}
+
+void LedgerFollower::Begin(ConsoleStore& store)
+{
+    StationNews(store);
+    for (const LedgerProgress& progress : RecentProgress(store.Database(), 0, Followed)) {
+        m_told.insert(progress.Id, progress);
+        m_newest = std::max(m_newest, progress.Id);
+    }
+}
+
+QByteArray LedgerFollower::TroubleNews(const StoreDatabase& database)
+{
+    const QString trouble = database.Trouble();
+    if (std::exchange(m_trouble, trouble) == trouble)
+        return {};
+    return EventText("trouble", "{\"text\": " + JsonText(trouble) + '}');
 }
 
 QByteArray LedgerFollower::RecordNews(ConsoleStore& store)
@@ -58,10 +85,6 @@ QByteArray LedgerFollower::RecordNews(ConsoleStore& store)
         if (isNews)
             changed.push_back(progress.Id);
     }
-    m_told = told;
-    m_newest = recent.empty() ? m_newest : recent.front().Id;
-    if (changed.empty())
-        return {};
     const bool isCut = changed.size() > MostTold;
     QByteArray json;
     LedgerJsonList list("records", [&json](const QByteArray& part) { json += part; });
@@ -71,6 +94,10 @@ QByteArray LedgerFollower::RecordNews(ConsoleStore& store)
             list.Add(LedgerEntryJson(Brief(*std::move(entry))));
     }
     list.End();
+    m_told = told;
+    m_newest = recent.empty() ? m_newest : recent.front().Id;
+    if (changed.empty())
+        return {};
     return EventText("records", OneLine(json)) + (isCut ? EventText("more", "{}") : QByteArray());
 }
 

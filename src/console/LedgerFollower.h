@@ -4,6 +4,7 @@
 #include "store/StoreDatabase.h"
 #include <QByteArray>
 #include <QHash>
+#include <QString>
 
 namespace vantrel::console {
 
@@ -15,10 +16,14 @@ class LedgerFollower
 {
 public:
     /// Looks what has changed since the last look. What was there at the first look is no news.
-    /// @return the events to send, empty if there is no news. Fails like `StoreDatabase`
+    /// @return the events to send, empty if there is no news. Never fails: that the store is away
+    /// is an event too
     QByteArray Look(ConsoleStore& store);
 
 private:
+    void LookAtLedger(ConsoleStore& store, QByteArray& news);
+    void Begin(ConsoleStore& store);
+    QByteArray TroubleNews(const StoreDatabase& database);
     QByteArray RecordNews(ConsoleStore& store);
     QByteArray StationNews(ConsoleStore& store);
 
@@ -28,6 +33,7 @@ private:
     QHash<qlonglong, LedgerProgress> m_told;
     qlonglong m_newest = 0;
     QByteArray m_stations;
+    QString m_trouble;
 };
 
 /// An event as its readers get it.

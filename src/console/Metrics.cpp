@@ -49,7 +49,6 @@ void Metrics::Look(StoreDatabase& database)
         Begin(database);
     else if (now == m_state)
         return;
-    m_state = now;
     m_begun = true;
     TakeNew(database);
     for (auto entry = m_followed.begin(); entry != m_followed.end();)
@@ -57,6 +56,8 @@ void Metrics::Look(StoreDatabase& database)
                                                                    : std::next(entry);
     while (m_followed.size() > MostFollowed)
         m_followed.erase(m_followed.begin());
+    // What failed before this is looked at again.
+    m_state = now;
 }
 
 void Metrics::Begin(StoreDatabase& database)

@@ -1,4 +1,5 @@
 #include "console/StationAnswers.h"
+#include "base/Skip.h"
 #include "console/ConsoleStore.h"
 #include "console/Stations.h"
 #include "ledger/LedgerJson.h"
@@ -28,11 +29,17 @@ Answer ShowHealth(ConsoleStore& store, const Request& /*request*/, const PathNum
 {
     Answer answer;
     answer.Type = "text/plain; charset=utf-8";
-    for (const StationSeen& seen : StationsNow(store)) {
-        if (seen.IsWanted && seen.State != StationState::Alive)
-            answer.Body +=
-                "session " + QByteArray::number(seen.Station.Session) + " does not run\n";
-    }
+    const bool isKnown = Skip("health of stations", [&] {
+        for (const StationSeen& seen : StationsNow(store)) {
+            if (seen.IsWanted && seen.State != StationState::Alive)
+                answer.Body +=
+                    "session " + QByteArray::number(seen.Station.Session) + " does not run\n";
+        }
+    });
+    // Anybody may ask this, so it is not told where the store is.
+    if (!isKnown)
+        answer.Body = store.Database().Trouble().isEmpty() ? "the store cannot be read\n"
+                                                           : "the store is away\n";
     answer.Status = answer.Body.isEmpty() ? 200 : 503;
     if (answer.Body.isEmpty())
         answer.Body = "ok\n";

@@ -9,9 +9,11 @@ namespace {
 
 constexpr int MostWaiting = 200;
 
-Answer TooBusy()
+/// @param trouble  what keeps the console from answering, empty if there is much to do
+Answer NotNow(const QString& trouble = {})
 {
-    Answer refusal = Refusal(503, QStringLiteral("The console is busy."));
+    Answer refusal =
+        Refusal(503, trouble.isEmpty() ? QStringLiteral("The console is busy.") : trouble);
     refusal.Headers.emplace_back("Retry-After", "2");
     return refusal;
 }
@@ -24,7 +26,7 @@ Answer AnswerOf(const StoreThread::Work& work, ConsoleStore& store)
         return Refusal(refusal.Status, refusal.Reason);
     } catch (const Failure& failure) {
         if (failure.Number() == FailureNumber::StoreBusy)
-            return TooBusy();
+            return NotNow(store.Database().Trouble());
         // What an entry does not allow.
         if (failure.Number() == FailureNumber::InvalidCall)
             return Refusal(409, failure.Text());
@@ -51,7 +53,7 @@ StoreThread::~StoreThread()
 void StoreThread::Ask(Work work, std::function<void(Answer)> done)
 {
     if (m_waiting >= MostWaiting) {
-        done(TooBusy());
+        done(NotNow());
         return;
     }
     ++m_waiting;

@@ -72,10 +72,10 @@ TEST_F(ConsoleEvents, OfAFloodTellTheNewestAndThatThereWereMore)
 {
     Start();
     const auto viewer = Viewer(Bearer());
-    Database().Execute(QStringLiteral("BEGIN"));
+    Database().Begin();
     for (int i = 0; i < 150; ++i)
         AddPrinted("Flood");
-    Database().Execute(QStringLiteral("COMMIT"));
+    Database().Commit();
     ASSERT_TRUE(viewer->ReceiveUntil("event: more"));
     EXPECT_TRUE(viewer->Rest().contains("\"id\": 150"));
     EXPECT_FALSE(viewer->Rest().contains("\"id\": 20,"));

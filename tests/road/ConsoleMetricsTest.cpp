@@ -127,14 +127,14 @@ TEST_F(ConsoleMetrics, TellTextsOfAnyKindByTheRules)
 TEST_F(ConsoleMetrics, OfManyLayoutsAndReasonsTellTheFirstApart)
 {
     Start();
-    Database().Execute(QStringLiteral("BEGIN"));
+    Database().Begin();
     for (int i = 0; i < 300; ++i) {
         AddLedgerEntry(Database(), Printed(QByteArray::number(i).constData(), 20));
         const QByteArray number = QByteArray::number(i);
         AddLedgerEntry(Database(), Failed(number.rightJustified(5000, 'x').constData()));
         AddLedgerEntry(Database(), Failed(QByteArray("Reason " + number).constData()));
     }
-    Database().Execute(QStringLiteral("COMMIT"));
+    Database().Commit();
     const QStringList figures = Figures();
     EXPECT_LT(figures.size(), 400);
     EXPECT_GT(figures.filter(QStringLiteral("layout=other")).size(), 0);

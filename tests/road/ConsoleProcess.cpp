@@ -1,4 +1,6 @@
 #include "road/ConsoleProcess.h"
+#include "base/Profile.h"
+#include "station/session/StoreLocation.h"
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
@@ -76,7 +78,13 @@ ConsoleEnd RunConsole(const QStringList& arguments)
 ConsoleTest::ConsoleTest()
 {
     MakeProgramFolder(Folder.path());
-    Store.Open(LayoutDatabasePath(Folder.path()));
+    if (StoresAreOnServer()) {
+        m_shared.emplace(Folder.path());
+        EXPECT_TRUE(WriteProfileValue(Folder.filePath(QStringLiteral("Vantrel 6.ini")),
+                                      QStringLiteral("Store"), QStringLiteral("Database"),
+                                      m_shared->Location()));
+    }
+    Store.Open(StoreLocation(Folder.path()));
     MakeLedgerTables(Database());
 }
 

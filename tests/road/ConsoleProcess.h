@@ -5,9 +5,11 @@
 #include "samples/FreshInstall.h"
 #include "store/Connection.h"
 #include "support/LedgerFill.h"
+#include "support/TestStore.h"
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace vantrel::test {
 
@@ -49,7 +51,8 @@ struct ConsoleEnd
 };
 ConsoleEnd RunConsole(const QStringList& arguments);
 
-/// A program folder with a ledger, and a console on it.
+/// A program folder with a ledger, in a file or on a server (`StoresAreOnServer`), and a console on
+/// it.
 class ConsoleTest : public ::testing::Test
 {
 protected:
@@ -71,6 +74,11 @@ protected:
     }
 
     QTemporaryDir Folder;
+
+private:
+    std::optional<TestStore> m_shared;
+
+protected:
     Connection Store;
     std::unique_ptr<ConsoleProcess> Console;
 };

@@ -2,9 +2,9 @@
 #include "ledger/LedgerStations.h"
 #include "road/AdminRun.h"
 #include "road/ConsoleProcess.h"
+#include "station/ledger/StationHeartbeat.h"
 #include <QDateTime>
 #include <QJsonArray>
-#include <QSysInfo>
 
 // What the console tells of records and stations.
 
@@ -79,10 +79,10 @@ TEST_F(ConsoleRecords, AreChosenByTheQuery)
 
 TEST_F(ConsoleRecords, AListHasAHundredAndAThousandAtMost)
 {
-    Database().Execute(QStringLiteral("BEGIN"));
+    Database().Begin();
     for (int i = 0; i < 1100; ++i)
         AddPrinted("Ada");
-    Database().Execute(QStringLiteral("COMMIT"));
+    Database().Commit();
     Start();
     EXPECT_EQ(Listed().size(), 100U);
     EXPECT_EQ(Listed("?limit=5000").size(), 1000U);
@@ -173,7 +173,7 @@ TEST_F(ConsoleRecords, HealthIsThatEveryStationThatShouldRunDoes)
     EXPECT_EQ(Get("/healthz").Status, 503);
     EXPECT_EQ(Get("/healthz").Body, "session 1 does not run\n");
     LedgerStation station;
-    station.Machine = QSysInfo::machineHostName();
+    station.Machine = MachineName(Folder.path());
     station.Started = station.Seen = QDateTime::currentMSecsSinceEpoch();
     station.Layout = QStringLiteral("Badge");
     NoteStation(Database(), station);

@@ -141,6 +141,9 @@ function askForLogin() {
   forgeryToken = null;
   if (events !== null) events.close();
   events = null;
+  clearTimeout(stationsSoon);
+  trouble = "";
+  byId("trouble").hidden = true;
   newest.clear();
   for (const dialog of [byId("ask"), byId("details")]) if (dialog.open) dialog.close();
   showFrame(false);
@@ -236,7 +239,25 @@ function follow() {
   });
   events.addEventListener("records", (event) => takeRecords(JSON.parse(event.data).records));
   events.addEventListener("more", loadAllSoon);
+  events.addEventListener("trouble", (event) => {
+    tellTrouble(JSON.parse(event.data).text);
+    loadStations();
+  });
   events.addEventListener("stations", (event) => showStations(JSON.parse(event.data).stations));
+}
+
+let trouble = "";
+/** Tells why nothing can be known now, and when it can be again, asks for what came meanwhile. */
+function tellTrouble(text) {
+  const isOver = trouble !== "" && text === "";
+  trouble = text;
+  const told = byId("trouble");
+  told.hidden = text === "";
+  told.textContent = text === "" ? "" : `${text} The page goes on by itself.`;
+  if (!isOver) return;
+  // Pictures that could not be had are asked for anew.
+  clear(byId("cards"));
+  loadAllSoon();
 }
 
 let allSoon = null;
@@ -283,11 +304,17 @@ function takeRecords(records) {
 
 // ---- Now
 
+let stationsSoon = null;
 async function loadStations() {
   try {
     showStations((await ask("api/v1/stations")).stations);
+    tellTrouble("");
   } catch (problem) {
     if (!(problem instanceof Refused)) throw problem;
+    if (problem.status !== 503) return;
+    tellTrouble(problem.message);
+    clearTimeout(stationsSoon);
+    stationsSoon = setTimeout(loadStations, 5000);
   }
 }
 
