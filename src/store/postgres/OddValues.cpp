@@ -107,8 +107,8 @@ QString OddText(const QVariant& stored)
         return BytesMark + Coded(stored.toByteArray());
     default: {
         const QString text = stored.toString();
-        return text.contains(QChar(QChar::Null)) ? CodedTextMark + Coded(text.toUtf8())
-                                                 : TextMark + text;
+        return text.contains(QChar(QChar::Null)) ? QString(CodedTextMark + Coded(text.toUtf8()))
+                                                 : QString(TextMark + text);
     }
     }
 }
