@@ -1,9 +1,9 @@
 #include "base/ByteSource.h"
 #include "base/Failure.h"
+#include "base/FileTrouble.h"
 #include <QFile>
 #include <cerrno>
 #include <fcntl.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace vantrel {
@@ -14,8 +14,7 @@ constexpr QLatin1StringView StandardInput{"-"};
 
 [[noreturn]] void FailWith(int number, const QString& name, int error)
 {
-    throw Failure(number, name + QStringLiteral(": ") +
-                              QString::fromStdString(std::generic_category().message(error)));
+    throw Failure(number, FileTrouble(name, error));
 }
 
 } // namespace

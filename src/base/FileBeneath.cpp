@@ -1,5 +1,6 @@
 #include "base/FileBeneath.h"
 #include "base/Failure.h"
+#include "base/FileTrouble.h"
 #include <QFile>
 #include <QScopeGuard>
 #include <algorithm>
@@ -109,8 +110,7 @@ FileBeneath::FileBeneath(const QString& folder, const QString& name, Way preferr
     const int root = ::open(QFile::encodeName(folder).constData(), FolderFlags);
     if (root < 0)
         throw Failure(FailureNumber::PathNotFound,
-                      QStringLiteral("The folder cannot be opened: ") +
-                          QString::fromStdString(std::generic_category().message(errno)));
+                      QStringLiteral("The folder cannot be opened: ") + FileTrouble(folder, errno));
     const auto closeRoot = qScopeGuard([root] { ::close(root); });
     const QByteArray encoded = QFile::encodeName(name);
     bool isTried = false;

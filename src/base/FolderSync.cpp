@@ -1,23 +1,22 @@
 #include "base/FolderSync.h"
 #include "base/Failure.h"
+#include "base/FileTrouble.h"
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace vantrel {
 
 namespace {
 
-[[noreturn]] void FailWith(int error)
+[[noreturn]] void FailWith(const QString& folder, int error)
 {
     throw Failure(FailureNumber::PrinterError,
-                  QStringLiteral("Printer error: ") +
-                      QString::fromStdString(std::generic_category().message(error)));
+                  QStringLiteral("Printer error: ") + FileTrouble(folder, error));
 }
 
 bool IsUnsupported(int error)
@@ -32,7 +31,7 @@ void SyncFolder(const QString& path)
     const int folder =
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
-        FailWith(errno);
+        FailWith(path, errno);
     int result = 0;
     do {
         result = ::fsync(folder);
@@ -40,7 +39,7 @@ void SyncFolder(const QString& path)
     const int error = result == 0 ? 0 : errno;
     ::close(folder);
     if (error != 0 && !IsUnsupported(error))
-        FailWith(error);
+        FailWith(path, error);
 }
 
 void MakeFolderDurably(const QString& path)
@@ -54,7 +53,7 @@ void MakeFolderDurably(const QString& path)
         // Another session may have made it meanwhile; a file of that name is no folder.
         if (::mkdir(QFile::encodeName(folder).constData(), allThatTheUserAllows) != 0 &&
             !(errno == EEXIST && QFileInfo(folder).isDir()))
-            FailWith(errno == EEXIST ? ENOTDIR : errno);
+            FailWith(folder, errno == EEXIST ? ENOTDIR : errno);
         SyncFolder(QFileInfo(folder).path());
     }
 }

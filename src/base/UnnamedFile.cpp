@@ -1,11 +1,11 @@
 #include "base/UnnamedFile.h"
 #include "base/Failure.h"
+#include "base/FileTrouble.h"
 #include <QFile>
 #include <QUuid>
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -18,16 +18,9 @@ constexpr qsizetype PieceBytes = 32768;
 /// An unnamed file gets its name by a link to its descriptor in this folder.
 constexpr char OwnDescriptors[] = "/proc/self/fd/";
 
-[[noreturn]] void FailWith(int error)
-{
-    throw Failure(FailureNumber::PrinterError,
-                  QStringLiteral("Printer error: ") +
-                      QString::fromStdString(std::generic_category().message(error)));
-}
-
 } // namespace
 
-UnnamedFile::UnnamedFile(const QString& folder, Kind preferred)
+UnnamedFile::UnnamedFile(const QString& folder, Kind preferred) : m_folder(folder)
 {
     if (preferred == Kind::Hidden || !OpenNameless(folder))
         OpenHidden(folder);
@@ -39,6 +32,12 @@ UnnamedFile::~UnnamedFile()
         ::close(m_descriptor);
     if (!m_hidden.isEmpty())
         ::unlink(QFile::encodeName(m_hidden).constData());
+}
+
+void UnnamedFile::FailWith(int error) const
+{
+    throw Failure(FailureNumber::PrinterError,
+                  QStringLiteral("Printer error: ") + FileTrouble(m_folder, error));
 }
 
 bool UnnamedFile::OpenNameless(const QString& folder)

@@ -6,7 +6,8 @@
 namespace vantrel {
 
 /// A new file that stays invisible to others until it is complete and put in place. If the object
-/// is destroyed before that, nothing of the file is left. All failures are `PrinterError`.
+/// is destroyed before that, nothing of the file is left. All failures are `PrinterError`
+/// and name the folder.
 class UnnamedFile
 {
 public:
@@ -32,11 +33,13 @@ public:
     bool PutInPlace(const QString& path);
 
 private:
+    [[noreturn]] void FailWith(int error) const;
     bool OpenNameless(const QString& folder);
     void OpenHidden(const QString& folder);
     void Close();
     PlaceResult Place(const QString& path);
 
+    QString m_folder;
     /// The hidden name; empty for an unnamed file.
     QString m_hidden;
     int m_descriptor = -1;

@@ -135,7 +135,9 @@ TEST_P(FileBeneathTest, AFolderThatIsNotThereIsTold)
         const FileBeneath file(m_outer.filePath(QStringLiteral("none")), Text("a"), GetParam());
         ADD_FAILURE();
     } catch (const Failure& failure) {
-        EXPECT_EQ(failure.Text(), Text("The folder cannot be opened: No such file or directory"));
+        EXPECT_EQ(failure.Text(), Text("The folder cannot be opened: ") +
+                                      m_outer.filePath(QStringLiteral("none")) +
+                                      Text(": No such file or directory"));
     }
 }
 

@@ -24,15 +24,16 @@ TEST(FolderSync, AFileInTheWayIsNoFolder)
     QFile file(folder.filePath(QStringLiteral("a")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_EQ(FailureTextOf([&] { MakeFolderDurably(folder.filePath(QStringLiteral("a/b"))); }),
-              QStringLiteral("Printer error: Not a directory"));
+              QStringLiteral("Printer error: %1: Not a directory").arg(file.fileName()));
     EXPECT_EQ(FailureOf([&] { SyncFolder(file.fileName()); }), FailureNumber::PrinterError);
 }
 
 TEST(FolderSync, AFolderThatIsNotThereFailsWithTheSystemsReason)
 {
     const QTemporaryDir folder;
-    EXPECT_EQ(FailureTextOf([&] { SyncFolder(folder.filePath(QStringLiteral("none"))); }),
-              QStringLiteral("Printer error: No such file or directory"));
+    const QString none = folder.filePath(QStringLiteral("none"));
+    EXPECT_EQ(FailureTextOf([&] { SyncFolder(none); }),
+              QStringLiteral("Printer error: %1: No such file or directory").arg(none));
 }
 
 } // namespace vantrel::test

@@ -197,7 +197,7 @@ TEST_F(BookPrinterTest, AFileThatExistsIsNeverReplaced)
 
 TEST_F(BookPrinterTest, AFullDiskFailsAllFurtherCardsAndLeavesNoFile)
 {
-    const QString reason = QStringLiteral("File too large");
+    const QString reason = Folder() + QStringLiteral(": File too large");
     {
         BookPrinter printer(Path(), BookPrinter::Telling::AtClose);
         const FileLimit limit(rlim_t{150'000});
@@ -226,11 +226,11 @@ TEST_F(BookPrinterTest, ADiskThatIsFullAtTheEndLeavesNoFile)
             DiskCalls disk;
             disk.FailBytes(ENOSPC, 1);
             EXPECT_EQ(ReasonOfFailure([&] { printer.Close(); }),
-                      QStringLiteral("No space left on device"));
+                      Folder() + QStringLiteral(": No space left on device"));
         }
         EXPECT_TRUE(printer.IsBroken());
         EXPECT_EQ(ReasonOfFailure([&] { printer.Close(); }),
-                  QStringLiteral("No space left on device"));
+                  Folder() + QStringLiteral(": No space left on device"));
     }
     EXPECT_EQ(Files(), QStringList());
 }
@@ -242,7 +242,8 @@ TEST_F(BookPrinterTest, AFileWhoseNameDoesNotReachTheDiskIsTakenBack)
     Print(printer, QStringLiteral("a"));
     DiskCalls disk;
     disk.FailNames(EIO, 1);
-    EXPECT_EQ(ReasonOfFailure([&] { printer.Close(); }), QStringLiteral("Input/output error"));
+    EXPECT_EQ(ReasonOfFailure([&] { printer.Close(); }),
+              Folder() + QStringLiteral(": Input/output error"));
     EXPECT_EQ(Files(), QStringList());
 }
 
@@ -262,7 +263,7 @@ TEST_F(BookPrinterTest, AFolderThatCannotBeMadeFailsAtOnce)
     QFile inTheWay(m_program.filePath(QStringLiteral("Printed")));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     EXPECT_EQ(ReasonOfFailure([&] { BookPrinter printer(Path()); }),
-              QStringLiteral("Not a directory"));
+              inTheWay.fileName() + QStringLiteral(": Not a directory"));
 }
 
 } // namespace vantrel::test

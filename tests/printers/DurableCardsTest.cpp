@@ -121,7 +121,8 @@ TEST_F(DurableCards, EndDocFailsWithTheReasonOfTheDisk)
         ADD_FAILURE() << "the card was taken";
     } catch (const Failure& failure) {
         EXPECT_EQ(failure.Number(), FailureNumber::PrinterError);
-        EXPECT_EQ(failure.Text(), QStringLiteral("Printer error: No space left on device"));
+        EXPECT_EQ(failure.Text(),
+                  QStringLiteral("Printer error: %1: No space left on device").arg(Folder()));
     }
     EXPECT_EQ(Files(), QStringList());
 }

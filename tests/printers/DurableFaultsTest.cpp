@@ -17,12 +17,14 @@ class DurableFaults : public DurableCards
 {
 protected:
     /// Expects that a card is not printed, and leaves nothing in the folder.
-    void ExpectRefused(const QString& reason)
+    /// @param place  the folder that the reason names, if it is not that of the cards
+    void ExpectRefused(const QString& reason, const QString& place = {})
     {
         const QStringList before = Files();
         const JobOutcome outcome = OutcomeOfCard();
         EXPECT_FALSE(outcome.HandedOver);
-        EXPECT_EQ(outcome.Reason, reason);
+        EXPECT_EQ(outcome.Reason,
+                  QStringLiteral("%1: %2").arg(place.isEmpty() ? Folder() : place, reason));
         EXPECT_EQ(outcome.File, QString());
         EXPECT_EQ(Files(), before);
     }
@@ -94,7 +96,7 @@ TEST_F(DurableFaults, AFileInPlaceOfTheFolderFailsUntilItIsGone)
 {
     QFile inTheWay(m_program.filePath(QStringLiteral("Printed")));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    ExpectRefused(QStringLiteral("Not a directory"));
+    ExpectRefused(QStringLiteral("Not a directory"), inTheWay.fileName());
     ASSERT_TRUE(inTheWay.remove());
     ExpectPrinted(1);
 }
@@ -114,7 +116,7 @@ TEST_F(DurableFaults, AFolderTakenAwayWhileACardIsWrittenCostsThatCard)
         disk.BeforeBytes([this] { QDir(Folder()).removeRecursively(); });
         const JobOutcome outcome = OutcomeOfCard();
         EXPECT_FALSE(outcome.HandedOver);
-        EXPECT_EQ(outcome.Reason, QStringLiteral("No such file or directory"));
+        EXPECT_EQ(outcome.Reason, Folder() + QStringLiteral(": No such file or directory"));
         EXPECT_FALSE(QDir(Folder()).exists());
     }
     ExpectPrinted(2);
@@ -150,7 +152,7 @@ TEST_F(DurableFaults, OneCardThatFailsHarmsNoneOfThoseWrittenWithIt)
     QStringList reasons;
     for (const JobOutcome& outcome : Told)
         (outcome.HandedOver ? files : reasons).append(outcome.File + outcome.Reason);
-    EXPECT_EQ(reasons, QStringList(QLatin1StringView(FullDisk)));
+    EXPECT_EQ(reasons, QStringList(Folder() + QStringLiteral(": ") + QLatin1StringView(FullDisk)));
     EXPECT_EQ(files.size(), 7);
     EXPECT_EQ(files, Files());
     EXPECT_EQ(files.constLast(), CardName(7));

@@ -15,7 +15,8 @@ constexpr qlonglong LookedAtAgain = 2000;
 
 [[noreturn]] void FailWriting(const QSaveFile& file)
 {
-    throw Failure(FailureNumber::PathNotFound, file.errorString());
+    throw Failure(FailureNumber::PathNotFound,
+                  file.fileName() + QStringLiteral(": ") + file.errorString());
 }
 
 } // namespace
