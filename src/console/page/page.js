@@ -7,6 +7,8 @@ const byId = (id) => document.getElementById(id);
 const PageOfRecords = 50;
 const MostRows = 500;
 const CardsShown = 12;
+/** The console tells no more at once. */
+const MostUnsettled = 50;
 const Views = ["now", "history", "send", "counts"];
 
 let forgeryToken = null;
@@ -201,7 +203,8 @@ function showView(takesFocus = false) {
   if (takesFocus) title.focus();
   // What became of the last one is told until another page is looked at.
   byId("unsettled-told").textContent = "";
-  if (present === "now") loadUnsettled();
+  // Before the page follows what happens, it asks for all of it anyway.
+  if (present === "now" && events !== null) loadUnsettled();
   if (present === "send") loadLayouts();
   if (present === "counts") loadCounts();
 }
@@ -225,9 +228,8 @@ function follow() {
   events.addEventListener("open", () => {
     tellLive(true);
     loadStations();
-    loadNewest();
+    loadRecords();
     loadUnsettled();
-    search();
   });
   events.addEventListener("error", () => {
     tellLive(false);
@@ -265,9 +267,8 @@ let allSoon = null;
 function loadAllSoon() {
   allSoon ??= setTimeout(() => {
     allSoon = null;
-    loadNewest();
+    loadRecords();
     loadUnsettled();
-    search();
   }, 1000 + 1000 * Math.random());
 }
 
@@ -291,14 +292,14 @@ const isFiltered = () => filter.text !== "" || filter.state !== "" || filter.day
 function takeRecords(records) {
   for (const told of toldSinceAsked) for (const record of records) told.set(record.id, record);
   for (const record of records) newest.set(record.id, record);
-  showCards();
+  showCardsSoon();
   if (!isFiltered()) {
     for (const record of [...records].reverse()) putRow(record);
   } else {
     for (const record of records) replaceRow(record);
     searchSoon();
   }
-  loadUnsettledSoon();
+  if (records.some(concernsUnsettled)) loadUnsettledSoon();
   if (shownRecord !== null && records.some((record) => record.id === shownRecord)) loadDetails(shownRecord);
 }
 
@@ -350,6 +351,12 @@ async function loadUnsettled() {
   }
 }
 
+/** Whether a record that came or changed may have to be listed, or need not be any longer. */
+function concernsUnsettled(record) {
+  return ["failed", "doubtful"].includes(record.state) || record.reprint_of !== null ||
+    byId("unsettled-list").querySelector(`[data-id="${record.id}"]`) !== null;
+}
+
 let unsettledSoon = null;
 function loadUnsettledSoon() {
   unsettledSoon ??= setTimeout(() => {
@@ -385,8 +392,9 @@ function makeUnsettled(record) {
 }
 
 function unsettledTitle(count) {
-  if (count === 0) return "Nothing failed that was not printed again";
-  return count === 1 ? "1 record needs you" : `${count} records need you`;
+  if (count === 0) return "Nothing else needs you";
+  if (count === 1) return "1 record needs you";
+  return count < MostUnsettled ? `${count} records need you` : `${count} records and perhaps more need you`;
 }
 
 /** Shows what needs a person, and what became of it just now. */
@@ -402,14 +410,24 @@ function showUnsettled(records) {
   if (hadFocus && !list.contains(document.activeElement)) (list.querySelector(".main") ?? byId("title-unsettled")).focus();
 }
 
+/** Asks for the newest records and for what is searched for, which mostly are the same. */
+function loadRecords() {
+  loadNewest();
+  if (isFiltered()) search();
+}
+
+/** Shows the newest cards and, where nothing certain is searched for, the same records in the history. */
 async function loadNewest() {
+  const number = isFiltered() ? null : ++searching;
   try {
-    const { records, told } = await askRecords(`api/v1/records?brief=1&limit=${PageOfRecords}`);
+    const answer = await askRecords(`api/v1/records?brief=1&limit=${PageOfRecords}`);
     newest.clear();
-    for (const record of [...records, ...told]) newest.set(record.id, record);
+    for (const record of [...answer.records, ...answer.told]) newest.set(record.id, record);
     showCards();
+    if (number === searching) showFound(answer);
   } catch (problem) {
     if (!(problem instanceof Refused)) throw problem;
+    if (number === searching) byId("found").textContent = problem.message;
   }
 }
 
@@ -449,6 +467,18 @@ function showCards() {
   });
   arrange(list, items);
   byId("no-cards").hidden = items.length > 0;
+}
+
+const CardsRest = 500;
+let cardsSoon = null;
+let cardsShown = -CardsRest;
+/** Where record follows record, a picture is not asked for that is replaced at once. */
+function showCardsSoon() {
+  cardsSoon ??= setTimeout(() => {
+    cardsSoon = null;
+    cardsShown = performance.now();
+    showCards();
+  }, Math.max(0, cardsShown + CardsRest - performance.now()));
 }
 
 function makeCard(key, record, index) {
@@ -528,17 +558,21 @@ function tellFound() {
   byId("found").textContent = count === 0 ? "No record was found." : isWhole ? `${records}.` : `The newest ${records}.`;
 }
 
+/** Shows what a search has found, behind the rows that are there where it went on from one. */
+function showFound({ records, told }, before = null) {
+  if (before === null) clear(rows);
+  rows.append(...records.map(rowOf));
+  byId("older").hidden = records.length < PageOfRecords || rows.children.length >= MostRows;
+  // Where something is searched for, another search follows what events tell.
+  if (!isFiltered()) for (const record of told) putRow(record);
+  tellFound();
+}
+
 async function search(before = null) {
   const number = ++searching;
   try {
-    const { records, told } = await askRecords(queryOf(before));
-    if (number !== searching) return;
-    if (before === null) clear(rows);
-    rows.append(...records.map(rowOf));
-    byId("older").hidden = records.length < PageOfRecords || rows.children.length >= MostRows;
-    // Where something is searched for, another search follows what events tell.
-    if (!isFiltered()) for (const record of told) putRow(record);
-    tellFound();
+    const answer = await askRecords(queryOf(before));
+    if (number === searching) showFound(answer, before);
   } catch (problem) {
     if (!(problem instanceof Refused)) throw problem;
     byId("found").textContent = problem.message;
