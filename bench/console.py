@@ -10,6 +10,7 @@ the newest cards with their pictures and "Live" are shown.
 """
 
 import argparse
+import multiprocessing
 import os
 import pathlib
 import re
@@ -19,7 +20,6 @@ import statistics
 import subprocess
 import sys
 import tempfile
-import threading
 import time
 import urllib.request
 
@@ -50,37 +50,41 @@ def print_records(port, records):
         return records / (time.perf_counter() - begin)
 
 
+def look_on(port, token, count, pipe):
+    """Reads the live events over so many connections until it is told to end; tells the bytes."""
+    selector = selectors.DefaultSelector()
+    for _ in range(count):
+        link = socket.create_connection(("127.0.0.1", port))
+        link.sendall(f"GET /api/v1/events HTTP/1.1\r\nHost: x\r\nAuthorization: Bearer {token}\r\n\r\n".encode())
+        if not link.recv(65536).startswith(b"HTTP/1.1 200"):
+            sys.exit("a viewer is not let in")
+        selector.register(link, selectors.EVENT_READ)
+    pipe.send("looks on")
+    received = 0
+    while not pipe.poll():
+        for key, _ in selector.select(0.2):
+            taken = len(key.fileobj.recv(1 << 20))
+            if taken == 0:
+                sys.exit("a viewer was sent away")
+            received += taken
+    pipe.send(received)
+
+
 class Viewers:
-    """Connections that read the live events, as browsers do."""
+    """Those who look on, in a process of their own, as browsers are: in this one they would hold up the host."""
 
     def __init__(self, port, token, count):
+        self.pipe, theirs = multiprocessing.Pipe()
+        self.process = multiprocessing.Process(target=look_on, args=(port, token, count, theirs))
+        self.process.start()
+        theirs.close()
+        self.pipe.recv()
         self.bytes = 0
-        self.ends = False
-        self.selector = selectors.DefaultSelector()
-        self.sockets = []
-        for _ in range(count):
-            link = socket.create_connection(("127.0.0.1", port))
-            link.sendall(f"GET /api/v1/events HTTP/1.1\r\nHost: x\r\nAuthorization: Bearer {token}\r\n\r\n".encode())
-            if not link.recv(65536).startswith(b"HTTP/1.1 200"):
-                sys.exit("a viewer is not let in")
-            self.selector.register(link, selectors.EVENT_READ)
-            self.sockets.append(link)
-        self.reader = threading.Thread(target=self.read)
-        self.reader.start()
-
-    def read(self):
-        while not self.ends:
-            for key, _ in self.selector.select(0.2):
-                taken = len(key.fileobj.recv(1 << 20))
-                if taken == 0:
-                    sys.exit("a viewer was sent away")
-                self.bytes += taken
 
     def end(self):
-        self.ends = True
-        self.reader.join()
-        for link in self.sockets:
-            link.close()
+        self.pipe.send("end")
+        self.bytes = self.pipe.recv()
+        self.process.join()
 
 
 def compare(station_port, console_port, station, console, token, options):
