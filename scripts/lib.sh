@@ -10,7 +10,7 @@ RUN_PACKAGES=(libqt6svg6 'qt6-svg-plugins?' qt6-qpa-plugins qt6-image-formats-pl
 TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-utils ghostscript
   fonts-urw-base35 mupdf-tools qpdf zbar-tools zxing-cpp-tools dmtx-utils
   libqt6sql6-sqlite sqlite3 procps python3 python3-prometheus-client python3-yaml curl openssl xvfb dbus-daemon at-spi2-core openbox
-  locales weston qt6-wayland chromium chromium-driver python3-selenium postgresql)
+  locales weston qt6-wayland chromium chromium-driver python3-selenium postgresql pgbouncer)
 
 # The script uses sqlite3 to write the layouts of a macro.
 VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
@@ -53,6 +53,11 @@ install_packages() {
     "${root[@]}" mkdir -p /etc/postgresql-common/createcluster.d
     echo 'create_main_cluster = false' |
       "${root[@]}" tee /etc/postgresql-common/createcluster.d/no-main-cluster.conf >/dev/null
+  fi
+  # Nor must that of the pooler.
+  if [[ " ${missing[*]} " == *' pgbouncer '* && ! -e /etc/systemd/system/pgbouncer.service ]]; then
+    "${root[@]}" mkdir -p /etc/systemd/system
+    "${root[@]}" ln -s /dev/null /etc/systemd/system/pgbouncer.service
   fi
   "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

@@ -31,9 +31,15 @@ QString TroubleOf(Connection& store)
     return store.Database().Trouble();
 }
 
+constexpr int SoonMs = 200;
+
 void UntilItWorks(Connection& store)
 {
-    while (FailureOf([&] { AddRow(store); }) != 0) {
+    const auto works = [&] {
+        store.Database().SetPatience(SoonMs);
+        return FailureOf([&] { AddRow(store); }) == 0;
+    };
+    while (!works()) {
         store.RollbackTrans();
         QThread::msleep(20);
     }
@@ -66,8 +72,7 @@ TEST(ServerFault, AServerThatIsSilentIsAwayUntilItAnswers)
     BringUpToDate(*OpenStoreDatabase(address), {});
     Connection store;
     store.Open(address);
-    constexpr int soon = 200;
-    store.Database().SetPatience(soon);
+    store.Database().SetPatience(SoonMs);
     server.StandStill(true);
     EXPECT_EQ(FailureOf([&] { AddRow(store); }), FailureNumber::StoreBusy);
     EXPECT_TRUE(TroubleOf(store).contains(QStringLiteral("does not answer")));
@@ -85,10 +90,9 @@ TEST(ServerFault, ACommitWithoutAnAnswerIsInDoubtAndOneThatIsRefusedIsNot)
     BringUpToDate(*OpenStoreDatabase(address), {});
     Connection store;
     store.Open(address);
-    constexpr int soon = 200;
-    store.Database().SetPatience(soon);
     store.BeginTrans();
     store.Database().InsertRow(Controls, {}, {}, nullptr);
+    store.Database().SetPatience(SoonMs);
     server.StandStill(true);
     EXPECT_EQ(FailureOf([&] { store.CommitTrans(); }), FailureNumber::StoreBusy);
     EXPECT_TRUE(store.Database().IsCommitInDoubt());
@@ -99,6 +103,7 @@ TEST(ServerFault, ACommitWithoutAnAnswerIsInDoubtAndOneThatIsRefusedIsNot)
 
     PrivatePostgres::Run(address, QStringLiteral("ALTER TABLE Controls ADD UNIQUE (Page) "
                                                  "DEFERRABLE INITIALLY DEFERRED"));
+    store.Database().SetPatience(1000);
     store.BeginTrans();
     store.Database().InsertRow(Controls, {QStringLiteral("Page")}, {1}, nullptr);
     EXPECT_EQ(FailureOf([&] { store.CommitTrans(); }), FailureNumber::StatementInvalid);
@@ -173,8 +178,7 @@ TEST(ServerFault, AHostThatIsSilentIsPassedOver)
     ServerWithReplica servers;
     Connection store;
     store.Open(servers.Address());
-    constexpr int soon = 200;
-    store.Database().SetPatience(soon);
+    store.Database().SetPatience(SoonMs);
     servers.First.StandStill(true);
     EXPECT_EQ(FailureOf([&] { AddRow(store); }), FailureNumber::StoreBusy);
     store.RollbackTrans();

@@ -1,6 +1,7 @@
 #include "support/PrivatePostgres.h"
 #include "store/LayoutTables.h"
 #include "store/postgres/PostgresValues.h"
+#include "support/HeldPort.h"
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -35,18 +36,6 @@ QString Programs()
     }
     EXPECT_FALSE(newest.isEmpty()) << "the package postgresql is not installed";
     return newest;
-}
-
-/// The command with which a program runs as a user that the server accepts, and ends with this
-/// process.
-QStringList AsServerUser(const QStringList& command)
-{
-    QStringList words{QStringLiteral("setpriv"), QStringLiteral("--pdeathsig"),
-                      QStringLiteral("QUIT")};
-    if (::geteuid() == 0)
-        words += {QStringLiteral("--reuid"), QStringLiteral("postgres"), QStringLiteral("--regid"),
-                  QStringLiteral("postgres"), QStringLiteral("--clear-groups")};
-    return words + QStringList{QStringLiteral("--")} + command;
 }
 
 struct Closer
@@ -129,16 +118,69 @@ PrivatePostgres& PrivatePostgres::Shared()
     return *server;
 }
 
-void PrivatePostgres::TakeFolder()
+QStringList PrivatePostgres::AsServerUser(const QStringList& command, const QString& signal)
+{
+    QStringList words{QStringLiteral("setpriv"), QStringLiteral("--pdeathsig"), signal};
+    if (::geteuid() == 0)
+        words += {QStringLiteral("--reuid"), QStringLiteral("postgres"), QStringLiteral("--regid"),
+                  QStringLiteral("postgres"), QStringLiteral("--clear-groups")};
+    return words + QStringList{QStringLiteral("--")} + command;
+}
+
+void PrivatePostgres::GiveToServer(const QString& path)
 {
     if (::geteuid() != 0)
         return;
     const passwd* user = ::getpwnam("postgres");
     ASSERT_NE(user, nullptr) << "the server's user is missing";
-    ASSERT_EQ(::chown(m_folder.path().toUtf8().constData(), user->pw_uid, user->pw_gid), 0);
+    ASSERT_EQ(::chown(path.toUtf8().constData(), user->pw_uid, user->pw_gid), 0);
+}
+
+void PrivatePostgres::TakeFolder()
+{
+    GiveToServer(m_folder.path());
 }
 
 /// @param words  a program of the server's, and its arguments
+void PrivatePostgres::WriteSecret(const QString& name, const QByteArray& bytes)
+{
+    QFile file(m_folder.filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    file.write(bytes);
+    file.close();
+    GiveToServer(file.fileName());
+}
+
+int PrivatePostgres::ListenWithTls(const QByteArray& certificate, const QByteArray& key)
+{
+    WriteSecret(QStringLiteral("server.crt"), certificate);
+    WriteSecret(QStringLiteral("server.key"), key);
+    QFile rules(m_folder.filePath(QStringLiteral("data/pg_hba.conf")));
+    EXPECT_TRUE(rules.open(QIODevice::WriteOnly));
+    rules.write("local all all trust\nhostssl all vantrel 127.0.0.1/32 trust\n"
+                "hostssl all all 127.0.0.1/32 scram-sha-256\n");
+    rules.close();
+    const HeldPort port;
+    // The socket's name has the port in it.
+    m_port = port.Number();
+    m_settings = {
+        QStringLiteral("ssl=on"),
+        QStringLiteral("ssl_cert_file=") + m_folder.filePath(QStringLiteral("server.crt")),
+        QStringLiteral("ssl_key_file=") + m_folder.filePath(QStringLiteral("server.key")),
+        QStringLiteral("listen_addresses=127.0.0.1"), QStringLiteral("port=%1").arg(m_port)};
+    Kill();
+    Start();
+    return m_port;
+}
+
+QByteArray PrivatePostgres::Log() const
+{
+    QFile log(m_folder.filePath(QStringLiteral("log")));
+    EXPECT_TRUE(log.open(QIODevice::ReadOnly));
+    return log.readAll();
+}
+
 void PrivatePostgres::RunProgram(const QStringList& words)
 {
     QStringList command =
@@ -202,6 +244,7 @@ void PrivatePostgres::Start()
                         QStringLiteral("logging_collector=off")};
     if (m_commits == Commits::Quick)
         options += {QStringLiteral("fsync=off"), QStringLiteral("full_page_writes=off")};
+    options += m_settings;
     QStringList words{m_programs + QStringLiteral("/postgres"), QStringLiteral("-D"),
                       m_folder.filePath(QStringLiteral("data"))};
     for (const QString& option : options)
@@ -243,7 +286,19 @@ QString PrivatePostgres::Address(const QString& database) const
 
 QString PrivatePostgres::AddressAs(const QString& user, const QString& database) const
 {
-    return QStringLiteral("host=%1 dbname=%2 user=%3").arg(m_folder.path(), database, user);
+    const QString port = m_port == UsualPort ? QString() : QStringLiteral(" port=%1").arg(m_port);
+    return QStringLiteral("host=%1 dbname=%2 user=%3").arg(m_folder.path(), database, user) + port;
+}
+
+QString PrivatePostgres::Socket() const
+{
+    return m_folder.filePath(QStringLiteral(".s.PGSQL.%1").arg(m_port));
+}
+
+QString PrivatePostgres::Through(const QString& address, int port)
+{
+    const QString host = address.section(u' ', 0, 0);
+    return QStringLiteral("host=127.0.0.1 port=%1").arg(port) + address.mid(host.size());
 }
 
 void PrivatePostgres::AskPasswordOf(const QString& user)

@@ -40,6 +40,24 @@ public:
     /// From now on the server wants this user's password.
     void AskPasswordOf(const QString& user);
 
+    /// The domain socket that the server listens on.
+    QString Socket() const;
+    /// The same database of the server, over a line of TCP on this machine.
+    static QString Through(const QString& address, int port);
+    /// Starts the server anew on a TCP port of this machine beside its socket, which takes
+    /// connections in TLS alone, and wants a password of everybody but `vantrel`.
+    /// @return the port
+    int ListenWithTls(const QByteArray& certificate, const QByteArray& key);
+    /// The command with which a program runs as a user that the server accepts, and ends by that
+    /// signal with this process.
+    static QStringList AsServerUser(const QStringList& command,
+                                    const QString& signal = QStringLiteral("QUIT"));
+    /// Makes a file or folder the server's own.
+    static void GiveToServer(const QString& path);
+
+    /// What the server has written about itself, such as each statement where that is set.
+    QByteArray Log() const;
+
     /// Runs statements on a connection of its own. @return the first value of the first row
     static QString Run(const QString& address, const QString& sql);
 
@@ -66,15 +84,21 @@ private:
     void TakeFolder();
     void RunProgram(const QStringList& words);
     void MakeFiles();
+    /// Writes a file that only the server may read.
+    void WriteSecret(const QString& name, const QByteArray& bytes);
     void Stop(int signal);
     void LeaveToOwner();
 
     Commits m_commits;
     QTemporaryDir m_folder;
     QString m_programs;
+    /// Settings that it is started with besides the usual ones.
+    QStringList m_settings;
     std::unique_ptr<QProcess> m_server;
     qint64 m_owner;
     int m_count = 0;
+    static constexpr int UsualPort = 5432;
+    int m_port = UsualPort;
 };
 
 } // namespace vantrel::test

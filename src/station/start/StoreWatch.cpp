@@ -7,10 +7,12 @@
 #include "station/start/EntryPoint.h"
 #include "station/start/StoreTaking.h"
 #include "store/StoreDatabase.h"
+#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QLoggingCategory>
 #include <QTimer>
 #include <optional>
+#include <utility>
 
 namespace vantrel {
 
@@ -19,7 +21,7 @@ namespace {
 Q_LOGGING_CATEGORY(storeLog, "vantrel.store")
 
 constexpr int LookMilliseconds = 500;
-constexpr int PatienceMilliseconds = 1000;
+constexpr int StepMilliseconds = 1000;
 /// After a try to open the store has failed.
 constexpr qint64 PauseMilliseconds = 4000;
 constexpr QLatin1StringView AwayCaption{"   (the store is away)"};
@@ -30,18 +32,29 @@ class StoreWatch : public QObject
 public:
     explicit StoreWatch(Session& session) : QObject(&session.Face), m_session(session)
     {
-        BeBrief();
+        KeepStepsShort();
         QObject::connect(&m_timer, &QTimer::timeout, this, [this] { Look(); });
         m_timer.start(LookMilliseconds);
         Look();
+        // Nobody looks at the windows of a station that starts.
+        TakeUp();
     }
 
 private:
-    /// The windows stand still while the station waits for an answer.
-    void BeBrief()
+    /// The windows stand still while the station waits for answers, so all that it waits for
+    /// between two rounds of the event loop has a second.
+    void KeepStepsShort()
+    {
+        BeginStep();
+        // It is sent in each round of whatever loop there is, also while a record lets events run.
+        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                         this, [this] { BeginStep(); });
+    }
+
+    void BeginStep()
     {
         if (m_session.LayoutDb.IsOpen())
-            m_session.LayoutDb.Database().SetPatience(PatienceMilliseconds);
+            m_session.LayoutDb.Database().SetPatience(StepMilliseconds);
     }
 
     void Look()
@@ -57,6 +70,8 @@ private:
     QString Ask()
     {
         Connection& store = m_session.LayoutDb;
+        if (m_isToBeTakenUp)
+            return m_trouble;
         if (!store.IsOpen())
             return Open();
         // A transaction is not disturbed; what is in it notices for itself.
@@ -71,23 +86,26 @@ private:
             return m_trouble;
         try {
             OpenLayoutDb(m_session);
-            BeBrief();
-            m_trouble.clear();
+            BeginStep();
+            m_isToBeTakenUp = true;
+            // In a step of its own.
+            QTimer::singleShot(0, this, [this] { TakeUp(); });
         } catch (const Failure& failure) {
             m_trouble = failure.Text();
         }
         m_tried.start();
-        if (m_trouble.isEmpty())
-            TakeUp();
         return m_trouble;
     }
 
-    /// Does what was left out when the station started.
+    /// Does what was left out when the station started, if the store was opened since.
     void TakeUp()
     {
+        if (!std::exchange(m_isToBeTakenUp, false))
+            return;
         OpenLedger(m_session);
         FindUnfinished(m_session);
         ReopenLastLayout(m_session);
+        Look();
     }
 
     void TellAway(const QString& trouble)
@@ -121,6 +139,7 @@ private:
     QElapsedTimer m_tried;
     QString m_trouble;
     bool m_isAway = false;
+    bool m_isToBeTakenUp = false;
     std::optional<RoadHold> m_hold;
 };
 

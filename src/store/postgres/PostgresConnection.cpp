@@ -18,6 +18,7 @@ constexpr qint64 FreshAnswerMs = 2000;
 /// A server that is away is tried again after a pause that doubles each time.
 constexpr qint64 FirstPauseMs = 250;
 constexpr qint64 LongestPauseMs = 4000;
+constexpr int TlsLookMs = 20;
 /// Bytes of values for which the library's buffers are large.
 constexpr std::size_t LargeSize = 1 << 20;
 
@@ -64,7 +65,7 @@ bool IsFailed(const PGresult* result)
 } // namespace
 
 PostgresConnection::PostgresConnection(const QString& address)
-    : m_address(address), m_shown(ShownAddress(address)), m_patienceMs(AnswerPatienceMs)
+    : m_address(address), m_shown(ShownAddress(address))
 {
     Connect();
 }
@@ -88,16 +89,16 @@ void PostgresConnection::Connect()
                                   nullptr};
     constexpr int expandDbname = 1;
     m_connection.reset(PQconnectStartParams(Keywords, values, expandDbname));
+    const int patienceMs = std::min(ConnectPatienceMs, LeftMs());
     QElapsedTimer since;
     since.start();
     PostgresPollingStatusType status = PGRES_POLLING_WRITING;
     while (m_connection && PQstatus(m_connection.get()) != CONNECTION_BAD &&
            status != PGRES_POLLING_OK && status != PGRES_POLLING_FAILED) {
-        const auto left = static_cast<int>(ConnectPatienceMs - since.elapsed());
-        if (left <= 0 || !WaitFor(PQsocket(m_connection.get()),
-                                  status == PGRES_POLLING_READING ? POLLIN : POLLOUT, left)) {
+        const auto left = static_cast<int>(patienceMs - since.elapsed());
+        if (left <= 0 || !WaitAtMost(status == PGRES_POLLING_READING ? POLLIN : POLLOUT, left)) {
             GoToNextHost();
-            FailAsAway(QStringLiteral("it does not answer"));
+            FailAsSilent();
         }
         status = PQconnectPoll(m_connection.get());
     }
@@ -137,6 +138,12 @@ void PostgresConnection::FailAsAway(const QString& why)
     throw Failure(FailureNumber::StoreBusy, m_trouble);
 }
 
+void PostgresConnection::FailAsSilent()
+{
+    FailAsAway(m_patienceMs ? QStringLiteral("it does not answer in time")
+                            : QStringLiteral("it does not answer"));
+}
+
 PGconn* PostgresConnection::Ready()
 {
     // A server that was restarted has closed the connection meanwhile, perhaps behind a last word.
@@ -149,7 +156,8 @@ PGconn* PostgresConnection::Ready()
     if (m_connection && PQstatus(m_connection.get()) == CONNECTION_OK)
         return m_connection.get();
     m_connection.reset();
-    if (!m_trouble.isEmpty() && !m_tried.hasExpired(m_pauseMs))
+    // When the time for all answers is over, nothing is tried.
+    if (!m_trouble.isEmpty() && (!m_tried.hasExpired(m_pauseMs) || LeftMs() <= 0))
         throw Failure(FailureNumber::StoreBusy, m_trouble);
     Connect();
     return m_connection.get();
@@ -184,10 +192,45 @@ void PostgresConnection::GiveBackMemory()
     m_connection.reset();
 }
 
-bool PostgresConnection::Wait(bool forWriting) const
+void PostgresConnection::SetPatience(int milliseconds)
+{
+    m_patienceMs = milliseconds;
+    m_waitedNs = 0;
+}
+
+int PostgresConnection::WaitedMs() const
+{
+    constexpr qint64 nsInMs = 1'000'000;
+    return static_cast<int>(m_waitedNs / nsInMs);
+}
+
+int PostgresConnection::LeftMs() const
+{
+    return m_patienceMs ? std::max(0, *m_patienceMs - WaitedMs()) : AnswerPatienceMs;
+}
+
+bool PostgresConnection::WaitAtMost(short events, int milliseconds)
+{
+    QElapsedTimer waited;
+    waited.start();
+    const bool isReady = WaitFor(PQsocket(m_connection.get()), events, milliseconds);
+    m_waitedNs += waited.nsecsElapsed();
+    return isReady;
+}
+
+bool PostgresConnection::Wait(bool forWriting)
 {
     const auto events = static_cast<short>(POLLIN | (forWriting ? POLLOUT : 0));
-    return WaitFor(PQsocket(m_connection.get()), events, m_patienceMs);
+    int left = LeftMs();
+    if (PQsslInUse(m_connection.get()) == 0)
+        return WaitAtMost(events, left);
+    // What TLS has decrypted and the library has not yet taken is not seen at the socket.
+    for (; left > 0; left -= TlsLookMs) {
+        if (WaitAtMost(events, std::min(left, TlsLookMs)) ||
+            PQconsumeInput(m_connection.get()) == 0 || PQisBusy(m_connection.get()) == 0)
+            return true;
+    }
+    return false;
 }
 
 void PostgresConnection::Flush()
@@ -195,7 +238,7 @@ void PostgresConnection::Flush()
     int left = 0;
     while ((left = PQflush(m_connection.get())) == 1) {
         if (!Wait(true))
-            FailAsAway(QStringLiteral("it does not answer"));
+            FailAsSilent();
         if (PQconsumeInput(m_connection.get()) == 0)
             break;
     }
@@ -207,7 +250,7 @@ PostgresResult PostgresConnection::Next()
 {
     while (PQisBusy(m_connection.get()) == 1) {
         if (!Wait(false))
-            FailAsAway(QStringLiteral("it does not answer"));
+            FailAsSilent();
         if (PQconsumeInput(m_connection.get()) == 0)
             break; // What the server said last is read below.
     }

@@ -5,6 +5,7 @@
 #include <QString>
 #include <libpq-fe.h>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vantrel {
@@ -40,9 +41,15 @@ public:
     /// last two seconds. A connection that the server has closed is noticed in any case. Must not
     /// be called within a transaction.
     void Ask();
-    /// How long to wait for an answer, half a minute unless it is set.
-    void SetPatience(int milliseconds) { m_patienceMs = milliseconds; }
-    int Patience() const { return m_patienceMs; }
+    /// Waits at most so long for all answers together until this is called again, or half a minute
+    /// for each answer unless it was called.
+    void SetPatience(int milliseconds);
+    /// How long it has waited since that, or since it was made.
+    int WaitedMs() const;
+    /// Waits half a minute for each answer again.
+    void WaitForEachAnswer() { m_patienceMs.reset(); }
+    /// How many milliseconds may be waited for the next answer.
+    int LeftMs() const;
 
     bool InTransaction() const;
     const QString& Address() const { return m_address; }
@@ -63,6 +70,7 @@ private:
     /// Lets the next attempt begin with the next of the hosts in the address, if it has several.
     void GoToNextHost();
     [[noreturn]] void FailAsAway(const QString& why);
+    [[noreturn]] void FailAsSilent();
     [[noreturn]] void Fail(const PGresult* result);
     /// Must be called when a statement has ended: the library never shrinks its buffers, so a
     /// connection that holds large ones is given up as soon as no transaction is open.
@@ -73,8 +81,10 @@ private:
     void Flush();
     /// Waits for the next result. @return null at the end of a statement's results
     PostgresResult Next();
+    /// Waits for the socket, at most so long. @return false if that is over
+    bool WaitAtMost(short events, int milliseconds);
     /// Waits until the socket may be read, or written too. @return false if that takes too long
-    bool Wait(bool forWriting) const;
+    bool Wait(bool forWriting);
 
     QString m_address;
     QString m_shown;
@@ -84,7 +94,10 @@ private:
     /// alone.
     QElapsedTimer m_tried;
     qint64 m_pauseMs = 0;
-    int m_patienceMs;
+    /// For all answers together; nothing if each has a time of its own.
+    std::optional<int> m_patienceMs;
+    /// Of that.
+    qint64 m_waitedNs = 0;
     /// Index of the host that is tried first.
     qsizetype m_firstHost = 0;
     /// Since the server's last answer.

@@ -14,6 +14,7 @@ namespace vantrel {
 namespace {
 
 constexpr int LongestLockWaitMs = 5000;
+constexpr int OpenPatienceMs = 1000;
 
 /// Begins a transaction with the lock of the store, which is let go at its end. Its number is this
 /// program's own, for the store in this schema. A station that stands still, or whose machine was
@@ -21,7 +22,7 @@ constexpr int LongestLockWaitMs = 5000;
 QByteArray BeginSql(int patienceMs)
 {
     // The server's word that the lock was not given should come before patience ends.
-    const int wait = std::min(LongestLockWaitMs, patienceMs - patienceMs / 5);
+    const int wait = std::clamp(patienceMs - patienceMs / 5, 1, LongestLockWaitMs);
     return "BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE; SET LOCAL lock_timeout = " +
            QByteArray::number(wait) +
            "; SET LOCAL idle_in_transaction_session_timeout = 10000; SELECT "
@@ -192,8 +193,12 @@ qlonglong PostgresDatabase::Add(const QString& sql, const QVariantList& values)
     return InTransaction() ? add() : Locked(add);
 }
 
+// A store is opened within the time in which the server must be reached.
 void PostgresDatabase::RequireTables()
 {
+    const int left = OpenPatienceMs - m_connection.WaitedMs();
+    m_connection.SetPatience(std::max(1, left));
+    const auto opened = qScopeGuard([this] { m_connection.WaitForEachAnswer(); });
     if (ColumnsOf(QStringLiteral("VantrelStore")).empty())
         throw Failure(FailureNumber::StatementInvalid,
                       QStringLiteral("There is no layout store in %1. It is made by "
@@ -230,7 +235,7 @@ bool PostgresDatabase::Begin()
         return false;
     try {
         m_isCommitInDoubt = false;
-        m_connection.Run(BeginSql(m_connection.Patience()));
+        m_connection.Run(BeginSql(m_connection.LeftMs()));
     } catch (...) {
         NoteFailure();
         if (InTransaction())

@@ -11,7 +11,7 @@ namespace vantrel::test {
 namespace {
 
 /// The station of the other tests, whose store is always on a server. It waits for an answer for
-/// half a second.
+/// a second.
 class DoubtfulCommit : public ::testing::Test
 {
 protected:
@@ -30,19 +30,28 @@ protected:
         OpenLedger(Session);
         LoadFirstPage(Session, Name);
         Station.Printers.Operations.clear();
-        constexpr int halfASecond = 500;
-        Session.LayoutDb.Database().SetPatience(halfASecond);
         AnnounceWarning(QStringLiteral("The ledger cannot be written"));
         AnnounceWarning(QStringLiteral("The ledger can be written again"));
     }
     ~DoubtfulCommit() override { PrivatePostgres::Shared().DropSchema(Address); }
 
-    /// The server takes two seconds to commit a transaction that adds a row to this table.
+    /// As in each round of a station's event loop.
+    void BeginStep()
+    {
+        constexpr int aSecond = 1000;
+        Session.LayoutDb.Database().SetPatience(aSecond);
+    }
+    void TakeStored()
+    {
+        BeginStep();
+        TakeStoredRecords(Session);
+    }
+    /// The server takes three seconds to commit a transaction that adds a row to this table.
     void MakeCommitsSlow(const char* table) const
     {
         PrivatePostgres::Run(
             Address, QStringLiteral("CREATE FUNCTION slow() RETURNS trigger AS $$ BEGIN PERFORM "
-                                    "pg_sleep(2); RETURN NULL; END $$ LANGUAGE plpgsql; "
+                                    "pg_sleep(3); RETURN NULL; END $$ LANGUAGE plpgsql; "
                                     "CREATE CONSTRAINT TRIGGER Slow AFTER INSERT ON %1 DEFERRABLE "
                                     "INITIALLY DEFERRED FOR EACH ROW EXECUTE FUNCTION slow()")
                          .arg(QLatin1StringView(table)));
@@ -59,12 +68,14 @@ protected:
         source.Panel = QStringLiteral("Got Data (TCP/IP)");
         source.Peer = QStringLiteral("192.0.2.7:5000");
         source.Answer = [this](const QString& line) { Answers.append(line); };
+        BeginStep();
         return TakeRecord(Session, QString::fromLatin1(record), source);
     }
     /// Each entry's first value, its state, and the numbers on its cards with their states.
     QStringList Entries()
     {
         QStringList entries;
+        BeginStep();
         ReadEntries(Session.LayoutDb.Database(), {}, [&](const LedgerEntry& entry) {
             QString text = entry.Values.value(0) + u' ' + NameOf(entry.State);
             for (const LedgerCard& card : entry.Cards)
@@ -77,6 +88,7 @@ protected:
     void WriteAgain()
     {
         ASSERT_TRUE(EventsUntil([&] {
+            BeginStep();
             WriteLedger(Session);
             return !Session.Ledger.HasChanges();
         }));
@@ -106,7 +118,7 @@ TEST_F(DoubtfulCommit, TheNumberOfACardThatWasNotPrintedIsVoid)
     EXPECT_TRUE(Answers.at(0).startsWith(QStringLiteral("ERR "))) << Answers.at(0).toStdString();
     EXPECT_TRUE(Session.Ledger.HasDoubts());
     // What may be in the ledger is nothing to be carried out.
-    TakeStoredRecords(Session);
+    TakeStored();
     EXPECT_TRUE(Printed().isEmpty());
 
     MakeCommitsQuick("LedgerCards");
@@ -123,18 +135,19 @@ TEST_F(DoubtfulCommit, TheNumberOfACardThatWasNotPrintedIsVoid)
 TEST_F(DoubtfulCommit, AnEntryThatWaitsInTheLedgerIsCarriedOutOnceAfterwards)
 {
     Arrive("<Ada>");
+    BeginStep();
     AskReprint(Session.LayoutDb.Database(), 1, ReprintMode::Once);
     Station.Printers.Operations.clear();
     MakeCommitsSlow("LedgerCards");
-    TakeStoredRecords(Session);
+    TakeStored();
     EXPECT_TRUE(Printed().isEmpty());
 
     MakeCommitsQuick("LedgerCards");
     WriteAgain();
-    TakeStoredRecords(Session);
+    TakeStored();
     EXPECT_THAT(Printed(), testing::ElementsAre(QStringLiteral("Print(\"Ada\")"),
                                                 QStringLiteral("Print(\"1001\")")));
-    TakeStoredRecords(Session);
+    TakeStored();
     EXPECT_EQ(Printed().size(), 2);
     EXPECT_THAT(Entries(),
                 testing::ElementsAre(QStringLiteral("Ada printed 1001 printed"),
