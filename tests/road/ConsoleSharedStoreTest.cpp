@@ -121,6 +121,8 @@ TEST_F(ConsoleSharedStore, ThatIsAwayIsToldUntilItIsBack)
     HttpClient viewer(Console->Port());
     viewer.Send(RequestText("GET", "/api/v1/events", Headers));
     ASSERT_TRUE(viewer.ReceiveUntil("retry"));
+    // The console's answers come in turn, so its first look, whose finds are no news, is over.
+    ASSERT_EQ(Stations().size(), 2);
     AskingHost host(Second->Port);
     EXPECT_EQ(WithoutId(host.Ask(QStringLiteral("Ada"))), QStringLiteral("OK 1"));
     ASSERT_TRUE(viewer.ReceiveUntil("Ada"));
