@@ -13,7 +13,7 @@ TEST_PACKAGES=('clang-format-14?' cups-daemon cups-client cups-filters cups-ipp-
   locales weston qt6-wayland chromium chromium-driver python3-selenium postgresql pgbouncer)
 
 # The script uses sqlite3 to write the layouts of a macro.
-VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3)
+VALGRIND_PACKAGES=(valgrind libc6-dbg sqlite3 curl)
 PACKAGE_PACKAGES=(librsvg2-bin dpkg-dev file)
 PACKAGE_TEST_PACKAGES=(appstream curl desktop-file-utils man-db groff systemd)
 # For a container with its own systemd, and for reading its cards.

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Runs the station under valgrind from its start to its orderly end, then cards from a file. Each
-# record over TCP, and each row, prints a two-page card with a stripe and automatic numbers and a card
-# of another layout. Fails on any memory error, and on any definitely lost block of the station. The
-# argument is the number of records, and of rows (50 by default).
+# Runs the station under valgrind from its start to its orderly end, then its console, then cards from a
+# file. Each record over TCP, and each row, prints a two-page card with a stripe and automatic numbers and
+# a card of another layout; the console is asked for all that it shows and enters and voids records. Fails
+# on any memory error, and on any definitely lost block of the station or the console. The argument is the
+# number of records, and of rows (50 by default).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/lib.sh
@@ -15,13 +16,17 @@ readonly TIMEOUT=1200
 
 install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${VALGRIND_PACKAGES[@]}"
 cmake --preset dev
-cmake --build --preset dev --target vantrel vantrel-admin vantrel-print
+cmake --build --preset dev --target vantrel vantrel-admin vantrel-console vantrel-print
 bin=$PWD/build/dev/bin
 
 folder=$(mktemp -d)
 station=
+console=
+viewer=
 cleanup() {
-  [ -z "$station" ] || kill -KILL "$station" 2>/dev/null || true
+  for running in $station $console $viewer; do
+    kill -KILL "$running" 2>/dev/null || true
+  done
   rm -rf "$folder"
 }
 trap cleanup EXIT
@@ -61,8 +66,8 @@ printf '[Session 1]\r\nVisible=False\r\nActive=True\r\n' >"$VANTREL_HOME/Session
 export QT_QPA_PLATFORM=offscreen CUPS_SERVER=$folder/no.sock XDG_RUNTIME_DIR=$folder/run
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 CHECK=(valgrind --error-exitcode=9 --num-callers=30 --suppressions=scripts/valgrind.supp)
-"${CHECK[@]}" --leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite \
-  --log-file="$folder/valgrind.log" "$bin/vantrel" &
+LEAKS=(--leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite)
+"${CHECK[@]}" "${LEAKS[@]}" --log-file="$folder/valgrind.log" "$bin/vantrel" &
 station=$!
 wait_for "the open port" port_answers
 
@@ -77,6 +82,52 @@ wait "$station" || status=$?
 station=
 cat "$folder/valgrind.log"
 echo "$RECORDS records, $(count_pages) pages; exit status $status"
+[ "$status" = 0 ] || exit "$status"
+
+"${CHECK[@]}" "${LEAKS[@]}" --log-file="$folder/console.log" \
+  "$bin/vantrel-console" "$VANTREL_HOME" --listen 127.0.0.1:0 >"$folder/console.out" &
+console=$!
+for _ in $(seq "$TIMEOUT"); do
+  ! grep -q '^Its token' "$folder/console.out" || break
+  kill -0 "$console" 2>/dev/null || break
+  sleep 0.1
+done
+address=$(sed -n 's/^The console is at //p' "$folder/console.out")
+[ -n "$address" ] || die "The console does not listen."
+# ask STATUS PATH [CURL OPTIONS...]: asks the console, and fails if the answer has another status.
+ask() {
+  local expected=$1 path=$2 status
+  shift 2
+  status=$(curl --silent --show-error --output "$folder/answer" --write-out '%{http_code}' \
+    --header "Authorization: Bearer $(cat "$VANTREL_HOME/Console.token")" "$@" "$address$path")
+  [ "$status" = "$expected" ] || die "The console answers $status to $path: $(head -c 300 "$folder/answer")"
+}
+# Who looks on while the others ask.
+curl --silent --no-buffer --max-time 600 --header "Authorization: Bearer $(cat "$VANTREL_HOME/Console.token")" \
+  "${address}api/v1/events" >"$folder/events" &
+viewer=$!
+for path in '' page.js page.css login metrics api/v1/stations api/v1/records api/v1/unsettled api/v1/counts api/v1/layouts \
+  api/v1/records/1 api/v1/records/1/parts api/v1/records/1/cards/1.png 'api/v1/records?text=holder&brief=1'; do
+  ask 200 "$path"
+done
+ask 503 healthz
+ask 404 api/v1/records/1000000
+json=(--header 'Content-Type: application/json' --data)
+ask 400 api/v1/records "${json[@]}" '{'
+ask 201 api/v1/records "${json[@]}" '{"layout": "Member Card", "values": ["Ada Lovelace", "40012345", "Gold"]}'
+ask 201 api/v1/records/1/reprint "${json[@]}" '{}'
+ask 200 "api/v1/records/$((RECORDS + 1))/void" --data ''
+for _ in $(seq "$TIMEOUT"); do
+  ! grep -q '"state": "void"' "$folder/events" || break
+  sleep 0.1
+done
+grep -q '"state": "void"' "$folder/events" || die "Whoever looks on is not told of a record that is void."
+kill -TERM "$console"
+wait "$console" || status=$?
+console=
+wait "$viewer" || true
+viewer=
+cat "$folder/console.log"
 [ "$status" = 0 ] || exit "$status"
 
 {
