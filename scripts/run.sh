@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs missing packages, builds, starts a station on a demo folder, sends one record over TCP
-# and prints the path of the card. With a display the station stays open; without one it ends.
+# and prints the path of the card, and how to look at the station in a browser. With a display the station
+# stays open; without one it ends.
 # VANTREL_HOME selects a folder other than ./demo.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -11,7 +12,7 @@ readonly PAGES=2
 
 install_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}"
 cmake --preset release
-cmake --build --preset release --target vantrel vantrel-admin vantrel-print
+cmake --build --preset release --target vantrel vantrel-admin vantrel-console vantrel-print
 bin=$PWD/build/release/bin
 
 # Cards hold personal data, so new files are accessible to this user and group only.
@@ -65,6 +66,8 @@ find "$printed" -name 'card-*.pdf' | sort | tail -n "$PAGES" | while read -r car
   echo "  $card"
   echo "  ${card%.pdf}.png"
 done
+
+echo "In a browser: $bin/vantrel-console '$VANTREL_HOME'"
 
 trap - EXIT
 if [ -n "$shows" ]; then
