@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Tests the package's service under systemd in a container that the script creates and removes. The
-# service is installed as described in docs/installing.md, started, killed, restarted, ended by
-# hand, stopped while a card prints, run with two sessions, and purged. Needs root and the apt
-# mirror; takes some minutes.
+# Tests the package's services under systemd in a container that the script creates and removes. The
+# stations' service is installed as described in docs/installing.md, started, killed, restarted, ended by
+# hand, stopped while a card prints, run with two sessions, and purged. That of the console is started
+# beside it as described in docs/console.md, asked, hung, killed, stopped, and purged with it. Needs root
+# and the apt mirror; takes some minutes.
 #   service-test.sh [PACKAGE.deb]       without a package, scripts/package.sh builds it
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -37,12 +38,12 @@ end() {
 trap end EXIT
 trap 'exit 130' INT TERM
 
-# Prints the line of docs/installing.md that begins with these words, without its comment; fails if
-# there is none
+# guide WORDS [PAGE]: prints the line of the page, docs/installing.md if none is named, that begins with these
+# words, without its comment; fails if there is none
 guide() {
-  local line
-  line=$(sed -n "s/^    \($1.*\)/\1/p" docs/installing.md | sed 's/ *#.*//')
-  { [ "$(wc -l <<<"$line")" = 1 ] && [ -n "$line" ]; } || die "docs/installing.md has no line '$1'"
+  local line page=${2:-docs/installing.md}
+  line=$(sed -n "s|^    \($1.*\)|\1|p" "$page" | sed 's/ *#.*//')
+  { [ "$(wc -l <<<"$line")" = 1 ] && [ -n "$line" ]; } || die "$page has no line '$1'"
   echo "$line"
 }
 install_line=$(guide 'sudo apt install ')
@@ -55,6 +56,8 @@ grep -qF "\`$demo_line\`" docs/installing.md || die "docs/installing.md does not
   echo "guide_enable='$(guide 'sudo systemctl enable --now ')'"
   echo "guide_disable='$(guide 'sudo systemctl disable --now ')'"
   echo "guide_end='$(guide 'sudo -u vantrel vantrel-admin session stop ')'"
+  echo "guide_console='$(guide 'sudo systemctl enable --now ' docs/console.md)'"
+  echo "guide_token='$(guide 'sudo cat /var/lib/' docs/console.md)'"
   echo "guide_let='$(guide 'sudo -u vantrel vantrel-admin session start ')'"
 } >"$scratch/guide"
 

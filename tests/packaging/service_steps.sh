@@ -8,7 +8,7 @@ home=/var/lib/vantrel
 
 fail() {
   echo "FAILED: $*"
-  systemctl status --no-pager --lines=30 'vantrel@*' || true
+  systemctl status --no-pager --lines=30 'vantrel@*' vantrel-console || true
   exit 1
 }
 trap 'fail "line $LINENO"' ERR
@@ -21,13 +21,15 @@ await() {
   done
   fail "waited in vain for: $*"
 }
-property() { systemctl show --value --property "$2" "vantrel@$1"; }
+# The unit of a session, or of the console.
+unit() { [ "$1" = console ] && echo vantrel-console || echo "vantrel@$1"; }
+property() { systemctl show --value --property "$2" "$(unit "$1")"; }
 state() { echo "$(property "$1" ActiveState) $(property "$1" SubState) $(property "$1" Result)"; }
 is() { [ "$(state "$1")" = "$2" ]; }
-# expect SESSION STATE WHAT: the state has to come, and is told.
+# expect SESSION|console STATE WHAT: the state has to come, and is told.
 expect() {
   await is "$1" "$2"
-  echo "ok: $3: session $1 is $2"
+  echo "ok: $3: $(unit "$1") is $2"
 }
 running='active running success'
 ended='inactive dead success'
@@ -45,6 +47,42 @@ record() {
   echo "ok: session $1 printed page $((before + 1)) and $((before + 2))"
 }
 has_restarts() { [ "$(property "$1" NRestarts)" = "$2" ]; }
+# hang SESSION|console: lets its process stand still, and waits until another one has taken its place.
+hang() {
+  local folder hung
+  folder=/run/systemd/system/$(unit "$1").service.d
+  mkdir -p "$folder"
+  printf '[Service]\nWatchdogSec=2\nTimeoutAbortSec=2\n' >"$folder/hung.conf"
+  systemctl daemon-reload
+  systemctl restart "$(unit "$1")"
+  hung=$(property "$1" MainPID)
+  kill -STOP "$hung"
+  await has_restarts "$1" 1
+  expect "$1" "$running" 'restarted, as it gave no sign of life'
+  [ "$(property "$1" MainPID)" != "$hung" ] || fail 'no other process'
+  rm "$folder/hung.conf"
+  systemctl daemon-reload
+}
+# kill_it SESSION|console: kills its process, and waits until another one has taken its place.
+kill_it() {
+  local killed
+  systemctl restart "$(unit "$1")"
+  killed=$(property "$1" MainPID)
+  kill -KILL "$killed"
+  await has_restarts "$1" 1
+  expect "$1" "$running" 'restarted after a kill'
+  [ "$(property "$1" MainPID)" != "$killed" ] || fail 'no other process'
+}
+# ask PATH [HEADER]: the console's answer, with its head.
+ask() {
+  exec 4<>/dev/tcp/127.0.0.1/8620
+  printf 'GET %s HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: close\r\n%s\r\n' "$1" "${2:+$2$'\r\n'}" >&4
+  cat <&4
+  exec 4>&-
+}
+# is_told WORDS PATH [HEADER]: whether the console's answer has these words.
+is_told() { [[ $(ask "${@:2}" | tr -d '\000') == *"$1"* ]]; }
+page='<title>Vantrel Console</title>'
 
 echo "== set up and started as the guide tells"
 eval "$guide_users"
@@ -59,32 +97,50 @@ record 1 10001
 echo "== told to systemd and to the journal"
 [ "$(property 1 StatusText)" != '' ] || fail 'it tells no status'
 told() { journalctl -q -u vantrel@1 VANTREL_STATE=printed VANTREL_LAYOUT='Member Card' -o cat --output-fields=MESSAGE; }
-is_told() { [ -n "$(told)" ]; }
-await is_told
+is_in_journal() { [ -n "$(told)" ]; }
+await is_in_journal
 echo "ok: $(told | tail -1)"
 
 echo "== hung"
-mkdir -p /run/systemd/system/vantrel@1.service.d
-printf '[Service]\nWatchdogSec=2\nTimeoutAbortSec=2\n' >/run/systemd/system/vantrel@1.service.d/hung.conf
-systemctl daemon-reload
-systemctl restart vantrel@1
-hung=$(property 1 MainPID)
-kill -STOP "$hung"
-await has_restarts 1 1
-expect 1 "$running" 'restarted, as it gave no sign of life'
-[ "$(property 1 MainPID)" != "$hung" ] || fail 'no other process'
+hang 1
 record 1 10001
-rm /run/systemd/system/vantrel@1.service.d/hung.conf
-systemctl daemon-reload
-systemctl restart vantrel@1
 
 echo "== killed"
-killed=$(property 1 MainPID)
-kill -KILL "$killed"
-await has_restarts 1 1
-expect 1 "$running" 'restarted after a kill'
-[ "$(property 1 MainPID)" != "$killed" ] || fail 'no other process'
+kill_it 1
 record 1 10001
+
+echo "== the console, started as the guide tells"
+eval "$guide_console"
+expect console "$running" 'enabled and started'
+[ "$(systemctl is-enabled vantrel-console)" = enabled ] || fail 'it will not come with the machine'
+[ "$(stat -c %U "/proc/$(property console MainPID)")" = vantrel ] || fail 'it runs as somebody else'
+[ "$(property console StatusText)" = 'Serves http://127.0.0.1:8620/' ] || fail "its status: $(property console StatusText)"
+is_told "$page" / || fail 'it is ready, and its page does not come'
+await is_told 'HTTP/1.1 200 ' /healthz
+[ "$(stat -c '%U %a' "$home/Console.token")" = 'vantrel 600' ] || fail 'others may read its token'
+token="Authorization: Bearer $(eval "$guide_token")"
+is_told 'HTTP/1.1 401 ' /api/v1/records || fail 'it tells records to anybody'
+is_told '"state": "printed"' /api/v1/records "$token" || fail 'it tells no record'
+is_told 'Content-Type: image/png' /api/v1/records/1/cards/1.png "$token" || fail 'it shows no card'
+echo "ok: the page, the station's health, its records and its cards are told"
+
+echo "== the console hung"
+hang console
+await is_told "$page" /
+
+echo "== the console killed"
+kill_it console
+await is_told "$page" /
+is_told '"state": "printed"' /api/v1/records "$token" || fail 'its token is another one'
+
+echo "== the console stopped"
+systemctl stop vantrel-console
+expect console "$ended" 'stopped'
+! is_told "$page" / 2>/dev/null || fail 'its page still comes'
+expect 1 "$running" 'the console was stopped'
+record 1 10001
+systemctl start vantrel-console
+expect console "$running" 'started again'
 
 echo "== restarted"
 before=$(property 1 MainPID)
@@ -143,14 +199,18 @@ expect 2 "$running" 'the other was stopped'
 record 2 10002
 
 echo "== purged"
+is_told "$page" / || fail 'the page does not come any more'
 eval "$guide_disable"
-systemctl disable --quiet --now vantrel@2
+systemctl disable --quiet --now vantrel@2 vantrel-console
 expect 1 "$ended" 'disabled'
 expect 2 "$ended" 'disabled'
+expect console "$ended" 'disabled'
 cards_before=$(($(cards 1) + $(cards 2)))
 sudo apt purge vantrel >/dev/null 2>&1
 systemctl daemon-reload
-[ "$(property 1 LoadState)" = not-found ] || fail "the unit is still there: $(property 1 LoadState)"
+for one in 1 console; do
+  [ "$(property "$one" LoadState)" = not-found ] || fail "$(unit "$one") is still there: $(property "$one" LoadState)"
+done
 left=$(find / -xdev -path "$home" -prune -o -path /root -prune -o \( -name 'vantrel*' -o -name 'org.vantrel*' \) -print)
 [ -z "$left" ] || fail "left behind: $left"
 [ $(($(cards 1) + $(cards 2))) = "$cards_before" ] || fail 'its cards are gone'
