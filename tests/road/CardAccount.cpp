@@ -56,6 +56,17 @@ void CardAccount::ExpectEnded() const
     }
 }
 
+void CardAccount::ExpectNoNumberMissing(qlonglong first) const
+{
+    QSet<qlonglong> numbers;
+    for (const auto& [id, entry] : m_entries)
+        for (const LedgerCard& card : entry.Cards)
+            for (const QString& number : card.Numbers)
+                numbers.insert(number.toLongLong());
+    for (qlonglong i = 0; i < numbers.size(); ++i)
+        EXPECT_TRUE(numbers.contains(first + i)) << first + i;
+}
+
 void CardAccount::ExpectRecordsOf(const BurstHost& host) const
 {
     std::map<QString, int> entries;
@@ -65,6 +76,18 @@ void CardAccount::ExpectRecordsOf(const BurstHost& host) const
         EXPECT_GE(entries[value], 1) << qPrintable(value);
         EXPECT_LE(entries[value], times) << qPrintable(value);
     }
+}
+
+void CardAccount::ExpectEachPrintedOnce(const BurstHost& host) const
+{
+    std::map<QString, int> printed;
+    for (const auto& [id, entry] : m_entries)
+        printed[entry.Values.value(0)] += entry.State == LedgerState::Printed ? 1 : 0;
+    for (const auto& [value, times] : printed)
+        EXPECT_LE(times, 1) << qPrintable(value);
+    for (const HostAnswer& answer : host.Answers())
+        EXPECT_EQ(printed[answer.Value], answer.Ok ? 1 : 0)
+            << qPrintable(answer.Value) << ' ' << qPrintable(answer.Rest);
 }
 
 void CardAccount::ExpectAnswersOf(const BurstHost& host) const
@@ -80,6 +103,33 @@ void CardAccount::ExpectAnswersOf(const BurstHost& host) const
         EXPECT_EQ(entry->second.Values.value(0), answer.Value) << answer.Id;
         EXPECT_EQ(entry->second.State, LedgerState::Printed) << answer.Id;
         ASSERT_EQ(entry->second.Cards.size(), 1U) << answer.Id;
+    }
+}
+
+void CardAccount::ExpectAnswersOrRefusalsOf(const BurstHost& host) const
+{
+    QSet<qlonglong> answered;
+    std::map<QString, int> refused;
+    for (const HostAnswer& answer : host.Answers()) {
+        refused[answer.Value] += answer.Ok ? 0 : 1;
+        const auto entry = m_entries.find(answer.Id);
+        if (answer.Id != 0 || answer.Ok) {
+            EXPECT_FALSE(answered.contains(answer.Id)) << answer.Id;
+            ASSERT_NE(entry, m_entries.end()) << answer.Id;
+            answered.insert(answer.Id);
+            EXPECT_EQ(entry->second.Values.value(0), answer.Value) << answer.Id;
+            const LedgerState state = entry->second.State;
+            EXPECT_TRUE(answer.Ok ? state == LedgerState::Printed || state == LedgerState::Doubtful
+                                  : state != LedgerState::Printed)
+                << answer.Id << ' ' << qPrintable(NameOf(state));
+        }
+    }
+    std::map<QString, int> entries;
+    for (const auto& [id, entry] : m_entries)
+        ++entries[entry.Values.value(0)];
+    for (const auto& [value, times] : host.Sent()) {
+        EXPECT_GE(entries[value] + refused[value], 1) << qPrintable(value);
+        EXPECT_LE(entries[value], times) << qPrintable(value);
     }
 }
 

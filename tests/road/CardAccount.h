@@ -19,11 +19,20 @@ public:
 
     /// Every entry has ended, and no number is on two cards.
     void ExpectEnded() const;
+    /// Every number from the first on is on one card of the ledger, also one that is void.
+    void ExpectNoNumberMissing(qlonglong first) const;
     /// Every record of a host has an entry, and at most one for each time it was sent.
     void ExpectRecordsOf(const BurstHost& host) const;
+    /// Every record of a host that sent each once is printed once at most, and it is if its host
+    /// was told so.
+    void ExpectEachPrintedOnce(const BurstHost& host) const;
     /// Every answer names the entry of its record, whose card is a whole file with its value and
     /// number.
     void ExpectAnswersOf(const BurstHost& host) const;
+    /// As before, where some records may have been refused since the store was held by others for
+    /// too long: these have no card. A card whose outcome could not be written is
+    /// doubtful.
+    void ExpectAnswersOrRefusalsOf(const BurstHost& host) const;
     /// Every printed card that is no job has a whole file of its own, every other file is the card
     /// of a doubtful entry, and no number is on two files. Reads all files that are no printed
     /// card's, and at most so many of the others.

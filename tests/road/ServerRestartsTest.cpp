@@ -1,14 +1,11 @@
-#include "base/Profile.h"
-#include "road/AdminRun.h"
 #include "road/BurstHost.h"
 #include "road/CardAccount.h"
 #include "road/LedgerFolder.h"
+#include "road/ServerStore.h"
 #include "road/StationProcess.h"
-#include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/PrivatePostgres.h"
 #include <QElapsedTimer>
-#include <QSet>
 #include <QThread>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -25,32 +22,6 @@ constexpr std::size_t Connections = 3;
 constexpr int Restarts = 8;
 constexpr std::size_t MostCardsRead = 150;
 
-/// Every number from the first on is on one card of the ledger, also one that is void.
-void ExpectNoNumberMissing(const CardAccount& account)
-{
-    QSet<qlonglong> numbers;
-    for (const auto& [id, entry] : account.Entries())
-        for (const LedgerCard& card : entry.Cards)
-            for (const QString& number : card.Numbers)
-                numbers.insert(number.toLongLong());
-    for (qlonglong i = 1; i <= numbers.size(); ++i)
-        EXPECT_TRUE(numbers.contains(LedgerFolder::NumberBefore + i))
-            << LedgerFolder::NumberBefore + i;
-}
-
-/// Each record was sent once, so it is printed once, and it is if its host was told so.
-void ExpectEachPrintedOnce(const CardAccount& account, const BurstHost& host)
-{
-    std::map<QString, int> printed;
-    for (const auto& [id, entry] : account.Entries())
-        printed[entry.Values.value(0)] += entry.State == LedgerState::Printed ? 1 : 0;
-    for (const auto& [value, times] : printed)
-        EXPECT_LE(times, 1) << value.toStdString();
-    for (const HostAnswer& answer : host.Answers())
-        EXPECT_EQ(printed[answer.Value], answer.Ok ? 1 : 0)
-            << answer.Value.toStdString() << ' ' << answer.Rest.toStdString();
-}
-
 TEST(ServerRestarts, LoseNoNumberAndPrintNoRecordTwice)
 {
     const unsigned seed = std::random_device()();
@@ -60,9 +31,7 @@ TEST(ServerRestarts, LoseNoNumberAndPrintNoRecordTwice)
     const QString address = server.NewDatabase();
     LedgerFolder folder;
     const QString home = folder.Session.ProgramFolder;
-    ASSERT_EQ(RunAdmin({QStringLiteral("store"), QStringLiteral("copy"), home, address}).Code, 0);
-    ASSERT_TRUE(WriteProfileValue(SettingsPath(home), QStringLiteral("Store"),
-                                  QStringLiteral("Database"), address));
+    PutStoreOnServer(home, address, address);
     const int port = folder.WithCapture();
     StationProcess station(home);
     ASSERT_TRUE(station.WaitUntilItListens(port));
@@ -94,8 +63,8 @@ TEST(ServerRestarts, LoseNoNumberAndPrintNoRecordTwice)
     const CardAccount account(home, 1);
     account.ExpectEnded();
     account.ExpectFiles(MostCardsRead);
-    ExpectNoNumberMissing(account);
-    ExpectEachPrintedOnce(account, host);
+    account.ExpectNoNumberMissing(LedgerFolder::NumberBefore + 1);
+    account.ExpectEachPrintedOnce(host);
     std::cout << host.Answers().size() << " answers; " << qPrintable(account.Summary()) << '\n';
 }
 
