@@ -24,8 +24,10 @@ bool WriteToJournal(const std::vector<JournalField>& fields)
 {
     std::vector<QByteArray> texts;
     texts.reserve(fields.size());
-    std::transform(fields.begin(), fields.end(), std::back_inserter(texts),
-                   [](const JournalField& field) { return field.Name + '=' + field.Value; });
+    std::transform(
+        fields.begin(), fields.end(), std::back_inserter(texts),
+        // A sum that is not yet bytes would outlive its parts.
+        [](const JournalField& field) -> QByteArray { return field.Name + '=' + field.Value; });
     std::vector<iovec> parts;
     parts.reserve(texts.size());
     std::transform(texts.begin(), texts.end(), std::back_inserter(parts), [](QByteArray& text) {
