@@ -104,6 +104,8 @@ void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids)
                                       "DELETE FROM LedgerRecords WHERE EntryID = ?",
                                       "DELETE FROM LedgerEntries WHERE ID = ?"})
             database.Change(QLatin1StringView(statement), {id});
+        if (HasPools(database))
+            database.Change(QStringLiteral("DELETE FROM LedgerPools WHERE EntryID = ?"), {id});
     }
 }
 

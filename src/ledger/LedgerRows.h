@@ -59,6 +59,9 @@ struct LedgerCard
     qint64 Changed = 0;
 };
 
+/// The session number of an entry that waits for any station of its pool.
+inline constexpr int NoSession = 0;
+
 /// One record that was taken, or one that was printed again.
 struct LedgerEntry
 {
@@ -69,6 +72,7 @@ struct LedgerEntry
     QString Reason;
     /// Time of arrival, in milliseconds since 1970, UTC.
     qint64 Received = 0;
+    /// The session that carries it out; `NoSession` while it waits in a pool.
     int Session = 1;
     /// The host's address and port, "COM1", or what else the record came from.
     QString Source;
@@ -89,6 +93,8 @@ struct LedgerEntry
     QString Hash;
     /// The first entry of a card that is printed again.
     std::optional<qlonglong> ReprintOf;
+    /// The pool that a new entry is left to; empty for none. Not read back.
+    QString Pool;
     std::vector<LedgerCard> Cards;
 };
 

@@ -86,10 +86,15 @@ constexpr StoreIndex StationIndexes[] = {
     {"LedgerStationsSession", "Machine, SessionNumber", "", true},
 };
 
+constexpr StoreColumnRow PoolColumns[] = {
+    {"EntryID", Whole, StoreNull::Allowed, true},
+    {"Pool", Text, NotNull},
+};
+
 constexpr StoreTable Tables[] = {
     {"LedgerEntries", EntryColumns, EntryIndexes},      {"LedgerRecords", RecordColumns},
     {"LedgerCards", CardColumns, CardIndexes},          {"LedgerPages", PageColumns},
-    {"LedgerStations", StationColumns, StationIndexes},
+    {"LedgerStations", StationColumns, StationIndexes}, {"LedgerPools", PoolColumns},
 };
 
 /// Characters below it must be written as codes in JSON.
@@ -106,6 +111,11 @@ bool HasLedger(StoreDatabase& database)
 {
     return !database.ColumnsOf(QStringLiteral("LedgerEntries")).empty() &&
            !database.ColumnsOf(QStringLiteral("LedgerCards")).empty();
+}
+
+bool HasPools(StoreDatabase& database)
+{
+    return !database.ColumnsOf(QStringLiteral("LedgerPools")).empty();
 }
 
 void MakeLedgerTables(StoreDatabase& database)

@@ -14,12 +14,16 @@ class StoreDatabase;
 /// stand in `LedgerRecords`. `LedgerCards` has one row for each `LedgerCard`, and
 /// `LedgerPages` one for each different page that was printed, as JSON with its SHA-256 as the key;
 /// it holds no value of a record and no number. `LedgerStations` has one row for each
-/// `LedgerStation`. Times are milliseconds since 1970, UTC. Lists are
-/// JSON arrays of texts. `SearchText` is what an entry is found by, without regard to case.
+/// `LedgerStation`. `LedgerPools` names the pool of each entry that was left to one. Times are
+/// milliseconds since 1970, UTC. Lists are JSON arrays of texts. `SearchText` is what an entry is
+/// found by, without regard to case.
 
 std::span<const StoreTable> LedgerTables();
 /// Whether the database has a ledger.
 bool HasLedger(StoreDatabase& database);
+/// Whether its entries may be left to pools; a ledger that no station has opened since pools came
+/// has none.
+bool HasPools(StoreDatabase& database);
 /// Makes the tables that are missing. Fails like `StoreDatabase`.
 void MakeLedgerTables(StoreDatabase& database);
 

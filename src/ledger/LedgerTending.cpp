@@ -2,6 +2,7 @@
 #include "base/Failure.h"
 #include "ledger/LedgerBatches.h"
 #include "ledger/LedgerReading.h"
+#include "ledger/LedgerTables.h"
 #include "store/StoreDatabase.h"
 #include "store/StoreTransaction.h"
 #include <QDateTime>
@@ -48,22 +49,55 @@ std::optional<qlonglong> ReprintOfFirst(StoreDatabase& database, qlonglong first
     return reprint;
 }
 
+bool IsInPool(StoreDatabase& database, qlonglong id)
+{
+    bool found = false;
+    if (HasPools(database))
+        database.Select(QStringLiteral("SELECT 1 FROM LedgerPools WHERE EntryID = ?"), {id},
+                        [&](const StoreRow& /*row*/) { found = true; });
+    return found;
+}
+
 qlonglong AddReprintOf(StoreDatabase& database, qlonglong id)
 {
+    const bool isInPool = IsInPool(database, id);
     const qlonglong added =
         database.Add(QStringLiteral("INSERT INTO LedgerEntries (State, Received, SessionNumber, "
                                     "ReprintOf, Length, ValueCount, Source, Layout, Reason, Hash, "
-                                    "SearchText) SELECT ?, ?, CASE WHEN SessionNumber < ? THEN "
-                                    "SessionNumber ELSE ? END, ID, Length, "
+                                    "SearchText) SELECT ?, ?, CASE WHEN SessionNumber >= ? THEN "
+                                    "? WHEN ? = 1 THEN ? ELSE SessionNumber END, ID, Length, "
                                     "ValueCount, Source, Layout, '', Hash, SearchText "
                                     "FROM LedgerEntries WHERE ID = ?"),
                      {NameOf(LedgerState::Received), QDateTime::currentMSecsSinceEpoch(),
-                      FirstRunSession, SessionOfReprints, id});
+                      FirstRunSession, SessionOfReprints, isInPool ? 1 : 0, NoSession, id});
     database.Change(QStringLiteral("INSERT INTO LedgerRecords (EntryID, Framing, RecordValues, "
                                    "Raw) SELECT ?, Framing, RecordValues, Raw "
                                    "FROM LedgerRecords WHERE EntryID = ?"),
                     {added, id});
+    if (isInPool)
+        database.Change(QStringLiteral("INSERT INTO LedgerPools (EntryID, Pool) SELECT ?, Pool "
+                                       "FROM LedgerPools WHERE EntryID = ?"),
+                        {added, id});
     return added;
+}
+
+/// Marks what a session is printing, or what it is printing of one pool. @return how many entries
+int MarkDoubtful(StoreDatabase& database, int session, const std::optional<QString>& pool)
+{
+    const QString printing = NameOf(LedgerState::Printing);
+    const QString doubtful = NameOf(LedgerState::Doubtful);
+    QString which = QStringLiteral("SessionNumber = ? AND State = ?");
+    QVariantList values{session, printing};
+    if (pool) {
+        which += QStringLiteral(" AND ID IN (SELECT EntryID FROM LedgerPools WHERE Pool = ?)");
+        values += *pool;
+    }
+    database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, Changed = ? WHERE State = ? "
+                                   "AND EntryID IN (SELECT ID FROM LedgerEntries WHERE ") +
+                        which + u')',
+                    QVariantList{doubtful, QDateTime::currentMSecsSinceEpoch(), printing} + values);
+    return database.Change(QStringLiteral("UPDATE LedgerEntries SET State = ? WHERE ") + which,
+                           QVariantList{doubtful} + values);
 }
 
 } // namespace
@@ -116,17 +150,14 @@ void VoidEntry(StoreDatabase& database, qlonglong id)
 
 void MakeDoubtful(StoreDatabase& database, int session)
 {
-    const QString printing = NameOf(LedgerState::Printing);
-    const QString doubtful = NameOf(LedgerState::Doubtful);
     StoreTransaction transaction(database);
-    database.Change(QStringLiteral("UPDATE LedgerCards SET State = ?, Changed = ? WHERE State = ? "
-                                   "AND EntryID IN (SELECT ID FROM LedgerEntries WHERE "
-                                   "SessionNumber = ? AND State = ?)"),
-                    {doubtful, QDateTime::currentMSecsSinceEpoch(), printing, session, printing});
-    database.Change(
-        QStringLiteral("UPDATE LedgerEntries SET State = ? WHERE State = ? AND SessionNumber = ?"),
-        {doubtful, printing, session});
+    MarkDoubtful(database, session, {});
     transaction.Commit();
+}
+
+int MakeDoubtfulInPool(StoreDatabase& database, int session, const QString& pool)
+{
+    return MarkDoubtful(database, session, pool);
 }
 
 } // namespace vantrel

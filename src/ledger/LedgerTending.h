@@ -23,7 +23,8 @@ enum class ReprintMode {
 LedgerEntry EntryToReprint(StoreDatabase& database, qlonglong id);
 
 /// Adds an entry in the state `Received` with the record of another one, which a running station of
-/// its session prints; what was printed from a file is printed again by session 1. It names the
+/// its session prints, or any of its pool; what was printed from a file is printed again by session
+/// 1. It names the
 /// first entry, also if it is a reprint that is printed again.
 /// Refuses an entry that is unknown, whose values were not kept, or that is not finished, and with
 /// `Once` one that was printed again without failing.
@@ -41,6 +42,10 @@ void VoidEntry(StoreDatabase& database, qlonglong id);
 /// Makes doubtful the entries of a session that are being printed, and their cards that are. For
 /// the start of the session, which nobody else runs.
 void MakeDoubtful(StoreDatabase& database, int session);
+
+/// The same for what a session that does not run was printing of one pool. Must be called inside a
+/// transaction. @return the number of entries
+int MakeDoubtfulInPool(StoreDatabase& database, int session, const QString& pool);
 
 /// Removes entries with their records and cards. Must be called inside a transaction.
 void RemoveEntries(StoreDatabase& database, const std::vector<qlonglong>& ids);

@@ -34,21 +34,14 @@ const QString InsertRecord = QStringLiteral(
     "INSERT INTO LedgerRecords (EntryID, Framing, RecordValues, Raw) VALUES (?, ?, ?, ?)");
 const QString UpdateEntry = QStringLiteral(
     "UPDATE LedgerEntries SET State = ?, Reason = ?, SearchText = ? WHERE ID = ? AND State <> "
-    "'void'");
+    "'void' AND SessionNumber = ?");
+const QString InsertIntoPool =
+    QStringLiteral("INSERT INTO LedgerPools (EntryID, Pool) VALUES (?, ?)");
 const QString InsertCard = QStringLiteral(
     "INSERT INTO LedgerCards (EntryID, State, Page, Copy, Job, Changed, Layout, Printer, Numbers, "
     "PageHash, File, Reason) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
 const QString UpdateCard = QStringLiteral(
     "UPDATE LedgerCards SET State = ?, Job = ?, Changed = ?, File = ?, Reason = ? WHERE ID = ?");
-/// What was written while the server was lost is written anew, with other numbers.
-const QString VoidDoubtfulEntry = QStringLiteral(
-    "UPDATE LedgerEntries SET State = 'void', Reason = 'The server was lost while it was written, "
-    "and it was written again.' WHERE ID = ?");
-const QString VoidDoubtfulCard = QStringLiteral(
-    "UPDATE LedgerCards SET State = 'void', Changed = ?, Reason = 'The server was lost before it "
-    "was printed.' WHERE ID = ?");
-const QString LetEntryWait = QStringLiteral(
-    "UPDATE LedgerEntries SET State = 'received' WHERE ID = ? AND State = 'printing'");
 const QString InsertPage = QStringLiteral("INSERT INTO LedgerPages (Hash, Content) VALUES (?, ?)");
 
 void MakeTables(StoreDatabase& database)
@@ -276,8 +269,9 @@ void RecordLedger::WriteEntry(StoreDatabase& database, RecordRun& run)
     if (!row.Dirty)
         return;
     if (row.Stored || row.Fresh) {
-        const int changed = database.Change(
-            UpdateEntry, {NameOf(entry.State), NotNull(entry.Reason), SearchTextOf(run), entry.Id});
+        const int changed =
+            database.Change(UpdateEntry, {NameOf(entry.State), NotNull(entry.Reason),
+                                          SearchTextOf(run), entry.Id, entry.Session});
         run.m_void = changed == 0;
         return;
     }
@@ -291,6 +285,8 @@ void RecordLedger::WriteEntry(StoreDatabase& database, RecordRun& run)
         database.Change(InsertRecord,
                         {entry.Id, NotNull(entry.Framing), NotNull(run.ValuesText), raw});
     }
+    if (!entry.Pool.isEmpty())
+        database.Change(InsertIntoPool, {entry.Id, entry.Pool});
 }
 
 void RecordLedger::WriteCards(StoreDatabase& database, RecordRun& run)
@@ -360,37 +356,6 @@ void RecordLedger::Committed()
         run->m_pages.clear();
     }
     Settle();
-}
-
-void RecordLedger::NoteDoubts()
-{
-    using Of = Doubt::Of;
-    for (const RecordRunPtr& run : m_runs) {
-        if (run->m_entryRow.Fresh)
-            m_doubts.push_back({Of::NewEntry, run->Entry.Id});
-        else if (run->m_wasInLedger)
-            m_doubts.push_back({Of::WaitingEntry, run->Entry.Id});
-        for (std::size_t i = 0; i < run->m_cardRows.size(); ++i)
-            if (run->m_cardRows[i].Fresh)
-                m_doubts.push_back({Of::NewCard, run->Entry.Cards[i].Id});
-    }
-}
-
-void RecordLedger::EndDoubts(StoreDatabase& database)
-{
-    for (const Doubt& doubt : m_doubts) {
-        switch (doubt.Row) {
-        case Doubt::Of::NewEntry:
-            database.Change(VoidDoubtfulEntry, {doubt.Id});
-            break;
-        case Doubt::Of::NewCard:
-            database.Change(VoidDoubtfulCard, {QDateTime::currentMSecsSinceEpoch(), doubt.Id});
-            break;
-        case Doubt::Of::WaitingEntry:
-            database.Change(LetEntryWait, {doubt.Id});
-            break;
-        }
-    }
 }
 
 void RecordLedger::RolledBack()

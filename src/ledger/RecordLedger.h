@@ -89,7 +89,8 @@ public:
     /// Called after the transaction was committed: settles the runs whose outcome it holds.
     void Committed();
     /// Called after it was not. Where the server was lost while it committed, what may be in the
-    /// database all the same is declared void by the next `Write`, before anything else.
+    /// database all the same is declared void by the next `Write`, before anything else; a record
+    /// that was left to a pool is then not written again, since another station may print it.
     void RolledBack();
     /// Whether there may be rows in the database that this ledger does not count on.
     bool HasDoubts() const { return !m_doubts.empty(); }
@@ -117,8 +118,10 @@ private:
     /// A row that a transaction has written of which it is unknown whether it was committed.
     struct Doubt
     {
-        enum class Of { NewEntry, NewCard, WaitingEntry } Row;
+        enum class Of { NewEntry, NewCard, WaitingEntry, PoolEntry } Row;
         qlonglong Id = 0;
+        /// The record of a `PoolEntry`.
+        RecordRunPtr Run = {};
     };
 
     void ForgetOldest();

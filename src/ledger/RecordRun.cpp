@@ -24,7 +24,7 @@ void RecordRun::Judge()
     };
     LedgerState state = Entry.State;
     QString reason;
-    if (!IsSettled()) {
+    if (!IsSettled() || (cards.empty() && !Entry.Pool.isEmpty())) {
         state = cards.empty() ? LedgerState::Received : LedgerState::Printing;
     } else if (cards.empty()) {
         state = LedgerState::Failed;
@@ -60,7 +60,8 @@ bool RecordRun::MayBePostponed() const
 QString AnswerTo(const LedgerEntry& entry)
 {
     const QString id = QString::number(entry.Id);
-    if (!IsHandedOver(entry.State))
+    const bool waitsInPool = entry.State == LedgerState::Received && !entry.Pool.isEmpty();
+    if (!waitsInPool && !IsHandedOver(entry.State))
         return QStringLiteral("ERR %1 ").arg(id) + entry.Reason.simplified().left(LongestReason);
     const auto cards =
         std::count_if(entry.Cards.begin(), entry.Cards.end(),

@@ -43,8 +43,8 @@ public:
     bool MayBePostponed() const;
     /// Whether the outcome of all its cards is known.
     bool IsSettled() const { return m_roadEnded && m_cardsUnderWay == 0; }
-    /// Whether a person has declared the entry void in the ledger meanwhile. Nothing of it is
-    /// printed then.
+    /// Whether a person has declared the entry void in the ledger meanwhile, or another station of
+    /// the pool has it, because this one was silent for too long. Nothing of it is printed then.
     bool IsVoid() const { return m_void; }
 
 private:
@@ -53,9 +53,11 @@ private:
     /// The state and reason that follow from the cards.
     void Judge();
     /// Whether it may be written: before its values are known, an entry would be one without
-    /// values for ever.
+    /// values for ever, and from a pool it may be taken at once.
     bool IsComplete() const
     {
+        if (!Entry.Pool.isEmpty())
+            return m_roadEnded;
         return m_valuesKnown || m_wasInLedger || m_roadEnded || !m_cardRows.empty();
     }
 
@@ -70,8 +72,8 @@ private:
     std::vector<std::pair<QString, QString>> m_pages;
 };
 
-/// The line that answers a host: "OK", the entry's number and the number of cards handed over, or
-/// "ERR", the number and the reason.
+/// The line that answers a host: "OK", the entry's number and the number of cards handed over,
+/// which is 0 for a record that was left to a pool; or "ERR", the number and the reason.
 QString AnswerTo(const LedgerEntry& entry);
 
 using RecordRunPtr = std::shared_ptr<RecordRun>;

@@ -48,8 +48,9 @@ public:
     /// Finds out whether the server that keeps the database can be reached, unless it has just been
     /// heard of. Fails if it cannot.
     virtual void Ask() {}
-    /// How many milliseconds a server is given for an answer, instead of half a minute. Then it
-    /// counts as away, and a lock that another session holds for nearly as long as `StoreBusy`.
+    /// How many milliseconds a server is given for all late answers together until this is called
+    /// again, instead of half a minute for each. Then it counts as away, and a lock that another
+    /// session holds for nearly as long as `StoreBusy`.
     virtual void SetPatience(int /*milliseconds*/) {}
 
     /// Runs one statement or several that take no values.
@@ -116,6 +117,11 @@ public:
     /// @return false if there is no row of that key
     virtual bool DeleteRow(const QString& table, qlonglong key) = 0;
 
+    /// What stands at the end of a query by which a statement chooses the row that it changes, so
+    /// that it passes over rows that others are changing at that moment; empty where statements
+    /// that change rows never run at the same time.
+    /// @param alias  the name of the row's table in the query
+    virtual QString PassingOverLocked(const QString& alias) const = 0;
     /// A column in a condition that no index is to be used for.
     virtual QString WithoutIndex(const QString& column) const = 0;
     /// From now on this connection leaves nothing in the files of what it deletes, where the engine
@@ -128,7 +134,7 @@ public:
 };
 
 /// The version of the tables in a store on a server, where several programs share one.
-inline constexpr qlonglong StoreVersion = 2;
+inline constexpr qlonglong StoreVersion = 3;
 
 /// Opens an existing database, never creating one. Fails with `FileNotFound` if there is no file,
 /// with `StatementInvalid` if it is no database.

@@ -23,6 +23,7 @@ const QString Registry = QStringLiteral("org.a11y.atspi.Registry");
 const QString Root = QStringLiteral("/org/a11y/atspi/accessible/root");
 constexpr int ActiveBit = 1;
 constexpr int EnabledBit = 8;
+constexpr int SelectedBit = 23;
 constexpr int ShowingBit = 25;
 constexpr qint64 FirstDisplay = 1000;
 constexpr qint64 Displays = 50000;
@@ -117,6 +118,11 @@ bool Seen::IsShowing() const
 bool Seen::IsActive() const
 {
     return Is(ActiveBit);
+}
+
+bool Seen::IsSelected() const
+{
+    return Is(SelectedBit);
 }
 
 bool Seen::IsEnabled() const

@@ -26,6 +26,8 @@ public:
     bool IsShowing() const;
     /// Whether it is the window that has the keyboard.
     bool IsActive() const;
+    /// Whether it is chosen among others, such as an object on the card.
+    bool IsSelected() const;
     /// Whether it can be used.
     bool IsEnabled() const;
     QList<Seen> Children() const;

@@ -252,6 +252,7 @@ TEST_F(AccessibleDesigner, ATextThatIsEditedInPlaceIsAFieldWithANameWhereTheText
 {
     const QRect place = PlaceOf("Visitor");
     Bus.Click(place.center());
+    ASSERT_TRUE(EventsUntil([this] { return Named("Visitor")->IsSelected(); }));
     ChooseTool("Edit Text");
     const auto field = [this] {
         return FindMain()->Find([](const Seen& seen) {

@@ -113,6 +113,20 @@ TEST_F(ServerBehindLine, HoldsAStepUpOnlyForItsTimeHoweverManyQuestionsItHas)
     EXPECT_EQ(Rows(), 1);
 }
 
+/// A page of a thousand objects is saved in one step.
+TEST_F(ServerBehindLine, ThatAnswersPromptlyMayBeAskedAnythingInOneStep)
+{
+    constexpr int delayMs = 5;
+    constexpr int questions = 300;
+    Store.Open(Slow);
+    Line.SetDelay(delayMs);
+    BeginStep();
+    int answered = 0;
+    for (int i = 0; i < questions; ++i)
+        answered += FailureOf([&] { Store.Database().Execute(QStringLiteral("SELECT 1")); }) == 0;
+    EXPECT_EQ(answered, questions);
+}
+
 TEST_F(ServerBehindLine, GivesEachStepItsTimeAnew)
 {
     constexpr int delayMs = 50;

@@ -5,6 +5,7 @@
 #include "ports/FramedValues.h"
 #include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
+#include "station/layout/PageKey.h"
 #include "station/layout/RecordPage.h"
 #include "station/ledger/RecordRoad.h"
 #include "station/ledger/StationLedger.h"
@@ -45,36 +46,48 @@ void TellLastArrival(StationFace& face, const ArrivalSource& source)
                          QStringLiteral("Data last received from (%1)").arg(source.From));
 }
 
-void TellWhyNoCard(Session& session, const RecordPage& record)
+void TellWhyNoCard(Session& session, const RecordPage& record, const QString& reason)
 {
-    const QString reason = record.WhyNone();
     NoteWhyNoCard(session, reason);
     if (record.IsMissing())
         qCWarning(stationLog).noquote() << "A record gives no card:" << reason;
+}
+
+/// Shows the values of a record on the page that it was framed for.
+void Pour(Session& session, LayoutPage& page)
+{
+    Skip("field application", [&] { ReapplyFieldValues(session, page); });
+    if (!session.Shows(page))
+        Skip("dynamic fields", [&] { MakeFieldsOnSurface(session); });
+    Skip("field menu", [&] { BuildFieldMenu(session.Face, session.FieldValues); });
+    session.Operator.LetEventsRun();
+}
+
+/// Why a record gets no card on a page; empty if it gets one.
+QString WhyNotPrinted(const RecordPage& record)
+{
+    const LayoutPage& page = record.Page();
+    if (!page.Params.LayoutOpen)
+        return record.WhyNone();
+    return page.Params.AutoSpool
+               ? QString()
+               : QStringLiteral("The layout %1 does not print automatically.").arg(page.LayoutName);
 }
 
 /// The part of a record's road behind its framing.
 void PourAndPrint(Session& session, const RecordPage& record)
 {
     LayoutPage& page = record.Page();
-    Skip("field application", [&] { ReapplyFieldValues(session, page); });
-    if (!session.Shows(page))
-        Skip("dynamic fields", [&] { MakeFieldsOnSurface(session); });
-    Skip("field menu", [&] { BuildFieldMenu(session.Face, session.FieldValues); });
-    session.Operator.LetEventsRun();
+    Pour(session, page);
     if (DetectCamImages(page.Document)) {
         // Nobody may answer the question for hours.
         WriteLedger(session);
         Skip("picture question", [&] { AskForPicture(session.Operator); });
     }
-    if (!page.Params.LayoutOpen)
-        TellWhyNoCard(session, record);
-    else if (!page.Params.AutoSpool)
-        NoteWhyNoCard(
-            session,
-            QStringLiteral("The layout %1 does not print automatically.").arg(page.LayoutName));
-    else
+    if (const QString reason = WhyNotPrinted(record); reason.isEmpty())
         Skip("card", [&] { PrintCard(session, page); });
+    else
+        TellWhyNoCard(session, record, reason);
     session.InputBuffer.Clear();
 }
 
@@ -126,21 +139,62 @@ void TakeValues(Session& session, const QString& text, const QStringList& values
     RunActiveMacro(session);
 }
 
-bool TakeRecord(Session& session, QString text, const ArrivalSource& source)
+namespace {
+
+RecordOrigin OriginOf(const Session& session, const QString& text, const ArrivalSource& source)
 {
-    const RoadHold hold(session.Road);
     RecordOrigin origin{.Source = source.Peer, .Raw = BytesOfInput(text, session.Options.Encoding)};
     if (session.Options.AnswerHost && source.Answer)
         origin.Told = [answer = source.Answer](const LedgerEntry& entry) {
             answer(AnswerTo(entry));
         };
-    RecordRoad road(session, std::move(origin));
-    if (!road.Secure(text))
-        return false;
-    ProcessStream(session, std::move(text));
+    return origin;
+}
+
+void BufferForSeries(Session& session)
+{
     if (session.Settings.BufferData)
         Skip("record queue",
              [&] { BufferRecord(session.RecordQueue, session.Settings, session.LastRawData); });
+}
+
+/// Leaves a record to the station's pool: it is framed and shown here, and printed elsewhere.
+/// @return false if it must not be taken, because earlier ones cannot be written
+bool TakeForPool(Session& session, QString text, const ArrivalSource& source)
+{
+    RecordLedger& ledger = session.Ledger;
+    if (!ledger.Trouble().isEmpty() && ledger.HasManyChanges())
+        WriteLedger(session);
+    if (!ledger.Trouble().isEmpty() && ledger.HasManyChanges())
+        return false;
+    const RecordPage record(session, PageKey{session.CurrentLayoutName, 1});
+    const QString whyNoCard = WhyNotPrinted(record);
+    RecordOrigin origin = OriginOf(session, text, source);
+    if (whyNoCard.isEmpty())
+        origin.Pool = session.Options.Pool.Name;
+    const RecordRoad road(session, std::move(origin));
+    FrameRecord(session, std::move(text));
+    Pour(session, record.Page());
+    if (!whyNoCard.isEmpty())
+        TellWhyNoCard(session, record, whyNoCard);
+    session.InputBuffer.Clear();
+    BufferForSeries(session);
+    TellLastArrival(session.Face, source);
+    return true;
+}
+
+} // namespace
+
+bool TakeRecord(Session& session, QString text, const ArrivalSource& source)
+{
+    const RoadHold hold(session.Road);
+    if (session.Options.Pool.Takes())
+        return TakeForPool(session, std::move(text), source);
+    RecordRoad road(session, OriginOf(session, text, source));
+    if (!road.Secure(text))
+        return false;
+    ProcessStream(session, std::move(text));
+    BufferForSeries(session);
     RunActiveMacro(session);
     TellLastArrival(session.Face, source);
     return true;

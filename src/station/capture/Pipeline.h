@@ -39,7 +39,8 @@ struct ArrivalSource
 };
 
 /// Takes one complete record: processes it, buffers it if that is set, runs the active macro and
-/// updates the panel.
+/// updates the panel. A station that takes records for a pool leaves the card to it, and runs no
+/// macro.
 /// @param text  the record with its delimiters, and whatever else counts to it
 /// @return false if the record must not be taken, because the ledger must be kept and cannot be
 /// written; it is to be offered again later

@@ -8,13 +8,15 @@ namespace vantrel {
 
 namespace {
 
-void SwitchSerial(Comm& comm, const StationSettings& settings)
+void SwitchSerial(Session& session)
 {
+    Comm& comm = session.Comm;
+    const StationSettings& settings = session.Settings;
     Skip("close serial port", [&] { comm.SetPortOpen(false); });
     Skip("serial port number", [&] { comm.SetCommPort(settings.SPort); });
     Skip("serial settings", [&] { comm.SetSettings(settings.SSettings); });
     Skip("flow control", [&] { comm.SetHandshaking(settings.SFlowCtrl); });
-    if (settings.UseSerial)
+    if (settings.UseSerial && !session.Options.Pool.TakesNothing())
         Skip("open serial port", [&] { comm.SetPortOpen(true); });
 }
 
@@ -25,7 +27,7 @@ void SwitchNetwork(Session& session)
     SockArray& sock = session.Sock;
     for (int index = 0; index <= sock.HighestIndex(); ++index)
         sock.Close(index);
-    if (!session.Settings.UseIP)
+    if (!session.Settings.UseIP || session.Options.Pool.TakesNothing())
         return;
     sock.SetAccess(HostAccess(StationOption(session.ProgramFolder, QStringLiteral("AllowFrom"))));
     sock.SetLocalPort(session.Settings.Port);
@@ -41,7 +43,7 @@ void SwitchNetwork(Session& session)
 void SwitchPorts(Session& session, SwitchMode mode)
 {
     if (mode == SwitchMode::All || mode == SwitchMode::Serial)
-        SwitchSerial(session.Comm, session.Settings);
+        SwitchSerial(session);
     if (mode == SwitchMode::All || mode == SwitchMode::Network)
         SwitchNetwork(session);
     UpdateTrayState(session.Face, session.Settings);

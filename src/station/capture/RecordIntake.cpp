@@ -250,7 +250,7 @@ void RecordIntake::TakeNext()
 bool RecordIntake::Take(const InputPointer& input, QString record)
 {
     const ArrivalSource source = input->Source;
-    if (!m_session.Options.LedgerMust)
+    if (!m_session.Options.NeedsLedger())
         return TakeRecord(m_session, std::move(record), source);
     if (TakeRecord(m_session, record, source))
         return true;

@@ -84,10 +84,14 @@ ReprintQuestion AskBeforeReprint(Session& session, qlonglong id)
 
 QString ReprintFromHistory(Session& session, qlonglong id, ReprintMode mode)
 {
-    const int by = EntryOf(session, id).Session;
     const qlonglong added = AskReprint(session.LayoutDb.Database(), id, mode);
+    const int by = EntryOf(session, added).Session;
     if (by == session.SessionNumber && session.Options.Ledger)
         return QStringLiteral("Entry %1 is printed again as entry %2.").arg(id).arg(added);
+    if (by == NoSession)
+        return QStringLiteral("Entry %1 waits as entry %2 for a station of its pool to print it.")
+            .arg(id)
+            .arg(added);
     return QStringLiteral("Entry %1 waits as entry %2 for session %3 to print it.")
         .arg(id)
         .arg(added)

@@ -15,7 +15,8 @@ LedgerEntry NewEntry(const Session& session, const RecordOrigin& origin)
 {
     LedgerEntry entry;
     entry.Received = QDateTime::currentMSecsSinceEpoch();
-    entry.Session = session.SessionNumber;
+    entry.Session = origin.Pool.isEmpty() ? session.SessionNumber : NoSession;
+    entry.Pool = origin.Pool;
     entry.Source = origin.Source;
     entry.Layout = origin.Layout.isEmpty() ? session.CurrentLayoutName : origin.Layout;
     entry.Raw = origin.Raw;

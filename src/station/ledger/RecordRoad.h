@@ -18,6 +18,8 @@ struct RecordOrigin
     std::optional<LedgerEntry> Stored = {};
     /// The layout that it prints on; empty for the open one.
     QString Layout = {};
+    /// The pool that it is left to; empty for none.
+    QString Pool = {};
     /// Called once with the entry when its outcome is known. May be empty.
     std::function<void(const LedgerEntry&)> Told = {};
 };

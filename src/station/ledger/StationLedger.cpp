@@ -74,7 +74,7 @@ void WriteLedger(Session& session)
 {
     const bool written = Skip("write ledger", [&] { session.Ledger.Flush(); });
     TellLedgerState(session);
-    if (!written && !session.Options.LedgerMust)
+    if (!written && !session.Options.NeedsLedger())
         session.Ledger.SettleUnwritten();
 }
 

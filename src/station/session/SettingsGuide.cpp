@@ -31,6 +31,10 @@ constexpr KeyRow StoreKeys[] = {
     {"Database", "",
      "address of the PostgreSQL database that keeps the layouts, such as `postgresql://HOST/NAME`; "
      "without it, `Vantrel.dat` in the program folder"},
+    {"Pool", "",
+     "name of the pool of stations that share the records from their hosts; sets `Ledger`"},
+    {"Work", "both",
+     "what a station does in its pool: `take` records from hosts, `print` their cards, or `both`"},
 };
 
 constexpr KeyRow PrinterKeys[] = {

@@ -204,6 +204,15 @@ StationOptions ReadStationOptions(const QString& programFolder, QStringList& mis
                                 .arg(key, text));
         }
     }
+    options.Pool = ReadStationPool(programFolder, mistakes);
+    if (!options.Pool.Name.isEmpty() && !options.LedgerValues) {
+        mistakes.append(QStringLiteral("The key Pool in the section [Store] of the settings file "
+                                       "counts as missing: where the values of records are not "
+                                       "kept, no other station could print them"));
+        options.Pool = {};
+    }
+    if (!options.Pool.Name.isEmpty())
+        options.Ledger = true;
     return options;
 }
 

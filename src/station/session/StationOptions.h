@@ -2,6 +2,7 @@
 
 #include "base/InputText.h"
 #include "base/LengthUnit.h"
+#include "station/session/StationPool.h"
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -38,6 +39,12 @@ struct StationOptions
     bool DesignTools = false;
     /// The unit in which the design tools show lengths, and take typed ones that name no unit.
     LengthUnit Unit = LengthUnit::Millimetres;
+    /// The pool that the stations belong to, which the section "Store" names. A pool needs the
+    /// ledger, which is on then, and the values of records.
+    StationPool Pool = {};
+
+    /// Whether no record may be taken while the ledger cannot be written.
+    bool NeedsLedger() const { return LedgerMust || Pool.Takes(); }
 };
 
 /// When a changed option takes effect.

@@ -7,13 +7,18 @@
 
 namespace vantrel {
 
+QString StoreOption(const QString& programFolder, const QString& key)
+{
+    return FindProfileValue(QDir(programFolder).filePath(SettingsFileName), QStringLiteral("Store"),
+                            key)
+        .value_or(QString());
+}
+
 QString StoreLocation(const QString& programFolder)
 {
-    const QDir folder(programFolder);
-    const auto address = FindProfileValue(folder.filePath(SettingsFileName),
-                                          QStringLiteral("Store"), QStringLiteral("Database"));
-    return address && !address->isEmpty() ? *address
-                                          : folder.filePath(QLatin1StringView(LayoutDatabaseName));
+    const QString address = StoreOption(programFolder, QStringLiteral("Database"));
+    return address.isEmpty() ? QDir(programFolder).filePath(QLatin1StringView(LayoutDatabaseName))
+                             : address;
 }
 
 bool HasStore(const QString& programFolder)

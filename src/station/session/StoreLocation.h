@@ -4,6 +4,9 @@
 
 namespace vantrel {
 
+/// A value of the section `[Store]` of a program folder's settings; empty if the key is missing.
+QString StoreOption(const QString& programFolder, const QString& key);
+
 /// Where the layout store of a program folder is: what the key `Database` of the section `[Store]`
 /// says, else the file in the folder.
 QString StoreLocation(const QString& programFolder);

@@ -19,6 +19,9 @@ constexpr qint64 FreshAnswerMs = 2000;
 constexpr qint64 FirstPauseMs = 250;
 constexpr qint64 LongestPauseMs = 4000;
 constexpr int TlsLookMs = 20;
+/// An answer within that time is none that is waited for.
+constexpr qint64 PromptAnswerMs = 25;
+constexpr qint64 NsInMs = 1'000'000;
 /// Bytes of values for which the library's buffers are large.
 constexpr std::size_t LargeSize = 1 << 20;
 
@@ -200,8 +203,7 @@ void PostgresConnection::SetPatience(int milliseconds)
 
 int PostgresConnection::WaitedMs() const
 {
-    constexpr qint64 nsInMs = 1'000'000;
-    return static_cast<int>(m_waitedNs / nsInMs);
+    return static_cast<int>(m_waitedNs / NsInMs);
 }
 
 int PostgresConnection::LeftMs() const
@@ -248,12 +250,17 @@ void PostgresConnection::Flush()
 
 PostgresResult PostgresConnection::Next()
 {
+    const qint64 before = m_waitedNs;
     while (PQisBusy(m_connection.get()) == 1) {
         if (!Wait(false))
             FailAsSilent();
         if (PQconsumeInput(m_connection.get()) == 0)
             break; // What the server said last is read below.
     }
+    // However much there is to ask, such as for a page of a thousand objects, a server that answers
+    // at once is not away.
+    if (m_waitedNs - before < PromptAnswerMs * NsInMs)
+        m_waitedNs = before;
     return PostgresResult(PQgetResult(m_connection.get()));
 }
 

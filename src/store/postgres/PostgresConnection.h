@@ -41,8 +41,8 @@ public:
     /// last two seconds. A connection that the server has closed is noticed in any case. Must not
     /// be called within a transaction.
     void Ask();
-    /// Waits at most so long for all answers together until this is called again, or half a minute
-    /// for each answer unless it was called.
+    /// Waits at most so long for all answers together until this is called again, those apart that
+    /// come within 25 milliseconds; or half a minute for each answer unless it was called.
     void SetPatience(int milliseconds);
     /// How long it has waited since that, or since it was made.
     int WaitedMs() const;

@@ -472,6 +472,11 @@ bool PostgresDatabase::DeleteRow(const QString& table, qlonglong key)
     return QByteArray(PQcmdTuples(result.get())) != "0";
 }
 
+QString PostgresDatabase::PassingOverLocked(const QString& alias) const
+{
+    return QStringLiteral(" FOR UPDATE OF ") + alias + QStringLiteral(" SKIP LOCKED");
+}
+
 QString PostgresDatabase::WithoutIndex(const QString& column) const
 {
     return column;

@@ -52,6 +52,7 @@ public:
                    const QVariantList& values) override;
     bool DeleteRow(const QString& table, qlonglong key) override;
 
+    QString PassingOverLocked(const QString& alias) const override;
     QString WithoutIndex(const QString& column) const override;
     void OverwriteDeleted() override {}
     bool EmptyFiles(std::span<const StoreTable> tables) override;

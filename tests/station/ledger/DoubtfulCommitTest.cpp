@@ -1,4 +1,5 @@
 #include "StationWithLedger.h"
+#include "ledger/LedgerPool.h"
 #include "store/StoreUpgrade.h"
 #include "support/Events.h"
 #include "support/PrivatePostgres.h"
@@ -152,6 +153,27 @@ TEST_F(DoubtfulCommit, AnEntryThatWaitsInTheLedgerIsCarriedOutOnceAfterwards)
     EXPECT_THAT(Entries(),
                 testing::ElementsAre(QStringLiteral("Ada printed 1001 printed"),
                                      QStringLiteral("Ada printed 1001 void 1001 printed")));
+}
+
+/// The server has carried out the commit, and another station has printed the card before this one
+/// learns of it.
+TEST_F(DoubtfulCommit, ARecordThatIsLeftToAPoolIsWrittenOnce)
+{
+    Session.Options.Pool = {QStringLiteral("cards"), PoolWork::Take};
+    MakeCommitsSlow("LedgerPools");
+    Arrive("<Ada>");
+    EXPECT_TRUE(Answers.isEmpty());
+    EXPECT_TRUE(Session.Ledger.HasDoubts());
+    MakeCommitsQuick("LedgerPools");
+    auto other = OpenStoreDatabase(Address);
+    const auto claimed =
+        ClaimEntry(*other, {QStringLiteral("cards"), 7, Station.Printers.DeviceNames()}, {});
+    ASSERT_TRUE(claimed);
+    other->Change(QStringLiteral("UPDATE LedgerEntries SET State = 'printed' WHERE ID = ?"),
+                  {*claimed});
+    WriteAgain();
+    EXPECT_THAT(Entries(), testing::ElementsAre(QStringLiteral("Ada printed")));
+    EXPECT_EQ(Answers, QStringList(QStringLiteral("OK %1 0").arg(*claimed)));
 }
 
 } // namespace vantrel::test

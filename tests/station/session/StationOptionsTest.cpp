@@ -17,6 +17,11 @@ protected:
         ASSERT_TRUE(WriteProfileValue(SettingsPath(m_folder.path()), QStringLiteral("Station"),
                                       QLatin1StringView(key), QLatin1StringView(value)));
     }
+    void WriteStore(const char* key, const char* value)
+    {
+        ASSERT_TRUE(WriteProfileValue(SettingsPath(m_folder.path()), QStringLiteral("Store"),
+                                      QLatin1StringView(key), QLatin1StringView(value)));
+    }
     StationOptions Read() { return ReadStationOptions(m_folder.path(), m_mistakes); }
 
     QTemporaryDir m_folder;
@@ -29,6 +34,10 @@ TEST_F(StationOptionsFile, WithoutAFileEverythingIsOff)
 {
     const StationOptions options = Read();
     EXPECT_FALSE(options.Ledger);
+    EXPECT_EQ(options.Pool.Name, QString());
+    EXPECT_FALSE(options.Pool.Takes());
+    EXPECT_FALSE(options.Pool.Prints());
+    EXPECT_FALSE(options.Pool.TakesNothing());
     EXPECT_EQ(options.LedgerKeepDays, 90);
     EXPECT_FALSE(options.LedgerMust);
     EXPECT_TRUE(options.LedgerValues);
@@ -152,4 +161,47 @@ TEST_F(StationOptionsFile, AnOptionThatIsOnAtFirstIsExplainedFromItsOtherValue)
                                "a record once its card is printed."));
         }
     }
+}
+
+TEST_F(StationOptionsFile, APoolKeepsALedgerAndNeedsIt)
+{
+    WriteStore("Pool", "cards");
+    WriteStore("Work", "Take");
+    StationOptions options = Read();
+    EXPECT_EQ(options.Pool.Name, QStringLiteral("cards"));
+    EXPECT_EQ(options.Pool.Work, PoolWork::Take);
+    EXPECT_TRUE(options.Ledger);
+    EXPECT_TRUE(options.NeedsLedger());
+    WriteStore("Work", "print");
+    options = Read();
+    EXPECT_TRUE(options.Pool.TakesNothing());
+    EXPECT_FALSE(options.NeedsLedger());
+    EXPECT_TRUE(m_mistakes.isEmpty());
+}
+
+TEST_F(StationOptionsFile, AStationOfAPoolTakesAndPrintsUnlessItIsSaid)
+{
+    WriteStore("Pool", "cards");
+    WriteStore("Work", "sort");
+    EXPECT_EQ(Read().Pool.Work, PoolWork::Both);
+    ASSERT_EQ(m_mistakes.size(), 1);
+    EXPECT_TRUE(m_mistakes.at(0).contains(QStringLiteral("Work"))) << qPrintable(m_mistakes.at(0));
+}
+
+TEST_F(StationOptionsFile, WorkWithoutAPoolIsNothing)
+{
+    WriteStore("Work", "print");
+    const StationOptions options = Read();
+    EXPECT_FALSE(options.Pool.TakesNothing());
+    EXPECT_FALSE(options.Pool.Prints());
+    EXPECT_FALSE(options.Ledger);
+}
+
+TEST_F(StationOptionsFile, WhereValuesAreNotKeptThereIsNoPool)
+{
+    WriteStore("Pool", "cards");
+    Write("LedgerValues", "False");
+    EXPECT_EQ(Read().Pool.Name, QString());
+    ASSERT_EQ(m_mistakes.size(), 1);
+    EXPECT_TRUE(m_mistakes.at(0).contains(QStringLiteral("Pool"))) << qPrintable(m_mistakes.at(0));
 }
