@@ -142,9 +142,11 @@ echo "== the console"
 station=$!
 await grep -q '^The console is at ' "$scratch/console"
 address=$(sed -n 's/^The console is at //p' "$scratch/console")
-curl --silent --fail "$address" | grep -q '<title>Vantrel Console</title>' || fail "the console shows no page"
-curl --silent --fail --header "Authorization: Bearer $(cat "$folder/Console.token")" "${address}api/v1/records" |
-  grep -q 'Grace Hopper' || fail "the console does not tell of the cards"
+# Read whole before it is searched: a search that has found its words closes the pipe, and curl would fail.
+page=$(curl --silent --fail "$address")
+[[ $page == *'<title>Vantrel Console</title>'* ]] || fail "the console shows no page"
+records=$(curl --silent --fail --header "Authorization: Bearer $(cat "$folder/Console.token")" "${address}api/v1/records")
+[[ $records == *'Grace Hopper'* ]] || fail "the console does not tell of the cards"
 kill "$station"
 wait "$station" || fail "the console ended with $?"
 station=
