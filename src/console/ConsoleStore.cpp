@@ -7,8 +7,8 @@ namespace vantrel::console {
 
 namespace {
 
-/// How long a server may take for an answer. Everybody who asks the console waits as long for one
-/// that stands still.
+/// How long a server may take for all that one question to the console needs. Everybody who asks
+/// waits as long for one that stands still.
 constexpr int PatienceMilliseconds = 10'000;
 
 } // namespace
@@ -16,7 +16,6 @@ constexpr int PatienceMilliseconds = 10'000;
 ConsoleStore::ConsoleStore(const QString& programFolder) : m_folder(programFolder)
 {
     OpenFolderLedger(m_store, programFolder);
-    Database().SetPatience(PatienceMilliseconds);
     // What is wrong with the options is told by the stations.
     QStringList mistakes;
     const StationOptions options = ReadStationOptions(programFolder, mistakes);
@@ -25,6 +24,11 @@ ConsoleStore::ConsoleStore(const QString& programFolder) : m_folder(programFolde
     m_encoding = options.Encoding;
     // Whatever comes from now on is counted.
     m_metrics.Look(Database());
+}
+
+void ConsoleStore::BeginAnswer()
+{
+    Database().SetPatience(PatienceMilliseconds);
 }
 
 } // namespace vantrel::console

@@ -18,6 +18,8 @@ public:
     /// Opens the ledger like `OpenFolderLedger`.
     explicit ConsoleStore(const QString& programFolder);
 
+    /// Must be called before each question is answered, which gives a server its time anew.
+    void BeginAnswer();
     const QString& ProgramFolder() const { return m_folder; }
     Connection& Store() { return m_store; }
     StoreDatabase& Database() { return m_store.Database(); }

@@ -21,6 +21,7 @@ Answer NotNow(const QString& trouble = {})
 Answer AnswerOf(const StoreThread::Work& work, ConsoleStore& store)
 {
     try {
+        store.BeginAnswer();
         return work(store);
     } catch (const NotTaken& refusal) {
         return Refusal(refusal.Status, refusal.Reason);

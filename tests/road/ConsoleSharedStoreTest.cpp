@@ -6,6 +6,7 @@
 #include "station/session/Settings.h"
 #include "support/Events.h"
 #include "support/PrivatePostgres.h"
+#include "support/SlowLine.h"
 #include <QJsonArray>
 #include <QSysInfo>
 #include <csignal>
@@ -150,6 +151,24 @@ TEST_F(ConsoleSharedStore, ThatIsAwayIsToldUntilItIsBack)
     EXPECT_TRUE(EventsUntil([this] { return Get("/healthz").Status == 200; }));
     EXPECT_EQ(Get("/api/v1/records?text=grace").Json()[u"records"].toArray().size(), 1);
     EXPECT_TRUE(Get("/metrics").Body.contains("vantrel_records_total{station=\"2\"} 2\n"));
+}
+
+TEST_F(ConsoleSharedStore, OnAServerThatIsSlowIsTakenForAwayByNoLengthOfTime)
+{
+    SlowLine line(Server.Socket());
+    const LedgerFolder folder;
+    EXPECT_TRUE(WriteProfileValue(SettingsPath(folder.Session.ProgramFolder),
+                                  QStringLiteral("Store"), QStringLiteral("Database"),
+                                  PrivatePostgres::Through(Address, line.Port())));
+    const ConsoleProcess console(folder.Session.ProgramFolder);
+    line.SetDelay(300);
+    // All answers together take longer than the server is given for one question.
+    constexpr int questions = 40;
+    int answered = 0;
+    for (int i = 0; i < questions; ++i)
+        answered +=
+            Ask(console.Port(), "GET", "/healthz", {}).Body == "the store is away\n" ? 0 : 1;
+    EXPECT_EQ(answered, questions);
 }
 
 } // namespace
