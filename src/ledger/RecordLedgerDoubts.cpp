@@ -18,6 +18,7 @@ const QString VoidDoubtfulCard = QStringLiteral(
     "was printed.' WHERE ID = ?");
 const QString LetEntryWait = QStringLiteral(
     "UPDATE LedgerEntries SET State = 'received' WHERE ID = ? AND State = 'printing'");
+
 } // namespace
 
 void RecordLedger::NoteDoubts()

@@ -25,13 +25,8 @@ protected:
 
     static QString RefusalOf(const QString& address)
     {
-        try {
-            Connection store;
-            store.Open(address);
-        } catch (const Failure& failure) {
-            return failure.Text();
-        }
-        return {};
+        Connection store;
+        return FailureTextOf([&] { store.Open(address); });
     }
 
     QString Address = PrivatePostgres::Shared().NewSchema();

@@ -61,13 +61,8 @@ protected:
     /// What a station is told that cannot open the store.
     static QString RefusalOf(const QString& address)
     {
-        try {
-            Connection store;
-            store.Open(address);
-        } catch (const Failure& failure) {
-            return failure.Text();
-        }
-        return {};
+        Connection store;
+        return FailureTextOf([&] { store.Open(address); });
     }
 
     QTemporaryDir Folder;
