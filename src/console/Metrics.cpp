@@ -1,6 +1,7 @@
 #include "console/Metrics.h"
 #include "console/MetricsText.h"
 #include "console/Stations.h"
+#include "ledger/LedgerTables.h"
 #include <algorithm>
 
 namespace vantrel::console {
@@ -50,6 +51,7 @@ void Metrics::Look(StoreDatabase& database)
     else if (now == m_state)
         return;
     m_begun = true;
+    LookForPools(database);
     TakeNew(database);
     for (auto entry = m_followed.begin(); entry != m_followed.end();)
         entry = FollowEntry(database, entry->first, entry->second) ? m_followed.erase(entry)
@@ -74,21 +76,41 @@ void Metrics::Begin(StoreDatabase& database)
                     });
 }
 
+void Metrics::LookForPools(StoreDatabase& database)
+{
+    // A station makes the table when it starts, which may be later.
+    m_hasPools = m_hasPools || HasPools(database);
+}
+
 void Metrics::TakeNew(StoreDatabase& database)
 {
+    const QString sql =
+        m_hasPools ? QStringLiteral("SELECT e.ID, e.SessionNumber, e.Received, p.Pool FROM "
+                                    "LedgerEntries e LEFT JOIN LedgerPools p ON p.EntryID = e.ID "
+                                    "WHERE e.ID > ? ORDER BY e.ID LIMIT ?")
+                   : QStringLiteral("SELECT ID, SessionNumber, Received, NULL FROM LedgerEntries "
+                                    "WHERE ID > ? ORDER BY ID LIMIT ?");
     int taken = AtOnce;
     while (taken == AtOnce) {
         taken = 0;
-        database.Select(QStringLiteral("SELECT ID, SessionNumber, Received FROM LedgerEntries "
-                                       "WHERE ID > ? ORDER BY ID LIMIT ?"),
-                        {m_last, AtOnce}, [&](const StoreRow& row) {
-                            m_last = row.Value(0).toLongLong();
-                            const int session = row.Value(1).toInt();
-                            ++m_records[session];
-                            m_followed[m_last] = {session, row.Value(2).toLongLong()};
-                            ++taken;
-                        });
+        database.Select(sql, {m_last, AtOnce}, [&](const StoreRow& row) {
+            m_last = row.Value(0).toLongLong();
+            const int session = row.Value(1).toInt();
+            CountRecord(session, row.Value(3));
+            m_followed[m_last] = {session, row.Value(2).toLongLong()};
+            ++taken;
+        });
     }
+}
+
+void Metrics::CountRecord(int session, const QVariant& pool)
+{
+    // Whether a station had claimed the record when it was first seen here is chance, so one that
+    // was left to a pool counts for the pool.
+    if (pool.isNull())
+        ++m_records[session];
+    else
+        ++m_poolRecords[KnownPool(pool.toString())];
 }
 
 bool Metrics::FollowEntry(StoreDatabase& database, qlonglong id, Followed& entry)
@@ -97,11 +119,14 @@ bool Metrics::FollowEntry(StoreDatabase& database, qlonglong id, Followed& entry
     QString layout;
     QString reason;
     // One that was removed does not change any more either.
-    database.Select(QStringLiteral("SELECT State, Layout, Reason FROM LedgerEntries WHERE ID = ?"),
+    database.Select(QStringLiteral("SELECT State, Layout, Reason, SessionNumber FROM LedgerEntries "
+                                   "WHERE ID = ?"),
                     {id}, [&](const StoreRow& row) {
                         state = StateOf(row.Value(0));
                         layout = row.Value(1).toString();
                         reason = row.Value(2).toString();
+                        // A station may have claimed it from its pool meanwhile.
+                        entry.Session = row.Value(3).toInt();
                     });
     bool mayChange = state == LedgerState::Received || state == LedgerState::Printing;
     bool hasCards = false;
@@ -159,7 +184,44 @@ QString Metrics::KnownReason(const QString& reason)
     return Known(m_reasons, reason, MostReasons);
 }
 
-QByteArray Metrics::Text(StoreDatabase& database, const std::vector<StationSeen>& stations) const
+QString Metrics::KnownPool(const QString& pool)
+{
+    return Known(m_pools, pool, MostPools);
+}
+
+std::map<QString, qlonglong> Metrics::WaitingInPools(StoreDatabase& database)
+{
+    std::map<QString, qlonglong> waiting;
+    LookForPools(database);
+    if (m_hasPools)
+        database.Select(QStringLiteral("SELECT p.Pool, COUNT(*) FROM LedgerEntries e JOIN "
+                                       "LedgerPools p ON p.EntryID = e.ID WHERE e.State = ? AND "
+                                       "e.SessionNumber = ? GROUP BY p.Pool ORDER BY p.Pool"),
+                        {NameOf(LedgerState::Received), NoSession}, [&](const StoreRow& row) {
+                            waiting[KnownPool(row.Value(0).toString())] +=
+                                row.Value(1).toLongLong();
+                        });
+    // A pool that was told is told further on, with 0 where nothing waits.
+    for (const auto& [pool, count] : m_poolRecords)
+        waiting.try_emplace(pool, 0);
+    return waiting;
+}
+
+void Metrics::TellPools(StoreDatabase& database, MetricsText& text)
+{
+    const auto waiting = WaitingInPools(database);
+    if (waiting.empty())
+        return;
+    text.Begin("vantrel_pool_records", "counter", "Records left to a pool.");
+    for (const auto& [pool, count] : waiting)
+        text.Add("_total", {{"pool", pool}}, m_poolRecords[pool]);
+    text.Begin("vantrel_pool_queue_records", "gauge",
+               "Records that wait in a pool for a station to take them.");
+    for (const auto& [pool, count] : waiting)
+        text.Add("", {{"pool", pool}}, count);
+}
+
+QByteArray Metrics::Text(StoreDatabase& database, const std::vector<StationSeen>& stations)
 {
     MetricsText text;
     text.Begin("vantrel_records", "counter", "Records taken.");
@@ -196,6 +258,7 @@ QByteArray Metrics::Text(StoreDatabase& database, const std::vector<StationSeen>
                     {NameOf(LedgerState::Received)},
                     [&](const StoreRow& row) { waiting = row.Value(0).toLongLong(); });
     text.Add("", {}, waiting);
+    TellPools(database, text);
 
     const auto tellStations = [&](const char* name, const char* help, auto holds) {
         text.Begin(name, "gauge", help);

@@ -10,7 +10,7 @@ import yaml
 
 # What a family of a type has for samples.
 ENDINGS = {"counter": ("_total",), "gauge": ("",), "histogram": ("_bucket", "_count", "_sum")}
-LABELS = {"station", "machine", "layout", "reason", "le", "instance"}
+LABELS = {"station", "machine", "pool", "layout", "reason", "le", "instance"}
 
 
 def figures_of(root):

@@ -42,6 +42,32 @@ protected:
         entry.Cards.at(0).Changed = entry.Received + milliseconds;
         return entry;
     }
+    /// A record that waits in a pool. @return its number
+    qlonglong LeaveToPool(const char* pool)
+    {
+        LedgerEntry entry = Printed("Badge", 20);
+        entry.State = LedgerState::Received;
+        entry.Session = NoSession;
+        entry.Pool = QString::fromUtf8(pool);
+        entry.Cards.clear();
+        return AddLedgerEntry(Database(), entry);
+    }
+    void Claim(qlonglong id, int session)
+    {
+        Database().Change(QStringLiteral("UPDATE LedgerEntries SET SessionNumber = ? WHERE ID = ?"),
+                          {session, id});
+    }
+    /// What a station writes whose card has this outcome.
+    void EndCard(qlonglong id, LedgerState state, const char* reason = "")
+    {
+        Database().Change(
+            QStringLiteral("INSERT INTO LedgerCards (EntryID, State, Page, Copy, Changed, Layout, "
+                           "Printer, Numbers, PageHash, File, Reason) "
+                           "VALUES (?, ?, 1, 1, 1, 'Badge', 'P', '[]', '', 'F', ?)"),
+            {id, NameOf(state), QString::fromUtf8(reason)});
+        Database().Change(QStringLiteral("UPDATE LedgerEntries SET State = ? WHERE ID = ?"),
+                          {NameOf(state), id});
+    }
     LedgerEntry Failed(const char* reason)
     {
         LedgerEntry entry = Printed("Badge", 0);
@@ -115,6 +141,86 @@ TEST_F(ConsoleMetrics, CountEachEndOfACardOnceHoweverOftenTheyAreAsked)
     // Counts never fall, also where entries are removed.
     Database().Change(QStringLiteral("DELETE FROM LedgerEntries"));
     ExpectFigure("vantrel_cards_total|layout=Badge,station=1|1");
+}
+
+TEST_F(ConsoleMetrics, CountARecordOfAPoolForThePoolAndItsCardForTheStationThatPrintedIt)
+{
+    LeaveToPool("badges");
+    Start();
+    const qlonglong first = LeaveToPool("badges");
+    const qlonglong second = LeaveToPool("badges");
+    const qlonglong other = LeaveToPool("passes");
+    // It was claimed before anybody saw it wait.
+    Claim(other, 3);
+    ExpectFigure("vantrel_pool_records_total|pool=badges|2");
+    ExpectFigure("vantrel_pool_records_total|pool=passes|1");
+    ExpectFigure("vantrel_pool_queue_records|pool=badges|3");
+    ExpectFigure("vantrel_pool_queue_records|pool=passes|0");
+    ExpectFigure("vantrel_queue_records||4");
+
+    Claim(first, 2);
+    EndCard(first, LedgerState::Printed);
+    Claim(second, 3);
+    EndCard(second, LedgerState::Failed, "Jam");
+    ExpectFigure("vantrel_pool_records_total|pool=badges|2");
+    ExpectFigure("vantrel_pool_queue_records|pool=badges|1");
+    ExpectFigure("vantrel_cards_total|layout=Badge,station=2|1");
+    ExpectFigure("vantrel_card_failures_total|layout=Badge,reason=Jam,station=3|1");
+    const QStringList figures = Figures();
+    EXPECT_EQ(figures.filter(QStringLiteral("station=0")), QStringList());
+    EXPECT_EQ(figures.filter(QStringLiteral("vantrel_records_total")), QStringList());
+}
+
+TEST_F(ConsoleMetrics, CountTheCardOfARecordThatAnotherStationClaimedAnewForThatOne)
+{
+    Start();
+    const qlonglong id = LeaveToPool("badges");
+    Claim(id, 2);
+    ExpectFigure("vantrel_pool_queue_records|pool=badges|0");
+    // The station has ended and lets go.
+    Claim(id, NoSession);
+    ExpectFigure("vantrel_pool_queue_records|pool=badges|1");
+    Claim(id, 3);
+    EndCard(id, LedgerState::Printed);
+    ExpectFigure("vantrel_cards_total|layout=Badge,station=3|1");
+    ExpectFigure("vantrel_pool_records_total|pool=badges|1");
+    ExpectFigure("vantrel_pool_queue_records|pool=badges|0");
+}
+
+TEST_F(ConsoleMetrics, TellNothingOfPoolsWhereThereAreNone)
+{
+    Start();
+    AddLedgerEntry(Database(), Printed("Badge", 20));
+    ExpectFigure("vantrel_records_total|station=1|1");
+    EXPECT_FALSE(Get("/metrics").Body.contains("pool"));
+}
+
+TEST_F(ConsoleMetrics, OfALedgerFromBeforeThereWerePoolsCountRecords)
+{
+    Database().Execute(QStringLiteral("DROP TABLE LedgerPools"));
+    Start();
+    AddLedgerEntry(Database(), Printed("Badge", 20));
+    ExpectFigure("vantrel_records_total|station=1|1");
+    // A station that is started makes the table.
+    MakeLedgerTables(Database());
+    LeaveToPool("badges");
+    ExpectFigure("vantrel_pool_records_total|pool=badges|1");
+}
+
+TEST_F(ConsoleMetrics, OfManyPoolsTellTheFirstApart)
+{
+    Start();
+    constexpr int pools = 300;
+    for (int i = 0; i < pools; ++i)
+        LeaveToPool(QByteArray::number(i).constData());
+    const QStringList figures = Figures();
+    EXPECT_LT(figures.size(), pools);
+    const QStringList other = figures.filter(QStringLiteral("pool=other"));
+    EXPECT_EQ(other.size(), 2);
+    int counted = 0;
+    for (const QString& figure : figures.filter(QStringLiteral("vantrel_pool_records_total")))
+        counted += figure.section(u'|', 2).toInt();
+    EXPECT_EQ(counted, pools);
 }
 
 TEST_F(ConsoleMetrics, TellTextsOfAnyKindByTheRules)

@@ -52,6 +52,9 @@ qlonglong AddLedgerEntry(StoreDatabase& database, LedgerEntry entry)
         database.Change(QStringLiteral("INSERT INTO LedgerRecords (EntryID, Framing, RecordValues, "
                                        "Raw) VALUES (?, ?, ?, ?)"),
                         {id, entry.Framing, ListText(entry.Values), entry.Raw});
+    if (!entry.Pool.isEmpty())
+        database.Change(QStringLiteral("INSERT INTO LedgerPools (EntryID, Pool) VALUES (?, ?)"),
+                        {id, entry.Pool});
     for (const LedgerCard& card : entry.Cards)
         AddCard(database, id, card);
     return id;
