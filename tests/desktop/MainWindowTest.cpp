@@ -1,13 +1,17 @@
 #include "base/Profile.h"
 #include "desktop/DesktopStation.h"
+#include "desktop/controls/DesktopPanel.h"
 #include "desktop/designer/frmDocument.h"
 #include "desktop/window/frmNav.h"
+#include "ledger/LedgerTables.h"
 #include "station/session/Settings.h"
 #include "support/Events.h"
+#include "support/LedgerFill.h"
 #include <QApplication>
 #include <QHelpEvent>
 #include <QMdiArea>
 #include <QMouseEvent>
+#include <QStatusBar>
 #include <QToolTip>
 #include <gtest/gtest.h>
 
@@ -51,6 +55,49 @@ TEST(MainWindow, ShowsTheStationsFace)
     station.Session.Face.SetPanelToolTip(3, QStringLiteral("from there"));
     EXPECT_EQ(station.Get<QLabel>("SB3").text(), QStringLiteral("Got Data (TCP/IP)"));
     EXPECT_EQ(station.Get<QLabel>("SB3").toolTip(), QStringLiteral("from there"));
+}
+
+TEST(MainWindow, OfAStationInAPoolShowsHowManyRecordsWaitInIt)
+{
+    StationOptions options;
+    options.Pool = {QStringLiteral("badges"), PoolWork::Print};
+    DesktopStation station(true, options);
+    MakeLedgerTables(station.Session.LayoutDb.Database());
+    LedgerEntry entry = PrintedEntry({QStringLiteral("Ada")});
+    entry.State = LedgerState::Received;
+    entry.Session = NoSession;
+    entry.Pool = options.Pool.Name;
+    entry.Cards.clear();
+    AddLedgerEntry(station.Session.LayoutDb.Database(), entry);
+    station.Load();
+    auto& panel = station.Get<QLabel>("SBPool");
+    EXPECT_EQ(panel.text(), QStringLiteral("Pool: 1 waiting (badges)"));
+    EXPECT_TRUE(panel.toolTip().contains(QStringLiteral("opens no port")));
+    AddLedgerEntry(station.Session.LayoutDb.Database(), entry);
+    const QString two = QStringLiteral("Pool: 2 waiting (badges)");
+    EXPECT_TRUE(EventsUntil([&] { return panel.text() == two; })) << panel.text().toStdString();
+}
+
+TEST(MainWindow, ThatIsHiddenAsksForNoRecordsOfItsPool)
+{
+    StationOptions options;
+    options.Pool.Name = QStringLiteral("badges");
+    DesktopStation station(false, options);
+    MakeLedgerTables(station.Session.LayoutDb.Database());
+    station.Load();
+    auto& panel = station.Get<QLabel>("SBPool");
+    EXPECT_EQ(panel.text(), QString());
+    station.Session.Settings.MainVisible = true;
+    station.Session.Face.NotifyVisibility(true);
+    EXPECT_EQ(panel.text(), QStringLiteral("Pool: 0 waiting (badges)"));
+}
+
+TEST(MainWindow, OfAStationInNoPoolHasThreePanels)
+{
+    DesktopStation station;
+    station.Load();
+    EXPECT_EQ(station.Window.findChild<QLabel*>(QStringLiteral("SBPool")), nullptr);
+    EXPECT_EQ(station.Get<QStatusBar>("SB").findChildren<DesktopPanel*>().size(), 3);
 }
 
 TEST(MainWindow, AClickOnTheFirstPanelCopiesItsTextIntoItsToolTip)

@@ -16,6 +16,7 @@
 #include "desktop/window/DesktopTray.h"
 #include "desktop/window/frmNav.h"
 #include "station/session/MainRuntime.h"
+#include "station/session/PoolStatus.h"
 #include "station/session/Session.h"
 #include "station/session/Settings.h"
 #include <QCloseEvent>
@@ -87,6 +88,11 @@ void frmMain::BuildStatusBar()
         ShowPanel(number);
     }
     m_panels[0]->installEventFilter(this);
+    if (!m_session.Options.Pool.Name.isEmpty()) {
+        m_poolPanel = new DesktopPanel(bar);
+        m_poolPanel->setObjectName(QStringLiteral("SBPool"));
+        bar->addWidget(m_poolPanel, 1);
+    }
 }
 
 void frmMain::MirrorFace()
@@ -195,6 +201,7 @@ void frmMain::OnVisibleTick()
 void frmMain::OnStatusTick()
 {
     RunOrEnd([&] { TickStatusBar(m_session); });
+    ShowPool();
 }
 
 void frmMain::OnHideTick()
@@ -234,9 +241,20 @@ void frmMain::ShowPanel(int number)
     SetPlainToolTip(*m_panels[number - 1], ShownLine(panel.ToolTip));
 }
 
+void frmMain::ShowPool()
+{
+    // The store is asked only where somebody can see the answer.
+    if (m_poolPanel == nullptr || !isVisible())
+        return;
+    const Panel panel = PoolPanel(m_session);
+    m_poolPanel->setText(ShownLine(panel.Text));
+    SetPlainToolTip(*m_poolPanel, ShownLine(panel.ToolTip));
+}
+
 void frmMain::ShowOrHide(bool visible)
 {
     setVisible(visible && m_display == Display::Present);
+    ShowPool();
 }
 
 void frmMain::UpdateCommands()

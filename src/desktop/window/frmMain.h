@@ -67,6 +67,7 @@ private:
     void TakeBackground();
     void PlaceNavigator();
     void ShowPanel(int number);
+    void ShowPool();
     void ShowOrHide(bool visible);
     void UpdateCommands();
 
@@ -79,6 +80,8 @@ private:
     DesignWatch* m_designWatch = nullptr;
     frmNav* m_nav;
     DesktopPanel* m_panels[3] = {};
+    /// Of a station that belongs to a pool only.
+    DesktopPanel* m_poolPanel = nullptr;
     QTimer* m_flashTimer = nullptr;
     Flash m_flash;
     bool m_loaded = false;
