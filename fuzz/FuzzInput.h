@@ -25,14 +25,17 @@ public:
         m_rest.remove(0, 1);
         return byte;
     }
-    /// The text up to the next line feed, in code page 1252.
-    QString Line()
+    /// The bytes up to the next line feed, or to the end.
+    QByteArray Bytes()
     {
         const qsizetype end = m_rest.indexOf('\n');
-        const QByteArray line = m_rest.left(end);
-        m_rest.remove(0, end < 0 ? m_rest.size() : end + 1);
-        return FromCodePage(line);
+        const qsizetype length = end < 0 ? m_rest.size() : end;
+        const QByteArray line = m_rest.first(length);
+        m_rest.remove(0, end < 0 ? length : end + 1);
+        return line;
     }
+    /// The same as a text in code page 1252.
+    QString Line() { return FromCodePage(Bytes()); }
     bool IsEmpty() const { return m_rest.isEmpty(); }
     const QByteArray& Rest() const { return m_rest; }
 

@@ -1,6 +1,7 @@
 #include "ledger/LedgerJson.h"
 #include "ledger/LedgerTables.h"
 #include <QDateTime>
+#include <QJsonDocument>
 #include <utility>
 
 namespace vantrel {
@@ -111,8 +112,9 @@ QByteArray LedgerWholeEntryJson(const LedgerEntry& entry)
 {
     ObjectJson json = EntryJson(entry);
     const QByteArray none = QByteArrayLiteral("null");
-    // The framing is stored as JSON.
-    json.Add("framing", entry.Framing.isEmpty() ? none : entry.Framing.toUtf8());
+    // The framing is stored as JSON. Anything else, from a damaged store, would spoil the whole.
+    const QByteArray framing = entry.Framing.toUtf8();
+    json.Add("framing", QJsonDocument::fromJson(framing).isObject() ? framing : none);
     json.Add("raw", entry.HasValues ? '"' + entry.Raw.toBase64() + '"' : none);
     return json.Ended();
 }

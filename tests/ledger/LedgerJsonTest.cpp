@@ -119,6 +119,17 @@ TEST(LedgerJson, AWholeEntryHasItsFramingAndBytes)
     EXPECT_TRUE(Parsed(LedgerWholeEntryJson(entry)).value(u"framing").isNull());
 }
 
+TEST(LedgerJson, FramingOfADamagedStoreSpoilsNoEntry)
+{
+    LedgerEntry entry = Documented();
+    for (const char* framing : {"<+>", "{\"start\": ", "null}, {", "[1]"}) {
+        entry.Framing = QString::fromLatin1(framing);
+        const QJsonObject object = Parsed(LedgerWholeEntryJson(entry));
+        EXPECT_TRUE(object.value(u"framing").isNull()) << framing;
+        EXPECT_EQ(object.value(u"id"), QJsonValue(entry.Id)) << framing;
+    }
+}
+
 } // namespace
 
 } // namespace vantrel::test

@@ -37,6 +37,11 @@ TEST_F(ConsoleCall, ThatIsNotUnderstoodEndsWithTwoAndOneLine)
                       "--listen wants an address and a port");
     ExpectMistake({Folder.path(), QStringLiteral("--tls"), QStringLiteral("cert")},
                   "--tls wants two files");
+    // As from a script whose variable is empty: never without TLS where somebody wants it.
+    ExpectMistake({Folder.path(), QStringLiteral("--tls"), QString(), QStringLiteral("key")},
+                  "--tls wants two files");
+    ExpectMistake({Folder.path(), QStringLiteral("--tls"), QStringLiteral("cert"), QString()},
+                  "--tls wants two files");
 }
 
 TEST_F(ConsoleCall, ThatWouldServeOthersWithoutTlsIsRefused)

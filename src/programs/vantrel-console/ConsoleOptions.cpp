@@ -54,7 +54,8 @@ public:
     const QString& Next() { return m_line.at(m_next++); }
     const QString& ValueOf(const QString& option)
     {
-        if (!AreLeft() || m_line.at(m_next).startsWith(QStringLiteral("--")))
+        if (!AreLeft() || m_line.at(m_next).isEmpty() ||
+            m_line.at(m_next).startsWith(QStringLiteral("--")))
             throw Mistake{option == QStringLiteral("--tls")
                               ? QStringLiteral("--tls wants two files, a certificate and its key")
                               : option + QStringLiteral(" wants a value")};

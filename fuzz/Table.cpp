@@ -1,6 +1,6 @@
-#include "ports/TableReader.h"
 #include "FuzzInput.h"
 #include "base/Failure.h"
+#include "ports/TableReader.h"
 #include <algorithm>
 #include <vector>
 

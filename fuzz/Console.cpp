@@ -46,12 +46,9 @@ void ReadFilter(const QMap<QString, QString>& query)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    const qsizetype firstEnd = bytes.indexOf('\n');
-    const QByteArray target = bytes.left(firstEnd);
-    const QByteArray rest = firstEnd < 0 ? QByteArray() : bytes.mid(firstEnd + 1);
-    const qsizetype secondEnd = rest.indexOf('\n');
-    const QByteArray header = rest.left(secondEnd);
+    fuzz::Input input(data, size);
+    const QByteArray target = input.Bytes();
+    const QByteArray header = input.Bytes();
     if (const auto read = ReadTarget(target)) {
         RequirePath(read->Path);
         ReadFilter(read->Query);
@@ -59,8 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray cookie = CookieIn(header, "vantrel");
     fuzz::Require(header.contains(cookie), "a cookie is a piece of its header");
     fuzz::Require(!cookie.contains(';'), "a cookie ends at its separator");
-    if (secondEnd >= 0)
-        ReadObject(rest.mid(secondEnd + 1));
+    ReadObject(input.Rest());
 
     Request request;
     request.Host = target;
