@@ -21,6 +21,13 @@ int FreePort()
     return server.serverPort();
 }
 
+/// Prints by copying the last of its arguments; the job's number comes with the environment.
+constexpr auto PrintCommand = R"sh(#!/bin/sh
+[ -e '%1/jammed' ] && { echo 'ERROR: The ribbon is torn' >&2; exit 1; }
+for document; do :; done
+cp "$document" "%1/part" && mv '%1/part' "%1/printed-$IPP_JOB_ID.pdf"
+)sh";
+
 void End(QProcess& process)
 {
     process.terminate();
@@ -43,7 +50,7 @@ IppPrinter::IppPrinter(const CardDriver& driver)
     m_printer.start(QStringLiteral("/usr/sbin/ippeveprinter"),
                     {QStringLiteral("--no-web-forms"), QStringLiteral("-r"), QStringLiteral("off"),
                      QStringLiteral("-d"), m_folder.path(), QStringLiteral("-c"),
-                     QStringLiteral("/bin/true"), QStringLiteral("-P"), ppd, QStringLiteral("-p"),
+                     WritePrintCommand(), QStringLiteral("-P"), ppd, QStringLiteral("-p"),
                      QString::number(m_port), QStringLiteral("Cards")});
     EXPECT_TRUE(m_printer.waitForStarted()) << "the package cups-ipp-utils is needed";
     QElapsedTimer waited;
@@ -57,6 +64,28 @@ IppPrinter::~IppPrinter()
 {
     End(m_printer);
     End(m_bus);
+}
+
+QString IppPrinter::WritePrintCommand() const
+{
+    QString path = m_folder.filePath(QStringLiteral("print"));
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QString::fromLatin1(PrintCommand).arg(m_folder.path()).toUtf8());
+    EXPECT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    return path;
+}
+
+void IppPrinter::SetJammed(bool on) const
+{
+    QFile mark(m_folder.filePath(QStringLiteral("jammed")));
+    EXPECT_TRUE(on ? mark.open(QIODevice::WriteOnly) : mark.remove());
+}
+
+QString IppPrinter::DocumentOf(int job) const
+{
+    const QString path = m_folder.filePath(QStringLiteral("printed-%1.pdf").arg(job));
+    return QFile::exists(path) ? path : QString();
 }
 
 // The program does not run without a system message bus, which a test machine may lack.

@@ -18,9 +18,16 @@ public:
     ~IppPrinter();
 
     QString Uri() const;
+    /// From now on it gives up each job that it takes, as a printer does whose ribbon is torn, or
+    /// prints again.
+    void SetJammed(bool on) const;
+    /// The document of the job of that number, counted from 1, as the printer printed it; empty if
+    /// it did not.
+    QString DocumentOf(int job) const;
 
 private:
     void StartBus();
+    QString WritePrintCommand() const;
     bool Answers() const;
 
     QTemporaryDir m_folder;

@@ -213,17 +213,27 @@ void PrivateCups::AddQueue(const QString& name, const CardDriver& driver, Device
 }
 
 // The server queries the printer and writes a driver of its own while it answers other requests.
+QString PrivateCups::AddQueueOf(const QString& name, const QString& printerUri) const
+{
+    Run(Lpadmin, {QStringLiteral("-p"), name, QStringLiteral("-E"), QStringLiteral("-v"),
+                  printerUri, QStringLiteral("-m"), QStringLiteral("everywhere")});
+    QString driver = m_folder.filePath(QStringLiteral("ppd/%1.ppd").arg(name));
+    QElapsedTimer waited;
+    waited.start();
+    while ((!QFile::exists(driver) || !HasDriver(name)) && !waited.hasExpired(PatienceMilliseconds))
+        QThread::msleep(PollMilliseconds);
+    return driver;
+}
+
+void PrivateCups::AddPrinterQueue(const QString& name, const QString& printerUri)
+{
+    AddQueueOf(name, printerUri);
+}
+
 void PrivateCups::AddDriverlessQueue(const QString& name, const QString& printerUri)
 {
     const QString asking = name + QStringLiteral("-asking");
-    Run(Lpadmin, {QStringLiteral("-p"), asking, QStringLiteral("-E"), QStringLiteral("-v"),
-                  printerUri, QStringLiteral("-m"), QStringLiteral("everywhere")});
-    const QString driver = m_folder.filePath(QStringLiteral("ppd/%1.ppd").arg(asking));
-    QElapsedTimer waited;
-    waited.start();
-    while ((!QFile::exists(driver) || !HasDriver(asking)) &&
-           !waited.hasExpired(PatienceMilliseconds))
-        QThread::msleep(PollMilliseconds);
+    const QString driver = AddQueueOf(asking, printerUri);
     Run(Lpadmin, {QStringLiteral("-p"), name, QStringLiteral("-E"), QStringLiteral("-v"),
                   CopyingDevice, QStringLiteral("-P"), driver});
     Delete(asking);

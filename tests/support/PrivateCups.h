@@ -30,6 +30,8 @@ public:
     /// A queue that the server makes from what an IPP printer reports. Jobs do not go to that
     /// printer: they are copied as with any queue.
     void AddDriverlessQueue(const QString& name, const QString& printerUri);
+    /// A queue that the server makes likewise, and whose jobs go to that printer.
+    void AddPrinterQueue(const QString& name, const QString& printerUri);
     /// The driver's description as the server has it.
     QString DriverOf(const QString& name) const;
     /// Sets an option of the queue as its administrator, "name=value".
@@ -69,6 +71,8 @@ public:
 
 private:
     bool Answers() const;
+    /// @return the path of the driver that the server has made
+    QString AddQueueOf(const QString& name, const QString& printerUri) const;
     void WriteFile(const QString& name, const QString& text, bool executable = false) const;
     void WriteConfiguration() const;
     void WriteBackend() const;
