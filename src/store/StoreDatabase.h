@@ -129,7 +129,7 @@ public:
     virtual void OverwriteDeleted() = 0;
     /// Removes from the files what deleted rows of these tables have left there. No transaction may
     /// be open.
-    /// @return false if others use the database, so that copies may be left
+    /// @return false if copies may be left, since others use the database or own its tables
     virtual bool EmptyFiles(std::span<const StoreTable> tables) = 0;
 };
 

@@ -136,6 +136,21 @@ TEST(ServerAway, IsToldAtOnceAndOverAsSoonAsTheServerIsBack)
     EXPECT_NO_THROW(store.CommitTrans());
 }
 
+TEST(ServerUsers, TheOwnerAloneCanTakeWhatIsDeletedOutOfTheFiles)
+{
+    PrivatePostgres server;
+    const QString address = server.NewDatabase();
+    const auto owner = OpenStoreDatabase(address);
+    BringUpToDate(*owner, Further);
+    PrivatePostgres::Run(address,
+                         QStringLiteral("CREATE ROLE till LOGIN; GRANT SELECT, INSERT, UPDATE, "
+                                        "DELETE ON ALL TABLES IN SCHEMA public TO till"));
+    const auto till = OpenStoreDatabase(
+        QString(address).replace(QStringLiteral("user=vantrel"), QStringLiteral("user=till")));
+    EXPECT_FALSE(till->EmptyFiles(Further));
+    EXPECT_TRUE(owner->EmptyFiles(Further));
+}
+
 TEST(ServerAway, ARestartBetweenTwoStatementsIsNotNoticed)
 {
     PrivatePostgres server;

@@ -484,9 +484,15 @@ QString PostgresDatabase::WithoutIndex(const QString& column) const
 
 bool PostgresDatabase::EmptyFiles(std::span<const StoreTable> tables)
 {
-    // The table is written anew while nobody may use it, so stations that wait do so once.
-    for (const StoreTable& table : tables)
+    for (const StoreTable& table : tables) {
+        const QString file = QStringLiteral("SELECT pg_relation_filenode('%1')")
+                                 .arg(QString::fromLatin1(table.Name).toLower());
+        const QVariant before = Execute(file);
+        // Stations that wait for the table do so once. Who may not do this is only warned.
         m_connection.Run("VACUUM (FULL) " + QByteArray(table.Name).toLower());
+        if (Execute(file) == before)
+            return false;
+    }
     return true;
 }
 
