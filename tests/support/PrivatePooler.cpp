@@ -44,22 +44,33 @@ PrivatePooler::PrivatePooler(const PrivatePostgres& server)
         file->close();
         PrivatePostgres::GiveToServer(file->fileName());
     }
-    QStringList command = PrivatePostgres::AsServerUser(
-        {QStringLiteral("/usr/sbin/pgbouncer"), settings.fileName()}, QStringLiteral("TERM"));
+    m_address = Through(server.AddressAs(QStringLiteral("vantrel"))).toUtf8();
     m_pooler.setProcessChannelMode(QProcess::MergedChannels);
     m_pooler.setWorkingDirectory(m_folder.path());
+    Start();
+}
+
+PrivatePooler::~PrivatePooler()
+{
+    Kill();
+}
+
+void PrivatePooler::Start()
+{
+    QStringList command = PrivatePostgres::AsServerUser(
+        {QStringLiteral("/usr/sbin/pgbouncer"), m_folder.filePath(QStringLiteral("pooler.ini"))},
+        QStringLiteral("TERM"));
     m_pooler.start(command.takeFirst(), command);
     EXPECT_TRUE(m_pooler.waitForStarted()) << "the package pgbouncer is not installed";
     QElapsedTimer limit;
     limit.start();
-    const QByteArray address = Through(server.AddressAs(QStringLiteral("vantrel"))).toUtf8();
-    while (PQping(address.constData()) != PQPING_OK && limit.elapsed() < PatienceMilliseconds &&
+    while (PQping(m_address.constData()) != PQPING_OK && limit.elapsed() < PatienceMilliseconds &&
            m_pooler.state() == QProcess::Running)
         QThread::msleep(PollMilliseconds);
-    EXPECT_EQ(PQping(address.constData()), PQPING_OK) << m_pooler.readAll().constData();
+    EXPECT_EQ(PQping(m_address.constData()), PQPING_OK) << m_pooler.readAll().constData();
 }
 
-PrivatePooler::~PrivatePooler()
+void PrivatePooler::Kill()
 {
     m_pooler.kill();
     m_pooler.waitForFinished(PatienceMilliseconds);

@@ -21,11 +21,18 @@ public:
     /// How many connections to the server it has for each database.
     static constexpr int Connections = 2;
 
+    /// Kills the pooler and with it all the connections that it has.
+    void Kill();
+    /// Starts it again after that, at the same address.
+    void Start();
+
     /// The same database, through the pooler.
     QString Through(const QString& address) const;
 
 private:
     QTemporaryDir m_folder;
+    /// Any database of the server, to ask whether the pooler is ready.
+    QByteArray m_address;
     QProcess m_pooler;
 };
 
