@@ -2,8 +2,9 @@
 #include "road/AdminRun.h"
 #include "road/PrintFolder.h"
 #include "road/StationProcess.h"
-#include "samples/FreshInstall.h"
+#include "station/session/StoreLocation.h"
 #include "store/Connection.h"
+#include "store/StoreDatabase.h"
 #include "support/Events.h"
 #include "support/PdfReading.h"
 #include "support/PrivateCups.h"
@@ -265,9 +266,15 @@ TEST_F(PrintFaults, AWorkerThatIsKilledStopsTheRunAndItsCardsAreAccountedFor)
 TEST_F(PrintFaults, AStoreThatIsHeldStopsTheRunWithAReason)
 {
     Connection holder;
-    holder.Open(LayoutDatabasePath(Home));
+    holder.Open(StoreLocation(Home));
     holder.BeginTrans();
-    const Outcome outcome = Folder.Run({QStringLiteral("-")}, "Ada,x\n");
+    const auto run = Folder.Start({QStringLiteral("-")});
+    run->write("Ada,x\n");
+    run->closeWriteChannel();
+    // A server ends a transaction that stands still.
+    while (run->state() != QProcess::NotRunning && !run->waitForFinished(1000))
+        holder.Database().Execute(QStringLiteral("SELECT 1"));
+    const Outcome outcome = PrintFolder::EndOf(*run);
     holder.RollbackTrans();
     EXPECT_EQ(outcome.Code, 1);
     EXPECT_TRUE(outcome.Errors.last().startsWith(QStringLiteral("vantrel-print: Stopped: ")));

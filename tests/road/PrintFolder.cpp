@@ -2,7 +2,7 @@
 #include "ledger/LedgerReading.h"
 #include "ledger/LedgerTables.h"
 #include "road/StationProcess.h"
-#include "samples/FreshInstall.h"
+#include "station/session/StoreLocation.h"
 #include "store/Connection.h"
 #include "support/Layouts.h"
 #include <QDir>
@@ -49,7 +49,7 @@ std::unique_ptr<QProcess> PrintFolder::Start(const QStringList& words) const
 
 PrintFolder::Outcome PrintFolder::EndOf(QProcess& run)
 {
-    EXPECT_TRUE(run.waitForFinished(LimitMs));
+    EXPECT_TRUE(run.state() == QProcess::NotRunning || run.waitForFinished(LimitMs));
     const int code = run.exitStatus() == QProcess::NormalExit ? run.exitCode() : -1;
     return {code, QString::fromUtf8(run.readAllStandardOutput()),
             QString::fromUtf8(run.readAllStandardError()).split(u'\n', Qt::SkipEmptyParts)};
@@ -89,7 +89,7 @@ std::map<qlonglong, LedgerEntry> PrintFolder::Entries() const
 {
     std::map<qlonglong, LedgerEntry> entries;
     Connection store;
-    store.Open(LayoutDatabasePath(Session.ProgramFolder));
+    store.Open(StoreLocation(Session.ProgramFolder));
     if (HasLedger(store.Database()))
         ReadEntries(store.Database(), {},
                     [&](const LedgerEntry& entry) { entries.emplace(entry.Id, entry); });
@@ -99,7 +99,7 @@ std::map<qlonglong, LedgerEntry> PrintFolder::Entries() const
 QString PrintFolder::StoredNumber() const
 {
     Connection store;
-    store.Open(LayoutDatabasePath(Session.ProgramFolder));
+    store.Open(StoreLocation(Session.ProgramFolder));
     return StoredNumbers(store, QStringLiteral("Badge")).value(0);
 }
 

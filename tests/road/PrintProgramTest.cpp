@@ -1,6 +1,6 @@
 #include "road/PrintFolder.h"
 #include "road/StationProcess.h"
-#include "samples/FreshInstall.h"
+#include "station/session/StoreLocation.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
 #include "support/PdfReading.h"
@@ -190,7 +190,7 @@ TEST_F(PrintProgram, AMistakeInTheCallIsToldInOneLineBeforeAnyRow)
           "--one=", "--printer=Nope", "--images=/nonexistent", "--format=records --header", "a b"})
         ExpectRefusedOnLayout(QString::fromLatin1(words).split(u' ') + QStringList{Input});
     // The program may be the superuser, who can write everywhere, but not below a file.
-    const QString belowFile = Folder.PathOf(QStringLiteral("Vantrel.dat/x"));
+    const QString belowFile = Folder.PathOf(QStringLiteral("Vantrel 6.ini/x"));
     ExpectRefusedOnLayout({Input, QStringLiteral("--one"), belowFile});
     ExpectRefusedOnLayout({Input, QStringLiteral("--each"), belowFile});
     EXPECT_EQ(Folder.StoredNumber(), QStringLiteral("1000"));
@@ -291,7 +291,7 @@ TEST_F(PrintProgram, CardsGoToAPrinter)
 
 TEST_F(PrintProgram, APictureForEachCardIsNamedByAColumn)
 {
-    Folder.Session.LayoutDb.Open(LayoutDatabasePath(Home));
+    Folder.Session.LayoutDb.Open(StoreLocation(Home));
     // The station knows the folder, so it keeps a path that only rows complete.
     Folder.Session.Pictures.Folder = Folder.PathOf(QStringLiteral("photos"));
     AddImage(Folder.Session, QStringLiteral("{photo}.png"), {2200, 300, 700, 700});

@@ -1,9 +1,10 @@
 #include "PrintRun.h"
 #include "ledger/LedgerTables.h"
 #include "printers/CardFolder.h"
+#include "station/batch/FolderLedger.h"
 #include "station/batch/RowPictures.h"
-#include "station/ledger/StationLedger.h"
 #include "station/session/Settings.h"
+#include "store/StoreDatabase.h"
 #include <QFileInfo>
 #include <algorithm>
 #include <poll.h>
@@ -26,10 +27,14 @@ QString NameOfFile(const QString& path)
                                        : QFileInfo(path).fileName();
 }
 
+QString SentenceOf(const QString& text)
+{
+    return text.endsWith(u'.') ? text : text + u'.';
+}
+
 QString ReasonText(const Failure& failure)
 {
-    QString text = ReasonOf(failure);
-    return text.endsWith(u'.') ? text : text + u'.';
+    return SentenceOf(ReasonOf(failure));
 }
 
 } // namespace
@@ -62,7 +67,7 @@ PrintRun::PrintRun(const PrintOptions& options, RunTools tools, const std::atomi
     if (m_book)
         place.Book = m_path;
     if (session.Options.Ledger) {
-        OpenLedger(session);
+        OpenLedgerOfRun(session);
         EndDeadRuns(session.ProgramFolder, session.LayoutDb.Database());
         // Its session number may be that of a run that was killed.
         if (HasLedger(session.LayoutDb.Database()))
@@ -277,9 +282,17 @@ void PrintRun::PrintHere(const Batch& batch)
     if (results.size() < batch.Rows.size()) {
         m_end.NextRow = batch.Rows[results.size()].Number;
         if (!m_stop)
-            m_end.Trouble = QStringLiteral("The file cannot be written.");
+            m_end.Trouble = WhyNoFurtherRow();
     }
     Note(batch, results);
+}
+
+QString PrintRun::WhyNoFurtherRow()
+{
+    if (m_book && m_book->IsBroken())
+        return QStringLiteral("The file cannot be written.");
+    const QString trouble = m_session.Session.LayoutDb.Database().Trouble();
+    return trouble.isEmpty() ? QString::fromLatin1(StoreAway) : SentenceOf(trouble);
 }
 
 void PrintRun::TakeResults()

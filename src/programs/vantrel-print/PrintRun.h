@@ -20,6 +20,9 @@
 
 namespace vantrel::print {
 
+/// Why a row is not drawn, where the store does not say more.
+inline constexpr QLatin1StringView StoreAway{"The store is away."};
+
 /// The session in which rows are drawn, without ports and windows.
 class PrintSession
 {
@@ -78,6 +81,8 @@ private:
     RowFormat Format() const;
     qsizetype ReadSome(char* to, qsizetype most);
     bool IsStopped() const;
+    /// Why rows of a batch were not begun, where nobody asked to stop.
+    QString WhyNoFurtherRow();
     bool TakeRow();
     void PrintBatch();
     void PrintHere(const Batch& batch);

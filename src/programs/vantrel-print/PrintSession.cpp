@@ -2,6 +2,7 @@
 #include "station/session/Settings.h"
 #include "station/session/StoreLocation.h"
 #include "station/start/EntryPoint.h"
+#include "store/StoreDatabase.h"
 #include <QDir>
 #include <QFileInfo>
 
@@ -68,9 +69,19 @@ Workers::Work MakeWork(const PrintOptions& options)
     };
     const auto tools = std::make_shared<Tools>(options);
     return [tools](const Batch& batch) {
-        return tools->Printer.Print(
+        std::vector<RowResult> results = tools->Printer.Print(
             batch, tools->Plan, [](std::size_t) { return true; },
             [&] { tools->Folder.FinishJobs(); });
+        // Other processes print the rows behind this batch, so those that are left fail here.
+        QString reason = tools->Session.Session.LayoutDb.Database().Trouble();
+        if (reason.isEmpty())
+            reason = StoreAway;
+        for (std::size_t row = results.size(); row < batch.Rows.size(); ++row)
+            results.push_back({.Number = batch.Rows[row].Number,
+                               .Line = batch.Rows[row].Line,
+                               .Cards = {},
+                               .Reason = reason});
+        return results;
     };
 }
 

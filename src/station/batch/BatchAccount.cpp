@@ -132,7 +132,9 @@ void BatchAccount::Begin(Batch& batch)
             Commit(batch, true);
             return;
         } catch (const Failure& failure) {
-            if (m_session.Options.LedgerMust)
+            // Without its server there is no card either; when it is back, so is the ledger.
+            const bool isAway = !m_session.LayoutDb.Database().Trouble().isEmpty();
+            if (m_session.Options.LedgerMust || isAway)
                 throw;
             m_keepsLedger = false;
             m_trouble = failure.Text();

@@ -36,7 +36,8 @@ public:
 
     /// Takes the numbers of a batch and adds its rows to the ledger, durably. Fails with a
     /// `Failure` and nothing changed if the numbers cannot be taken, or if the ledger cannot be
-    /// written and must be. A ledger that need not be kept is left out from then on, see `Trouble`.
+    /// written and must be, or the server that keeps the store is away. A ledger that need not be
+    /// kept is left out from then on, see `Trouble`.
     void Begin(Batch& batch);
     /// Notes the results of a batch, durably. The numbers of rows without a result are given back.
     /// Fails like `Connection` if that cannot be written; the cards are printed all the same.

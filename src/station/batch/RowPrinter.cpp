@@ -10,6 +10,8 @@
 #include "station/macro/RunMacro.h"
 #include "station/print/PrintCard.h"
 #include "station/session/Session.h"
+#include "station/session/StoreLocation.h"
+#include "store/StoreDatabase.h"
 #include <algorithm>
 
 namespace vantrel {
@@ -143,6 +145,37 @@ void RowPrinter::Judge(RowResult& result) const
         result.Reason = LayoutChanged;
 }
 
+void RowPrinter::DrawRow(const BatchRow& row)
+{
+    m_results->push_back({.Number = row.Number, .Line = row.Line, .Cards = {}, .Reason = {}});
+    m_next = 0;
+    PrintValues(row.Values);
+}
+
+bool RowPrinter::PrintRow(const BatchRow& row)
+{
+    DrawRow(row);
+    StoreDatabase& store = m_session.LayoutDb.Database();
+    RowResult& result = m_results->back();
+    if (!result.Cards.empty()) {
+        if (result.Cards.size() < m_plan->size() && !store.Trouble().isEmpty())
+            result.Reason = store.Trouble();
+        return true;
+    }
+    if (!IsStoreAddress(store.Location()))
+        return true;
+    // A layout that cannot be loaded looks like one that was changed. If the server was lost for a
+    // moment only, the row is drawn after all.
+    m_results->pop_back();
+    if (!Skip("ask the store", [&] { store.Ask(); }))
+        return false;
+    DrawRow(row);
+    const bool isLost = m_results->back().Cards.empty() && !store.Trouble().isEmpty();
+    if (isLost)
+        m_results->pop_back();
+    return !isLost;
+}
+
 std::vector<RowResult> RowPrinter::Print(const Batch& batch, const RowPlan& plan,
                                          const std::function<bool(std::size_t row)>& begin,
                                          const std::function<void()>& finish)
@@ -153,10 +186,8 @@ std::vector<RowResult> RowPrinter::Print(const Batch& batch, const RowPlan& plan
     // Jobs that are told later keep their place.
     m_results->reserve(batch.Rows.size());
     for (m_row = 0; m_row < batch.Rows.size() && begin(m_row); ++m_row) {
-        const BatchRow& row = batch.Rows[m_row];
-        m_results->push_back({.Number = row.Number, .Line = row.Line, .Cards = {}, .Reason = {}});
-        m_next = 0;
-        PrintValues(row.Values);
+        if (!PrintRow(batch.Rows[m_row]))
+            break;
     }
     finish();
     std::vector<RowResult> results = *m_results;

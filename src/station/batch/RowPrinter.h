@@ -31,7 +31,8 @@ public:
     /// Sets what is called with the number of the file before each card that has one of its own.
     void NumberFiles(std::function<void(qint64 number)> next) { m_numberFile = std::move(next); }
 
-    /// Prints the rows of a batch in their order.
+    /// Prints the rows of a batch in their order. Ends before a row that cannot be drawn because
+    /// the server that keeps the store is away (`StoreDatabase::Trouble`).
     /// @param plan  of the rows; a row whose cards differ from it fails
     /// @param begin  called before each row with its index in the batch; returns false to print no
     /// further row
@@ -48,6 +49,9 @@ private:
 
     bool TakeNextOfPlan(const QString& layoutName, std::int16_t page, CardDocument& document);
     void PrintValues(const QStringList& values);
+    /// Prints one row. @return false if nothing of it was drawn, since the store is away
+    bool PrintRow(const BatchRow& row);
+    void DrawRow(const BatchRow& row);
     /// Completes the reason of a row from its cards.
     void Judge(RowResult& result) const;
 
