@@ -90,6 +90,9 @@ protected:
     {
         const QImage dots = DotsOfQueue(orientation);
         ASSERT_FALSE(dots.isNull());
+        // The sides of 153 x 243 points are so many dots and a half, in either order.
+        EXPECT_NEAR(std::min(dots.width(), dots.height()), 637, 1);
+        EXPECT_NEAR(std::max(dots.width(), dots.height()), 1012, 1);
         QImage card = DotsOfBuiltIn(orientation);
         if ((card.width() > card.height()) != (dots.width() > dots.height()))
             card = card.transformed(QTransform().rotate(90));
