@@ -12,6 +12,8 @@ namespace {
 constexpr int AtOnce = 2000;
 /// Entries whose end is waited for; of more, the oldest are not followed any longer.
 constexpr std::size_t MostFollowed = 5000;
+/// An entry may be committed after others with a higher number, but not after so many.
+constexpr qlonglong MostLate = 1000;
 constexpr qsizetype LongestName = 100;
 constexpr double MillisecondsOfSecond = 1000;
 
@@ -84,23 +86,50 @@ void Metrics::LookForPools(StoreDatabase& database)
 
 void Metrics::TakeNew(StoreDatabase& database)
 {
-    const QString sql =
-        m_hasPools ? QStringLiteral("SELECT e.ID, e.SessionNumber, e.Received, p.Pool FROM "
-                                    "LedgerEntries e LEFT JOIN LedgerPools p ON p.EntryID = e.ID "
-                                    "WHERE e.ID > ? ORDER BY e.ID LIMIT ?")
-                   : QStringLiteral("SELECT ID, SessionNumber, Received, NULL FROM LedgerEntries "
-                                    "WHERE ID > ? ORDER BY ID LIMIT ?");
+    TakeLate(database);
     int taken = AtOnce;
     while (taken == AtOnce) {
-        taken = 0;
-        database.Select(sql, {m_last, AtOnce}, [&](const StoreRow& row) {
-            m_last = row.Value(0).toLongLong();
-            const int session = row.Value(1).toInt();
-            CountRecord(session, row.Value(3));
-            m_followed[m_last] = {session, row.Value(2).toLongLong()};
-            ++taken;
+        taken = TakeEntries(database, QStringLiteral("ID > %1").arg(m_last), [&](qlonglong id) {
+            for (qlonglong number = std::max(m_last + 1, id - MostLate); number < id; ++number)
+                m_passedOver.insert(number);
+            m_last = id;
         });
     }
+}
+
+void Metrics::TakeLate(StoreDatabase& database)
+{
+    m_passedOver.erase(m_passedOver.begin(), m_passedOver.lower_bound(m_last - MostLate));
+    if (m_passedOver.empty())
+        return;
+    QStringList numbers;
+    for (const qlonglong number : m_passedOver)
+        numbers.append(QString::number(number));
+    TakeEntries(database, QStringLiteral("ID IN (%1)").arg(numbers.join(u',')),
+                [&](qlonglong id) { m_passedOver.erase(id); });
+}
+
+int Metrics::TakeEntries(StoreDatabase& database, const QString& which,
+                         const std::function<void(qlonglong id)>& taken)
+{
+    const QString columns = QStringLiteral("SELECT ID, SessionNumber, Received, ");
+    const QString sql =
+        columns +
+        (m_hasPools
+             ? QStringLiteral("(SELECT Pool FROM LedgerPools p WHERE p.EntryID = LedgerEntries.ID)")
+             : QStringLiteral("NULL")) +
+        QStringLiteral(" FROM LedgerEntries WHERE ") + which +
+        QStringLiteral(" ORDER BY ID LIMIT ?");
+    int count = 0;
+    database.Select(sql, {AtOnce}, [&](const StoreRow& row) {
+        const qlonglong id = row.Value(0).toLongLong();
+        const int session = row.Value(1).toInt();
+        CountRecord(session, row.Value(3));
+        m_followed[id] = {session, row.Value(2).toLongLong()};
+        taken(id);
+        ++count;
+    });
+    return count;
 }
 
 void Metrics::CountRecord(int session, const QVariant& pool)

@@ -5,7 +5,9 @@
 #include <QByteArray>
 #include <QMap>
 #include <array>
+#include <functional>
 #include <map>
+#include <set>
 #include <tuple>
 #include <vector>
 
@@ -46,6 +48,11 @@ private:
 
     void Begin(StoreDatabase& database);
     void TakeNew(StoreDatabase& database);
+    /// Takes entries that were committed after some with a higher number.
+    void TakeLate(StoreDatabase& database);
+    /// Takes the entries of a condition and calls `taken` with the number of each. @return how many
+    int TakeEntries(StoreDatabase& database, const QString& which,
+                    const std::function<void(qlonglong id)>& taken);
     /// @param pool  null for a record that was left to none
     void CountRecord(int session, const QVariant& pool);
     void LookForPools(StoreDatabase& database);
@@ -66,6 +73,8 @@ private:
     bool m_hasPools = false;
     StoreDatabase::State m_state;
     qlonglong m_last = 0;
+    /// Numbers below that of which no entry was there yet.
+    std::set<qlonglong> m_passedOver;
     std::map<qlonglong, Followed> m_followed;
 
     std::map<int, qlonglong> m_records;

@@ -143,6 +143,30 @@ TEST_F(ConsoleMetrics, CountEachEndOfACardOnceHoweverOftenTheyAreAsked)
     ExpectFigure("vantrel_cards_total|layout=Badge,station=1|1");
 }
 
+// Of two stations that write at once, the one with the lower number may commit later.
+TEST_F(ConsoleMetrics, CountARecordThatIsSeenAfterOneWithAHigherNumber)
+{
+    const auto addNumbered = [&](qlonglong number) {
+        const qlonglong id = AddLedgerEntry(Database(), Printed("Badge", 20));
+        Database().Change(QStringLiteral("UPDATE LedgerCards SET EntryID = ? WHERE EntryID = ?"),
+                          {number, id});
+        Database().Change(QStringLiteral("UPDATE LedgerEntries SET ID = ? WHERE ID = ?"),
+                          {number, id});
+    };
+    addNumbered(100);
+    Start();
+    ExpectFigure("vantrel_card_seconds_count||0");
+    addNumbered(103);
+    ExpectFigure("vantrel_records_total|station=1|1");
+    addNumbered(101);
+    ExpectFigure("vantrel_records_total|station=1|2");
+    ExpectFigure("vantrel_cards_total|layout=Badge,station=1|2");
+    addNumbered(50'000);
+    addNumbered(102);
+    addNumbered(49'999);
+    ExpectFigure("vantrel_records_total|station=1|5");
+}
+
 TEST_F(ConsoleMetrics, CountARecordOfAPoolForThePoolAndItsCardForTheStationThatPrintedIt)
 {
     LeaveToPool("badges");
