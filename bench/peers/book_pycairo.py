@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Makes PDFs of cards with pycairo as a fast script would: PICTURES-FOLDER FILE.pdf|FOLDER CARDS."""
+"""Makes one PDF of many cards with pycairo as a fast script would:
+PICTURES-FOLDER FILE.pdf CARDS."""
 
 import cairo
-from book import BACKGROUND, PHOTO, file_of, run
+from book import BACKGROUND, PHOTO, run
 from card import PAGE, texts
 from with_pycairo import size_of_jpeg
 
@@ -27,37 +28,26 @@ def paint(context, picture, box):
     context.restore()
 
 
-def paint_card(context, shared, photo, card, faces):
-    paint(context, shared, BACKGROUND)
-    paint(context, picture_of(photo), PHOTO)
-    context.set_source_rgb(0, 0, 0)
-    for text, font, left, top in texts(card):
-        if font not in faces:
-            weight = cairo.FONT_WEIGHT_BOLD if font[2] else cairo.FONT_WEIGHT_NORMAL
-            faces[font] = cairo.ToyFontFace(font[0], cairo.FONT_SLANT_NORMAL, weight)
-        context.set_font_face(faces[font])
-        context.set_font_size(font[1])
-        context.move_to(left, top + context.font_extents()[0])
-        context.show_text(text)
-
-
 def make_book(path, background, photos):
-    shared, faces = picture_of(background), {}
+    shared = picture_of(background)
+    faces = {}
     surface = cairo.PDFSurface(path, *PAGE)
     context = cairo.Context(surface)
     for card, photo in enumerate(photos, 1):
-        paint_card(context, shared, photo, card, faces)
+        paint(context, shared, BACKGROUND)
+        paint(context, picture_of(photo), PHOTO)
+        context.set_source_rgb(0, 0, 0)
+        for text, font, left, top in texts(card):
+            if font not in faces:
+                weight = cairo.FONT_WEIGHT_BOLD if font[2] else cairo.FONT_WEIGHT_NORMAL
+                faces[font] = cairo.ToyFontFace(font[0], cairo.FONT_SLANT_NORMAL, weight)
+            context.set_font_face(faces[font])
+            context.set_font_size(font[1])
+            context.move_to(left, top + context.font_extents()[0])
+            context.show_text(text)
         surface.show_page()
     surface.finish()
 
 
-def make_files(folder, background, photos):
-    shared, faces = picture_of(background), {}
-    for card, photo in enumerate(photos, 1):
-        surface = cairo.PDFSurface(file_of(folder, card), *PAGE)
-        paint_card(cairo.Context(surface), shared, photo, card, faces)
-        surface.finish()
-
-
 if __name__ == "__main__":
-    run(make_book, make_files)
+    run(make_book)

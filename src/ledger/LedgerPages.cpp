@@ -3,14 +3,6 @@
 
 namespace vantrel {
 
-bool HasPage(StoreDatabase& database, const QString& hash)
-{
-    bool found = false;
-    database.Select(QStringLiteral("SELECT 1 FROM LedgerPages WHERE Hash = ?"), {hash},
-                    [&](const StoreRow& /*row*/) { found = true; });
-    return found;
-}
-
 QString PageContent(StoreDatabase& database, const QString& hash)
 {
     QString content;

@@ -1,6 +1,5 @@
 #include "ledger/RecordLedger.h"
 #include "base/Failure.h"
-#include "ledger/LedgerPages.h"
 #include "ledger/LedgerTables.h"
 #include "store/Connection.h"
 #include "store/StoreDatabase.h"
@@ -18,73 +17,10 @@ namespace {
 
 Q_LOGGING_CATEGORY(ledgerLog, "vantrel.ledger")
 
-/// Characters that an entry is found by; a search reads them all.
-constexpr qsizetype LongestSearchText = 64 * 1024;
 /// Characters of what is missing on a card; a page may have any number of objects.
 constexpr qsizetype LongestRemark = 1000;
 /// Runs that wait to be written while the ledger cannot be; then the oldest are forgotten.
 constexpr std::size_t MostRuns = 10'000;
-/// Runs whose outcome is written at the latest with the next change.
-constexpr std::size_t ManyRuns = 64;
-
-const QString InsertEntry = QStringLiteral(
-    "INSERT INTO LedgerEntries (State, Received, SessionNumber, ReprintOf, Length, ValueCount, "
-    "Source, Layout, Reason, Hash, SearchText) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-const QString InsertRecord = QStringLiteral(
-    "INSERT INTO LedgerRecords (EntryID, Framing, RecordValues, Raw) VALUES (?, ?, ?, ?)");
-const QString UpdateEntry = QStringLiteral(
-    "UPDATE LedgerEntries SET State = ?, Reason = ?, SearchText = ? WHERE ID = ? AND State <> "
-    "'void' AND SessionNumber = ?");
-const QString InsertIntoPool =
-    QStringLiteral("INSERT INTO LedgerPools (EntryID, Pool) VALUES (?, ?)");
-const QString InsertCard = QStringLiteral(
-    "INSERT INTO LedgerCards (EntryID, State, Page, Copy, Job, Changed, Layout, Printer, Numbers, "
-    "PageHash, File, Reason) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-const QString UpdateCard = QStringLiteral(
-    "UPDATE LedgerCards SET State = ?, Job = ?, Changed = ?, File = ?, Reason = ? WHERE ID = ?");
-const QString InsertPage = QStringLiteral("INSERT INTO LedgerPages (Hash, Content) VALUES (?, ?)");
-
-void MakeTables(StoreDatabase& database)
-{
-    MakeLedgerTables(database);
-    // Removed entries must leave nothing behind in the file.
-    database.OverwriteDeleted();
-}
-
-/// A text column must not be null, and a null `QString` would be.
-QString NotNull(const QString& text)
-{
-    return text.isNull() ? QStringLiteral("") : text;
-}
-
-QVariant OrNull(const auto& value)
-{
-    return value ? QVariant(*value) : QVariant();
-}
-
-/// Lets an entry be found by a value.
-void AddSearchText(RecordRun& run, const QString& value)
-{
-    if (run.ValuesSearch.size() < LongestSearchText)
-        run.ValuesSearch += value.left(LongestSearchText).toCaseFolded() + QLatin1Char('\n');
-}
-
-QString SearchTextOf(const RecordRun& run)
-{
-    QStringList words{run.Entry.Source, run.Entry.Layout};
-    for (const LedgerCard& card : run.Entry.Cards) {
-        words += card.Numbers;
-        if (card.Layout != run.Entry.Layout)
-            words += card.Layout;
-    }
-    words.removeDuplicates();
-    QString text = words.join(QLatin1Char('\n')).toCaseFolded();
-    text += QLatin1Char('\n') + run.ValuesSearch;
-    text.truncate(LongestSearchText);
-    // A search ends at a null character.
-    text.replace(QChar(QChar::Null), QLatin1Char(' '));
-    return text;
-}
 
 } // namespace
 
@@ -138,7 +74,7 @@ RecordRunPtr RecordLedger::Resume(LedgerEntry entry)
     // Such as were void when a server was lost.
     run->Entry.Cards.clear();
     for (const QString& value : std::exchange(run->Entry.Values, {}))
-        AddSearchText(*run, value);
+        run->AddSearchText(value);
     return run;
 }
 
@@ -158,7 +94,7 @@ void RecordLedger::SetValues(RecordRun& run, int count,
         for (int position = 1; position <= count; ++position) {
             const QString value = valueAt(position);
             list.Add(value);
-            AddSearchText(run, value);
+            run.AddSearchText(value);
         }
         run.ValuesText = list.Text();
         return;
@@ -260,85 +196,6 @@ void RecordLedger::EndRoad(RecordRun& run)
 void RecordLedger::Drop(const RecordRunPtr& run)
 {
     m_runs.erase(std::remove(m_runs.begin(), m_runs.end(), run), m_runs.end());
-}
-
-void RecordLedger::WriteEntry(StoreDatabase& database, RecordRun& run)
-{
-    LedgerEntry& entry = run.Entry;
-    RowState& row = run.m_entryRow;
-    if (!row.Dirty)
-        return;
-    if (row.Stored || row.Fresh) {
-        const int changed =
-            database.Change(UpdateEntry, {NameOf(entry.State), NotNull(entry.Reason),
-                                          SearchTextOf(run), entry.Id, entry.Session});
-        run.m_void = changed == 0;
-        return;
-    }
-    entry.Id = database.Add(
-        InsertEntry, {NameOf(entry.State), entry.Received, entry.Session, OrNull(entry.ReprintOf),
-                      entry.Length, entry.ValueCount, NotNull(entry.Source), NotNull(entry.Layout),
-                      NotNull(entry.Reason), NotNull(entry.Hash), SearchTextOf(run)});
-    row.Fresh = true;
-    if (entry.HasValues) {
-        const QByteArray raw = entry.Raw.isNull() ? QByteArray("") : entry.Raw;
-        database.Change(InsertRecord,
-                        {entry.Id, NotNull(entry.Framing), NotNull(run.ValuesText), raw});
-    }
-    if (!entry.Pool.isEmpty())
-        database.Change(InsertIntoPool, {entry.Id, entry.Pool});
-}
-
-void RecordLedger::WriteCards(StoreDatabase& database, RecordRun& run)
-{
-    if (run.m_void)
-        return;
-    for (const auto& [hash, content] : run.m_pages) {
-        if (!HasPage(database, hash))
-            database.Change(InsertPage, {hash, content});
-    }
-    for (std::size_t i = 0; i < run.m_cardRows.size(); ++i) {
-        RowState& row = run.m_cardRows[i];
-        LedgerCard& card = run.Entry.Cards[i];
-        if (!row.Dirty)
-            continue;
-        if (row.Stored || row.Fresh) {
-            database.Change(UpdateCard, {NameOf(card.State), OrNull(card.Job), card.Changed,
-                                         NotNull(card.File), NotNull(card.Reason), card.Id});
-            continue;
-        }
-        card.Id = database.Add(InsertCard,
-                               {run.Entry.Id, NameOf(card.State), card.Page, card.Copy,
-                                OrNull(card.Job), card.Changed, NotNull(card.Layout),
-                                NotNull(card.Printer), ListText(card.Numbers),
-                                NotNull(card.PageHash), NotNull(card.File), NotNull(card.Reason)});
-        row.Fresh = true;
-    }
-}
-
-void RecordLedger::Write()
-{
-    if (!m_terms.On)
-        return;
-    try {
-        if (IsRefused())
-            throw Failure(FailureNumber::InvalidCall, m_refusal);
-        StoreDatabase& database = m_connection->Database();
-        if (!m_tablesMade)
-            MakeTables(database);
-        EndDoubts(database);
-        for (const RecordRunPtr& run : m_runs) {
-            if (!run->IsComplete())
-                continue;
-            WriteEntry(database, *run);
-            WriteCards(database, *run);
-        }
-    } catch (const Failure& failure) {
-        m_trouble = failure.Text();
-        // Somebody may have removed a table.
-        m_tablesMade = false;
-        throw;
-    }
 }
 
 void RecordLedger::Committed()
@@ -449,7 +306,7 @@ void RecordLedger::Flush()
         RolledBack();
     });
     try {
-        m_connection->BeginTrans();
+        m_connection->BeginTrans(LockToWrite());
         Write();
         m_connection->CommitTrans();
     } catch (const Failure& failure) {

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "ledger/RecordRun.h"
+#include "store/StoreLock.h"
+#include <map>
 
 namespace vantrel {
 
 class Connection;
 class StoreDatabase;
+struct StoreStep;
 
 /// How a station keeps its ledger.
 struct LedgerTerms
@@ -83,6 +86,9 @@ public:
     /// Forgets a record that is not taken after all. Nothing of it may be in the database.
     void Drop(const RecordRunPtr& run);
 
+    /// What a transaction must lock that `Write` is called in: its own rows, or the whole store
+    /// where that is not enough.
+    StoreLock LockToWrite() const;
     /// Writes all changes inside the transaction that is open on the connection. Fails like
     /// `StoreDatabase`. `Committed` or `RolledBack` must be called once it has ended.
     void Write();
@@ -124,11 +130,21 @@ private:
         RecordRunPtr Run = {};
     };
 
+    /// Runs whose outcome is written at the latest with the next change.
+    static constexpr std::size_t ManyRuns = 64;
+    /// Descriptions of pages by their keys, in whose order they are added: where stations add the
+    /// same ones at once, one waits for the other then, and never both.
+    using PageContents = std::map<QString, QString>;
+
     void ForgetOldest();
     void NoteDoubts();
     void EndDoubts(StoreDatabase& database);
-    void WriteEntry(StoreDatabase& database, RecordRun& run);
-    void WriteCards(StoreDatabase& database, RecordRun& run);
+    static void MakeTables(StoreDatabase& database);
+    static void WriteRuns(StoreDatabase& database, const std::vector<RecordRun*>& runs);
+    static std::vector<RecordRun*>
+    WriteEntries(StoreDatabase& database, const std::vector<RecordRun*>& runs, PageContents& pages);
+    static void WriteParts(StoreDatabase& database, const std::vector<RecordRun*>& runs,
+                           const std::vector<RecordRun*>& added, const PageContents& newPages);
     std::vector<RecordRunPtr> RunsToTell() const;
     void Settle();
 

@@ -7,6 +7,8 @@ namespace {
 
 /// Characters of a reason in an answer; a name in it may be long.
 constexpr qsizetype LongestReason = 200;
+/// Characters that an entry is found by; a search reads them all.
+constexpr qsizetype MostSearched = 64 * 1024;
 
 bool IsHandedOver(LedgerState state)
 {
@@ -49,6 +51,29 @@ void RecordRun::Judge()
     Entry.State = state;
     Entry.Reason = reason;
     m_entryRow.Dirty = true;
+}
+
+void RecordRun::AddSearchText(const QString& value)
+{
+    if (m_valuesSearch.size() < MostSearched)
+        m_valuesSearch += value.left(MostSearched).toCaseFolded() + QLatin1Char('\n');
+}
+
+QString RecordRun::SearchText() const
+{
+    QStringList words{Entry.Source, Entry.Layout};
+    for (const LedgerCard& card : Entry.Cards) {
+        words += card.Numbers;
+        if (card.Layout != Entry.Layout)
+            words += card.Layout;
+    }
+    words.removeDuplicates();
+    QString text = words.join(QLatin1Char('\n')).toCaseFolded();
+    text += QLatin1Char('\n') + m_valuesSearch;
+    text.truncate(MostSearched);
+    // A search ends at a null character.
+    text.replace(QChar(QChar::Null), QLatin1Char(' '));
+    return text;
 }
 
 bool RecordRun::MayBePostponed() const

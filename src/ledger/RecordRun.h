@@ -25,9 +25,6 @@ public:
     LedgerEntry Entry;
     /// The values as they are stored: a JSON array of texts.
     QString ValuesText;
-    /// What the entry is found by besides its source, layout and numbers: its values, with their
-    /// case folded, separated by line feeds.
-    QString ValuesSearch;
     /// The copy that is being printed, from 1.
     int Copy = 1;
     /// Why there is no card, if none is begun.
@@ -39,6 +36,11 @@ public:
     /// It is an entry of the ledger whose first card could not be written, and waits until it can.
     bool IsPostponed = false;
 
+    /// Lets the entry be found by a value too.
+    void AddSearchText(const QString& value);
+    /// What the entry is found by: its source, layouts, numbers and values, with their case folded,
+    /// separated by line feeds.
+    QString SearchText() const;
     /// Whether it is an entry that was in the ledger before, none of whose cards is.
     bool MayBePostponed() const;
     /// Whether the outcome of all its cards is known.
@@ -61,6 +63,7 @@ private:
         return m_valuesKnown || m_wasInLedger || m_roadEnded || !m_cardRows.empty();
     }
 
+    QString m_valuesSearch;
     bool m_valuesKnown = false;
     bool m_wasInLedger = false;
     bool m_roadEnded = false;

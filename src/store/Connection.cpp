@@ -39,9 +39,11 @@ std::shared_ptr<CursorShape> Connection::Private::ShapeOf(const QString& stateme
 CursorResult Connection::Private::ResultOf(const QString& statement)
 {
     StoreDatabase& database = Opened();
-    const bool mayKeep = database.MayKeepRows();
+    const bool mayAsk = database.MayKeepRows();
+    const bool mayKeep = mayAsk || (AheadDepth > 0 && !database.InTransaction());
     if (mayKeep) {
-        if (const auto kept = Kept.Find(statement, database.Now()))
+        const StoreDatabase::State now = mayAsk ? database.Now() : StoreDatabase::State();
+        if (const auto kept = Kept.Find(statement, now))
             return *kept;
     }
     const std::shared_ptr<CursorShape> shape = ShapeOf(statement);
@@ -127,11 +129,11 @@ void Connection::MakeTable(const StoreTable& table)
     m_d->Tables.clear();
 }
 
-void Connection::BeginTrans()
+void Connection::BeginTrans(const StoreLock& lock)
 {
     StoreDatabase& database = m_d->Opened();
     // The database is asked instead of the depth because it may have rolled back by itself.
-    if (database.Begin()) {
+    if (database.Begin(lock)) {
         m_d->Pending.AfterRollback();
         m_d->Depth = m_d->DepthAside + 1;
         return;

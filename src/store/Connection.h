@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/StoreLock.h"
 #include <QString>
 #include <QStringList>
 #include <memory>
@@ -36,9 +37,10 @@ public:
     /// Makes a table that a layout database may lack, unless it is there.
     void MakeTable(const StoreTable& table);
 
-    /// Begins a transaction. The outermost one takes the write lock at once; a nested one is a
-    /// savepoint. Fails with `StoreBusy` if another session holds the lock for five seconds.
-    void BeginTrans();
+    /// Begins a transaction. The outermost one takes the lock at once; a nested one is a savepoint,
+    /// whatever lock it asks for. Fails with `StoreBusy` if another session holds the lock for five
+    /// seconds.
+    void BeginTrans(const StoreLock& lock = StoreLock::OfStore());
     /// Ends the innermost transaction. It commits durably if no transaction around it is still open
     /// in the file; transactions that were set aside are not. A transaction that was itself set
     /// aside ends without a commit. Fails with `InvalidCall` if no transaction is open.
@@ -65,6 +67,7 @@ public:
     bool InTransaction() const;
 
 private:
+    friend class ReadAhead;
     friend class Recordset;
     struct Private;
     std::unique_ptr<Private> m_d;

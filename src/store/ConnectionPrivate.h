@@ -23,6 +23,8 @@ struct Connection::Private
     int Depth = 0;
     /// Number of open transactions that were set aside and are not open in the file.
     int DepthAside = 0;
+    /// How many `ReadAhead` exist.
+    int AheadDepth = 0;
 
     /// @return the open database. Fails with `ObjectClosed` on a closed connection.
     StoreDatabase& Opened();
@@ -32,6 +34,11 @@ struct Connection::Private
     /// @return the present result of the statement, from the cache if the database has not changed
     /// since.
     CursorResult ResultOf(const QString& statement);
+    /// Whether kept rows are as good as new once the database was asked for its state.
+    bool MayAskForChanges() const { return Database && Database->MayKeepRows(); }
+    /// Reads the rows of statements in one round trip and keeps them, unless the rows that are kept
+    /// are asked for anyway or a transaction is open. Fails like `StoreDatabase`.
+    void ReadAtOnce(const QStringList& statements);
     /// Must be called before a cursor is opened, so that pending rows are shown or dropped.
     void BeforeCursor(const QString& statement, CursorLock lock);
 };

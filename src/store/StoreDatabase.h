@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/CursorShape.h"
+#include "store/StoreLock.h"
 #include "store/StoreRow.h"
 #include "store/StoreTable.h"
 #include <QString>
@@ -12,6 +13,16 @@
 #include <vector>
 
 namespace vantrel {
+
+/// One of several statements that are run together, with the values that are bound in order.
+struct StoreStep
+{
+    /// What is to be known of it: how many rows it has changed; the number of the one row that it
+    /// has added to a table with a counter named `ID`; or how many rows it has found.
+    enum class Gives { Changed, Added, Found } Result = Gives::Changed;
+    QString Sql;
+    QVariantList Values;
+};
 
 /// One open database, whatever engine keeps it. `OpenStoreDatabase` opens one. Statements are in
 /// the SQL that all engines understand, with question marks for values; what engines say in
@@ -66,13 +77,19 @@ public:
     /// @return the row's number
     virtual qlonglong Add(const QString& sql, const QVariantList& values) = 0;
 
+    /// Runs statements one after the other until one fails, on a server in as few round trips as
+    /// their size allows. A transaction must be open. @return what each of them gives
+    virtual std::vector<qlonglong> RunAll(const std::vector<StoreStep>& steps);
+
     /// Why a commit may be lost when the machine fails; empty if it is as durable as it should be.
     virtual QString DoubtsAboutCommits() { return {}; }
 
-    /// Begins a transaction that holds the write lock from its start. Fails with `StoreBusy` if
-    /// another session holds the lock for five seconds.
+    /// Begins a transaction that holds the lock from its start. Fails with `StoreBusy` if another
+    /// session holds it for five seconds.
     /// @return false, with nothing changed, if a transaction is already open
-    virtual bool Begin() = 0;
+    virtual bool Begin(const StoreLock& lock) = 0;
+    /// The same, with the lock of the whole store.
+    bool Begin() { return Begin(StoreLock::OfStore()); }
     /// Begins a transaction that only reads, all of it in the same state, and holds nobody up.
     virtual void BeginReading() = 0;
     /// Ends the transaction durably.
@@ -100,6 +117,8 @@ public:
 
     /// Reads the rows of a cursor's statement in their order.
     virtual void ReadRows(const CursorShape& shape, const TakeCursorRow& take) = 0;
+    /// The rows of several cursors' statements, on a server in one round trip.
+    virtual std::vector<CursorRows> ReadAll(const std::vector<const CursorShape*>& shapes);
     /// Adds a row to a table that cursors read, with a value for each of the columns named.
     /// @param unlessFound  if given, as one step with the check that this statement finds no row
     /// @return the key of the row; nothing if it was not added

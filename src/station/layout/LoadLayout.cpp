@@ -12,7 +12,9 @@
 #include "station/session/MainRuntime.h"
 #include "station/session/Session.h"
 #include "store/Connection.h"
+#include "store/ReadAhead.h"
 #include "store/Recordset.h"
+#include <optional>
 
 namespace vantrel {
 
@@ -55,6 +57,21 @@ bool IsStored(Connection& layoutDb, LayoutPage& page, const QString& layoutName)
     return exists;
 }
 
+/// What is read of a layout when one of its pages is loaded.
+QStringList StatementsOfPage(Session& session, const QString& layoutName, std::int16_t page)
+{
+    QStringList statements{ObjectsOfLayout(layoutName), ParamsOfPage(layoutName, page),
+                           PagesOfLayout(layoutName), ObjectsOfPage(layoutName, page)};
+    Skip("look for extras", [&] {
+        if (HasExtras(session.LayoutDb))
+            statements.append(ExtrasOfPage(layoutName, page));
+    });
+    // The first page has the automatic printing of all.
+    if (page != 1)
+        statements.append(ParamsOfPage(layoutName, 1));
+    return statements;
+}
+
 void TellLoaded(Session& session)
 {
     session.History.PageWasLoaded();
@@ -73,6 +90,8 @@ bool DoesLayoutExist(Session& session, const QString& layoutName)
 bool LoadLayout(Session& session, LayoutPage& page, const QString& layoutName)
 {
     const bool isSame = layoutName == page.LayoutName;
+    std::optional<ReadAhead> ahead(std::in_place, session.LayoutDb,
+                                   StatementsOfPage(session, layoutName, page.Params.PageIndex));
     if (!IsStored(session.LayoutDb, page, layoutName))
         return false;
     // The font that the wizard was given belongs to the layout that it has made.
@@ -91,6 +110,7 @@ bool LoadLayout(Session& session, LayoutPage& page, const QString& layoutName)
     if (!params.BackImg1Path.isEmpty())
         page.Document.Tag = params.BackImg1Path;
     LoadObjects(session, page);
+    ahead.reset();
     KeepNumbers(page.Document, session.UnstoredNumbers);
     page.Document.Refresh();
     params.LayoutOpen = true;

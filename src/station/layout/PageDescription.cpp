@@ -6,6 +6,7 @@
 #include "station/layout/RowToObject.h"
 #include "station/layout/StoreStatements.h"
 #include "station/layout/StoredNumbers.h"
+#include "store/ReadAhead.h"
 #include <QCryptographicHash>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -107,10 +108,15 @@ ColumnReader ReaderOf(const QJsonObject& row)
 
 PageDescription DescribePage(Connection& layoutDb, const QString& layoutName, std::int16_t page)
 {
+    const bool hasExtras = HasExtras(layoutDb);
+    QStringList statements{ParamsOfPage(layoutName, page), ObjectsOfPage(layoutName, page),
+                           StreamOfLayout(layoutName)};
+    if (hasExtras)
+        statements.append(ExtrasOfPage(layoutName, page));
+    const ReadAhead ahead(layoutDb, statements);
     PageRows rows{ReadPart(layoutDb, ParamsOfPage(layoutName, page)),
                   ReadPart(layoutDb, ObjectsOfPage(layoutName, page)),
-                  HasExtras(layoutDb) ? ReadPart(layoutDb, ExtrasOfPage(layoutName, page))
-                                      : PartOfPage(),
+                  hasExtras ? ReadPart(layoutDb, ExtrasOfPage(layoutName, page)) : PartOfPage(),
                   ReadPart(layoutDb, StreamOfLayout(layoutName))};
     // A station prints the same few pages all day.
     static std::deque<std::pair<PageRows, PageDescription>> described;

@@ -190,8 +190,17 @@ bool CardRecord::BeginAgain(const LedgerCard& first, const QString& content)
     return !Postponed() && NotedAsFailed(QString(LedgerOutOfOrder));
 }
 
+/// What the transaction must lock that takes the numbers and writes the ledger.
+StoreLock CardRecord::Lock(bool withLedger) const
+{
+    StoreLock lock = withLedger ? m_session.Ledger.LockToWrite() : StoreLock::OfOwnRows();
+    if (!lock.IsOfStore() && m_session.Options.UniqueNumbers)
+        return LockOfNumbers(m_page.LayoutName, m_page.Params.PageIndex);
+    return lock;
+}
+
 /// Takes the numbers inside the open transaction. Fails like `TakeNumbers`.
-void CardRecord::Take(const std::function<void()>& reload)
+void CardRecord::Take(const StoreLock& lock, const std::function<void()>& reload)
 {
     Connection& store = m_session.LayoutDb;
     for (int attempt = 0; attempt <= MostReloads; ++attempt) {
@@ -204,7 +213,7 @@ void CardRecord::Take(const std::function<void()>& reload)
         }
         store.RollbackTrans();
         reload();
-        store.BeginTrans();
+        store.BeginTrans(lock);
     }
     throw Failure(FailureNumber::InvalidCall,
                   QStringLiteral("the page is being changed by another session"));
@@ -217,10 +226,11 @@ bool CardRecord::Commit(bool withLedger, const std::function<void()>& reload)
     Connection& store = m_session.LayoutDb;
     RecordLedger& ledger = m_session.Ledger;
     bool hasNumbers = !m_session.Options.UniqueNumbers;
+    const StoreLock lock = Lock(withLedger);
     try {
-        store.BeginTrans();
+        store.BeginTrans(lock);
         if (!hasNumbers)
-            Take(reload);
+            Take(lock, reload);
         hasNumbers = true;
         if (withLedger)
             ledger.Write();

@@ -43,7 +43,8 @@ private:
     bool NotedAsFailed(const QString& reason);
     bool Refused(const QString& reason);
     bool Postponed();
-    void Take(const std::function<void()>& reload);
+    StoreLock Lock(bool withLedger) const;
+    void Take(const StoreLock& lock, const std::function<void()>& reload);
     bool Commit(bool withLedger, const std::function<void()>& reload);
 
     Session& m_session;

@@ -29,6 +29,11 @@ QString Raise(Recordset& row)
 
 } // namespace
 
+StoreLock LockOfNumbers(const QString& layoutName, std::int16_t page)
+{
+    return StoreLock::OfName(QStringLiteral("numbers of page %1 of ").arg(page) + layoutName);
+}
+
 std::optional<QStringList> TakeNumbers(Connection& layoutDb, const QString& layoutName,
                                        std::int16_t page, CardDocument& document)
 {

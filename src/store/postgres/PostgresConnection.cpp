@@ -338,6 +338,10 @@ std::vector<PostgresResult> PostgresConnection::RunAll(const std::vector<Step>& 
     }
     if (failed || PQstatus(connection) == CONNECTION_BAD)
         Fail(failed.get());
+    m_answered.start();
+    for (const PostgresResult& result : results)
+        NoteSize(result.get());
+    GiveBackMemory();
     return results;
 }
 

@@ -2,11 +2,11 @@
 #include "base/Failure.h"
 #include "base/Skip.h"
 #include "store/LayoutTables.h"
-#include "store/postgres/OddValues.h"
 #include "store/postgres/PostgresAddress.h"
 #include "store/postgres/PostgresSql.h"
-#include <QJsonDocument>
+#include <QCryptographicHash>
 #include <QScopeGuard>
+#include <QtEndian>
 #include <algorithm>
 
 namespace vantrel {
@@ -16,20 +16,39 @@ namespace {
 constexpr int LongestLockWaitMs = 5000;
 constexpr int OpenPatienceMs = 1000;
 
-/// Begins a transaction with the lock of the store, which is let go at its end. Its number is this
-/// program's own, for the store in this schema. A station that stands still, or whose machine was
-/// lost, holds others up for ten seconds at most.
-QByteArray BeginSql(int patienceMs)
+/// Bytes of values that are sent together.
+constexpr std::size_t MostTogether = 1 << 20;
+
+/// The number of a lock, which is this program's own for the store in this schema.
+/// @param name  empty for the lock of the store itself
+QByteArray LockNumber(const QString& name)
+{
+    const QByteArray hash = QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256);
+    const qint64 seed = name.isEmpty() ? 0 : qFromBigEndian<qint64>(hash.constData());
+    return "hashtextextended('vantrel ' || current_schema(), " + QByteArray::number(seed) + ')';
+}
+
+/// Begins a transaction with its locks, which are let go at its end. A station that stands still,
+/// or whose machine was lost, holds others up for ten seconds at most. Whoever writes only rows of
+/// its own shares the lock of the store with others who do; who needs the whole store waits for
+/// them, and they wait for it.
+QByteArray BeginSql(int patienceMs, const StoreLock& lock)
 {
     // The server's word that the lock was not given should come before patience ends.
     const int wait = std::clamp(patienceMs - patienceMs / 5, 1, LongestLockWaitMs);
-    return "BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE; SET LOCAL lock_timeout = " +
-           QByteArray::number(wait) +
-           "; SET LOCAL idle_in_transaction_session_timeout = 10000; SELECT "
-           "pg_advisory_xact_lock(hashtextextended('vantrel ' || current_schema(), 0))";
+    QByteArray sql =
+        "BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE; SET LOCAL lock_timeout = " +
+        QByteArray::number(wait) +
+        "; SET LOCAL idle_in_transaction_session_timeout = 10000; SELECT pg_advisory_xact_lock" +
+        QByteArray(lock.IsOfStore() ? "(" : "_shared(") + LockNumber({}) + ')';
+    if (!lock.Name().isEmpty())
+        // Both waits together take no longer than one.
+        sql += "; SELECT set_config('lock_timeout', greatest(1, " + QByteArray::number(wait) +
+               " - (extract(epoch FROM clock_timestamp() - now()) * 1000)::int)::text, true); "
+               "SELECT pg_advisory_xact_lock(" +
+               LockNumber(lock.Name()) + ')';
+    return sql;
 }
-
-constexpr const char* RowSavepoint = "vantrelrow";
 
 /// The names of tables and columns as this program writes them; the server knows small letters
 /// only.
@@ -53,6 +72,12 @@ QByteArray OwnType(const QByteArray& type)
     return type == "bytea" ? "BLOB" : "TEXT";
 }
 
+/// The number that a statement has returned; 0 if it has returned none.
+qlonglong NumberIn(const PGresult* result)
+{
+    return PQntuples(result) > 0 ? PostgresValue(result, 0, 0).toLongLong() : 0;
+}
+
 const char* const ColumnsSql =
     "SELECT a.attname::text, format_type(a.atttypid, NULL)::text, "
     "COALESCE(a.attnum = i.indkey[0], false) "
@@ -60,59 +85,7 @@ const char* const ColumnsSql =
     "WHERE a.attrelid = to_regclass($1) AND a.attnum > 0 AND NOT a.attisdropped "
     "ORDER BY a.attnum";
 
-void RequireRoomForOdd(const QString& table, const QJsonObject& odd)
-{
-    if (FindLayoutTable(table) == nullptr)
-        throw Failure(
-            FailureNumber::StatementInvalid,
-            QStringLiteral("The layout database: the column %1 of %2 cannot hold a value.")
-                .arg(odd.keys().first(), table));
-}
-
-void TakeOddValues(const CursorShape& shape, const QVariant& json, QVariantList& values)
-{
-    const QJsonObject odd = QJsonDocument::fromJson(json.toString().toUtf8()).object();
-    for (std::size_t i = 0; i < shape.Columns().size(); ++i) {
-        const auto found = odd.constFind(shape.Columns()[i].Name.toLower());
-        if (found != odd.constEnd())
-            values[static_cast<qsizetype>(i)] = OddValue(found->toString());
-    }
-}
-
 } // namespace
-
-/// The values of a row that is written, as the columns hold them.
-struct PostgresDatabase::RowOfTable
-{
-    QByteArrayList Names;
-    PostgresParameters Parameters;
-    /// The values that do not fit, by the names of their columns.
-    QJsonObject Odd;
-
-    RowOfTable(const std::vector<StoreColumn>& table, const QStringList& columns,
-               const QVariantList& values)
-    {
-        for (qsizetype i = 0; i < columns.size(); ++i) {
-            const QByteArray name = PostgresName(columns[i]);
-            const auto column = std::find_if(table.begin(), table.end(), [&](const auto& one) {
-                return one.Name.compare(columns[i], Qt::CaseInsensitive) == 0;
-            });
-            const QByteArray type = column == table.end() ? QByteArray() : column->Type;
-            const FittedValue fitted = FitValue(values[i], type);
-            Names.append(name);
-            Parameters.Add(fitted.Value, type);
-            if (!fitted.Odd.isEmpty())
-                Odd.insert(QString::fromLatin1(name), fitted.Odd);
-        }
-    }
-    /// Adds the values that do not fit. @return the number of their placeholder
-    int AddOdd()
-    {
-        Parameters.Add(QString::fromUtf8(QJsonDocument(Odd).toJson(QJsonDocument::Compact)),
-                       "TEXT");
-        return Parameters.Count();
-    }
-};
 
 PostgresDatabase::PostgresDatabase(const QString& address)
     : m_connection((RequireSafeAddress(address), address))
@@ -127,37 +100,6 @@ PostgresResult PostgresDatabase::Run(const QString& sql, const QVariantList& val
         m_connection.Run(Step{WithNumberedPlaceholders(sql), PostgresParameters(values)});
     failed.dismiss();
     return result;
-}
-
-template <typename Act>
-auto PostgresDatabase::Locked(Act&& act)
-{
-    if (!Begin())
-        return act();
-    auto rollback = qScopeGuard([this] { Skip("roll back", [this] { Rollback(); }); });
-    auto result = act();
-    rollback.dismiss();
-    Commit();
-    return result;
-}
-
-PostgresResult PostgresDatabase::RunChange(const Step& step)
-{
-    if (!InTransaction())
-        return Locked([&] { return m_connection.Run(step); });
-    // A statement that fails ends the whole transaction on the server, up to the savepoint.
-    const QByteArray savepoint(RowSavepoint);
-    try {
-        std::vector<PostgresResult> results = m_connection.RunAll(
-            {{"SAVEPOINT " + savepoint}, step, {"RELEASE SAVEPOINT " + savepoint}});
-        return std::move(results.at(1));
-    } catch (...) {
-        NoteFailure();
-        if (InTransaction())
-            m_connection.Run("ROLLBACK TO SAVEPOINT " + savepoint + "; RELEASE SAVEPOINT " +
-                             savepoint);
-        throw;
-    }
 }
 
 QVariant PostgresDatabase::Execute(const QString& sql)
@@ -180,17 +122,46 @@ int PostgresDatabase::Change(const QString& sql, const QVariantList& values)
         const PostgresResult result = Run(sql, values);
         return QByteArray(PQcmdTuples(result.get())).toInt();
     };
-    return InTransaction() ? change() : Locked(change);
+    return InTransaction() ? change() : Locked(StoreLock::OfOwnRows(), change);
 }
 
 qlonglong PostgresDatabase::Add(const QString& sql, const QVariantList& values)
 {
     const auto add = [&] {
         const PostgresResult result = Run(sql + QStringLiteral(" RETURNING ID"), values);
-        return PQntuples(result.get()) > 0 ? PostgresValue(result.get(), 0, 0).toLongLong()
-                                           : qlonglong{0};
+        return NumberIn(result.get());
     };
-    return InTransaction() ? add() : Locked(add);
+    return InTransaction() ? add() : Locked(StoreLock::OfOwnRows(), add);
+}
+
+std::vector<qlonglong> PostgresDatabase::RunAll(const std::vector<StoreStep>& steps)
+{
+    std::vector<qlonglong> given;
+    auto failed = qScopeGuard([this] { NoteFailure(); });
+    std::vector<Step> together;
+    std::size_t size = 0;
+    const auto send = [&] {
+        for (const PostgresResult& result : m_connection.RunAll(together)) {
+            const bool isAdded = steps.at(given.size()).Result == StoreStep::Gives::Added;
+            given.push_back(isAdded ? NumberIn(result.get())
+                                    : QByteArray(PQcmdTuples(result.get())).toLongLong());
+        }
+        together.clear();
+        size = 0;
+    };
+    for (const StoreStep& step : steps) {
+        QByteArray sql = WithNumberedPlaceholders(step.Sql);
+        if (step.Result == StoreStep::Gives::Added)
+            sql += " RETURNING ID";
+        together.push_back({sql, PostgresParameters(step.Values)});
+        size += together.back().Parameters.Size();
+        if (size > MostTogether)
+            send();
+    }
+    if (!together.empty())
+        send();
+    failed.dismiss();
+    return given;
 }
 
 // A store is opened within the time in which the server must be reached.
@@ -205,8 +176,7 @@ void PostgresDatabase::RequireTables()
                                      "vantrel-admin store init.")
                           .arg(m_connection.Shown()));
     const PostgresResult result = m_connection.Run(Step{"SELECT version FROM vantrelstore"});
-    const qlonglong version =
-        PQntuples(result.get()) > 0 ? PostgresValue(result.get(), 0, 0).toLongLong() : 0;
+    const qlonglong version = NumberIn(result.get());
     if (version < StoreVersion)
         throw Failure(FailureNumber::StatementInvalid,
                       QStringLiteral("The layout store %1 is of an older version. It is brought "
@@ -229,13 +199,13 @@ QString PostgresDatabase::DoubtsAboutCommits()
     return {};
 }
 
-bool PostgresDatabase::Begin()
+bool PostgresDatabase::Begin(const StoreLock& lock)
 {
     if (InTransaction())
         return false;
     try {
         m_isCommitInDoubt = false;
-        m_connection.Run(BeginSql(m_connection.LeftMs()));
+        m_connection.Run(BeginSql(m_connection.LeftMs(), lock));
     } catch (...) {
         NoteFailure();
         if (InTransaction())
@@ -339,137 +309,7 @@ void PostgresDatabase::MakeTables(std::span<const StoreTable> tables)
         }
         return true;
     };
-    Locked(make);
-}
-
-void PostgresDatabase::ReadRows(const CursorShape& shape, const TakeCursorRow& take)
-{
-    const SelectStatement& select = shape.Select();
-    const QByteArray key = shape.HasKey() ? KeyOf(select.Table) : QByteArray();
-    QByteArrayList columns;
-    if (shape.HasKey())
-        columns.append(key);
-    for (const CursorShape::Column& column : shape.Columns())
-        columns.append(PostgresName(column.Name));
-    if (shape.HasKey())
-        columns.append(OddColumn);
-    const PostgresCondition where = PostgresWhere(select, ColumnsOf(select.Table), 1);
-    Step step{(shape.HasKey() ? QByteArray("SELECT ") : QByteArray("SELECT DISTINCT ")) +
-              columns.join(", ") + " FROM " + PostgresName(select.Table) + where.Sql +
-              PostgresOrder(select, key)};
-    for (const auto& [value, type] : where.Values)
-        step.Parameters.Add(value, type);
-    auto failed = qScopeGuard([this] { NoteFailure(); });
-    const PostgresResult result = m_connection.Run(step);
-    failed.dismiss();
-
-    const auto count = static_cast<int>(shape.Columns().size());
-    const int first = shape.HasKey() ? 1 : 0;
-    for (int at = 0; at < PQntuples(result.get()); ++at) {
-        CursorRow row;
-        if (shape.HasKey())
-            row.Key = PostgresValue(result.get(), at, 0).toLongLong();
-        row.Values.reserve(count);
-        for (int column = 0; column < count; ++column)
-            row.Values.append(PostgresValue(result.get(), at, first + column));
-        if (shape.HasKey() && PQgetisnull(result.get(), at, first + count) == 0)
-            TakeOddValues(shape, PostgresValue(result.get(), at, first + count), row.Values);
-        take(std::move(row));
-    }
-}
-
-PostgresDatabase::Step PostgresDatabase::InsertStep(const QString& table,
-                                                    const QStringList& columns,
-                                                    const QVariantList& values,
-                                                    const SelectStatement* unlessFound)
-{
-    const std::vector<StoreColumn> known = ColumnsOf(table);
-    RowOfTable row(known, columns, values);
-    if (!row.Odd.isEmpty()) {
-        RequireRoomForOdd(table, row.Odd);
-        row.AddOdd();
-        row.Names.append(OddColumn);
-    }
-    QByteArrayList placeholders;
-    for (int i = 1; i <= row.Parameters.Count(); ++i)
-        placeholders.append('$' + QByteArray::number(i));
-    if (!row.Odd.isEmpty())
-        placeholders.back() += "::jsonb";
-    QByteArray sql = "INSERT INTO " + PostgresName(table);
-    if (row.Names.isEmpty())
-        sql += " DEFAULT VALUES";
-    else
-        sql += " (" + row.Names.join(", ") + ") SELECT " + placeholders.join(", ");
-    if (unlessFound != nullptr) {
-        const PostgresCondition where =
-            PostgresWhere(*unlessFound, known, row.Parameters.Count() + 1);
-        sql += " WHERE NOT EXISTS (SELECT 1 FROM " + PostgresName(table) + where.Sql + ')';
-        for (const auto& [value, type] : where.Values)
-            row.Parameters.Add(value, type);
-    }
-    return {sql, std::move(row.Parameters)};
-}
-
-std::optional<qlonglong> PostgresDatabase::InsertRow(const QString& table,
-                                                     const QStringList& columns,
-                                                     const QVariantList& values,
-                                                     const SelectStatement* unlessFound)
-{
-    Step step = InsertStep(table, columns, values, unlessFound);
-    step.Sql += " RETURNING " + KeyOf(table);
-    const PostgresResult result = RunChange(step);
-    if (PQntuples(result.get()) == 0)
-        return std::nullopt;
-    return PostgresValue(result.get(), 0, 0).toLongLong();
-}
-
-void PostgresDatabase::InsertRows(const QString& table, const QStringList& columns,
-                                  const std::vector<QVariantList>& rows)
-{
-    std::vector<Step> steps;
-    for (const QVariantList& values : rows)
-        steps.push_back(InsertStep(table, columns, values, nullptr));
-    Locked([&] { return m_connection.RunAll(steps).size(); });
-}
-
-void PostgresDatabase::ContinueKeys(const QString& table)
-{
-    const QByteArray key = KeyOf(table);
-    const QByteArray name = PostgresName(table);
-    m_connection.Run(Step{"SELECT setval(pg_get_serial_sequence('" + name + "', '" + key +
-                          "'), COALESCE((SELECT max(" + key + ") FROM " + name +
-                          "), 0) + 1, "
-                          "false)"});
-}
-
-bool PostgresDatabase::UpdateRow(const QString& table, qlonglong key, const QStringList& columns,
-                                 const QVariantList& values)
-{
-    RowOfTable row(ColumnsOf(table), columns, values);
-    QByteArrayList settings;
-    for (qsizetype i = 0; i < row.Names.size(); ++i)
-        settings.append(row.Names[i] + " = $" + QByteArray::number(i + 1));
-    const QByteArray names = "'{" + row.Names.join(',') + "}'::text[]";
-    const QByteArray odd(OddColumn);
-    if (row.Odd.isEmpty())
-        settings.append(odd + " = NULLIF(" + odd + " - " + names + ", '{}')");
-    else
-        settings.append(odd + " = (COALESCE(" + odd + ", '{}') - " + names + ") || $" +
-                        QByteArray::number(row.AddOdd()) + "::jsonb");
-    row.Parameters.Add(key, "INTEGER");
-    const QByteArray sql = "UPDATE " + PostgresName(table) + " SET " + settings.join(", ") +
-                           " WHERE " + KeyOf(table) + " = $" +
-                           QByteArray::number(row.Parameters.Count());
-    const PostgresResult result = RunChange({sql, std::move(row.Parameters)});
-    return QByteArray(PQcmdTuples(result.get())) != "0";
-}
-
-bool PostgresDatabase::DeleteRow(const QString& table, qlonglong key)
-{
-    Step step{"DELETE FROM " + PostgresName(table) + " WHERE " + KeyOf(table) + " = $1"};
-    step.Parameters.Add(key, "INTEGER");
-    const PostgresResult result = RunChange(step);
-    return QByteArray(PQcmdTuples(result.get())) != "0";
+    Locked(StoreLock::OfStore(), make);
 }
 
 QString PostgresDatabase::PassingOverLocked(const QString& alias) const

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "base/Skip.h"
 #include "store/StoreDatabase.h"
 #include "store/postgres/PostgresConnection.h"
 #include <QHash>
+#include <QScopeGuard>
 
 namespace vantrel {
 
-/// One database of a PostgreSQL server. All stations that share it take turns in writing: a
-/// transaction holds a lock of the whole store, as one on a SQLite file does. Rows are read anew
+/// One database of a PostgreSQL server. A transaction has the lock of the whole store, as one on a
+/// SQLite file does, or shares it with others who change only rows of their own. A single statement
+/// of `Change` or `Add` shares it; one that changes a row of a cursor has it. Rows are read anew
 /// each time, since asking whether they have changed would cost as much. Fails like
 /// `PostgresConnection`.
 class PostgresDatabase final : public StoreDatabase
@@ -22,8 +25,11 @@ public:
     int Change(const QString& sql, const QVariantList& values = {}) override;
     qlonglong Add(const QString& sql, const QVariantList& values) override;
 
+    std::vector<qlonglong> RunAll(const std::vector<StoreStep>& steps) override;
+
     QString DoubtsAboutCommits() override;
-    bool Begin() override;
+    using StoreDatabase::Begin;
+    bool Begin(const StoreLock& lock) override;
     void BeginReading() override;
     void Commit() override;
     void Rollback() override;
@@ -42,6 +48,7 @@ public:
     void MakeTables(std::span<const StoreTable> tables) override;
 
     void ReadRows(const CursorShape& shape, const TakeCursorRow& take) override;
+    std::vector<CursorRows> ReadAll(const std::vector<const CursorShape*>& shapes) override;
     std::optional<qlonglong> InsertRow(const QString& table, const QStringList& columns,
                                        const QVariantList& values,
                                        const SelectStatement* unlessFound) override;
@@ -65,10 +72,12 @@ private:
     /// Runs a statement that changes rows, in a transaction of its own if none is open. Within one,
     /// a failure leaves what was written before.
     PostgresResult RunChange(const Step& step);
-    /// Runs `act` in a transaction of its own if none is open.
     void NoteFailure();
+    /// Runs `act` in a transaction of its own if none is open.
     template <typename Act>
-    auto Locked(Act&& act);
+    auto Locked(const StoreLock& lock, Act&& act);
+    /// A statement that reads the rows of a cursor.
+    Step ReadStep(const CursorShape& shape);
     /// A statement that adds a row, unless another one finds a row.
     Step InsertStep(const QString& table, const QStringList& columns, const QVariantList& values,
                     const SelectStatement* unlessFound);
@@ -80,5 +89,17 @@ private:
     qlonglong m_failures = 0;
     bool m_isCommitInDoubt = false;
 };
+
+template <typename Act>
+auto PostgresDatabase::Locked(const StoreLock& lock, Act&& act)
+{
+    if (!Begin(lock))
+        return act();
+    auto rollback = qScopeGuard([this] { Skip("roll back", [this] { Rollback(); }); });
+    auto result = act();
+    rollback.dismiss();
+    Commit();
+    return result;
+}
 
 } // namespace vantrel

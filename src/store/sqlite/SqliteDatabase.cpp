@@ -111,7 +111,7 @@ qlonglong SqliteDatabase::Add(const QString& sql, const QVariantList& values)
     return sqlite3_last_insert_rowid(m_database.get());
 }
 
-bool SqliteDatabase::Begin()
+bool SqliteDatabase::Begin(const StoreLock& /*lock*/)
 {
     if (InTransaction())
         return false;

@@ -26,7 +26,8 @@ public:
     int Change(const QString& sql, const QVariantList& values = {}) override;
     qlonglong Add(const QString& sql, const QVariantList& values) override;
 
-    bool Begin() override;
+    using StoreDatabase::Begin;
+    bool Begin(const StoreLock& lock) override;
     void BeginReading() override;
     void Commit() override;
     void Rollback() override;
