@@ -201,7 +201,10 @@ void frmMain::OnVisibleTick()
 void frmMain::OnStatusTick()
 {
     RunOrEnd([&] { TickStatusBar(m_session); });
-    ShowPool();
+    // A station that shows its pool must not ask its server much more often than one that does not.
+    constexpr int ticksOfPool = 2;
+    if (++m_statusTicks % ticksOfPool == 0)
+        ShowPool();
 }
 
 void frmMain::OnHideTick()

@@ -82,6 +82,7 @@ private:
     DesktopPanel* m_panels[3] = {};
     /// Of a station that belongs to a pool only.
     DesktopPanel* m_poolPanel = nullptr;
+    unsigned m_statusTicks = 0;
     QTimer* m_flashTimer = nullptr;
     Flash m_flash;
     bool m_loaded = false;
