@@ -119,8 +119,8 @@ void CardAccount::ExpectAnswersOrRefusalsOf(const BurstHost& host) const
             answered.insert(answer.Id);
             EXPECT_EQ(entry->second.Values.value(0), answer.Value) << answer.Id;
             const LedgerState state = entry->second.State;
-            EXPECT_TRUE(answer.Ok ? state == LedgerState::Printed || state == LedgerState::Doubtful
-                                  : state != LedgerState::Printed)
+            const bool printed = state == LedgerState::Printed || state == LedgerState::Done;
+            EXPECT_TRUE(answer.Ok ? printed || state == LedgerState::Doubtful : !printed)
                 << answer.Id << ' ' << qPrintable(NameOf(state));
         }
     }
