@@ -7,7 +7,8 @@ namespace vantrel {
 ReadAhead::ReadAhead(Connection& connection, const QStringList& statements)
     : m_connection(connection)
 {
-    ++connection.m_d->AheadDepth;
+    if (connection.m_d->AheadDepth++ == 0 && !connection.m_d->MayAskForChanges())
+        connection.m_d->Kept.ForgetAll();
     Skip("read ahead", [&] { connection.m_d->ReadAtOnce(statements); });
 }
 
@@ -26,7 +27,7 @@ void Connection::Private::ReadAtOnce(const QStringList& statements)
     for (const QString& statement : statements) {
         Skip("statement to read ahead", [&] {
             auto shape = ShapeOf(statement);
-            if (!Pending.Concerns(shape->Select()))
+            if (!Pending.Concerns(shape->Select()) && !Kept.Find(statement, {}))
                 wanted.emplace_back(statement, std::move(shape));
         });
     }

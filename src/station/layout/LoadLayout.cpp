@@ -69,6 +69,9 @@ QStringList StatementsOfPage(Session& session, const QString& layoutName, std::i
     // The first page has the automatic printing of all.
     if (page != 1)
         statements.append(ParamsOfPage(layoutName, 1));
+    // The ledger describes the page that is printed.
+    if (session.Options.Ledger)
+        statements.append(StreamOfLayout(layoutName));
     return statements;
 }
 

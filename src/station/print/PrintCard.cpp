@@ -11,6 +11,8 @@
 #include "station/print/Serializer.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
+#include "store/ReadAhead.h"
+#include <optional>
 
 namespace vantrel {
 
@@ -62,10 +64,12 @@ void PrintPages(Session& session, LayoutPage& on, const Pages& pages)
 {
     const QString layoutName = on.LayoutName;
     for (std::int16_t page = pages.First; page <= pages.Last; ++page) {
+        // The ledger describes the page as it was loaded.
+        std::optional<ReadAhead> look(std::in_place, session.LayoutDb, QStringList());
         const bool isThere =
             OpenPage(session, on, page) && on.Params.PageIndex <= on.Params.PageCount;
         if (isThere || session.Shows(on))
-            PrintCard_Ex(session, on);
+            PrintCard_Ex(session, on, look);
         else
             RefuseDeleted(session, on, layoutName, page);
     }

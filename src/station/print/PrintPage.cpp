@@ -17,6 +17,7 @@
 #include "station/print/EncodeData.h"
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
+#include "store/ReadAhead.h"
 #include <QFileInfo>
 
 namespace vantrel {
@@ -239,10 +240,12 @@ void ShowNumbersOnSurface(Session& session, const LayoutPage& printed)
         session.Document.Refresh();
 }
 
-void PrintCard_Ex(Session& session, LayoutPage& page)
+void PrintCard_Ex(Session& session, LayoutPage& page, std::optional<ReadAhead>& look)
 {
     CardRecord record(session, page);
-    if (!record.Begin([&] { ReopenPage(session, page); }))
+    const bool hasBegun = record.Begin([&] { ReopenPage(session, page); });
+    look.reset();
+    if (!hasBegun)
         return;
     record.Note(DrawPage(session.Printers, page.LayoutName, page.Params, session.FieldValues,
                          page.Document, ChecksOf(session.Options)));

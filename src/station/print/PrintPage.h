@@ -2,12 +2,14 @@
 
 #include "card/CardRemark.h"
 #include <QString>
+#include <optional>
 
 namespace vantrel {
 
 class CardDocument;
 class FieldValues;
 class Printers;
+class ReadAhead;
 class Session;
 struct LayoutPage;
 struct LayoutParamsRecord;
@@ -30,7 +32,8 @@ CardRemarks DrawPage(Printers& printers, const QString& layoutName,
 /// Prints the page as one job, then saves it; of a page behind the surface only its numbers, which
 /// the surface then shows. Called by `PrintCard` only. Every printer operation that fails is
 /// skipped.
-void PrintCard_Ex(Session& session, LayoutPage& page);
+/// @param look  by which the page was read; ended when the card has begun, before events run
+void PrintCard_Ex(Session& session, LayoutPage& page, std::optional<ReadAhead>& look);
 /// Shows on the surface the numbers of a card that was printed behind it.
 void ShowNumbersOnSurface(Session& session, const LayoutPage& printed);
 

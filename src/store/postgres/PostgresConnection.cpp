@@ -1,8 +1,10 @@
 #include "store/postgres/PostgresConnection.h"
 #include "base/Failure.h"
 #include "store/postgres/PostgresAddress.h"
+#include <QScopeGuard>
 #include <algorithm>
 #include <cerrno>
+#include <map>
 #include <poll.h>
 
 namespace vantrel {
@@ -28,6 +30,11 @@ constexpr std::size_t LargeSize = 1 << 20;
 constexpr QLatin1StringView LockNotGiven{"55P03"};
 constexpr QLatin1StringView Deadlock{"40P01"};
 constexpr QLatin1StringView Unserializable{"40001"};
+/// Of statements that were prepared: the table has other columns now, somebody has removed the
+/// statement, or has prepared one of its name.
+constexpr QLatin1StringView PlanOutdated{"0A000"};
+constexpr QLatin1StringView StatementGone{"26000"};
+constexpr QLatin1StringView StatementThere{"42P05"};
 
 /// What the address may set otherwise comes before it, what it may not behind it. A dead host is
 /// noticed within seconds, however long an answer may take.
@@ -63,6 +70,13 @@ bool IsFailed(const PGresult* result)
 {
     const ExecStatusType status = PQresultStatus(result);
     return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE;
+}
+
+/// Whether a statement failed that would not have failed if it had been sent whole.
+bool IsOfPreparing(const PGresult* result)
+{
+    const QLatin1StringView state(PQresultErrorField(result, PG_DIAG_SQLSTATE));
+    return state == PlanOutdated || state == StatementGone || state == StatementThere;
 }
 
 } // namespace
@@ -111,6 +125,8 @@ void PostgresConnection::Connect()
     // What a server has to say beside its results is no business of the operator.
     PQsetNoticeReceiver(
         m_connection.get(), [](void*, const PGresult*) {}, nullptr);
+    m_prepared.Reset();
+    m_isDirect.reset();
     m_trouble.clear();
     m_pauseMs = 0;
     m_answered.start();
@@ -172,6 +188,8 @@ void PostgresConnection::Fail(const PGresult* result)
     const QString message = FirstLine(PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY));
     if (PQstatus(m_connection.get()) == CONNECTION_BAD)
         FailAsAway(message.isEmpty() ? FirstLine(PQerrorMessage(m_connection.get())) : message);
+    if (IsOfPreparing(result))
+        m_prepared.Forbid();
     const bool busy = state == LockNotGiven || state == Deadlock || state == Unserializable;
     throw Failure(busy ? FailureNumber::StoreBusy : FailureNumber::StatementInvalid,
                   QStringLiteral("The layout database: ") + message);
@@ -285,19 +303,70 @@ PostgresResult PostgresConnection::Run(const QByteArray& sql)
     return rows;
 }
 
+bool PostgresConnection::Send(PGconn* connection, const Step& step) const
+{
+    constexpr int textResults = 0;
+    const PostgresParameters& values = step.Parameters;
+    const QByteArray name = m_prepared.NameOf(step.Sql, values);
+    const int sent = name.isEmpty()
+                         ? PQsendQueryParams(connection, step.Sql.constData(), values.Count(),
+                                             values.Types(), values.Values().data(),
+                                             values.Lengths().data(), values.Formats(), textResults)
+                         : PQsendQueryPrepared(connection, name.constData(), values.Count(),
+                                               values.Values().data(), values.Lengths().data(),
+                                               values.Formats(), textResults);
+    return sent == 1;
+}
+
+bool PostgresConnection::IsDirect()
+{
+    if (!m_isDirect) {
+        const PostgresResult told = Run(QByteArray("SELECT pg_backend_pid()"));
+        m_isDirect = PostgresValue(told.get(), 0, 0).toInt() == PQbackendPID(m_connection.get());
+    }
+    return *m_isDirect;
+}
+
+void PostgresConnection::Prepare(const std::vector<const Step*>& steps)
+{
+    std::map<QByteArray, const Step*> unknown;
+    for (const Step* step : steps)
+        if (const QByteArray name = m_prepared.NameToPrepare(step->Sql, step->Parameters);
+            !name.isEmpty())
+            unknown.emplace(name, step);
+    if (unknown.empty())
+        return;
+    auto failed = qScopeGuard([this] { m_prepared.Forbid(); });
+    if (!IsDirect())
+        return;
+    PGconn* connection = m_connection.get();
+    PQenterPipelineMode(connection);
+    for (const auto& [name, step] : unknown)
+        PQsendPrepare(connection, name.constData(), step->Sql.constData(), step->Parameters.Count(),
+                      step->Parameters.Types());
+    PQpipelineSync(connection);
+    Flush();
+    ResultsOf(unknown.size());
+    failed.dismiss();
+    for (const auto& [name, step] : unknown)
+        m_prepared.Add(name);
+}
+
 PostgresResult PostgresConnection::Run(const Step& step)
 {
-    const PostgresParameters& values = step.Parameters;
-    NoteSize(values);
-    constexpr int textResults = 0;
-    if (PQsendQueryParams(Ready(), step.Sql.constData(), values.Count(), values.Types(),
-                          values.Values().data(), values.Lengths().data(), values.Formats(),
-                          textResults) == 0)
+    Ready();
+    Prepare({&step});
+    NoteSize(step.Parameters);
+    if (!Send(m_connection.get(), step))
         FailAsAway(FirstLine(PQerrorMessage(m_connection.get())));
     Flush();
     PostgresResult last;
     while (PostgresResult result = Next())
         last = std::move(result);
+    if (IsOfPreparing(last.get()) && !InTransaction()) {
+        m_prepared.Forbid();
+        return Run(step);
+    }
     if (!last || IsFailed(last.get()))
         Fail(last.get());
     m_answered.start();
@@ -308,21 +377,33 @@ PostgresResult PostgresConnection::Run(const Step& step)
 
 std::vector<PostgresResult> PostgresConnection::RunAll(const std::vector<Step>& steps)
 {
-    constexpr int textResults = 0;
-    PGconn* connection = Ready();
+    Ready();
+    std::vector<const Step*> all;
+    for (const Step& step : steps)
+        all.push_back(&step);
+    Prepare(all);
+    PGconn* connection = m_connection.get();
     PQenterPipelineMode(connection);
     for (const Step& step : steps) {
-        const PostgresParameters& values = step.Parameters;
-        NoteSize(values);
-        PQsendQueryParams(connection, step.Sql.constData(), values.Count(), values.Types(),
-                          values.Values().data(), values.Lengths().data(), values.Formats(),
-                          textResults);
+        NoteSize(step.Parameters);
+        Send(connection, step);
     }
     PQpipelineSync(connection);
     Flush();
+    std::vector<PostgresResult> results = ResultsOf(steps.size());
+    m_answered.start();
+    for (const PostgresResult& result : results)
+        NoteSize(result.get());
+    GiveBackMemory();
+    return results;
+}
+
+std::vector<PostgresResult> PostgresConnection::ResultsOf(std::size_t statements)
+{
+    PGconn* connection = m_connection.get();
     std::vector<PostgresResult> results;
     PostgresResult failed;
-    for (std::size_t i = 0; i < steps.size(); ++i) {
+    for (std::size_t i = 0; i < statements; ++i) {
         while (PostgresResult result = Next()) {
             if (IsFailed(result.get()) && !failed)
                 failed = std::move(result);
@@ -338,10 +419,6 @@ std::vector<PostgresResult> PostgresConnection::RunAll(const std::vector<Step>& 
     }
     if (failed || PQstatus(connection) == CONNECTION_BAD)
         Fail(failed.get());
-    m_answered.start();
-    for (const PostgresResult& result : results)
-        NoteSize(result.get());
-    GiveBackMemory();
     return results;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/postgres/PostgresValues.h"
+#include "store/postgres/PreparedStatements.h"
 #include <QElapsedTimer>
 #include <QString>
 #include <libpq-fe.h>
@@ -10,11 +11,11 @@
 
 namespace vantrel {
 
-/// A connection to a PostgreSQL server that comes back by itself when the server does. Nothing in
-/// it outlives a transaction on the server, so a pooler that lends connections out for the time of
-/// a transaction may stand in between. An operation fails with `StoreBusy` if the server is away or
-/// the lock is not given within five seconds, otherwise with `StatementInvalid` and the server's
-/// words.
+/// A connection to a PostgreSQL server that comes back by itself when the server does. A pooler
+/// that lends connections out for the time of a transaction may stand in between: then nothing
+/// outlives a transaction on the server. Without one, statements that come again are prepared. An
+/// operation fails with `StoreBusy` if the server is away or the lock is not given within five
+/// seconds, otherwise with `StatementInvalid` and the server's words.
 class PostgresConnection
 {
 public:
@@ -75,6 +76,15 @@ private:
     /// Must be called when a statement has ended: the library never shrinks its buffers, so a
     /// connection that holds large ones is given up as soon as no transaction is open.
     void GiveBackMemory();
+    /// Whether the other end is the server itself: a pooler tells another process number.
+    bool IsDirect();
+    /// Makes known to the server what of these statements has come before.
+    void Prepare(const std::vector<const Step*>& steps);
+    /// Sends a statement, by its name where the server knows it.
+    bool Send(PGconn* connection, const Step& step) const;
+    /// Waits for the results of that many statements which were sent together. Fails with the first
+    /// failure among them.
+    std::vector<PostgresResult> ResultsOf(std::size_t statements);
     void NoteSize(const PostgresParameters& values);
     void NoteSize(const PGresult* result);
     /// Sends what is left to be sent.
@@ -89,6 +99,7 @@ private:
     QString m_address;
     QString m_shown;
     std::unique_ptr<PGconn, Closer> m_connection;
+    PreparedStatements m_prepared;
     QString m_trouble;
     /// While the server is away: since when it has not been tried, and for how long it is left
     /// alone.
@@ -104,6 +115,8 @@ private:
     QElapsedTimer m_answered;
     /// Whether so much was sent or received that the library holds large buffers.
     bool m_isLarge = false;
+    /// Whether the other end is the server itself; nothing if it was not asked yet.
+    std::optional<bool> m_isDirect;
 };
 
 } // namespace vantrel

@@ -32,22 +32,24 @@ QByteArray LockNumber(const QString& name)
 /// or whose machine was lost, holds others up for ten seconds at most. Whoever writes only rows of
 /// its own shares the lock of the store with others who do; who needs the whole store waits for
 /// them, and they wait for it.
-QByteArray BeginSql(int patienceMs, const StoreLock& lock)
+std::vector<PostgresConnection::Step> BeginSteps(int patienceMs, const StoreLock& lock)
 {
     // The server's word that the lock was not given should come before patience ends.
     const int wait = std::clamp(patienceMs - patienceMs / 5, 1, LongestLockWaitMs);
-    QByteArray sql =
-        "BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE; SET LOCAL lock_timeout = " +
-        QByteArray::number(wait) +
-        "; SET LOCAL idle_in_transaction_session_timeout = 10000; SELECT pg_advisory_xact_lock" +
-        QByteArray(lock.IsOfStore() ? "(" : "_shared(") + LockNumber({}) + ')';
+    std::vector<PostgresConnection::Step> steps{
+        {"BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE"},
+        {"SELECT set_config('lock_timeout', $1, true), "
+         "set_config('idle_in_transaction_session_timeout', '10000', true), pg_advisory_xact_lock" +
+             QByteArray(lock.IsOfStore() ? "(" : "_shared(") + LockNumber({}) + ')',
+         PostgresParameters({QString::number(wait)})}};
     if (!lock.Name().isEmpty())
         // Both waits together take no longer than one.
-        sql += "; SELECT set_config('lock_timeout', greatest(1, " + QByteArray::number(wait) +
-               " - (extract(epoch FROM clock_timestamp() - now()) * 1000)::int)::text, true); "
-               "SELECT pg_advisory_xact_lock(" +
-               LockNumber(lock.Name()) + ')';
-    return sql;
+        steps.push_back({"SELECT set_config('lock_timeout', greatest(1, $1 - (extract(epoch FROM "
+                         "clock_timestamp() - now()) * 1000)::int)::text, true), "
+                         "pg_advisory_xact_lock(" +
+                             LockNumber(lock.Name()) + ')',
+                         PostgresParameters({wait})});
+    return steps;
 }
 
 /// The names of tables and columns as this program writes them; the server knows small letters
@@ -205,7 +207,7 @@ bool PostgresDatabase::Begin(const StoreLock& lock)
         return false;
     try {
         m_isCommitInDoubt = false;
-        m_connection.Run(BeginSql(m_connection.LeftMs(), lock));
+        m_connection.RunAll(BeginSteps(m_connection.LeftMs(), lock));
     } catch (...) {
         NoteFailure();
         if (InTransaction())
