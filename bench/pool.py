@@ -13,7 +13,6 @@ import argparse
 import collections
 import os
 import pathlib
-import re
 import shutil
 import socket
 import subprocess
@@ -21,20 +20,11 @@ import sys
 import tempfile
 import time
 
-from server import Server
+from server import Server, join
 from station import free_port, make_folder, wait_for_port
 
 SAMPLES_A_SECOND = 10
 LIMIT_SECONDS = 600
-
-
-def join(folder, address, work):
-    settings = folder / "Vantrel 6.ini"
-    text = settings.read_bytes().decode("cp1252")
-    text = re.sub(r"\[Store\].*?(?=^\[|\Z)", "", text, flags=re.DOTALL | re.MULTILINE)
-    text = text.replace("[Station]\r\n", "[Station]\r\nAnswerHost=True\r\n", 1)
-    text += f"\r\n[Store]\r\nDatabase={address}\r\nPool=bench\r\nWork={work}\r\n"
-    settings.write_bytes(text.encode("cp1252"))
 
 
 def start(bin_dir, folder, session):
@@ -94,8 +84,8 @@ def measure(bin_dir, printing, records):
             folders = {session: scratch / str(session) for session in range(2, printing + 2)}
             for folder in folders.values():
                 shutil.copytree(first, folder)
-                join(folder, server.address, "print")
-            join(first, server.address, "take")
+                join(folder, {"Database": server.address, "Pool": "bench", "Work": "print"})
+            join(first, {"Database": server.address, "Pool": "bench", "Work": "take"})
             taking = start(bin_dir, first, 1)
             taken = take(port, records)
             end_all([taking])

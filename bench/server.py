@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import time
@@ -39,3 +40,17 @@ class Server:
     def end(self):
         self.process.terminate()
         self.process.wait(30)
+
+
+def join(folder, keys, changes=()):
+    """Lets a program folder answer its hosts and have these keys of the section "Store" alone, if any.
+    @param changes  pairs of an expression and what stands in its place in the settings"""
+    settings = folder / "Vantrel 6.ini"
+    text = settings.read_bytes().decode("cp1252")
+    text = re.sub(r"\[Store\].*?(?=^\[|\Z)", "", text, flags=re.DOTALL | re.MULTILINE)
+    text = text.replace("[Station]\r\n", "[Station]\r\nAnswerHost=True\r\n", 1)
+    for expression, replacement in changes:
+        text = re.sub(expression, replacement, text)
+    if keys:
+        text += "\r\n[Store]\r\n" + "".join(f"{key}={value}\r\n" for key, value in keys.items())
+    settings.write_bytes(text.encode("cp1252"))

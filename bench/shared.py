@@ -14,7 +14,6 @@ import argparse
 import contextlib
 import os
 import pathlib
-import re
 import shutil
 import socket
 import sqlite3
@@ -25,23 +24,10 @@ import tempfile
 import threading
 import time
 
-from server import Server
+from server import Server, join
 from station import cpu_seconds, free_port, make_folder, wait_for_port
 
 LAYOUT = "Member Card"
-
-
-def set_up(folder, port, session, layout, address):
-    settings = folder / "Vantrel 6.ini"
-    text = settings.read_bytes().decode("cp1252")
-    text = re.sub(r"\[Store\].*?(?=^\[|\Z)", "", text, flags=re.DOTALL | re.MULTILINE)
-    text = re.sub(r"\[Session \d+\]", f"[Session {session}]", text)
-    text = re.sub(r"Port=\d+", f"Port={port}", text)
-    text = re.sub(r"LastLayout=[^\r]*", f"LastLayout={layout}", text)
-    text = text.replace("[Station]\r\n", "[Station]\r\nAnswerHost=True\r\n", 1)
-    if address:
-        text += f"\r\n[Store]\r\nDatabase={address}\r\n"
-    settings.write_bytes(text.encode("cp1252"))
 
 
 def add_copies_of_layout(folder, count):
@@ -147,7 +133,9 @@ def main():
                     folders.append(scratch / f"{name} {session}")
                     ports.append(free_port())
                     shutil.copytree(first, folders[-1])
-                    set_up(folders[-1], ports[-1], session, layout, address)
+                    join(folders[-1], {"Database": address} if address else {},
+                         [(r"\[Session \d+\]", f"[Session {session}]"), (r"Port=\d+", f"Port={ports[-1]}"),
+                          (r"LastLayout=[^\r]*", f"LastLayout={layout}")])
                 return folders, ports
 
             own = [f"{LAYOUT} {number}" for number in range(1, stations + 1)]

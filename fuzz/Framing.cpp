@@ -1,4 +1,5 @@
 #include "ports/Framing.h"
+#include "FuzzFilters.h"
 #include "FuzzInput.h"
 #include "base/Failure.h"
 #include "base/InputText.h"
@@ -13,18 +14,6 @@
 namespace {
 
 using namespace vantrel;
-
-Filters FiltersOf(std::uint8_t bits)
-{
-    Filters filters;
-    filters.Cr = (bits & 1U) != 0;
-    filters.Lf = (bits & 2U) != 0;
-    filters.Tab = (bits & 4U) != 0;
-    filters.Space = (bits & 8U) != 0;
-    filters.Esc = (bits & 16U) != 0;
-    filters.NewPage = (bits & 32U) != 0;
-    return filters;
-}
 
 void CutRecord(QString text, const Delimiters& delimiters, const Filters& filters)
 {
@@ -72,7 +61,7 @@ void DecodeInput(const QByteArray& bytes, qsizetype piece)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     fuzz::Input input(data, size);
-    const Filters filters = FiltersOf(input.Byte());
+    const Filters filters = fuzz::FiltersOf(input.Byte());
     const int piece = 1 + input.Byte();
     const Delimiters delimiters{input.Line(), input.Line(), input.Line()};
     const QByteArray bytes = input.Rest();

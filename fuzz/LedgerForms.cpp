@@ -9,7 +9,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <cstring>
 
 // For any texts in the columns of the ledger: what cannot be read is empty, what was written is
 // read as the same, and what programs get is JSON and CSV that hold the values.
@@ -56,15 +55,7 @@ void FitText(const QString& text, const QByteArray& type)
 
 QStringList ReadRow(const QByteArray& bytes)
 {
-    qsizetype at = 0;
-    TableReader reader(
-        [&](char* to, qsizetype most) {
-            const qsizetype count = std::min(most, bytes.size() - at);
-            std::memcpy(to, bytes.constData() + at, static_cast<std::size_t>(count));
-            at += count;
-            return count;
-        },
-        {});
+    TableReader reader(ReadFrom(bytes), {});
     QStringList values;
     fuzz::Require(reader.Next(values), "a line of an export is a row");
     return values;

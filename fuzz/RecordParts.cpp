@@ -1,4 +1,5 @@
 #include "ports/RecordParts.h"
+#include "FuzzFilters.h"
 #include "FuzzInput.h"
 #include "base/Failure.h"
 #include <algorithm>
@@ -11,18 +12,6 @@ namespace {
 using namespace vantrel;
 
 constexpr qsizetype Most = 4096;
-
-Filters FiltersOf(std::uint8_t bits)
-{
-    Filters filters;
-    filters.Cr = (bits & 1U) != 0;
-    filters.Lf = (bits & 2U) != 0;
-    filters.Tab = (bits & 4U) != 0;
-    filters.Space = (bits & 8U) != 0;
-    filters.Esc = (bits & 16U) != 0;
-    filters.NewPage = (bits & 32U) != 0;
-    return filters;
-}
 
 bool IsThereARecord(const QString& text, const Delimiters& delimiters, const Filters& filters)
 {
@@ -53,7 +42,7 @@ void CheckPieces(const std::vector<RecordPiece>& pieces, const QByteArray& raw, 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     fuzz::Input input(data, size);
-    const Filters filters = FiltersOf(input.Byte());
+    const Filters filters = fuzz::FiltersOf(input.Byte());
     const InputEncoding encoding =
         (input.Byte() & 1U) != 0 ? InputEncoding::Utf8 : InputEncoding::CodePage1252;
     const Delimiters delimiters{input.Line(), input.Line(), input.Line()};

@@ -2,6 +2,7 @@
 #include "base/Failure.h"
 #include "base/FileTrouble.h"
 #include <QFile>
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
@@ -18,6 +19,16 @@ constexpr QLatin1StringView StandardInput{"-"};
 }
 
 } // namespace
+
+ReadBytes ReadFrom(const QByteArray& bytes)
+{
+    return [bytes, at = qsizetype{0}](char* to, qsizetype most) mutable {
+        const qsizetype count = std::min(most, bytes.size() - at);
+        std::copy_n(bytes.constData() + at, count, to);
+        at += count;
+        return count;
+    };
+}
 
 ByteSource::ByteSource(const QString& path)
     : m_name(path == StandardInput ? QStringLiteral("standard input") : path),

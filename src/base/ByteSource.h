@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <functional>
 
@@ -8,6 +9,9 @@ namespace vantrel {
 /// Reads up to so many bytes to a place in memory. @return how many it read, 0 at the end only.
 /// Fails if it cannot read
 using ReadBytes = std::function<qsizetype(char* to, qsizetype most)>;
+
+/// Reads these bytes, piece by piece.
+ReadBytes ReadFrom(const QByteArray& bytes);
 
 /// The bytes of a file, or of what another program sends, read piece by piece as they come.
 class ByteSource

@@ -57,6 +57,13 @@ bool BurstHost::GoOnUntil(const std::function<bool()>& holds)
     return true;
 }
 
+void BurstHost::GoOnFor(qint64 milliseconds)
+{
+    QElapsedTimer time;
+    time.start();
+    GoOnUntil([&] { return time.hasExpired(milliseconds); });
+}
+
 bool BurstHost::Connect(Link& link) const
 {
     auto connection = std::make_unique<Host>(m_port);

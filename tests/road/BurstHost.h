@@ -38,6 +38,8 @@ public:
     /// Goes on until `holds` does; the limit only ends a test that has failed. @return whether it
     /// does
     bool GoOnUntil(const std::function<bool()>& holds);
+    /// Goes on for a while, whatever comes of it.
+    void GoOnFor(qint64 milliseconds);
     /// Sends only what is to be sent again from now on.
     void BeginNothingNew() { m_beginsNew = false; }
     bool IsAllAnswered() const;

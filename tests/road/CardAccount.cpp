@@ -10,6 +10,7 @@
 #include <QSet>
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <iostream>
 
 namespace vantrel::test {
 
@@ -183,6 +184,16 @@ void CardAccount::ExpectFiles(std::size_t atMostRead) const
     }
     for (const QString& path : std::as_const(unaccounted))
         ExpectDoubtful(path);
+}
+
+void CardAccount::ExpectNothingLost(const BurstHost& host, qlonglong firstNumber,
+                                    std::size_t atMostRead) const
+{
+    ExpectEnded();
+    ExpectFiles(atMostRead);
+    ExpectNoNumberMissing(firstNumber);
+    ExpectEachPrintedOnce(host);
+    std::cout << host.Answers().size() << " answers; " << qPrintable(Summary()) << '\n';
 }
 
 std::size_t CardAccount::Count(LedgerState state) const

@@ -38,6 +38,11 @@ public:
     /// card's, and at most so many of the others.
     void ExpectFiles(std::size_t atMostRead) const;
 
+    /// Of a host that sent each record once: every entry has ended, every number is on one card,
+    /// every record is printed once at most, and every file is a card's. Tells the summary.
+    void ExpectNothingLost(const BurstHost& host, qlonglong firstNumber,
+                           std::size_t atMostRead) const;
+
     /// How many entries are in each state, for people.
     QString Summary() const;
     std::size_t Count(LedgerState state) const;

@@ -6,7 +6,6 @@
 #include "road/StationProcess.h"
 #include "samples/FreshInstall.h"
 #include "station/session/StoreLocation.h"
-#include "support/Events.h"
 #include "support/Layouts.h"
 #include "support/PrivateCups.h"
 #include "support/PrivatePostgres.h"
@@ -342,13 +341,7 @@ protected:
         GoOnFor(absence);
         Server.Start();
     }
-    void LetStoreComeToRest() override
-    {
-        const QString open = QStringLiteral(
-            "SELECT count(*) FROM LedgerEntries WHERE State IN ('received', 'printing')");
-        EXPECT_TRUE(EventsUntil(
-            [&] { return PrivatePostgres::Run(Address, open) == QStringLiteral("0"); }));
-    }
+    void LetStoreComeToRest() override { EXPECT_TRUE(ComesToRest(Address)); }
     void ExpectAnswers(const CardAccount& account) const override
     {
         account.ExpectAnswersOrRefusalsOf(Files->Host);

@@ -3,14 +3,12 @@
 #include "road/LedgerFolder.h"
 #include "road/ServerStore.h"
 #include "road/StationProcess.h"
-#include "support/Events.h"
 #include "support/PrivatePostgres.h"
 #include "support/SlowLine.h"
 #include <QCoreApplication>
 #include <algorithm>
 #include <csignal>
 #include <gtest/gtest.h>
-#include <iostream>
 
 // A station whose server is behind a line that is slow, silent, or breaks while it commits: it
 // tells so, goes on by itself, prints nothing twice, and no number is missing.
@@ -69,19 +67,11 @@ protected:
     {
         Host->BeginNothingNew();
         EXPECT_TRUE(Host->GoOnUntil([&] { return Host->IsAllAnswered(); }));
-        const QString open = QStringLiteral(
-            "SELECT count(*) FROM LedgerEntries WHERE State IN ('received', 'printing')");
-        EXPECT_TRUE(EventsUntil(
-            [&] { return PrivatePostgres::Run(Address, open) == QStringLiteral("0"); }));
+        EXPECT_TRUE(ComesToRest(Address));
         Station->SendSignal(SIGTERM);
         EXPECT_EQ(Station->ExitCode(), 0);
-        const CardAccount account(Home(), 1);
-        account.ExpectEnded();
-        account.ExpectFiles(MostCardsRead);
-        account.ExpectNoNumberMissing(LedgerFolder::NumberBefore + 1);
-        account.ExpectEachPrintedOnce(*Host);
-        std::cout << Host->Answers().size() << " answers; " << qPrintable(account.Summary())
-                  << '\n';
+        CardAccount(Home(), 1).ExpectNothingLost(*Host, LedgerFolder::NumberBefore + 1,
+                                                 MostCardsRead);
     }
 
     PrivatePostgres Server{PrivatePostgres::Commits::Durable};

@@ -6,11 +6,8 @@
 #include "road/ServerStore.h"
 #include "road/StationProcess.h"
 #include "station/session/Settings.h"
-#include "support/Events.h"
 #include "support/PrivatePooler.h"
 #include "support/PrivatePostgres.h"
-#include <QElapsedTimer>
-#include <QThread>
 #include <csignal>
 #include <deque>
 #include <gtest/gtest.h>
@@ -41,13 +38,6 @@ protected:
     {
         return std::make_unique<StationProcess>(
             Home, StationStart{.Arguments = {QString::number(session)}});
-    }
-    bool ComesToRest() const
-    {
-        const QString open = QStringLiteral(
-            "SELECT count(*) FROM LedgerEntries WHERE State IN ('received', 'printing')");
-        return EventsUntil(
-            [&] { return PrivatePostgres::Run(Direct, open) == QStringLiteral("0"); });
     }
 
     PrivatePostgres& Server = PrivatePostgres::Shared();
@@ -85,7 +75,7 @@ TEST_F(ServerPoolerRoad, EveryRecordOfMoreStationsThanItHasConnectionsIsAccounte
     for (BurstHost& host : hosts)
         host.BeginNothingNew();
     ASSERT_TRUE(all([](const BurstHost& host) { return host.IsAllAnswered(); }));
-    ASSERT_TRUE(ComesToRest());
+    ASSERT_TRUE(ComesToRest(Direct));
     for (const auto& station : stations) {
         station->SendSignal(SIGTERM);
         EXPECT_EQ(station->ExitCode(), 0);
@@ -129,26 +119,15 @@ TEST_F(ServerPoolerRoad, StartedAnewAgainAndAgainItLosesNoNumberAndLetsNoRecordP
         const std::size_t answers = host.Answers().size() + 5 + random() % 20;
         ASSERT_TRUE(host.GoOnUntil([&] { return host.Answers().size() >= answers; }));
         Pooler.Kill();
-        QElapsedTimer away;
-        away.start();
-        const auto awayMs = static_cast<qint64>(random() % 1000);
-        while (!away.hasExpired(awayMs)) {
-            host.GoOn();
-            QThread::msleep(1);
-        }
+        host.GoOnFor(random() % 1000);
         Pooler.Start();
     }
     host.BeginNothingNew();
     ASSERT_TRUE(host.GoOnUntil([&] { return host.IsAllAnswered(); }));
-    ASSERT_TRUE(ComesToRest());
+    ASSERT_TRUE(ComesToRest(Direct));
     station->SendSignal(SIGTERM);
     EXPECT_EQ(station->ExitCode(), 0);
-    const CardAccount account(Home, 1);
-    account.ExpectEnded();
-    account.ExpectFiles(MostCardsRead);
-    account.ExpectNoNumberMissing(LedgerFolder::NumberBefore + 1);
-    account.ExpectEachPrintedOnce(host);
-    std::cout << host.Answers().size() << " answers; " << qPrintable(account.Summary()) << '\n';
+    CardAccount(Home, 1).ExpectNothingLost(host, LedgerFolder::NumberBefore + 1, MostCardsRead);
 }
 
 TEST_F(ServerPoolerRoad, MembersOfAPoolPrintEachRecordOnce)
@@ -168,7 +147,7 @@ TEST_F(ServerPoolerRoad, MembersOfAPoolPrintEachRecordOnce)
     ASSERT_TRUE(host.GoOnUntil([&] { return host.Answers().size() >= records; }));
     host.BeginNothingNew();
     ASSERT_TRUE(host.GoOnUntil([&] { return host.IsAllAnswered(); }));
-    ASSERT_TRUE(ComesToRest());
+    ASSERT_TRUE(ComesToRest(Direct));
     const CardAccount account(Home, Sessions);
     account.ExpectEnded();
     account.ExpectFiles(MostCardsRead);

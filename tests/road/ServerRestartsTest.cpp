@@ -3,13 +3,9 @@
 #include "road/LedgerFolder.h"
 #include "road/ServerStore.h"
 #include "road/StationProcess.h"
-#include "support/Events.h"
 #include "support/PrivatePostgres.h"
-#include <QElapsedTimer>
-#include <QThread>
 #include <csignal>
 #include <gtest/gtest.h>
-#include <iostream>
 #include <random>
 
 // A server that is killed again and again while a station prints: no record prints twice, and no
@@ -41,31 +37,16 @@ TEST(ServerRestarts, LoseNoNumberAndPrintNoRecordTwice)
         const std::size_t answers = host.Answers().size() + 5 + random() % 20;
         ASSERT_TRUE(host.GoOnUntil([&] { return host.Answers().size() >= answers; }));
         server.Kill();
-        QElapsedTimer away;
-        away.start();
-        const auto awayMs = static_cast<qint64>(random() % 1500);
-        while (!away.hasExpired(awayMs)) {
-            host.GoOn();
-            QThread::msleep(1);
-        }
+        host.GoOnFor(random() % 1500);
         server.Start();
     }
     host.BeginNothingNew();
     ASSERT_TRUE(host.GoOnUntil([&] { return host.IsAllAnswered(); }));
-    // What could not be written when it came is written later.
-    const QString open = QStringLiteral(
-        "SELECT count(*) FROM LedgerEntries WHERE State IN ('received', 'printing')");
-    ASSERT_TRUE(
-        EventsUntil([&] { return PrivatePostgres::Run(address, open) == QStringLiteral("0"); }));
+    ASSERT_TRUE(ComesToRest(address));
     station.SendSignal(SIGTERM);
     EXPECT_EQ(station.ExitCode(), 0);
 
-    const CardAccount account(home, 1);
-    account.ExpectEnded();
-    account.ExpectFiles(MostCardsRead);
-    account.ExpectNoNumberMissing(LedgerFolder::NumberBefore + 1);
-    account.ExpectEachPrintedOnce(host);
-    std::cout << host.Answers().size() << " answers; " << qPrintable(account.Summary()) << '\n';
+    CardAccount(home, 1).ExpectNothingLost(host, LedgerFolder::NumberBefore + 1, MostCardsRead);
 }
 
 } // namespace

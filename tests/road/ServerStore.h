@@ -9,4 +9,8 @@ namespace vantrel::test {
 /// @param station  the address by which the station reaches it
 void PutStoreOnServer(const QString& programFolder, const QString& store, const QString& station);
 
+/// Lets stations write what they could not write when it came. @return whether every entry of the
+/// ledger has then ended
+bool ComesToRest(const QString& store);
+
 } // namespace vantrel::test

@@ -1,7 +1,6 @@
 #include "station/batch/RowSource.h"
 #include "base/Failure.h"
 #include <algorithm>
-#include <cstring>
 
 namespace vantrel {
 
@@ -133,16 +132,7 @@ bool RowSource::NextOfRecords(RecordReader& records, BatchRow& row)
 
 QStringList ColumnNames(const QString& list)
 {
-    const QByteArray bytes = list.toUtf8();
-    qsizetype at = 0;
-    TableReader reader(
-        [&](char* to, qsizetype most) {
-            const qsizetype count = std::min(most, bytes.size() - at);
-            std::memcpy(to, bytes.constData() + at, static_cast<std::size_t>(count));
-            at += count;
-            return count;
-        },
-        {});
+    TableReader reader(ReadFrom(list.toUtf8()), {});
     QStringList names;
     reader.Next(names);
     return names;
