@@ -1,6 +1,11 @@
 #pragma once
 
 #include "ledger/LedgerRows.h"
+#include <optional>
+
+namespace vantrel {
+class StoreDatabase;
+}
 
 namespace vantrel::console {
 
@@ -22,5 +27,12 @@ inline constexpr BriefTerms BriefButReadable{
 /// An entry with the beginning of its values and of its cards only: a record may be of any length,
 /// and a list or a live event shows little of it.
 LedgerEntry Brief(LedgerEntry entry, const BriefTerms& most = {});
+
+/// An entry as a JSON object, with `reprinted_as`: the entry by which it was printed again.
+QByteArray JsonWithReprint(const LedgerEntry& entry, std::optional<qlonglong> reprint);
+
+/// A brief entry in this way. Its reprint is the first one that did not fail. Fails like
+/// `StoreDatabase`.
+QByteArray BriefEntryJson(StoreDatabase& database, LedgerEntry entry);
 
 } // namespace vantrel::console

@@ -137,8 +137,9 @@ Answer Gate::LogOut(const Request& request)
 Answer Gate::ShowLogin(const Request& request)
 {
     const auto forgeryToken = m_tokens.ForgeryTokenOf(LoginIn(request));
-    return JsonAnswer("{\"forgery_token\": " +
-                      (forgeryToken ? '"' + *forgeryToken + '"' : QByteArray("null")) + "}\n");
+    return JsonAnswer(
+        "{\"forgery_token\": " + (forgeryToken ? '"' + *forgeryToken + '"' : QByteArray("null")) +
+        ", \"console\": \"" + m_run + "\"}\n");
 }
 
 } // namespace vantrel::console

@@ -42,6 +42,8 @@ private:
     std::optional<Answer> RefusesLogin(const Request& request, Need need);
 
     Tokens m_tokens;
+    /// Tells one start of the console from another one, since logins end with it.
+    QByteArray m_run = NewSecret();
     LoginGuard m_guard;
 };
 

@@ -89,9 +89,23 @@ QByteArray LedgerFollower::RecordNews(ConsoleStore& store)
     QByteArray json;
     LedgerJsonList list("records", [&json](const QByteArray& part) { json += part; });
     changed.resize(std::min(changed.size(), MostTold));
-    for (const qlonglong id : changed) {
-        if (auto entry = FindEntry(database, id, LedgerBytes::Without))
-            list.Add(LedgerEntryJson(Brief(*std::move(entry))));
+    std::vector<qlonglong> reprinted;
+    const auto tell = [&](qlonglong id) {
+        auto entry = FindEntry(database, id, LedgerBytes::Without);
+        if (!entry)
+            return;
+        if (entry->ReprintOf)
+            reprinted.push_back(*entry->ReprintOf);
+        list.Add(BriefEntryJson(database, *std::move(entry)));
+    };
+    for (const qlonglong id : changed)
+        tell(id);
+    // What becomes of a reprint is told of the first one too.
+    for (const qlonglong id : std::exchange(reprinted, {})) {
+        if (std::find(changed.begin(), changed.end(), id) != changed.end())
+            continue;
+        changed.push_back(id);
+        tell(id);
     }
     list.End();
     m_told = told;

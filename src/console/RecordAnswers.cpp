@@ -28,10 +28,7 @@ bool WantsBrief(const Request& request)
 QByteArray ForPage(StoreDatabase& database, LedgerEntry entry)
 {
     const auto reprint = FindReprint(database, entry.Id);
-    QByteArray json = LedgerEntryJson(Brief(std::move(entry), BriefButReadable));
-    json.chop(1);
-    return json + ", \"reprinted_as\": " + (reprint ? QByteArray::number(*reprint) : "null") +
-           "}\n";
+    return JsonWithReprint(Brief(std::move(entry), BriefButReadable), reprint) + '\n';
 }
 
 } // namespace
@@ -47,7 +44,8 @@ Answer ListRecords(ConsoleStore& store, const Request& request, const PathNumber
             break;
         // Another program may have removed it meanwhile.
         if (auto entry = FindEntry(store.Database(), number, LedgerBytes::Without))
-            list.Add(LedgerEntryJson(isBrief ? Brief(*std::move(entry)) : *entry));
+            list.Add(isBrief ? BriefEntryJson(store.Database(), *std::move(entry))
+                             : LedgerEntryJson(*entry));
     }
     list.End();
     return JsonAnswer(json);
@@ -61,7 +59,7 @@ Answer ListUnsettled(ConsoleStore& store, const Request& /*request*/,
     LedgerJsonList list("records", [&json](const QByteArray& part) { json += part; });
     for (const qlonglong number : UnsettledEntries(store.Database(), since, MostUnsettled)) {
         if (auto entry = FindEntry(store.Database(), number, LedgerBytes::Without))
-            list.Add(LedgerEntryJson(Brief(*std::move(entry))));
+            list.Add(BriefEntryJson(store.Database(), *std::move(entry)));
     }
     list.End();
     return JsonAnswer(json);

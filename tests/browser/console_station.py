@@ -1,4 +1,5 @@
 """A station with the demo's layouts, its console, and a browser that looks at it."""
+import contextlib
 import json
 import os
 import pathlib
@@ -61,8 +62,8 @@ class Station:
         settings.write_text(re.sub(r"(?m)^Port=\d+", f"Port={self.port}", settings.read_text("cp1252")), "cp1252")
         self.start(["vantrel"], None)
         await_that(self.listens, "the station listens")
-        console = self.start(["vantrel-console", self.folder, "--listen", "127.0.0.1:0"], subprocess.PIPE)
-        self.address = re.search(r"http://\S+", console.stdout.readline().decode())[0]
+        self.console = self.start(["vantrel-console", self.folder, "--listen", "127.0.0.1:0"], subprocess.PIPE)
+        self.address = re.search(r"http://\S+", self.console.stdout.readline().decode())[0]
         self.token = await_that(lambda: (self.folder / "Console.token").read_text().strip(), "a token")
 
     def start(self, words, out):
@@ -90,18 +91,42 @@ class Station:
                                 check=True, capture_output=True).stdout
         return [entry["state"] for entry in json.loads(listed)["entries"]]
 
-    def send_in_vain(self, *values):
-        """Sends a record whose card has no place to go: where its folder was, there is a file."""
+    @contextlib.contextmanager
+    def no_place_for_cards(self):
+        """Cards have no place to go meanwhile: where their folder was, there is a file."""
         await_that(lambda: not {"received", "printing"} & set(self.states()), "what came before is printed")
         printed, aside = self.folder / "Printed", self.folder / "Printed before"
         # The first card makes it.
         printed.mkdir(exist_ok=True)
         printed.rename(aside)
         printed.write_text("")
-        self.send(*values)
-        await_that(lambda: "failed" in self.states(values[0]), "the card fails")
-        printed.unlink()
-        aside.rename(printed)
+        try:
+            yield
+        finally:
+            printed.unlink()
+            aside.rename(printed)
+
+    def send_in_vain(self, *values):
+        """Sends a record whose card fails."""
+        with self.no_place_for_cards():
+            self.send(*values)
+            await_that(lambda: "failed" in self.states(values[0]), "the card fails")
+
+    @contextlib.contextmanager
+    def stopped(self):
+        """No station runs meanwhile."""
+        self.stop(self.running[0])
+        try:
+            yield
+        finally:
+            self.running[0] = self.start(["vantrel"], None)
+            self.running.pop()
+            await_that(self.listens, "the station listens again")
+
+    @staticmethod
+    def stop(process):
+        process.send_signal(signal.SIGTERM)
+        process.wait(LIMIT)
 
     def end(self):
         for process in self.running:

@@ -74,8 +74,11 @@ class Console(unittest.TestCase):
     def test_a_wrong_token_is_told_and_the_right_one_opens(self):
         self.expected = ("401",)
         self.shown("#token").send_keys("wrong", Keys.ENTER)
+        place = self.find("#login button").location
         self.told("#login-told", "This is not the token.")
-        self.find("#token").clear()
+        self.assertEqual(self.find("#login button").location, place)
+        # The wrong one is selected, so that what is written next takes its place.
+        self.assertTrue(self.has_focus(self.find("#token")))
         self.log_in()
         self.assertFalse(self.find("#token").is_displayed())
         self.told("#stations", "Session 1")
@@ -129,17 +132,30 @@ class Console(unittest.TestCase):
         self.go("history")
         self.told("#records", "Dorothy Vaughan")
         self.press(self.newest_row)
-        for question, answer in (("It was printed.", "printed again as record"), ("was printed again as record", None)):
+        self.shown("#reprint")
+        first = self.find("#details-title").text
+        for question, answer in (("It was printed.", "is printed: it replaces r" + first[1:]),
+                                 ("was printed again as record", None)):
             self.shown("#reprint").click()
             self.told("#ask", question)
+            self.told("#ask", "Dorothy Vaughan, 40099999, Gold")
+            self.told("#ask", "Card number ")
             self.assertTrue(self.has_focus(self.find("#ask-no")))
             if answer is None:
                 self.find("#ask-no").click()
             else:
                 self.find("#ask-yes").click()
                 self.told("#details-told", answer)
+        # The first one tells its reprint, and the reprint the first one.
+        self.told("#details-body", "Printed again as")
+        self.press(lambda: self.find("#details-body dl button"))
+        self.told("#details-body", "Reprint of")
+        self.press(lambda: self.find("#details-body dl button"))
+        self.told("#details-title", first)
         self.find("#details-close").click()
-        self.told("#records", "again ")
+        number = first.split()[1]
+        self.told("#records tbody tr", f"reprint of {number}")
+        self.told(f'#records tr[data-id="{number}"]', "printed again as record ")
         await_that(lambda: self.all("#records tbody tr")[0].text.count("printed") == 1, "the reprint is printed")
 
     def test_a_card_that_failed_comes_first_until_it_is_printed_again(self):
@@ -150,16 +166,69 @@ class Console(unittest.TestCase):
         self.told("#unsettled-list li", "failed")
         # Its reason is told in words.
         await_that(lambda: re.search(r"· [A-Z].{15,}", self.find("#unsettled-list li .why").text), "the reason is told")
-        self.press(lambda: self.find("#unsettled-list li button.main"))
-        self.shown("#ask-yes").click()
-        self.told("#unsettled-told", "is printed again as record")
+        # What the system says of a file stands behind a plain sentence.
+        self.told("#unsettled-list li .why", "The station could not write the card's file. (/")
+        self.assertIn("Now (1)", self.find("nav").text)
+        self.assertIn("Now (1)", self.browser.title)
+        # What cannot be printed again stays.
+        first = self.find("#unsettled-list li").get_attribute("data-id")
+        with self.station.no_place_for_cards():
+            self.print_again_from_panel()
+            self.told("#unsettled-told", "failed again: The station could not write the card's file.")
+            self.told("#title-unsettled", "1 record needs you")
+        self.print_again_from_panel()
+        self.told("#unsettled-told", "is printed: it replaces record ")
         self.told("#title-unsettled", "Nothing else needs you")
+        await_that(lambda: "settled" in self.find("#unsettled").get_attribute("class"), "it is green")
         self.assertEqual(self.all("#unsettled-list li"), [])
+        self.assertEqual(self.find('nav a[href="#now"]').text, "Now")
+        self.assertFalse(self.find_focus_lost())
         self.told("#cards li", "printed")
         self.told("#cards li", "Christine Darden")
+        self.press(lambda: self.find("#unsettled-told button"))
+        self.shown("#details")
+        self.told("#details-body", f"Reprint of\nrecord {first}")
+        self.find("#details-close").click()
         self.go("history")
         self.go("now")
         await_that(lambda: not self.find("#unsettled").is_displayed(), "what is settled is gone")
+
+    def print_again_from_panel(self):
+        self.press(lambda: self.find("#unsettled-list li button.main"))
+        self.shown("#ask-yes").click()
+
+    def find_focus_lost(self):
+        return self.browser.execute_script("return [document.body, null].includes(document.activeElement)")
+
+    def test_what_is_asked_for_while_no_station_runs_waits(self):
+        self.log_in()
+        self.station.send_in_vain("Joan Clarke", "40067676", "Gold")
+        self.told("#unsettled-list", "Joan Clarke")
+        # Other tests may have left what needs somebody too.
+        others = len(self.all("#unsettled-list li"))
+        with self.station.stopped():
+            self.told("#stations", "ended")
+            self.press(lambda: self.find("#unsettled-list li button.main"))
+            self.told("#ask", "Joan Clarke")
+            self.told("#ask", "No station is running; the card waits until one is started.")
+            self.find("#ask-yes").click()
+            self.told("#unsettled-told", "waits to be printed: no station is running.")
+            self.told("#title-unsettled", "1 record waits to be printed" if others == 1 else "1 waits to be printed")
+            self.told("#unsettled-list", "waits to be printed: Joan Clarke")
+            self.assertNotIn("settled", self.find("#unsettled").get_attribute("class").split())
+            self.go("send")
+            self.find("#values").send_keys("Ida Rhodes\n40068686\nGold")
+            self.find("#send button").click()
+            self.told("#sent", "waits to be printed: no station is running.")
+            # Whoever looks later sees both.
+            self.browser.refresh()
+            self.go("now")
+            self.told("#unsettled-list", "waits to be printed: Ida Rhodes")
+            self.told("#unsettled-list", "waits to be printed: Joan Clarke")
+            self.told("#title-unsettled", "2 records wait" if others == 1 else ", 2 wait")
+        await_that(lambda: not self.all('#unsettled-list [data-key^="waits/"]'), "all is printed")
+        self.told("#cards", "Ida Rhodes")
+        self.told("#cards", "Joan Clarke")
 
     def test_a_record_is_declared_void(self):
         self.log_in()
@@ -168,19 +237,36 @@ class Console(unittest.TestCase):
         self.told("#records", "Annie Easley")
         self.press(self.newest_row)
         self.shown("#void").click()
+        self.told("#ask", "Annie Easley, 40011111, Gold")
+        self.told("#ask", "Card number ")
         self.told("#ask", "This cannot be taken back.")
         self.find("#ask-yes").click()
         self.told("#details-told", "is void.")
         self.assertFalse(self.find("#void").is_enabled())
+        # The button that had the focus cannot have it any longer.
+        await_that(lambda: self.has_focus(self.find("#details-title")), "the record's title has the focus")
+        self.browser.switch_to.active_element.send_keys(Keys.ESCAPE)
+        await_that(lambda: self.has_focus(self.newest_row().find_element(By.TAG_NAME, "button")), "the row has the focus")
 
     def test_a_record_by_hand_is_printed(self):
         self.log_in()
         self.go("send")
         await_that(lambda: len(self.all("#layout option")) > 1, "the layouts are listed")
-        Select(self.find("#layout")).select_by_visible_text("Member Card")
+        # The station's own is chosen already.
+        await_that(lambda: Select(self.find("#layout")).first_selected_option.text == "Member Card", "the open layout")
+        for nothing in ("", "\n \n"):
+            self.find("#values").send_keys(nothing)
+            self.find("#send button").click()
+            self.told("#sent", "Write at least one value.")
+        self.find("#values").clear()
         self.find("#values").send_keys("Valerie Thomas\n40022222\nGold")
         self.find("#send button").click()
-        self.told("#sent", "Sent as record")
+        self.told("#sent", "is printed.")
+        self.assertTrue(self.has_focus(self.find("#values")))
+        self.press(lambda: self.find("#sent button"))
+        self.told("#details-body", "Valerie Thomas")
+        self.browser.switch_to.active_element.send_keys(Keys.ESCAPE)
+        await_that(lambda: not self.find("#details").is_displayed() and not self.find_focus_lost(), "the focus is kept")
         self.go("now")
         self.told("#cards", "Valerie Thomas")
 

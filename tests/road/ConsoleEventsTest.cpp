@@ -68,6 +68,23 @@ TEST_F(ConsoleEvents, TellWhatThisConsoleHasChangedItself)
     EXPECT_TRUE(viewer->ReceiveUntil("\"state\": \"void\""));
 }
 
+TEST_F(ConsoleEvents, TellOfAFirstRecordByWhichOneItIsPrintedAgain)
+{
+    AddPrinted("Ada");
+    Start();
+    const auto viewer = Viewer(Bearer());
+    EXPECT_EQ(Ask(Port(), "POST", "/api/v1/records/1/reprint", Bearer()).Status, 201);
+    // Both name the reprint.
+    EXPECT_TRUE(viewer->ReceiveUntil("\"id\": 2, \"state\": \"received\""));
+    EXPECT_TRUE(viewer->ReceiveUntil("\"reprinted_as\": 2"));
+    EXPECT_TRUE(viewer->ReceiveUntil("\"id\": 1, \"state\": \"printed\""));
+    EXPECT_TRUE(viewer->ReceiveUntil("\"reprinted_as\": 2"));
+    // A reprint that fails is none.
+    Database().Change(QStringLiteral("UPDATE LedgerEntries SET State = 'failed' WHERE ID = 2"), {});
+    EXPECT_TRUE(viewer->ReceiveUntil("\"id\": 1, \"state\": \"printed\""));
+    EXPECT_TRUE(viewer->ReceiveUntil("\"reprinted_as\": null"));
+}
+
 TEST_F(ConsoleEvents, OfAFloodTellTheNewestAndThatThereWereMore)
 {
     Start();

@@ -78,6 +78,20 @@ TEST_F(ConsoleGuard, AnOldTokenIsRefusedOnEveryPath)
     EXPECT_EQ(Get("/api/v1/records").Status, 200);
 }
 
+TEST_F(ConsoleGuard, AnotherStartOfTheConsoleIsKnownByItsName)
+{
+    const auto name = [this] {
+        return Ask(Port(), "GET", "/login", {}).Json()[u"console"].toString();
+    };
+    const QString before = name();
+    EXPECT_FALSE(before.isEmpty());
+    EXPECT_EQ(name(), before);
+    Console.reset();
+    Start();
+    EXPECT_FALSE(name().isEmpty());
+    EXPECT_NE(name(), before);
+}
+
 TEST_F(ConsoleGuard, AnOldLoginIsRefusedOnEveryPath)
 {
     const HttpHeaders login = LogIn();

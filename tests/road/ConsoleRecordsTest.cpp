@@ -134,6 +134,12 @@ TEST_F(ConsoleRecords, ThatNeedAPersonAreToldUntilTheyAreSettled)
     EXPECT_EQ(unsettled(), Ids({5, 3}));
     add(LedgerState::Received, 4);
     EXPECT_EQ(unsettled(), Ids({3}));
+    // A brief list tells by which record one was printed again without failing.
+    const QJsonArray brief = Get("/api/v1/records?brief=1").Json()[u"records"].toArray();
+    ASSERT_EQ(brief.size(), 6);
+    EXPECT_EQ(brief[2][u"id"].toInt(), 4);
+    EXPECT_EQ(brief[2][u"reprinted_as"].toInt(), 6);
+    EXPECT_TRUE(brief[3][u"reprinted_as"].isNull());
     EXPECT_EQ(Ask(Port(), "POST", "/api/v1/records/3/void", Bearer()).Status, 200);
     EXPECT_EQ(unsettled(), Ids());
 }

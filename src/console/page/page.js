@@ -18,6 +18,10 @@ const newest = new Map();
 /** What the history is searched by. */
 let filter = { text: "", state: "", day: "" };
 let shownRecord = null;
+/** What had the focus when the details were opened. */
+let openedFrom = null;
+/** The stations as far as they are known. */
+let stations = null;
 
 // ---- Small tools
 
@@ -82,6 +86,61 @@ function numbersOf(record) {
   return [...new Set(record.cards.flatMap((card) => card.numbers))].join(", ");
 }
 
+/** Whose card it is, as a question tells it. */
+function aboutOf(record) {
+  const numbers = numbersOf(record);
+  const told = numbers === "" ? null : numbers.includes(",") ? `Card numbers ${short(numbers, 120)}` : `Card number ${numbers}`;
+  return [short(valuesText(record), 120), told];
+}
+
+const noStationRuns = () => stations !== null && !stations.some((station) => station.state === "alive");
+const isHandedOver = (record) => record.state === "printed" || record.state === "done";
+const isUnfinished = (record) => record.state === "received" || record.state === "printing";
+
+/** The record by which this one was printed again since; null where it was not. */
+const laterReprintOf = (record) => (record.reprinted_as > record.id ? record.reprinted_as : null);
+
+/** A press on it shows the record. */
+function recordLink(id, text = `record ${id}`) {
+  const link = make("button", { type: "button", class: "link", "data-record": id }, text);
+  link.addEventListener("click", (event) => {
+    event.stopPropagation();
+    openDetails(id);
+  });
+  return link;
+}
+
+/** What the system says of files, behind the path. */
+const SystemErrors = [
+  [/: (No space left on device|Disk quota exceeded)$/, "The station has no room left to write the card's file."],
+  [/: (Permission denied|Operation not permitted|Read-only file system)$/, "The station may not write the card's file."],
+  [/: (Not a directory|Is a directory|File exists|Input\/output error|File name too long|File too large)$/, "The station could not write the card's file."],
+  [/: [^:]+$/, "The station could not use a file that it needs."],
+];
+
+/** A reason as people read it. What the system says of a file stands behind a plain sentence. */
+function plainReason(reason) {
+  if (!/^([^:/\n]{1,40}: )?\//.test(reason)) return reason;
+  const known = SystemErrors.find(([words]) => words.test(reason));
+  return known === undefined ? reason : `${known[1]} (${reason})`;
+}
+
+const hasNoFocus = () => document.activeElement === null || [document.body, byId("main")].includes(document.activeElement);
+
+/** Where the focus would be lost, gives it to what shows the record, else to the heading. */
+function keepFocus(id) {
+  const present = document.activeElement;
+  if (!hasNoFocus() && present.checkVisibility() && !present.disabled) return;
+  if (byId("ask").open) return;
+  if (byId("details").open) {
+    byId("details-title").focus();
+    return;
+  }
+  const view = byId(`view-${presentView()}`);
+  const shown = id === null ? null : view.querySelector(`[data-id="${id}"] button:enabled, [data-key^="${id}/"] button`);
+  (shown ?? view.querySelector("h1")).focus();
+}
+
 // ---- Asking the console
 
 class Refused extends Error {
@@ -104,12 +163,14 @@ async function ask(path, body) {
   try {
     response = await fetch(path, options);
   } catch {
+    noteAway(true);
     throw new Refused(0, { error: "The console cannot be reached." });
   }
+  noteBack();
   // A refusal that is none of the console's own may be of any kind.
   const answer = await response.json().catch(() => ({}));
   if (response.ok) return answer;
-  if (response.status === 401 && path !== "login") askForLogin();
+  if (response.status === 401 && path !== "login" && path !== "logout") endLogin();
   throw new Refused(response.status, answer);
 }
 
@@ -118,6 +179,7 @@ async function attempt(button, told, act) {
   // A button that is disabled would lose the focus.
   if (button.getAttribute("aria-disabled") === "true") return;
   button.setAttribute("aria-disabled", "true");
+  forgetAct();
   told.textContent = "";
   told.classList.remove("problem");
   try {
@@ -139,39 +201,80 @@ function showFrame(isIn) {
   if (!isIn) for (const view of Views) byId(`view-${view}`).hidden = true;
 }
 
-function askForLogin() {
+/** Which start of the console it was that the page has logged in to. */
+let consoleRun = null;
+
+function askForLogin(why = "") {
   forgeryToken = null;
+  forgetAct();
+  awaySince = null;
+  asked.clear();
+  waiting.clear();
+  clearTimeout(waitingSoon);
+  waitingSoon = null;
+  stations = null;
   if (events !== null) events.close();
   events = null;
   clearTimeout(stationsSoon);
   trouble = "";
-  byId("trouble").hidden = true;
+  showTrouble();
   newest.clear();
   for (const dialog of [byId("ask"), byId("details")]) if (dialog.open) dialog.close();
   showFrame(false);
   document.title = "Log in – Vantrel Console";
+  byId("login-told").classList.remove("problem");
+  byId("login-told").textContent = why;
   byId("token").focus();
 }
 
-async function begin() {
+function whyLogIn(login) {
+  const reason = login.console === consoleRun ? "your login has ended" : "the console was started anew";
+  return `Please log in again: ${reason}.`;
+}
+
+/** The console has refused what one who is logged in may do. */
+async function endLogin() {
+  if (forgeryToken === null) return;
+  forgeryToken = null;
+  askForLogin(whyLogIn(await ask("login").catch(() => ({ console: consoleRun }))));
+}
+
+async function begin(takesFocus = false) {
+  const wasIn = forgeryToken !== null;
   const login = await ask("login");
   forgeryToken = login.forgery_token;
   if (forgeryToken === null) {
-    askForLogin();
+    askForLogin(wasIn ? whyLogIn(login) : "");
     return;
   }
+  consoleRun = login.console;
   showFrame(true);
-  showView();
+  showView(takesFocus);
   follow();
+}
+
+/** Whoever logs in begins at the beginning, whatever the one before has looked for. */
+function startAtNow() {
+  history.replaceState(null, "", "#now");
+  for (const id of ["text", "state", "day"]) byId(id).value = "";
+  filter = { text: "", state: "", day: "" };
+  isLayoutChosen = false;
 }
 
 byId("login").addEventListener("submit", (event) => {
   event.preventDefault();
   const token = byId("token");
   attempt(event.submitter ?? event.target.querySelector("button"), byId("login-told"), async () => {
-    await ask("login", { token: token.value });
+    try {
+      await ask("login", { token: token.value });
+    } catch (problem) {
+      token.focus();
+      token.select();
+      throw problem;
+    }
     token.value = "";
-    await begin();
+    startAtNow();
+    await begin(true);
   });
 });
 
@@ -198,15 +301,24 @@ function showView(takesFocus = false) {
     if (link.hash === `#${present}`) link.setAttribute("aria-current", "page");
     else link.removeAttribute("aria-current");
   }
-  const title = byId(`title-${present}`);
-  document.title = `${title.textContent} – Vantrel Console`;
-  if (takesFocus) title.focus();
+  tellNeeds();
+  if (takesFocus) byId(`title-${present}`).focus();
   // What became of the last one is told until another page is looked at.
-  byId("unsettled-told").textContent = "";
+  forgetAct();
   // Before the page follows what happens, it asks for all of it anyway.
   if (present === "now" && events !== null) loadUnsettled();
   if (present === "send") loadLayouts();
   if (present === "counts") loadCounts();
+}
+
+/** Tells how many records need somebody where it is seen from everywhere. */
+function tellNeeds() {
+  const count = unsettled.length === 0 ? "" : unsettled.length < MostUnsettled ? ` (${unsettled.length})` : ` (${unsettled.length}+)`;
+  byId("views").querySelector('a[href="#now"]').textContent = `Now${count}`;
+  const present = presentView();
+  const title = byId(`title-${present}`).textContent;
+  document.title = present === "now" ? `${title}${count} – Vantrel Console` : `${title} – Now${count} – Vantrel Console`;
+  if (present !== "now" && count === "") document.title = `${title} – Vantrel Console`;
 }
 
 window.addEventListener("hashchange", () => {
@@ -227,16 +339,21 @@ function follow() {
   events = new EventSource("api/v1/events");
   events.addEventListener("open", () => {
     tellLive(true);
+    noteBack();
+    loadWaiting();
     loadStations();
     loadRecords();
     loadUnsettled();
   });
   events.addEventListener("error", () => {
     tellLive(false);
+    noteAway(false);
     // The browser tries again by itself, unless the console has refused it.
     if (events !== null && events.readyState === EventSource.CLOSED) {
       events = null;
-      setTimeout(() => begin().catch(() => follow()), 2000);
+      setTimeout(() => {
+        if (forgeryToken !== null) begin().catch(() => follow());
+      }, 1000);
     }
   });
   events.addEventListener("records", (event) => takeRecords(JSON.parse(event.data).records));
@@ -253,13 +370,47 @@ let trouble = "";
 function tellTrouble(text) {
   const isOver = trouble !== "" && text === "";
   trouble = text;
+  showTrouble();
+  if (!isOver) return;
+  askForPictures();
+  loadAllSoon();
+}
+
+function showTrouble() {
+  const away = awaySince === null || !isAwayTold ? "" :
+    `The console does not answer since ${timeText(awaySince).slice(0, -3)}. What you see is of then. The page goes on by itself.`;
+  const text = away || (trouble === "" ? "" : `${trouble} The page goes on by itself.`);
   const told = byId("trouble");
   told.hidden = text === "";
-  told.textContent = text === "" ? "" : `${text} The page goes on by itself.`;
-  if (!isOver) return;
-  // Pictures that could not be had are asked for anew.
-  clear(byId("cards"));
-  loadAllSoon();
+  if (told.textContent !== text) told.textContent = text;
+  byId("stations").classList.toggle("stale", text !== "");
+}
+
+/** Since when the console does not answer; null while it does. */
+let awaySince = null;
+let isAwayTold = false;
+let awaySoon = null;
+/** How long a connection may be broken before it is told. */
+const AwayRest = 2500;
+
+function noteAway(isTold) {
+  awaySince ??= new Date();
+  clearTimeout(awaySoon);
+  const tell = () => {
+    isAwayTold = awaySince !== null;
+    showTrouble();
+  };
+  if (isTold || isAwayTold) tell();
+  else awaySoon = setTimeout(tell, Math.max(0, awaySince.getTime() + AwayRest - Date.now()));
+}
+
+function noteBack() {
+  if (awaySince === null) return;
+  awaySince = null;
+  isAwayTold = false;
+  clearTimeout(awaySoon);
+  showTrouble();
+  askForPictures();
 }
 
 let allSoon = null;
@@ -269,6 +420,7 @@ function loadAllSoon() {
     allSoon = null;
     loadRecords();
     loadUnsettled();
+    loadWaiting();
   }, 1000 + 1000 * Math.random());
 }
 
@@ -292,6 +444,7 @@ const isFiltered = () => filter.text !== "" || filter.state !== "" || filter.day
 function takeRecords(records) {
   for (const told of toldSinceAsked) for (const record of records) told.set(record.id, record);
   for (const record of records) newest.set(record.id, record);
+  noteProgress(records);
   showCardsSoon();
   if (!isFiltered()) {
     for (const record of [...records].reverse()) putRow(record);
@@ -327,7 +480,11 @@ function stationTold(station) {
   return station.printer === "" ? layout : `${layout}, printer ${station.printer}`;
 }
 
-function showStations(stations) {
+function showStations(present) {
+  stations = present;
+  presetLayout();
+  tellAct();
+  showPanel();
   const list = clear(byId("stations"));
   for (const station of stations) {
     list.append(
@@ -343,9 +500,13 @@ function showStations(stations) {
   if (stations.length === 0) list.append(make("li", {}, "No station has run here yet."));
 }
 
+/** The records that need somebody. */
+let unsettled = [];
+
 async function loadUnsettled() {
   try {
-    showUnsettled((await ask("api/v1/unsettled")).records);
+    unsettled = (await ask("api/v1/unsettled")).records;
+    showPanel();
   } catch (problem) {
     if (!(problem instanceof Refused)) throw problem;
   }
@@ -354,7 +515,7 @@ async function loadUnsettled() {
 /** Whether a record that came or changed may have to be listed, or need not be any longer. */
 function concernsUnsettled(record) {
   return ["failed", "doubtful"].includes(record.state) || record.reprint_of !== null ||
-    byId("unsettled-list").querySelector(`[data-id="${record.id}"]`) !== null;
+    unsettled.some((known) => known.id === record.id);
 }
 
 let unsettledSoon = null;
@@ -366,49 +527,193 @@ function loadUnsettledSoon() {
 }
 
 function reasonOf(record) {
-  return record.reason || record.cards.map((card) => card.reason).find((reason) => reason) || Warnings[record.state] || "";
+  return plainReason(record.reason || record.cards.map((card) => card.reason).find((reason) => reason) || Warnings[record.state] || "");
 }
 
 function makeUnsettled(record) {
-  const open = make("button", { type: "button", class: "link" }, `Record ${record.id}`);
-  open.addEventListener("click", () => openDetails(record.id));
   const again = make("button", { type: "button", class: "main", "aria-label": `Print again … record ${record.id}` }, "Print again …");
   again.disabled = record.values === null;
-  again.addEventListener("click", () => {
-    const told = byId("unsettled-told");
-    attempt(again, told, async () => {
-      const added = await printAgain(record.id);
-      if (added !== null) told.textContent = toldOfReprint(record.id, added);
-    });
-  });
+  again.addEventListener("click", () => attempt(again, byId("unsettled-told"), () => printAgain(record.id)));
   return make(
     "li",
-    { "data-id": record.id },
+    { "data-id": record.id, "data-key": `needs/${record.id}` },
     make("div", { class: "told" },
-      make("p", {}, open, " ", stateMark(record.state), " ", make("span", { class: "who" }, valuesText(record))),
+      make("p", {}, recordLink(record.id, `Record ${record.id}`), " ", stateMark(record.state), " ", make("span", { class: "who" }, valuesText(record))),
       make("p", { class: "why" }, [timeText(record.received), record.layout, reasonOf(record)].filter((text) => text).join(" · "))),
     again,
   );
 }
 
-function unsettledTitle(count) {
-  if (count === 0) return "Nothing else needs you";
-  if (count === 1) return "1 record needs you";
-  return count < MostUnsettled ? `${count} records need you` : `${count} records and perhaps more need you`;
+function makeWaiting(record) {
+  return make(
+    "li",
+    { "data-id": record.id, "data-key": `waits/${record.id}` },
+    make("div", { class: "told" },
+      make("p", {}, recordLink(record.id, `Record ${record.id}`), " waits to be printed: ", make("span", { class: "who" }, valuesText(record))),
+      make("p", { class: "why" })),
+  );
 }
 
-/** Shows what needs a person, and what became of it just now. */
-function showUnsettled(records) {
+const recordsAre = (count, one, more) => (count === 1 ? `1 record ${one}` : `${count} records ${more}`);
+
+function panelTitle(needing, waits) {
+  const orMore = (count) => (count < MostUnsettled ? count : `${count} or more`);
+  if (needing > 0 && waits > 0) return `${recordsAre(orMore(needing), "needs you", "need you")}, ${orMore(waits)} ${waits === 1 ? "waits" : "wait"} to be printed`;
+  if (needing > 0) return recordsAre(orMore(needing), "needs you", "need you");
+  if (waits > 0) return recordsAre(orMore(waits), "waits to be printed", "wait to be printed");
+  return "Nothing else needs you";
+}
+
+/** Shows what needs a person, what waits, and what became of what was asked for just now. */
+function showPanel() {
   const list = byId("unsettled-list");
-  const present = new Map([...list.children].map((item) => [item.dataset.id, item]));
-  const items = records.map((record) => present.get(String(record.id)) ?? makeUnsettled(record));
+  const present = new Map([...list.children].map((item) => [item.dataset.key, item]));
+  const waits = shownToWait();
+  const items = [
+    ...unsettled.map((record) => present.get(`needs/${record.id}`) ?? makeUnsettled(record)),
+    ...waits.map((record) => present.get(`waits/${record.id}`) ?? makeWaiting(record)),
+  ];
+  const hint = noStationRuns() ? " · No station is running; the card waits until one is started." : "";
+  waits.forEach((record, place) => {
+    const why = items[unsettled.length + place].querySelector(".why");
+    const text = `${timeText(record.received)} · ${record.layout}${hint}`;
+    if (why.textContent !== text) why.textContent = text;
+  });
   const hadFocus = list.contains(document.activeElement);
   arrange(list, items);
-  byId("title-unsettled").textContent = unsettledTitle(items.length);
-  byId("unsettled").classList.toggle("settled", items.length === 0);
-  byId("unsettled").hidden = items.length === 0 && byId("unsettled-told").textContent === "";
-  if (hadFocus && !list.contains(document.activeElement)) (list.querySelector(".main") ?? byId("title-unsettled")).focus();
+  const title = panelTitle(unsettled.length, waits.length);
+  if (byId("title-unsettled").textContent !== title) byId("title-unsettled").textContent = title;
+  const panel = byId("unsettled");
+  const isPrinted = act !== null && isHandedOver(act.record);
+  panel.classList.toggle("settled", items.length === 0 && isPrinted);
+  panel.classList.toggle("waits", unsettled.length === 0 && !(items.length === 0 && isPrinted));
+  panel.hidden = items.length === 0 && byId("unsettled-told").textContent === "";
+  if (hadFocus && !list.contains(document.activeElement)) (list.querySelector(".main") ?? (panel.hidden ? byId("title-now") : byId("title-unsettled"))).focus();
+  if (forgeryToken !== null) tellNeeds();
 }
+
+// ---- What waits to be printed
+
+/** Most records are printed at once. These wait longer than this, or were asked for here. */
+const WaitingRest = 3000;
+/** Records that wait to be printed, by their numbers, and since when this page knows it. */
+const waiting = new Map();
+/** Records that were asked for here and are neither printed nor failed yet. */
+const asked = new Set();
+let waitingSoon = null;
+
+function shownToWait() {
+  const now = performance.now();
+  return [...waiting.values()]
+    .filter(({ record, since }) => asked.has(record.id) || now - since >= WaitingRest)
+    .map(({ record }) => record)
+    .sort((one, other) => other.id - one.id);
+}
+
+function noteWaiting(record, since = performance.now()) {
+  const isWaiting = record.state === "received" || (record.state === "printing" && asked.has(record.id));
+  if (isWaiting) waiting.set(record.id, { record, since: waiting.get(record.id)?.since ?? since });
+  else waiting.delete(record.id);
+  if (!isUnfinished(record)) asked.delete(record.id);
+}
+
+function loadWaitingSoon() {
+  if (waiting.size > 0 || asked.size > 0) waitingSoon ??= setTimeout(loadWaiting, WaitingRest);
+}
+
+/** Asks for what waits as long as anything does: what has waited for long is not told by events. */
+async function loadWaiting() {
+  clearTimeout(waitingSoon);
+  waitingSoon = null;
+  try {
+    const { records } = await askRecords(`api/v1/records?state=received&brief=1&limit=${MostUnsettled}`);
+    const present = new Set(records.map((record) => record.id));
+    for (const id of waiting.keys()) if (!present.has(id) && !asked.has(id)) waiting.delete(id);
+    for (const record of records) noteWaiting(record, performance.now() - Math.max(0, Date.now() - Date.parse(record.received)));
+    const others = [...asked].filter((id) => !present.has(id)).slice(0, 10);
+    takeProgress(await Promise.all(others.map((id) => ask(`api/v1/records/${id}?brief=1`))));
+  } catch (problem) {
+    if (!(problem instanceof Refused)) throw problem;
+  }
+  tellAct();
+  showPanel();
+  if (events !== null) loadWaitingSoon();
+}
+
+// ---- What was asked for last
+
+/** A record that was printed again or sent by hand just now: it is told what becomes of it. */
+let act = null;
+const ActPlaces = ["unsettled-told", "details-told", "sent"];
+
+function forgetAct() {
+  act = null;
+  for (const id of ActPlaces) {
+    byId(id).replaceChildren();
+    byId(id).classList.remove("problem");
+  }
+  showPanel();
+}
+
+/** @param record  what was asked for, as it will be in the ledger */
+function beginAct(record, more) {
+  asked.add(record.id);
+  // Events may be quicker than the answer.
+  act = { record: newest.get(record.id) ?? record, since: performance.now(), told: "", ...more };
+  noteWaiting(act.record);
+  tellAct();
+  showPanel();
+  loadWaitingSoon();
+}
+
+function wordsOfAct() {
+  const { record, of, wasFailed, who, session } = act;
+  const link = recordLink(record.id, `Record ${record.id}`);
+  const isLate = performance.now() - act.since >= WaitingRest;
+  if (isHandedOver(record)) return of === undefined ? [link, " is printed."] : [link, " is printed: it replaces ", recordLink(of), "."];
+  if (record.state === "failed") return [link, wasFailed ? " failed again: " : " failed: ", reasonOf(record)];
+  if (record.state === "doubtful") return [link, " is doubtful. ", Warnings.doubtful];
+  if (record.state === "void") return [link, " was declared void."];
+  if (noStationRuns()) return [link, " waits to be printed: no station is running."];
+  if (isLate && record.state === "received") return [link, " still waits to be printed."];
+  return of === undefined ? ["Sent as ", recordLink(record.id), ` to session ${session}.`] : [link, ` was sent to be printed again for ${who}.`];
+}
+
+/** Tells it where it was asked for. What is told already stays, with its focus. */
+function tellAct() {
+  if (act === null) return;
+  const words = wordsOfAct();
+  const text = words.map((word) => word.textContent ?? word).join("");
+  if (text === act.told) return;
+  act.told = text;
+  const places = act.of === undefined ? ["sent"] : shownRecord === null ? ["unsettled-told"] : ["unsettled-told", "details-told"];
+  for (const id of places) {
+    const place = byId(id);
+    const focused = place.contains(document.activeElement) ? document.activeElement.dataset.record : null;
+    place.replaceChildren(...wordsOfAct(), act.note ?? "");
+    place.classList.toggle("problem", act.record.state === "failed");
+    if (focused !== null) (place.querySelector(`[data-record="${focused}"]`) ?? place.querySelector("button"))?.focus();
+  }
+}
+
+/** Follows records that came or changed. */
+function takeProgress(records) {
+  for (const record of records) {
+    noteWaiting(record);
+    if (act !== null && record.id === act.record.id) act.record = record;
+    else if (act !== null && !isUnfinished(act.record) && record.state === "failed" && !unsettled.some((known) => known.id === record.id) &&
+      record.id > act.record.id) forgetAct();
+  }
+}
+
+function noteProgress(records) {
+  takeProgress(records);
+  tellAct();
+  showPanel();
+  loadWaitingSoon();
+}
+
+// ---- Cards
 
 /** Asks for the newest records and for what is searched for, which mostly are the same. */
 function loadRecords() {
@@ -435,10 +740,29 @@ async function loadNewest() {
 function cardPicture(record, index, alt) {
   const place = make("span", { class: "picture" });
   const image = make("img", { alt, loading: "lazy", decoding: "async" });
-  image.addEventListener("error", () => place.replaceChildren("No picture is kept."));
+  image.addEventListener("error", async () => {
+    const isKnown = await ask(image.getAttribute("src")).then(() => true, (problem) => problem.status === 404);
+    // Another one may have been asked for meanwhile.
+    if (!isKnown) missing.set(place, image);
+    place.replaceChildren(isKnown ? "No picture is kept." : "The picture is shown when the console answers again.");
+  });
   image.src = `api/v1/records/${record.id}/cards/${index + 1}.png`;
   place.append(image);
   return place;
+}
+
+/** Places of pictures that could not be had, and the pictures. */
+const missing = new Map();
+
+function askForPictures() {
+  for (const [place, image] of missing) {
+    if (!place.isConnected) continue;
+    const path = image.getAttribute("src");
+    image.removeAttribute("src");
+    image.src = path;
+    place.replaceChildren(image);
+  }
+  missing.clear();
 }
 
 function newestCards() {
@@ -512,6 +836,21 @@ const rows = byId("records").tBodies[0];
 let searching = 0;
 let soon = null;
 
+/** Where a record is from, and what became of it later. */
+function sourceTold(record) {
+  const later = laterReprintOf(record);
+  return [
+    record.reprint_of === null ? make("span", { class: "address" }, ...addressTold(record.source)) : make("span", {}, "reprint of ", recordLink(record.reprint_of, String(record.reprint_of))),
+    later === null ? null : make("span", { class: "later" }, "printed again as ", recordLink(later)),
+  ].filter((part) => part !== null);
+}
+
+/** An address may be broken before its port, and nowhere else. */
+function addressTold(source) {
+  const colon = source.lastIndexOf(":");
+  return /:\d+$/.test(source) ? [source.slice(0, colon), make("wbr"), make("span", { class: "port" }, source.slice(colon))] : [source];
+}
+
 function rowOf(record) {
   const open = make("button", { type: "button", class: "link" }, String(record.id));
   const row = make(
@@ -523,7 +862,7 @@ function rowOf(record) {
     make("td", { role: "cell", class: "layout" }, record.layout),
     make("td", { role: "cell", class: "values" }, valuesText(record)),
     make("td", { role: "cell", class: "numbers" }, numbersOf(record)),
-    make("td", { role: "cell", class: "source" }, record.reprint_of === null ? record.source : `again ${record.reprint_of}`),
+    make("td", { role: "cell", class: "source" }, ...sourceTold(record)),
   );
   row.addEventListener("click", () => openDetails(record.id));
   return row;
@@ -560,8 +899,10 @@ function tellFound() {
 
 /** Shows what a search has found, behind the rows that are there where it went on from one. */
 function showFound({ records, told }, before = null) {
+  const focused = rows.contains(document.activeElement) ? document.activeElement.closest("tr").dataset.id : null;
   if (before === null) clear(rows);
   rows.append(...records.map(rowOf));
+  if (focused !== null) keepFocus(focused);
   byId("older").hidden = records.length < PageOfRecords || rows.children.length >= MostRows;
   // Where something is searched for, another search follows what events tell.
   if (!isFiltered()) for (const record of told) putRow(record);
@@ -640,9 +981,9 @@ function cardView(record, card, index) {
     card.layout,
     card.printer,
     card.file ?? (card.job === null ? null : `job ${card.job}`),
-    card.numbers.length > 0 ? `numbers ${card.numbers.join(", ")}` : null,
+    card.numbers.length > 0 ? `card number ${card.numbers.join(", ")}` : null,
     timeText(card.changed),
-    card.reason,
+    plainReason(card.reason),
   ].filter((text) => text);
   return make(
     "figure",
@@ -657,12 +998,13 @@ function detailsOf(record, parts) {
   return [
     pairs([
       ["State", stateMark(record.state)],
-      ["Reason", record.reason],
+      ["Reason", plainReason(record.reason)],
       ["Received", timeText(record.received)],
       ["Source", record.source],
       ["Session", String(record.session)],
       ["Layout", record.layout],
-      ["Prints again", record.reprint_of === null ? "" : `record ${record.reprint_of}`],
+      ["Reprint of", record.reprint_of === null ? "" : recordLink(record.reprint_of)],
+      ["Printed again as", laterReprintOf(record) === null ? "" : recordLink(laterReprintOf(record))],
     ]),
     make("h3", {}, "Values"),
     hasValues
@@ -681,15 +1023,22 @@ async function loadDetails(id) {
   const [record, { parts }] = await Promise.all([ask(`api/v1/records/${id}?brief=1`), ask(`api/v1/records/${id}/parts`)]);
   if (shownRecord !== id) return;
   byId("details-title").textContent = `Record ${id}`;
-  clear(byId("details-body")).append(...detailsOf(record, parts));
+  const body = byId("details-body");
+  const { scrollTop } = body;
+  const hadFocus = body.contains(document.activeElement);
+  clear(body).append(...detailsOf(record, parts));
+  body.scrollTop = scrollTop;
+  if (hadFocus) body.focus({ preventScroll: true });
   byId("reprint").disabled = record.state === "received" || record.state === "printing" || record.values === null;
   byId("void").disabled = record.state === "void" || record.state === "printing";
   byId("details").dataset.state = record.state;
+  if (byId("details").open) keepFocus(id);
 }
 
 async function openDetails(id) {
+  if (!byId("details").open) openedFrom = document.activeElement;
   shownRecord = id;
-  byId("details-told").textContent = "";
+  byId("details-told").replaceChildren();
   try {
     await loadDetails(id);
   } catch (problem) {
@@ -704,10 +1053,12 @@ async function openDetails(id) {
 
 byId("details-close").addEventListener("click", () => byId("details").close());
 byId("details").addEventListener("close", () => {
-  const row = shownRecord === null ? null : rowWith(shownRecord);
+  const id = shownRecord;
   shownRecord = null;
-  // A row that was pressed with the mouse has no focus, and one that was drawn anew meanwhile has lost it.
-  if ([document.body, byId("main")].includes(document.activeElement) && row !== null && !byId("view-history").hidden) row.querySelector("button").focus();
+  // What was pressed with the mouse has no focus, and what was drawn anew meanwhile has lost it.
+  if (hasNoFocus() && openedFrom?.isConnected && openedFrom.matches("button, a")) openedFrom.focus();
+  openedFrom = null;
+  keepFocus(id);
 });
 
 /** Asks a question whose default is No. */
@@ -734,45 +1085,75 @@ const Warnings = {
   void: "It was declared void.",
 };
 
-/** Asks whether a record is to be printed again, and has it done. */
-async function printAgain(id) {
-  const record = await ask(`api/v1/records/${id}?brief=1`);
-  const { state, reprinted_as: reprint } = record;
-  const before = reprint === null ? Warnings[state] : `It was printed again as record ${reprint} already.`;
-  const text = [short(valuesText(record), 120), before, "The card shows the numbers of the first print."].filter((line) => line).join("\n");
-  const [title, yes] = reprint === null ? [`Print record ${id} again?`, "Print again"] : [`Print record ${id} once more?`, "Print once more"];
-  if (!(await confirmed(title, text, yes))) return null;
-  return ask(`api/v1/records/${id}/reprint`, { again: reprint !== null });
+const NoStation = "No station is running; the card waits until one is started.";
+
+/** What a person should know before a record is printed again. */
+function beforeAgain(record) {
+  const { id, state, reprint_of: first, reprinted_as: reprint } = record;
+  if (reprint === null) return Warnings[state];
+  return reprint === id ? `It is itself a reprint of record ${first}. ${Warnings[state] ?? ""}` : `It was printed again as record ${reprint} already.`;
 }
 
-function toldOfReprint(id, added) {
-  const changed = added.layout_changed ? " Its layout was changed since; the card is printed as it was then." : "";
-  return `Record ${id} is printed again as record ${added.id}.${changed}`;
+/** Asks whether a record is to be printed again, has it done and tells what becomes of it. */
+async function printAgain(id) {
+  const record = await ask(`api/v1/records/${id}?brief=1`);
+  const { reprinted_as: reprint } = record;
+  const text = [...aboutOf(record), beforeAgain(record), "The card shows the numbers of the first print.", noStationRuns() ? NoStation : null]
+    .filter((line) => line).join("\n");
+  const [title, yes] = reprint === null ? [`Print record ${id} again?`, "Print again"] : [`Print record ${id} once more?`, "Print once more"];
+  if (!(await confirmed(title, text, yes))) {
+    keepFocus(id);
+    return;
+  }
+  const added = await ask(`api/v1/records/${id}/reprint`, { again: reprint !== null });
+  unsettled = unsettled.filter((known) => known.id !== id);
+  beginAct(
+    { ...record, id: added.id, state: "received", reason: "", received: new Date().toISOString(), cards: [], reprint_of: id, reprinted_as: null },
+    {
+      of: id,
+      wasFailed: record.state === "failed",
+      who: short(valuesText(record), 80),
+      note: added.layout_changed ? " Its layout was changed since; the card is printed as it was then." : "",
+    },
+  );
+  loadUnsettledSoon();
+  keepFocus(id);
 }
 
 byId("reprint").addEventListener("click", (event) => {
   const id = shownRecord;
-  const told = byId("details-told");
-  attempt(event.currentTarget, told, async () => {
-    const added = await printAgain(id);
-    if (added === null) return;
-    told.textContent = toldOfReprint(id, added);
-  });
+  attempt(event.currentTarget, byId("details-told"), () => printAgain(id));
 });
 
 byId("void").addEventListener("click", (event) => {
   const id = shownRecord;
   const told = byId("details-told");
   attempt(event.currentTarget, told, async () => {
-    const waits = byId("details").dataset.state === "received" ? "It still waits to be printed and then never is.\n" : "";
-    if (!(await confirmed(`Declare record ${id} void?`, `${waits}This cannot be taken back.`, "Declare void", true))) return;
+    const record = await ask(`api/v1/records/${id}?brief=1`);
+    const waits = record.state === "received" ? "It still waits to be printed and then never is." : null;
+    const text = [...aboutOf(record), waits, "This cannot be taken back."].filter((line) => line).join("\n");
+    if (!(await confirmed(`Declare record ${id} void?`, text, "Declare void", true))) return;
     await ask(`api/v1/records/${id}/void`, {});
     await loadDetails(id);
     told.textContent = `Record ${id} is void.`;
+    loadUnsettledSoon();
   });
 });
 
 // ---- Send
+
+let isLayoutChosen = false;
+byId("layout").addEventListener("change", () => {
+  isLayoutChosen = true;
+});
+
+/** Until one is chosen, the layout is the one that a running station has open. */
+function presetLayout() {
+  const open = stations?.find((station) => station.state === "alive" && station.layout !== "")?.layout;
+  if (isLayoutChosen || open === undefined) return;
+  const option = [...byId("layout").options].find((one) => one.value === open);
+  if (option !== undefined) option.selected = true;
+}
 
 async function loadLayouts() {
   const list = byId("layout");
@@ -780,6 +1161,7 @@ async function loadLayouts() {
   try {
     const { layouts } = await ask("api/v1/layouts");
     clear(list).append(...layouts.map((name) => make("option", { value: name, selected: name === chosen }, name)));
+    presetLayout();
   } catch (problem) {
     if (!(problem instanceof Refused)) throw problem;
     byId("sent").textContent = problem.message;
@@ -788,13 +1170,22 @@ async function loadLayouts() {
 
 byId("send").addEventListener("submit", (event) => {
   event.preventDefault();
-  const sent = byId("sent");
-  attempt(event.target.querySelector("button"), sent, async () => {
-    const text = byId("values").value.replace(/\n$/, "");
-    const values = text === "" ? [] : text.split("\n");
-    const added = await ask("api/v1/records", { layout: byId("layout").value, values });
-    byId("values").value = "";
-    sent.textContent = `Sent as record ${added.id} to session ${added.session}.`;
+  const field = byId("values");
+  attempt(event.target.querySelector("button"), byId("sent"), async () => {
+    const text = field.value.replace(/\n$/, "");
+    const values = text.split("\n");
+    if (text.trim() === "") {
+      field.focus();
+      throw new Refused(0, { error: "Write at least one value. A record without values prints an empty card." });
+    }
+    const layout = byId("layout").value;
+    const { id, session } = await ask("api/v1/records", { layout, values });
+    field.value = "";
+    field.focus();
+    beginAct(
+      { id, state: "received", received: new Date().toISOString(), session, source: "console", layout, values, value_count: values.length, reason: "", cards: [], reprint_of: null, reprinted_as: null },
+      { session },
+    );
   });
 });
 
@@ -814,15 +1205,16 @@ async function loadCounts() {
     const query = new URLSearchParams({ since: startOfDay(period.since.value), until: startOfDay(period.until.value, 1) });
     const { counts } = await ask(`api/v1/counts?${query}`);
     const body = clear(byId("counts-table").tBodies[0]);
+    const cell = (name, kind, text) => make("td", { role: "cell", class: kind, "data-name": name }, text);
     for (const count of counts) {
       body.append(
         make(
           "tr",
-          {},
-          make("th", { scope: "row", class: "when" }, count.day),
-          make("td", {}, count.layout),
-          ...["issued", "failed", "doubtful", "void", "reprinted"].map((name) => make("td", { class: "number" }, String(count[name]))),
-          make("td", {}, count.void_numbers.join(", ")),
+          { role: "row" },
+          make("th", { role: "rowheader", scope: "row", class: "when" }, count.day),
+          cell("Layout", "layout", count.layout),
+          ...["issued", "failed", "doubtful", "void", "reprinted"].map((name) => cell(`${name[0].toUpperCase()}${name.slice(1)}`, "number", String(count[name]))),
+          cell("Void card numbers", "void-numbers", count.void_numbers.join(", ")),
         ),
       );
     }
