@@ -62,8 +62,7 @@ class Station:
         settings.write_text(re.sub(r"(?m)^Port=\d+", f"Port={self.port}", settings.read_text("cp1252")), "cp1252")
         self.start(["vantrel"], None)
         await_that(self.listens, "the station listens")
-        self.console = self.start(["vantrel-console", self.folder, "--listen", "127.0.0.1:0"], subprocess.PIPE)
-        self.address = re.search(r"http://\S+", self.console.stdout.readline().decode())[0]
+        self.start_console(0)
         self.token = await_that(lambda: (self.folder / "Console.token").read_text().strip(), "a token")
 
     def start(self, words, out):
@@ -119,12 +118,27 @@ class Station:
         try:
             yield
         finally:
-            self.running[0] = self.start(["vantrel"], None)
+            self.running.insert(0, self.start(["vantrel"], None))
             self.running.pop()
             await_that(self.listens, "the station listens again")
 
-    @staticmethod
-    def stop(process):
+    @contextlib.contextmanager
+    def console_away(self):
+        """The console does not run meanwhile."""
+        self.stop(self.running[-1])
+        try:
+            yield
+        finally:
+            self.start_console(int(self.address.strip("/").rsplit(":", 1)[1]))
+
+    def start_console(self, port):
+        console = self.start(["vantrel-console", self.folder, "--listen", f"127.0.0.1:{port}"], subprocess.PIPE)
+        self.address = re.search(r"http://\S+", console.stdout.readline().decode())[0]
+
+    def stop(self, process):
+        self.running.remove(process)
+        if process.stdout is not None:
+            process.stdout.close()
         process.send_signal(signal.SIGTERM)
         process.wait(LIMIT)
 

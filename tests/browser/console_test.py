@@ -270,6 +270,94 @@ class Console(unittest.TestCase):
         self.go("now")
         self.told("#cards", "Valerie Thomas")
 
+    def test_a_console_that_is_away_is_told_until_it_is_back(self):
+        self.expected = ("ERR_", "401")
+        self.station.send("Hedy Lamarr", "40014141", "Gold")
+        self.log_in()
+        self.told("#cards", "Hedy Lamarr")
+        self.go("history")
+        self.find("#text").send_keys("hedy", Keys.ENTER)
+        self.told("#found", "1 record.")
+        with self.station.console_away():
+            self.told("#trouble", "The console does not answer since ")
+            self.told("#trouble", "What you see is of then.")
+            self.go("now")
+            self.assertIn("stale", self.find("#stations").get_attribute("class"))
+        self.told("#login-told", "Please log in again: the console was started anew.")
+        self.assertEqual(self.all("#cards li"), [])
+        self.shown("#token").send_keys(self.station.token, Keys.ENTER)
+        self.told("#live", "Live")
+        self.assertFalse(self.find("#trouble").is_displayed())
+        self.assertNotIn("stale", self.find("#stations").get_attribute("class").split())
+        self.assertTrue(self.find("#view-now").is_displayed())
+        self.assertTrue(self.has_focus(self.find("#title-now")))
+        self.assertEqual(self.find("#text").get_property("value"), "")
+        await_that(lambda: self.find("#cards li img").get_property("naturalWidth") > 600, "a picture is shown")
+
+    def test_a_picture_that_could_not_be_had_is_asked_for_again(self):
+        self.expected = ("ERR_",)
+        self.station.send("Mary Allen", "40015151", "Gold")
+        self.log_in()
+        await_that(lambda: self.find("#cards li img").get_property("naturalWidth") > 600, "its picture is shown")
+        try:
+            self.offline(True)
+            self.browser.execute_script("const one = document.querySelector('#cards img'); one.src += '?';")
+            self.told("#cards li .picture", "The picture is shown when the console answers again.")
+            self.told("#trouble", "The console does not answer since ")
+        finally:
+            self.offline(False)
+        await_that(lambda: any(image.get_property("naturalWidth") > 600 for image in self.all("#cards li:first-child img")),
+                   "it is shown again")
+        await_that(lambda: not self.find("#trouble").is_displayed(), "nothing is told any longer")
+
+    def offline(self, is_off):
+        self.browser.execute_cdp_cmd("Network.enable", {})
+        self.browser.execute_cdp_cmd("Network.emulateNetworkConditions", {
+            "offline": is_off, "latency": 0, "downloadThroughput": -1, "uploadThroughput": -1})
+
+    def test_the_focus_stays_with_the_record(self):
+        self.log_in()
+        self.station.send_in_vain("Karen Jones", "40069696", "Gold")
+        self.told("#unsettled-list", "Karen Jones")
+        number = self.find("#unsettled-list li").get_attribute("data-id")
+
+        def press(*keys):
+            self.browser.switch_to.active_element.send_keys(*keys)
+
+        def focus_is_in(selector):
+            await_that(lambda: self.browser.execute_script(f"return document.activeElement.matches({selector!r})"),
+                       f"{selector} has the focus")
+
+        def open_and_close(*between):
+            self.browser.execute_script(
+                f"document.querySelector('#unsettled-list [data-id=\"{number}\"] button').focus()")
+            press(Keys.ENTER)
+            focus_is_in("#details-title")
+            for act in between:
+                act()
+            press(Keys.ESCAPE)
+            await_that(lambda: not self.find("#details").is_displayed(), "the record is closed")
+
+        def question(selector, *keys):
+            def act():
+                self.browser.execute_script(f"document.querySelector('{selector}').focus()")
+                press(Keys.ENTER)
+                focus_is_in("#ask-no")
+                press(*keys)
+                await_that(lambda: not self.find("#ask").is_displayed(), "the question is answered")
+            return act
+
+        open_and_close()
+        focus_is_in(f'#unsettled-list [data-id="{number}"] button')
+        open_and_close(question("#void", Keys.ESCAPE), lambda: focus_is_in("#void"))
+        focus_is_in(f'#unsettled-list [data-id="{number}"] button')
+        # With the record declared void, nothing of it is left in the list.
+        open_and_close(question("#void", Keys.TAB, Keys.ENTER), lambda: self.told("#details-told", "is void."),
+                       lambda: focus_is_in("#details-title"))
+        await_that(lambda: not self.all(f'#unsettled-list [data-id="{number}"]'), "it is settled")
+        self.assertFalse(self.find_focus_lost())
+        self.assertFalse(self.browser.execute_script("return document.activeElement.matches('main')"))
+
     def test_an_answer_that_comes_late_hides_no_newer_record(self):
         self.log_in()
         self.go("history")
@@ -358,6 +446,14 @@ class Console(unittest.TestCase):
             self.go(view)
             if view == "history":
                 self.told("#records", "much too long")
+            if view == "counts":
+                self.told("#counts-table tbody", "Member Card")
+                # Every column is there, with its name.
+                self.assertEqual(self.browser.execute_script("""
+                    return [...document.querySelectorAll('#counts-table tbody tr:first-child td.number')]
+                      .filter((cell) => cell.getBoundingClientRect().right <= 320)
+                      .map((cell) => getComputedStyle(cell, '::before').content);"""),
+                    ['"Issued"', '"Failed"', '"Doubtful"', '"Void"', '"Reprinted"'])
             self.assertLessEqual(self.browser.execute_script("return document.documentElement.scrollWidth"), 320, view)
         self.go("history")
         self.press(self.newest_row)

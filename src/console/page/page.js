@@ -219,6 +219,10 @@ function askForLogin(why = "") {
   trouble = "";
   showTrouble();
   newest.clear();
+  unsettled = [];
+  missing.clear();
+  // Whoever logs in next asks for all of it anew.
+  for (const shown of [byId("cards"), byId("stations"), byId("unsettled-list"), rows]) clear(shown);
   for (const dialog of [byId("ask"), byId("details")]) if (dialog.open) dialog.close();
   showFrame(false);
   document.title = "Log in – Vantrel Console";
@@ -400,8 +404,11 @@ function noteAway(isTold) {
     isAwayTold = awaySince !== null;
     showTrouble();
   };
-  if (isTold || isAwayTold) tell();
-  else awaySoon = setTimeout(tell, Math.max(0, awaySince.getTime() + AwayRest - Date.now()));
+  if (isTold || isAwayTold) {
+    tell();
+    // Another answer may come before the page would ask for one.
+    awaySoon = setTimeout(() => ask("login").catch(() => {}), 3000);
+  } else awaySoon = setTimeout(tell, Math.max(0, awaySince.getTime() + AwayRest - Date.now()));
 }
 
 function noteBack() {
