@@ -208,6 +208,8 @@ function askForLogin(why = "") {
   forgeryToken = null;
   forgetAct();
   awaySince = null;
+  isAwayTold = false;
+  clearTimeout(awaySoon);
   asked.clear();
   waiting.clear();
   clearTimeout(waitingSoon);
@@ -628,6 +630,18 @@ function loadWaitingSoon() {
   if (waiting.size > 0 || asked.size > 0) waitingSoon ??= setTimeout(loadWaiting, WaitingRest);
 }
 
+/** A record that was asked for here; nothing for one that was removed meanwhile. */
+async function askForAsked(id) {
+  try {
+    return await ask(`api/v1/records/${id}?brief=1`);
+  } catch (problem) {
+    if (!(problem instanceof Refused) || problem.status !== 404) throw problem;
+    asked.delete(id);
+    waiting.delete(id);
+    return null;
+  }
+}
+
 /** Asks for what waits as long as anything does: what has waited for long is not told by events. */
 async function loadWaiting() {
   clearTimeout(waitingSoon);
@@ -638,7 +652,7 @@ async function loadWaiting() {
     for (const id of waiting.keys()) if (!present.has(id) && !asked.has(id)) waiting.delete(id);
     for (const record of records) noteWaiting(record, performance.now() - Math.max(0, Date.now() - Date.parse(record.received)));
     const others = [...asked].filter((id) => !present.has(id)).slice(0, 10);
-    takeProgress(await Promise.all(others.map((id) => ask(`api/v1/records/${id}?brief=1`))));
+    takeProgress((await Promise.all(others.map(askForAsked))).filter((record) => record !== null));
   } catch (problem) {
     if (!(problem instanceof Refused)) throw problem;
   }
