@@ -7,6 +7,13 @@ namespace vantrel {
 
 namespace {
 constexpr qsizetype BufferBytes = qsizetype{64} * 1024;
+
+/// The same whether its end has been read already or not.
+QString TooLong(qsizetype most)
+{
+    return QStringLiteral("it is longer than %1 characters, or has no end").arg(most);
+}
+
 } // namespace
 
 RecordReader::RecordReader(ReadBytes read, const RecordFormat& format)
@@ -43,9 +50,7 @@ bool RecordReader::Next(const ValueSink& take)
             m_isAtEnd && m_cutter.Text().startsWith(start) && !m_cutter.Text().trimmed().isEmpty();
         if (isTooLong || isCutOff) {
             ++m_number;
-            Stop(isTooLong ? QStringLiteral("it is longer than %1 characters, or has no end")
-                                 .arg(m_format.MostCharacters)
-                           : QStringLiteral("it has no end"));
+            Stop(isTooLong ? TooLong(m_format.MostCharacters) : QStringLiteral("it has no end"));
         }
         if (m_isAtEnd)
             return false;
@@ -54,7 +59,7 @@ bool RecordReader::Next(const ValueSink& take)
     ++m_number;
     QString record = m_cutter.TakeRecord();
     if (record.size() > m_format.MostCharacters)
-        Stop(QStringLiteral("it is longer than %1 characters").arg(m_format.MostCharacters));
+        Stop(TooLong(m_format.MostCharacters));
     ParseDataStream(record, m_format.Delimiters, m_format.Filters,
                     [&take](const QString& value) { take(ShownInput(value)); });
     return true;
