@@ -1,6 +1,7 @@
 #include "FuzzInput.h"
 #include "console/Gate.h"
 #include <QFile>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 
 // Whatever a client sends in its headers and its body: nobody comes in without the token or a
@@ -67,9 +68,8 @@ void UseAsOwner(House& house, Request request)
     request.ForgeryToken = "0";
     fuzz::Require(house.Gate.Refuses(request, Need::Change).has_value(),
                   "a change wants what proves its page");
-    const QByteArray shown = house.Gate.ShowLogin(request).Body;
-    const qsizetype begin = shown.indexOf(": \"") + 3;
-    request.ForgeryToken = shown.mid(begin, shown.lastIndexOf('"') - begin);
+    const QJsonDocument shown = QJsonDocument::fromJson(house.Gate.ShowLogin(request).Body);
+    request.ForgeryToken = shown[QStringLiteral("forgery_token")].toString().toLatin1();
     fuzz::Require(!house.Gate.Refuses(request, Need::Change), "the page of a login may change");
     house.Gate.LogOut(request);
     fuzz::Require(house.Gate.Refuses(request, Need::Token).has_value(), "a login ends");
