@@ -100,6 +100,22 @@ TEST_F(ServerPrepared, AFailureWhileAStatementIsPreparedIsThatOfTheStatement)
     EXPECT_EQ(TextsOf(Store), QStringList(QStringLiteral("first")));
 }
 
+TEST_F(ServerPrepared, ARowThatIsRefusedAgainAndAgainLeavesWhatTheTransactionHasWritten)
+{
+    Store.Open(Direct);
+    Store.BeginTrans();
+    AddBadge(Store, QStringLiteral("first"));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(FailureOf([&] {
+                      Store.Database().InsertRow(QStringLiteral("Controls"),
+                                                 {QStringLiteral("NoSuchColumn")}, {1}, nullptr);
+                  }),
+                  FailureNumber::StatementInvalid);
+    AddBadge(Store, QStringLiteral("last"));
+    Store.CommitTrans();
+    EXPECT_EQ(TextsOf(Store), QStringList({QStringLiteral("first"), QStringLiteral("last")}));
+}
+
 TEST_F(ServerPrepared, ATableThatAnAdministratorHasChangedIsReadAllTheSame)
 {
     Store.Open(Direct);

@@ -1,7 +1,6 @@
 #include "store/postgres/PostgresConnection.h"
 #include "base/Failure.h"
 #include "store/postgres/PostgresAddress.h"
-#include <QScopeGuard>
 #include <algorithm>
 #include <cerrno>
 #include <map>
@@ -329,6 +328,9 @@ bool PostgresConnection::IsDirect()
 
 void PostgresConnection::Prepare(const std::vector<const Step*>& steps)
 {
+    // In one that has failed nothing is prepared, and the statement tells so itself.
+    if (PQtransactionStatus(m_connection.get()) == PQTRANS_INERROR)
+        return;
     std::map<QByteArray, const Step*> unknown;
     for (const Step* step : steps)
         if (const QByteArray name = m_prepared.NameToPrepare(step->Sql, step->Parameters);
@@ -336,18 +338,35 @@ void PostgresConnection::Prepare(const std::vector<const Step*>& steps)
             unknown.emplace(name, step);
     if (unknown.empty())
         return;
-    auto failed = qScopeGuard([this] { m_prepared.Forbid(); });
-    if (!IsDirect())
+    if (!IsDirect()) {
+        m_prepared.Forbid();
         return;
+    }
     PGconn* connection = m_connection.get();
+    // A failure would end a transaction up to the savepoint.
+    const bool inTransaction = InTransaction();
     PQenterPipelineMode(connection);
+    if (inTransaction)
+        Send(connection, {"SAVEPOINT vantrelprepare"});
     for (const auto& [name, step] : unknown)
         PQsendPrepare(connection, name.constData(), step->Sql.constData(), step->Parameters.Count(),
                       step->Parameters.Types());
+    if (inTransaction)
+        Send(connection, {"RELEASE SAVEPOINT vantrelprepare"});
     PQpipelineSync(connection);
     Flush();
-    ResultsOf(unknown.size());
-    failed.dismiss();
+    try {
+        ResultsOf(unknown.size() + (inTransaction ? 2 : 0));
+    } catch (const Failure&) {
+        if (!m_connection)
+            throw;
+        // The statement itself is sent whole and tells what is wrong with it.
+        m_prepared.Forbid();
+        if (inTransaction)
+            Run(QByteArray("ROLLBACK TO SAVEPOINT vantrelprepare; RELEASE SAVEPOINT "
+                           "vantrelprepare"));
+        return;
+    }
     for (const auto& [name, step] : unknown)
         m_prepared.Add(name);
 }
