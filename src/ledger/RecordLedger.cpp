@@ -204,7 +204,7 @@ void RecordLedger::Committed()
     m_trouble.clear();
     m_doubts.clear();
     const auto commit = [](RowState& row) {
-        if (row.Stored || row.Fresh)
+        if (row.IsThere())
             row = {.Stored = true, .Dirty = false};
     };
     for (const RecordRunPtr& run : m_runs) {
@@ -306,7 +306,7 @@ void RecordLedger::Flush()
         RolledBack();
     });
     try {
-        m_connection->BeginTrans(LockToWrite());
+        m_connection->BeginTransWithNext(LockToWrite());
         Write();
         m_connection->CommitTrans();
     } catch (const Failure& failure) {

@@ -140,11 +140,19 @@ private:
     void NoteDoubts();
     void EndDoubts(StoreDatabase& database);
     static void MakeTables(StoreDatabase& database);
+    /// A row of an entry or a card that a statement writes.
+    struct WrittenRow
+    {
+        RecordRun& Run;
+        RowState& State;
+        qlonglong& Id;
+        /// The statement's index in its batch.
+        std::size_t Step;
+    };
+
+    static void AddSteps(RecordRun& run, std::vector<StoreStep>& steps,
+                         std::vector<WrittenRow>& rows);
     static void WriteRuns(StoreDatabase& database, const std::vector<RecordRun*>& runs);
-    static std::vector<RecordRun*>
-    WriteEntries(StoreDatabase& database, const std::vector<RecordRun*>& runs, PageContents& pages);
-    static void WriteParts(StoreDatabase& database, const std::vector<RecordRun*>& runs,
-                           const std::vector<RecordRun*>& added, const PageContents& newPages);
     std::vector<RecordRunPtr> RunsToTell() const;
     void Settle();
 

@@ -5,9 +5,10 @@
 #include "store/StoreDatabase.h"
 #include <iterator>
 
-// Writing the changes: first the entries, which get their numbers or turn out to be void, then what
-// belongs to them. All of each is sent at once, since a server is asked while others wait for what
-// the transaction has locked.
+// Writing the changes: each entry, which gets its number or turns out to be void, and what belongs
+// to it. All is sent at once, since a server is asked while others wait for what the transaction
+// has locked. Descriptions of pages are long and rarely new, so they are sent only where they are
+// missing.
 
 namespace vantrel {
 
@@ -25,11 +26,16 @@ const QString UpdateEntry = QStringLiteral(
     "'void' AND SessionNumber = ?");
 const QString InsertIntoPool =
     QStringLiteral("INSERT INTO LedgerPools (EntryID, Pool) VALUES (?, ?)");
+// The cards of an entry that is in the database are changed only while the entry is this station's
+// and not void.
+const QString OfOwnEntry = QStringLiteral(
+    " WHERE EXISTS (SELECT 1 FROM LedgerEntries WHERE ID = ? AND State <> 'void' AND "
+    "SessionNumber = ?)");
 const QString InsertCard = QStringLiteral(
     "INSERT INTO LedgerCards (EntryID, State, Page, Copy, Job, Changed, Layout, Printer, Numbers, "
-    "PageHash, File, Reason) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-const QString UpdateCard = QStringLiteral(
-    "UPDATE LedgerCards SET State = ?, Job = ?, Changed = ?, File = ?, Reason = ? WHERE ID = ?");
+    "PageHash, File, Reason) SELECT ?, ?, ?, ?, CAST(? AS BIGINT), ?, ?, ?, ?, ?, ?, ?");
+const QString UpdateCard =
+    QStringLiteral("UPDATE LedgerCards SET State = ?, Job = ?, Changed = ?, File = ?, Reason = ?");
 const QString FindPage = QStringLiteral("SELECT 1 FROM LedgerPages WHERE Hash = ?");
 // Another station may print the same page for the first time at the same moment.
 const QString InsertPage = QStringLiteral(
@@ -46,41 +52,61 @@ QVariant OrNull(const auto& value)
     return value ? QVariant(*value) : QVariant();
 }
 
-StoreStep StepOf(const LedgerEntry& entry, const QString& searchText)
+/// By this name what belongs to a new entry refers to its number.
+constexpr const char* NewEntry = "entry";
+
+StoreStep StepOf(const LedgerEntry& entry, const QString& searchText, bool isNew)
 {
+    if (!isNew)
+        return {Gives::Changed,
+                UpdateEntry,
+                {NameOf(entry.State), NotNull(entry.Reason), searchText, entry.Id, entry.Session}};
     return {Gives::Added,
             InsertEntry,
             {NameOf(entry.State), entry.Received, entry.Session, OrNull(entry.ReprintOf),
              entry.Length, entry.ValueCount, NotNull(entry.Source), NotNull(entry.Layout),
-             NotNull(entry.Reason), NotNull(entry.Hash), searchText}};
+             NotNull(entry.Reason), NotNull(entry.Hash), searchText},
+            NewEntry};
 }
 
 /// What a new entry has beside its row.
 void AddParts(const RecordRun& run, std::vector<StoreStep>& steps)
 {
     const LedgerEntry& entry = run.Entry;
+    const auto id = QVariant::fromValue(NumberOfStep{NewEntry});
     if (entry.HasValues) {
         const QByteArray raw = entry.Raw.isNull() ? QByteArray("") : entry.Raw;
         steps.push_back({Gives::Changed,
                          InsertRecord,
-                         {entry.Id, NotNull(entry.Framing), NotNull(run.ValuesText), raw}});
+                         {id, NotNull(entry.Framing), NotNull(run.ValuesText), raw}});
     }
     if (!entry.Pool.isEmpty())
-        steps.push_back({Gives::Changed, InsertIntoPool, {entry.Id, entry.Pool}});
+        steps.push_back({Gives::Changed, InsertIntoPool, {id, entry.Pool}});
 }
 
-StoreStep StepOf(const LedgerCard& card, qlonglong entry, bool isNew)
+StoreStep StepOf(const LedgerCard& card, const LedgerEntry& entry, bool isNew, bool isOfNewEntry)
 {
     if (!isNew)
         return {Gives::Changed,
-                UpdateCard,
+                UpdateCard + OfOwnEntry + QStringLiteral(" AND ID = ?"),
                 {NameOf(card.State), OrNull(card.Job), card.Changed, NotNull(card.File),
-                 NotNull(card.Reason), card.Id}};
-    return {Gives::Added,
-            InsertCard,
-            {entry, NameOf(card.State), card.Page, card.Copy, OrNull(card.Job), card.Changed,
-             NotNull(card.Layout), NotNull(card.Printer), ListText(card.Numbers),
-             NotNull(card.PageHash), NotNull(card.File), NotNull(card.Reason)}};
+                 NotNull(card.Reason), entry.Id, entry.Session, card.Id}};
+    QVariantList values{isOfNewEntry ? QVariant::fromValue(NumberOfStep{NewEntry})
+                                     : QVariant(entry.Id),
+                        NameOf(card.State),
+                        card.Page,
+                        card.Copy,
+                        OrNull(card.Job),
+                        card.Changed,
+                        NotNull(card.Layout),
+                        NotNull(card.Printer),
+                        ListText(card.Numbers),
+                        NotNull(card.PageHash),
+                        NotNull(card.File),
+                        NotNull(card.Reason)};
+    if (isOfNewEntry)
+        return {Gives::Added, InsertCard, values};
+    return {Gives::Added, InsertCard + OfOwnEntry, values << entry.Id << entry.Session};
 }
 
 } // namespace
@@ -100,86 +126,56 @@ StoreLock RecordLedger::LockToWrite() const
                                                             : StoreLock::OfOwnRows();
 }
 
-/// Writes the rows of the entries, and looks which pages are there: these are taken out of `pages`.
-/// @return the runs whose entry is new
-std::vector<RecordRun*> RecordLedger::WriteEntries(StoreDatabase& database,
-                                                   const std::vector<RecordRun*>& runs,
-                                                   PageContents& pages)
+/// Adds what a run has to write to a batch, and to `rows` the rows that this gives.
+void RecordLedger::AddSteps(RecordRun& run, std::vector<StoreStep>& steps,
+                            std::vector<WrittenRow>& rows)
 {
-    std::vector<StoreStep> steps;
-    std::vector<RecordRun*> written;
-    for (RecordRun* run : runs) {
-        const LedgerEntry& entry = run->Entry;
-        const RowState& row = run->m_entryRow;
-        if (!row.Dirty)
-            continue;
-        written.push_back(run);
-        if (row.Stored || row.Fresh)
-            steps.push_back({Gives::Changed,
-                             UpdateEntry,
-                             {NameOf(entry.State), NotNull(entry.Reason), run->SearchText(),
-                              entry.Id, entry.Session}});
-        else
-            steps.push_back(StepOf(entry, run->SearchText()));
+    RowState& row = run.m_entryRow;
+    const bool isNew = row.Dirty && !row.IsThere();
+    if (row.Dirty) {
+        rows.push_back({run, row, run.Entry.Id, steps.size()});
+        steps.push_back(StepOf(run.Entry, run.SearchText(), isNew));
     }
-    for (const auto& [hash, content] : pages)
-        steps.push_back({Gives::Found, FindPage, {hash}});
-    const std::vector<qlonglong> given = database.RunAll(steps);
-
-    auto found = given.begin() + std::ssize(written);
-    std::erase_if(pages, [&](const auto& /*page*/) { return *found++ != 0; });
-    std::vector<RecordRun*> added;
-    for (std::size_t i = 0; i < written.size(); ++i) {
-        RecordRun& run = *written[i];
-        RowState& row = run.m_entryRow;
-        if (row.Stored || row.Fresh) {
-            run.m_void = given[i] == 0;
+    if (isNew)
+        AddParts(run, steps);
+    for (std::size_t i = 0; i < run.m_cardRows.size() && !run.m_void; ++i) {
+        RowState& cardRow = run.m_cardRows[i];
+        LedgerCard& card = run.Entry.Cards[i];
+        if (!cardRow.Dirty)
             continue;
-        }
-        run.Entry.Id = given[i];
-        row.Fresh = true;
-        added.push_back(&run);
-    }
-    return added;
-}
-
-void RecordLedger::WriteParts(StoreDatabase& database, const std::vector<RecordRun*>& runs,
-                              const std::vector<RecordRun*>& added, const PageContents& newPages)
-{
-    std::vector<StoreStep> steps;
-    for (const auto& [hash, content] : newPages)
-        steps.push_back({Gives::Changed, InsertPage, {hash, content}});
-    for (const RecordRun* run : added)
-        AddParts(*run, steps);
-    std::vector<std::pair<LedgerCard*, RowState*>> cards;
-    const std::size_t firstCard = steps.size();
-    for (RecordRun* run : runs) {
-        for (std::size_t i = 0; i < run->m_cardRows.size() && !run->m_void; ++i) {
-            RowState& row = run->m_cardRows[i];
-            if (!row.Dirty)
-                continue;
-            LedgerCard& card = run->Entry.Cards[i];
-            steps.push_back(StepOf(card, run->Entry.Id, !row.Stored && !row.Fresh));
-            cards.emplace_back(&card, &row);
-        }
-    }
-    const std::vector<qlonglong> given = database.RunAll(steps);
-    for (std::size_t i = 0; i < cards.size(); ++i) {
-        const auto& [card, row] = cards[i];
-        if (row->Stored || row->Fresh)
-            continue;
-        card->Id = given[firstCard + i];
-        row->Fresh = true;
+        rows.push_back({run, cardRow, card.Id, steps.size()});
+        steps.push_back(StepOf(card, run.Entry, !cardRow.IsThere(), isNew));
     }
 }
 
 void RecordLedger::WriteRuns(StoreDatabase& database, const std::vector<RecordRun*>& runs)
 {
     PageContents pages;
-    for (const RecordRun* run : runs)
+    std::vector<StoreStep> steps;
+    std::vector<WrittenRow> rows;
+    for (RecordRun* run : runs) {
+        AddSteps(*run, steps, rows);
         pages.insert(run->m_pages.begin(), run->m_pages.end());
-    const std::vector<RecordRun*> added = WriteEntries(database, runs, pages);
-    WriteParts(database, runs, added, pages);
+    }
+    const std::size_t firstPage = steps.size();
+    for (const auto& [hash, content] : pages)
+        steps.push_back({Gives::Found, FindPage, {hash}});
+    const std::vector<qlonglong> given = database.RunAll(steps);
+
+    for (const WrittenRow& row : rows) {
+        if (row.State.IsThere() && &row.State == &row.Run.m_entryRow)
+            row.Run.m_void = given[row.Step] == 0;
+        else if (!row.State.IsThere() && !row.Run.m_void) {
+            row.Id = given[row.Step];
+            row.State.Fresh = true;
+        }
+    }
+    auto found = given.begin() + static_cast<std::ptrdiff_t>(firstPage);
+    std::erase_if(pages, [&](const auto& /*page*/) { return *found++ != 0; });
+    steps.clear();
+    for (const auto& [hash, content] : pages)
+        steps.push_back({Gives::Changed, InsertPage, {hash, content}});
+    database.RunAll(steps);
 }
 
 void RecordLedger::Write()

@@ -15,6 +15,8 @@ struct RowState
     bool Fresh = false;
     /// The row in memory differs from the one in the database.
     bool Dirty = true;
+
+    bool IsThere() const { return Stored || Fresh; }
 };
 
 /// One record on its road, from its arrival to the outcome of its last card.

@@ -131,14 +131,23 @@ void Connection::MakeTable(const StoreTable& table)
 
 void Connection::BeginTrans(const StoreLock& lock)
 {
-    StoreDatabase& database = m_d->Opened();
+    CountTrans(m_d->Opened().Begin(lock));
+}
+
+void Connection::BeginTransWithNext(const StoreLock& lock)
+{
+    CountTrans(m_d->Opened().BeginWithNext(lock));
+}
+
+void Connection::CountTrans(bool isOutermost)
+{
     // The database is asked instead of the depth because it may have rolled back by itself.
-    if (database.Begin(lock)) {
+    if (isOutermost) {
         m_d->Pending.AfterRollback();
         m_d->Depth = m_d->DepthAside + 1;
         return;
     }
-    database.Change(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
+    m_d->Opened().Change(QStringLiteral("SAVEPOINT ") + SavepointName(m_d->Depth));
     ++m_d->Depth;
 }
 

@@ -41,6 +41,9 @@ public:
     /// whatever lock it asks for. Fails with `StoreBusy` if another session holds the lock for five
     /// seconds.
     void BeginTrans(const StoreLock& lock = StoreLock::OfStore());
+    /// The same, with the lock taken by the next statement, see `StoreDatabase::BeginWithNext`.
+    /// After a failure nothing more may be written before `RollbackTrans`.
+    void BeginTransWithNext(const StoreLock& lock);
     /// Ends the innermost transaction. It commits durably if no transaction around it is still open
     /// in the file; transactions that were set aside are not. A transaction that was itself set
     /// aside ends without a commit. Fails with `InvalidCall` if no transaction is open.
@@ -69,6 +72,9 @@ public:
 private:
     friend class ReadAhead;
     friend class Recordset;
+    /// Counts a transaction that was begun, or begins a nested one.
+    void CountTrans(bool isOutermost);
+
     struct Private;
     std::unique_ptr<Private> m_d;
 };

@@ -4,23 +4,33 @@
 #include "store/postgres/PostgresDatabase.h"
 #include "store/sqlite/SqliteDatabase.h"
 #include <QFileInfo>
+#include <map>
+#include <string_view>
 
 namespace vantrel {
 
 std::vector<qlonglong> StoreDatabase::RunAll(const std::vector<StoreStep>& steps)
 {
-    const auto run = [this](const StoreStep& step) -> qlonglong {
+    const auto run = [this](const StoreStep& step, const QVariantList& values) -> qlonglong {
         if (step.Result == StoreStep::Gives::Added)
-            return Add(step.Sql, step.Values);
+            return Add(step.Sql, values);
         if (step.Result == StoreStep::Gives::Changed)
-            return Change(step.Sql, step.Values);
+            return Change(step.Sql, values);
         qlonglong found = 0;
-        Select(step.Sql, step.Values, [&](const StoreRow& /*row*/) { ++found; });
+        Select(step.Sql, values, [&](const StoreRow& /*row*/) { ++found; });
         return found;
     };
     std::vector<qlonglong> given;
-    for (const StoreStep& step : steps)
-        given.push_back(run(step));
+    std::map<std::string_view, qlonglong> named;
+    for (const StoreStep& step : steps) {
+        QVariantList values = step.Values;
+        for (QVariant& value : values)
+            if (value.canConvert<NumberOfStep>())
+                value = named.at(value.value<NumberOfStep>().Name);
+        given.push_back(run(step, values));
+        if (step.Name != nullptr)
+            named[step.Name] = given.back();
+    }
     return given;
 }
 

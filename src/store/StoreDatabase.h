@@ -14,6 +14,12 @@
 
 namespace vantrel {
 
+/// Stands for the number that the latest step of that name has given.
+struct NumberOfStep
+{
+    const char* Name = nullptr;
+};
+
 /// One of several statements that are run together, with the values that are bound in order.
 struct StoreStep
 {
@@ -21,7 +27,10 @@ struct StoreStep
     /// has added to a table with a counter named `ID`; or how many rows it has found.
     enum class Gives { Changed, Added, Found } Result = Gives::Changed;
     QString Sql;
+    /// Values, and `NumberOfStep` for what becomes known only while the steps are run.
     QVariantList Values;
+    /// By which later ones refer to the number of the row that it has added; null if none does.
+    const char* Name = nullptr;
 };
 
 /// One open database, whatever engine keeps it. `OpenStoreDatabase` opens one. Statements are in
@@ -90,6 +99,10 @@ public:
     virtual bool Begin(const StoreLock& lock) = 0;
     /// The same, with the lock of the whole store.
     bool Begin() { return Begin(StoreLock::OfStore()); }
+    /// Begins one whose lock is taken together with the next statement, in one round trip to a
+    /// server. Where the lock is not given, that statement fails in its place, and no transaction
+    /// is open after it.
+    virtual bool BeginWithNext(const StoreLock& lock) { return Begin(lock); }
     /// Begins a transaction that only reads, all of it in the same state, and holds nobody up.
     virtual void BeginReading() = 0;
     /// Ends the transaction durably.

@@ -57,7 +57,16 @@ bool IsStored(Connection& layoutDb, LayoutPage& page, const QString& layoutName)
     return exists;
 }
 
-/// What is read of a layout when one of its pages is loaded.
+void TellLoaded(Session& session)
+{
+    session.History.PageWasLoaded();
+    BuildFieldMenu(session.Face, session.FieldValues);
+    session.Face.SetCaption(
+        CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, PlainCaption()));
+}
+
+} // namespace
+
 QStringList StatementsOfPage(Session& session, const QString& layoutName, std::int16_t page)
 {
     QStringList statements{ObjectsOfLayout(layoutName), ParamsOfPage(layoutName, page),
@@ -74,16 +83,6 @@ QStringList StatementsOfPage(Session& session, const QString& layoutName, std::i
         statements.append(StreamOfLayout(layoutName));
     return statements;
 }
-
-void TellLoaded(Session& session)
-{
-    session.History.PageWasLoaded();
-    BuildFieldMenu(session.Face, session.FieldValues);
-    session.Face.SetCaption(
-        CaptionWithLayout(session.CurrentLayoutName, session.CurrentParams, PlainCaption()));
-}
-
-} // namespace
 
 bool DoesLayoutExist(Session& session, const QString& layoutName)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
+#include <cstdint>
 
 namespace vantrel {
 
@@ -12,6 +13,9 @@ struct LayoutParamsRecord;
 /// Whether the layout has any object in the database. If it has none, the name of the open layout
 /// is cleared. Never fails; if the query fails, the name stays and the result is false.
 bool DoesLayoutExist(Session& session, const QString& layoutName);
+
+/// What is read of a layout when one of its pages is loaded, to be read at once.
+QStringList StatementsOfPage(Session& session, const QString& layoutName, std::int16_t page);
 
 /// Loads page `CurrentParams.PageIndex` of a layout with its objects, parameters and back image. A
 /// failing step is skipped.

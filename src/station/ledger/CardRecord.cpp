@@ -213,7 +213,7 @@ void CardRecord::Take(const StoreLock& lock, const std::function<void()>& reload
         }
         store.RollbackTrans();
         reload();
-        store.BeginTrans(lock);
+        store.BeginTransWithNext(lock);
     }
     throw Failure(FailureNumber::InvalidCall,
                   QStringLiteral("the page is being changed by another session"));
@@ -228,7 +228,7 @@ bool CardRecord::Commit(bool withLedger, const std::function<void()>& reload)
     bool hasNumbers = !m_session.Options.UniqueNumbers;
     const StoreLock lock = Lock(withLedger);
     try {
-        store.BeginTrans(lock);
+        store.BeginTransWithNext(lock);
         if (!hasNumbers)
             Take(lock, reload);
         hasNumbers = true;

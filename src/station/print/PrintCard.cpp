@@ -35,6 +35,13 @@ bool OpenPage(Session& session, LayoutPage& on, std::int16_t page)
     return isThere;
 }
 
+/// Reads a page and what pages the layout has, for both in one round trip to a server.
+std::optional<ReadAhead> LookAt(Session& session, const LayoutPage& on, std::int16_t page)
+{
+    return std::optional<ReadAhead>(std::in_place, session.LayoutDb,
+                                    StatementsOfPage(session, on.LayoutName, page));
+}
+
 /// Opens the page of before again on the surface. A page behind it is used for one record only.
 void OpenAgain(Session& session, LayoutPage& on, std::int16_t page)
 {
@@ -60,18 +67,22 @@ struct Pages
     std::int16_t Last = 0;
 };
 
-void PrintPages(Session& session, LayoutPage& on, const Pages& pages)
+/// The ledger describes each page as it was loaded.
+/// @param look  what was read for the first of the pages; empty at the end
+void PrintPages(Session& session, LayoutPage& on, const Pages& pages,
+                std::optional<ReadAhead>& look)
 {
     const QString layoutName = on.LayoutName;
     for (std::int16_t page = pages.First; page <= pages.Last; ++page) {
-        // The ledger describes the page as it was loaded.
-        std::optional<ReadAhead> look(std::in_place, session.LayoutDb, QStringList());
+        if (!look)
+            look.emplace(session.LayoutDb, QStringList());
         const bool isThere =
             OpenPage(session, on, page) && on.Params.PageIndex <= on.Params.PageCount;
         if (isThere || session.Shows(on))
             PrintCard_Ex(session, on, look);
         else
             RefuseDeleted(session, on, layoutName, page);
+        look.reset();
     }
 }
 
@@ -88,18 +99,19 @@ void PrintSerialized(Session& session, LayoutPage& on)
         ShowNumbersOnSurface(session, on);
 }
 
-void PrintCopy(Session& session, LayoutPage& on, const Pages& pages)
+void PrintCopy(Session& session, LayoutPage& on, const Pages& pages, std::optional<ReadAhead>& look)
 {
     switch (PrinterTypeOf(on.Params.PrinterType).Copy) {
     case CopyKind::OrientedPagePass:
         Skip("orientation",
              [&] { session.Printers.Current().SetOrientation(on.Params.PrinterOrientation); });
-        PrintPages(session, on, pages);
+        PrintPages(session, on, pages, look);
         break;
     case CopyKind::PagePass:
-        PrintPages(session, on, pages);
+        PrintPages(session, on, pages, look);
         break;
     case CopyKind::SerializedPass:
+        look.reset();
         PrintSerialized(session, on);
         break;
     case CopyKind::Nothing:
@@ -130,8 +142,9 @@ void PrintCard(Session& session, LayoutPage& on)
     for (int copy = 1; copy <= copies; ++copy) {
         if (session.Run)
             session.Run->Copy = copy;
+        std::optional<ReadAhead> look = LookAt(session, on, 1);
         Skip("count pages", [&] { pages = CountLayoutPages(session.LayoutDb, on.LayoutName); });
-        PrintCopy(session, on, {1, pages});
+        PrintCopy(session, on, {1, pages}, look);
     }
     // Nobody looks at the page while rows of a file print, and the next row loads it again.
     if (session.Keeper == nullptr || on.Params.PageIndex != openPage)
@@ -149,6 +162,8 @@ void PrintFurther(Session& session, LayoutPage& on, int copy, std::int16_t page)
     const std::int16_t openPage = on.Params.PageIndex;
     const std::int16_t copies = on.Params.PrinterCopies;
     std::int16_t pages = 0;
+    const auto next = static_cast<std::int16_t>(page + 1);
+    std::optional<ReadAhead> look = LookAt(session, on, next);
     Skip("count pages", [&] { pages = CountLayoutPages(session.LayoutDb, on.LayoutName); });
     ChoosePrinter(session.Printers, on.Params);
     // A copy of serialized output is one card whatever its pages.
@@ -157,8 +172,9 @@ void PrintFurther(Session& session, LayoutPage& on, int copy, std::int16_t page)
     for (; copy <= copies; ++copy, page = 0) {
         session.Run->Copy = copy;
         if (page < pages)
-            PrintCopy(session, on, {static_cast<std::int16_t>(page + 1), pages});
+            PrintCopy(session, on, {static_cast<std::int16_t>(page + 1), pages}, look);
     }
+    look.reset();
     OpenAgain(session, on, openPage);
 }
 
@@ -167,7 +183,8 @@ void PrintOnePage(Session& session, LayoutPage& on, std::int16_t page)
     const std::int16_t openPage = on.Params.PageIndex;
     OpenPage(session, on, page);
     ChoosePrinter(session.Printers, on.Params);
-    PrintCopy(session, on, {page, page});
+    std::optional<ReadAhead> look;
+    PrintCopy(session, on, {page, page}, look);
     OpenAgain(session, on, openPage);
 }
 

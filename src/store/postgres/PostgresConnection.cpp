@@ -71,6 +71,12 @@ bool IsFailed(const PGresult* result)
     return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE;
 }
 
+std::vector<PostgresResult>::const_iterator FirstFailed(const std::vector<PostgresResult>& results)
+{
+    return std::find_if(results.begin(), results.end(),
+                        [](const PostgresResult& result) { return IsFailed(result.get()); });
+}
+
 /// Whether a statement failed that would not have failed if it had been sent whole.
 bool IsOfPreparing(const PGresult* result)
 {
@@ -281,8 +287,17 @@ PostgresResult PostgresConnection::Next()
     return PostgresResult(PQgetResult(m_connection.get()));
 }
 
+void PostgresConnection::Rollback()
+{
+    // What was never begun needs no end.
+    if (std::exchange(m_opening, {}).empty())
+        Run(QByteArray("ROLLBACK"));
+}
+
 PostgresResult PostgresConnection::Run(const QByteArray& sql)
 {
+    if (!m_opening.empty())
+        RunAll({});
     if (PQsendQuery(Ready(), sql.constData()) == 0)
         FailAsAway(FirstLine(PQerrorMessage(m_connection.get())));
     Flush();
@@ -344,7 +359,7 @@ void PostgresConnection::Prepare(const std::vector<const Step*>& steps)
     }
     PGconn* connection = m_connection.get();
     // A failure would end a transaction up to the savepoint.
-    const bool inTransaction = InTransaction();
+    const bool inTransaction = PQtransactionStatus(connection) == PQTRANS_INTRANS;
     PQenterPipelineMode(connection);
     if (inTransaction)
         Send(connection, {"SAVEPOINT vantrelprepare"});
@@ -355,11 +370,8 @@ void PostgresConnection::Prepare(const std::vector<const Step*>& steps)
         Send(connection, {"RELEASE SAVEPOINT vantrelprepare"});
     PQpipelineSync(connection);
     Flush();
-    try {
-        ResultsOf(unknown.size() + (inTransaction ? 2 : 0));
-    } catch (const Failure&) {
-        if (!m_connection)
-            throw;
+    const std::vector<PostgresResult> results = ResultsOf(unknown.size() + (inTransaction ? 2 : 0));
+    if (FirstFailed(results) != results.end()) {
         // The statement itself is sent whole and tells what is wrong with it.
         m_prepared.Forbid();
         if (inTransaction)
@@ -373,6 +385,8 @@ void PostgresConnection::Prepare(const std::vector<const Step*>& steps)
 
 PostgresResult PostgresConnection::Run(const Step& step)
 {
+    if (!m_opening.empty())
+        return std::move(RunAll({step}).front());
     Ready();
     Prepare({&step});
     NoteSize(step.Parameters);
@@ -396,20 +410,30 @@ PostgresResult PostgresConnection::Run(const Step& step)
 
 std::vector<PostgresResult> PostgresConnection::RunAll(const std::vector<Step>& steps)
 {
+    const std::vector<Step> opening = std::exchange(m_opening, {});
     Ready();
     std::vector<const Step*> all;
+    for (const Step& step : opening)
+        all.push_back(&step);
     for (const Step& step : steps)
         all.push_back(&step);
     Prepare(all);
     PGconn* connection = m_connection.get();
     PQenterPipelineMode(connection);
-    for (const Step& step : steps) {
-        NoteSize(step.Parameters);
-        Send(connection, step);
+    for (const Step* step : all) {
+        NoteSize(step->Parameters);
+        Send(connection, *step);
     }
     PQpipelineSync(connection);
     Flush();
-    std::vector<PostgresResult> results = ResultsOf(steps.size());
+    std::vector<PostgresResult> results = ResultsOf(all.size());
+    const auto begun = results.begin() + std::ssize(opening);
+    if (const auto failed = FirstFailed(results); failed != results.end()) {
+        if (failed < begun && InTransaction())
+            Run(QByteArray("ROLLBACK"));
+        Fail(failed->get());
+    }
+    results.erase(results.begin(), begun);
     m_answered.start();
     for (const PostgresResult& result : results)
         NoteSize(result.get());
@@ -421,28 +445,21 @@ std::vector<PostgresResult> PostgresConnection::ResultsOf(std::size_t statements
 {
     PGconn* connection = m_connection.get();
     std::vector<PostgresResult> results;
-    PostgresResult failed;
-    for (std::size_t i = 0; i < statements; ++i) {
-        while (PostgresResult result = Next()) {
-            if (IsFailed(result.get()) && !failed)
-                failed = std::move(result);
-            else
-                results.push_back(std::move(result));
-        }
-        if (PQstatus(connection) == CONNECTION_BAD)
-            break;
+    for (std::size_t i = 0; i < statements && PQstatus(connection) != CONNECTION_BAD; ++i) {
+        while (PostgresResult result = Next())
+            results.push_back(std::move(result));
     }
-    if (PQstatus(connection) != CONNECTION_BAD) {
-        Next(); // The end of the pipeline.
-        PQexitPipelineMode(connection);
-    }
-    if (failed || PQstatus(connection) == CONNECTION_BAD)
-        Fail(failed.get());
+    if (PQstatus(connection) == CONNECTION_BAD)
+        Fail(results.empty() ? nullptr : results.back().get());
+    Next(); // The end of the pipeline.
+    PQexitPipelineMode(connection);
     return results;
 }
 
 bool PostgresConnection::InTransaction() const
 {
+    if (!m_opening.empty())
+        return true;
     if (!m_connection || PQstatus(m_connection.get()) != CONNECTION_OK)
         return false;
     const PGTransactionStatusType status = PQtransactionStatus(m_connection.get());

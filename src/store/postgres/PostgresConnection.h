@@ -38,6 +38,12 @@ public:
     /// @return the results in their order
     std::vector<PostgresResult> RunAll(const std::vector<Step>& steps);
 
+    /// Begins a transaction with these statements, which are sent together with those that come
+    /// next. Where one of them fails, the next statement fails with it and no transaction is open.
+    void BeginWithNext(std::vector<Step> opening) { m_opening = std::move(opening); }
+    /// Ends the transaction without keeping what it has written.
+    void Rollback();
+
     /// Finds out whether the server is there and may be written, unless it has answered within the
     /// last two seconds. A connection that the server has closed is noticed in any case. Must not
     /// be called within a transaction.
@@ -82,8 +88,7 @@ private:
     void Prepare(const std::vector<const Step*>& steps);
     /// Sends a statement, by its name where the server knows it.
     bool Send(PGconn* connection, const Step& step) const;
-    /// Waits for the results of that many statements which were sent together. Fails with the first
-    /// failure among them.
+    /// Waits for the results of that many statements which were sent together, failures among them.
     std::vector<PostgresResult> ResultsOf(std::size_t statements);
     void NoteSize(const PostgresParameters& values);
     void NoteSize(const PGresult* result);
@@ -100,6 +105,9 @@ private:
     QString m_shown;
     std::unique_ptr<PGconn, Closer> m_connection;
     PreparedStatements m_prepared;
+    /// What begins the transaction that the next statement belongs to; empty if nothing is to be
+    /// begun.
+    std::vector<Step> m_opening;
     QString m_trouble;
     /// While the server is away: since when it has not been tried, and for how long it is left
     /// alone.

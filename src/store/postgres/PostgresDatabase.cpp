@@ -80,6 +80,32 @@ qlonglong NumberIn(const PGresult* result)
     return PQntuples(result) > 0 ? PostgresValue(result, 0, 0).toLongLong() : 0;
 }
 
+/// Where the transaction keeps the number that a named step has given.
+QByteArray SettingOf(const char* name)
+{
+    return QByteArray("'vantrel.") + name + '\'';
+}
+
+PostgresConnection::Step StepOf(const StoreStep& step)
+{
+    QVariantList values;
+    QHash<int, QByteArray> known;
+    for (int i = 0; i < step.Values.size(); ++i) {
+        if (step.Values[i].canConvert<NumberOfStep>())
+            known.insert(i, "current_setting(" +
+                                SettingOf(step.Values[i].value<NumberOfStep>().Name) + ")::bigint");
+        else
+            values.append(step.Values[i]);
+    }
+    QByteArray sql = WithNumberedPlaceholders(step.Sql, known);
+    if (step.Result == StoreStep::Gives::Added)
+        sql += " RETURNING ID";
+    if (step.Name != nullptr)
+        sql = "WITH added AS (" + sql + ") SELECT ID, set_config(" + SettingOf(step.Name) +
+              ", ID::text, true) FROM added";
+    return {sql, PostgresParameters(values)};
+}
+
 const char* const ColumnsSql =
     "SELECT a.attname::text, format_type(a.atttypid, NULL)::text, "
     "COALESCE(a.attnum = i.indkey[0], false) "
@@ -152,10 +178,7 @@ std::vector<qlonglong> PostgresDatabase::RunAll(const std::vector<StoreStep>& st
         size = 0;
     };
     for (const StoreStep& step : steps) {
-        QByteArray sql = WithNumberedPlaceholders(step.Sql);
-        if (step.Result == StoreStep::Gives::Added)
-            sql += " RETURNING ID";
-        together.push_back({sql, PostgresParameters(step.Values)});
+        together.push_back(StepOf(step));
         size += together.back().Parameters.Size();
         if (size > MostTogether)
             send();
@@ -217,6 +240,15 @@ bool PostgresDatabase::Begin(const StoreLock& lock)
     return true;
 }
 
+bool PostgresDatabase::BeginWithNext(const StoreLock& lock)
+{
+    if (InTransaction())
+        return false;
+    m_isCommitInDoubt = false;
+    m_connection.BeginWithNext(BeginSteps(m_connection.LeftMs(), lock));
+    return true;
+}
+
 void PostgresDatabase::Ask()
 {
     if (!InTransaction())
@@ -255,7 +287,7 @@ void PostgresDatabase::Rollback()
 {
     // Tables may have been made in the transaction.
     m_columns.clear();
-    m_connection.Run(QByteArray("ROLLBACK"));
+    m_connection.Rollback();
 }
 
 bool PostgresDatabase::InTransaction() const

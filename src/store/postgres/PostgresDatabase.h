@@ -30,6 +30,7 @@ public:
     QString DoubtsAboutCommits() override;
     using StoreDatabase::Begin;
     bool Begin(const StoreLock& lock) override;
+    bool BeginWithNext(const StoreLock& lock) override;
     void BeginReading() override;
     void Commit() override;
     void Rollback() override;

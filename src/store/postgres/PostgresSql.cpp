@@ -51,17 +51,20 @@ QVariant Operand(const SelectStatement::Comparison& comparison, const QByteArray
 
 } // namespace
 
-QByteArray WithNumberedPlaceholders(const QString& sql)
+QByteArray WithNumberedPlaceholders(const QString& sql, const QHash<int, QByteArray>& known)
 {
     QByteArray numbered;
+    int index = 0;
     int number = 0;
     bool inText = false;
     for (const char c : sql.toUtf8()) {
         inText = inText != (c == '\'');
-        if (c == '?' && !inText)
-            numbered += '$' + QByteArray::number(++number);
-        else
+        if (c != '?' || inText)
             numbered += c;
+        else if (const auto expression = known.constFind(index++); expression != known.cend())
+            numbered += *expression;
+        else
+            numbered += '$' + QByteArray::number(++number);
     }
     return numbered;
 }

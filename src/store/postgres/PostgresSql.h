@@ -3,6 +3,7 @@
 #include "store/CursorShape.h"
 #include "store/StoreTable.h"
 #include <QByteArray>
+#include <QHash>
 #include <QStringList>
 #include <QVariant>
 
@@ -16,7 +17,8 @@ namespace vantrel {
 inline constexpr const char* OddColumn = "oddvalues";
 
 /// A statement with its question marks as the server's placeholders.
-QByteArray WithNumberedPlaceholders(const QString& sql);
+/// @param known  expressions that stand instead of some of them, by their index from 0
+QByteArray WithNumberedPlaceholders(const QString& sql, const QHash<int, QByteArray>& known = {});
 
 /// A name of a table or a column for the server. Fails with `StatementInvalid` for one that is none
 /// of this program's.
