@@ -40,23 +40,26 @@ CursorResult Connection::Private::ResultOf(const QString& statement)
 {
     StoreDatabase& database = Opened();
     const bool mayAsk = database.MayKeepRows();
-    const bool mayKeep = mayAsk || (AheadDepth > 0 && !database.InTransaction());
-    if (mayKeep) {
+    const bool isInLook = !mayAsk && AheadDepth > 0 && !database.InTransaction();
+    if (mayAsk || (isInLook && Looked.contains(statement))) {
         const StoreDatabase::State now = mayAsk ? database.Now() : StoreDatabase::State();
         if (const auto kept = Kept.Find(statement, now))
             return *kept;
     }
     const std::shared_ptr<CursorShape> shape = ShapeOf(statement);
+    const bool isPending = Pending.Concerns(shape->Select());
     auto rows = std::make_shared<CursorRows>();
     // A failure while reading fails the whole query. If a partly read page were loaded, the next
     // save would delete its other rows for good.
-    if (Pending.Concerns(shape->Select()))
+    if (isPending)
         *rows = Pending.Read(database, *shape);
     else
         database.ReadRows(*shape, [&](CursorRow&& row) { rows->push_back(std::move(row)); });
     CursorResult result{shape, rows};
-    if (mayKeep)
+    if (mayAsk || (isInLook && !isPending))
         Kept.Keep(statement, result);
+    if (isInLook && !isPending)
+        Looked.insert(statement);
     return result;
 }
 
@@ -176,6 +179,7 @@ void Connection::RollbackTrans()
     if (!InTransaction()) {
         m_d->Pending.AfterRollback();
         m_d->Depth = m_d->DepthAside;
+        m_d->Kept.ForgetAll();
         return;
     }
     Skip("roll back", [&] { m_d->Opened().Rollback(); });

@@ -7,6 +7,7 @@
 #include "store/Recordset.h"
 #include "store/StoreDatabase.h"
 #include <QHash>
+#include <QSet>
 
 namespace vantrel {
 
@@ -15,6 +16,8 @@ struct Connection::Private
     std::unique_ptr<StoreDatabase> Database;
     QCache<QString, std::shared_ptr<CursorShape>> Shapes;
     KeptRows Kept;
+    /// Statements whose kept rows are as good as new as long as a `ReadAhead` exists.
+    QSet<QString> Looked;
     /// Rows of transactions that were set aside; visible to this session only.
     PendingRows Pending;
     /// Whether the tables that were asked for are there, in the state of the database.
@@ -36,8 +39,9 @@ struct Connection::Private
     CursorResult ResultOf(const QString& statement);
     /// Whether kept rows are as good as new once the database was asked for its state.
     bool MayAskForChanges() const { return Database && Database->MayKeepRows(); }
-    /// Reads the rows of statements in one round trip and keeps them, unless the rows that are kept
-    /// are asked for anyway or a transaction is open. Fails like `StoreDatabase`.
+    /// Reads in one round trip what has changed of the rows of statements and keeps them, unless
+    /// the rows that are kept are asked for anyway or a transaction is open. Fails like
+    /// `StoreDatabase`.
     void ReadAtOnce(const QStringList& statements);
     /// Must be called before a cursor is opened, so that pending rows are shown or dropped.
     void BeforeCursor(const QString& statement, CursorLock lock);

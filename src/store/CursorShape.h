@@ -17,6 +17,8 @@ struct CursorRow
     qlonglong Key = 0;
     /// Shared until one of its holders changes it.
     QVariantList Values;
+    /// Another one whenever the row was written; empty where the engine cannot tell.
+    QByteArray Version = {};
 };
 
 using CursorRows = std::vector<CursorRow>;

@@ -36,14 +36,16 @@ bool IsOfTable(const CursorShape& shape, const QString& table)
 std::shared_ptr<const CursorRows> WithChange(const CursorShape& shape,
                                              const std::shared_ptr<const CursorRows>& rows,
                                              qlonglong key, const CursorShape& changed,
-                                             const RowChanges& changes)
+                                             const RowChanges& changes, const QByteArray& version)
 {
     const auto isChanged = [key](const CursorRow& row) { return row.Key == key; };
     const auto place = std::find_if(rows->begin(), rows->end(), isChanged) - rows->begin();
     if (place == std::ssize(*rows))
         return rows;
     auto renewed = std::make_shared<CursorRows>(*rows);
-    QVariantList& values = (*renewed)[static_cast<std::size_t>(place)].Values;
+    CursorRow& row = (*renewed)[static_cast<std::size_t>(place)];
+    row.Version = version;
+    QVariantList& values = row.Values;
     for (qsizetype i = 0; i < values.size(); ++i) {
         const int column = changed.PlaceOf(shape.Columns()[static_cast<std::size_t>(i)].Name);
         if (column >= 0 && changes[static_cast<std::size_t>(column)])
@@ -71,7 +73,8 @@ void KeptRows::Keep(const QString& statement, const CursorResult& result)
     m_results.insert(statement, new CursorResult(result), WeightOf(*result.Rows));
 }
 
-void KeptRows::TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes)
+void KeptRows::TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes,
+                          const QByteArray& version)
 {
     const auto mustBeAskedAnew = [&](const CursorShape& shape) {
         for (std::size_t i = 0; i < changes.size(); ++i) {
@@ -91,7 +94,7 @@ void KeptRows::TakeChange(const CursorShape& changed, qlonglong key, const RowCh
         if (mustBeAskedAnew(*kept.Shape))
             m_results.remove(statement);
         else
-            kept.Rows = WithChange(*kept.Shape, kept.Rows, key, changed, changes);
+            kept.Rows = WithChange(*kept.Shape, kept.Rows, key, changed, changes, version);
     }
 }
 

@@ -34,7 +34,9 @@ public:
     void Keep(const QString& statement, const CursorResult& result);
 
     /// Must be called when a row was changed through a cursor of that shape.
-    void TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes);
+    /// @param version  the row's present one
+    void TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes,
+                    const QByteArray& version);
     /// Must be called when a row was added to or deleted from a table.
     void ForgetTable(const QString& table);
     void ForgetAll();

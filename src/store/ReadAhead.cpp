@@ -7,15 +7,14 @@ namespace vantrel {
 ReadAhead::ReadAhead(Connection& connection, const QStringList& statements)
     : m_connection(connection)
 {
-    if (connection.m_d->AheadDepth++ == 0 && !connection.m_d->MayAskForChanges())
-        connection.m_d->Kept.ForgetAll();
+    if (connection.m_d->AheadDepth++ == 0)
+        connection.m_d->Looked.clear();
     Skip("read ahead", [&] { connection.m_d->ReadAtOnce(statements); });
 }
 
 ReadAhead::~ReadAhead()
 {
-    if (--m_connection.m_d->AheadDepth == 0 && !m_connection.m_d->MayAskForChanges())
-        m_connection.m_d->Kept.ForgetAll();
+    --m_connection.m_d->AheadDepth;
 }
 
 void Connection::Private::ReadAtOnce(const QStringList& statements)
@@ -23,21 +22,29 @@ void Connection::Private::ReadAtOnce(const QStringList& statements)
     StoreDatabase& database = Opened();
     if (MayAskForChanges() || database.InTransaction())
         return;
-    std::vector<std::pair<QString, std::shared_ptr<CursorShape>>> wanted;
+    std::vector<std::pair<QString, CursorResult>> wanted;
     for (const QString& statement : statements) {
         Skip("statement to read ahead", [&] {
-            auto shape = ShapeOf(statement);
-            if (!Pending.Concerns(shape->Select()) && !Kept.Find(statement, {}))
-                wanted.emplace_back(statement, std::move(shape));
+            const auto kept = Kept.Find(statement, {});
+            if (kept && Looked.contains(statement))
+                return;
+            const CursorResult known = kept ? *kept : CursorResult{ShapeOf(statement), nullptr};
+            if (!Pending.Concerns(known.Shape->Select()))
+                wanted.emplace_back(statement, known);
         });
     }
-    std::vector<const CursorShape*> shapes;
-    for (const auto& [statement, shape] : wanted)
-        shapes.push_back(shape.get());
-    std::vector<CursorRows> results = database.ReadAll(shapes);
-    for (std::size_t i = 0; i < wanted.size(); ++i)
-        Kept.Keep(wanted[i].first,
-                  {wanted[i].second, std::make_shared<CursorRows>(std::move(results.at(i)))});
+    std::vector<StoreDatabase::KnownRows> known;
+    for (const auto& [statement, result] : wanted)
+        known.push_back({result.Shape.get(), result.Rows.get()});
+    std::vector<std::optional<CursorRows>> changed = database.ReadChanged(known);
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        auto& [statement, result] = wanted[i];
+        if (changed[i]) {
+            result.Rows = std::make_shared<CursorRows>(std::move(*changed[i]));
+            Kept.Keep(statement, result);
+        }
+        Looked.insert(statement);
+    }
 }
 
 } // namespace vantrel

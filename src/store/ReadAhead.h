@@ -6,12 +6,14 @@ namespace vantrel {
 
 class Connection;
 
-/// Reads the rows of several statements at once, in one round trip where a server keeps the
-/// database. As long as it exists, and outside transactions, cursors on these statements are given
-/// these rows, with what this connection has changed in them since. What others change meanwhile is
-/// not seen, so it must end before events run. Within another one only what that has not read is
-/// read. Does nothing on a file, where asking whether anything has changed costs less. What cannot
-/// be read ahead is read by its cursor, which fails if that cannot read it either.
+/// Looks at the rows of several statements at once, in one round trip where a server keeps the
+/// database: it is asked which of them were written since this connection has read them, and only
+/// statements with such rows are read anew, in a second one. As long as the look exists, and
+/// outside transactions, cursors on these statements are given these rows, with what this
+/// connection has changed in them since. What others change meanwhile is not seen, so it must end
+/// before events run. Within another one only what that has not looked at is looked at. Does
+/// nothing on a file, where asking whether anything has changed costs less. What cannot be read
+/// ahead is read by its cursor, which fails if that cannot read it either.
 class ReadAhead
 {
 public:

@@ -60,9 +60,10 @@ void Recordset::Private::Write()
     }
     if (columns.isEmpty())
         return;
-    Require(Store.Opened().UpdateRow(Table(), row.Key, columns, values));
+    const auto version = Store.Opened().UpdateRow(Table(), row.Key, columns, values);
+    Require(version.has_value());
     TakeChanges(OwnRows()[At]);
-    Store.Kept.TakeChange(*Shape, Current().Key, Changes);
+    Store.Kept.TakeChange(*Shape, Current().Key, Changes, *version);
 }
 
 void Recordset::Private::Require(bool found)

@@ -34,12 +34,13 @@ std::vector<qlonglong> StoreDatabase::RunAll(const std::vector<StoreStep>& steps
     return given;
 }
 
-std::vector<CursorRows> StoreDatabase::ReadAll(const std::vector<const CursorShape*>& shapes)
+std::vector<std::optional<CursorRows>>
+StoreDatabase::ReadChanged(const std::vector<KnownRows>& known)
 {
-    std::vector<CursorRows> results;
-    for (const CursorShape* shape : shapes) {
-        CursorRows& rows = results.emplace_back();
-        ReadRows(*shape, [&](CursorRow&& row) { rows.push_back(std::move(row)); });
+    std::vector<std::optional<CursorRows>> results;
+    for (const KnownRows& one : known) {
+        CursorRows& rows = results.emplace_back(CursorRows()).value();
+        ReadRows(*one.Shape, [&](CursorRow&& row) { rows.push_back(std::move(row)); });
     }
     return results;
 }

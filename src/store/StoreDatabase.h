@@ -130,8 +130,15 @@ public:
 
     /// Reads the rows of a cursor's statement in their order.
     virtual void ReadRows(const CursorShape& shape, const TakeCursorRow& take) = 0;
-    /// The rows of several cursors' statements, on a server in one round trip.
-    virtual std::vector<CursorRows> ReadAll(const std::vector<const CursorShape*>& shapes);
+    /// A cursor's statement, with its rows as they were read before; null for none.
+    struct KnownRows
+    {
+        const CursorShape* Shape;
+        const CursorRows* Rows;
+    };
+    /// The rows of several cursors' statements, on a server in one round trip unless some have
+    /// changed. @return nothing for those whose rows are the known ones
+    virtual std::vector<std::optional<CursorRows>> ReadChanged(const std::vector<KnownRows>& known);
     /// Adds a row to a table that cursors read, with a value for each of the columns named.
     /// @param unlessFound  if given, as one step with the check that this statement finds no row
     /// @return the key of the row; nothing if it was not added
@@ -143,9 +150,11 @@ public:
                             const std::vector<QVariantList>& rows) = 0;
     /// Must be called after rows were added with keys of their own: those of later rows are higher.
     virtual void ContinueKeys(const QString& table) = 0;
-    /// Changes values of one row. @return false if there is no row of that key
-    virtual bool UpdateRow(const QString& table, qlonglong key, const QStringList& columns,
-                           const QVariantList& values) = 0;
+    /// Changes values of one row.
+    /// @return its version, see `CursorRow`; nothing if there is no row of that key
+    virtual std::optional<QByteArray> UpdateRow(const QString& table, qlonglong key,
+                                                const QStringList& columns,
+                                                const QVariantList& values) = 0;
     /// @return false if there is no row of that key
     virtual bool DeleteRow(const QString& table, qlonglong key) = 0;
 

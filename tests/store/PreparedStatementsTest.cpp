@@ -26,11 +26,7 @@ protected:
     }
     static QStringList TextsOf(Connection& store)
     {
-        QStringList texts;
-        Recordset rows(store);
-        for (rows.Open(Badges); !rows.IsEof(); rows.MoveNext())
-            texts.append(rows.Value(QStringLiteral("C_Value")).toString());
-        return texts;
+        return Column(store, Badges, QStringLiteral("C_Value"));
     }
     static void AddBadge(Connection& store, const QString& text)
     {

@@ -70,6 +70,32 @@ TEST_F(StoreBatch, EachStatementGivesWhatItIsAskedFor)
     database.Commit();
 }
 
+TEST_F(StoreBatch, LaterStatementsReferToTheNumberThatTheLatestOfANameHasGiven)
+{
+    StoreDatabase& database = Store.Database();
+    const QString add = QStringLiteral("INSERT INTO LayoutParams (LayoutName) VALUES (?)");
+    const QString refer =
+        QStringLiteral("INSERT INTO LayoutParams (LayoutName, PageIndex, Filter) SELECT '?', ?, ?");
+    const auto ofA = QVariant::fromValue(NumberOfStep{"a"});
+    const auto ofB = QVariant::fromValue(NumberOfStep{"b"});
+    const QString filter = QStringLiteral("f");
+    database.Begin();
+    const std::vector<qlonglong> given =
+        database.RunAll({{Gives::Added, add, {QStringLiteral("one")}, "a"},
+                         {Gives::Added, add, {QStringLiteral("two")}, "b"},
+                         {Gives::Changed, refer, {ofA, filter}},
+                         {Gives::Added, add, {QStringLiteral("three")}, "a"},
+                         {Gives::Changed, refer, {ofA, filter}},
+                         {Gives::Changed, refer, {ofB, filter}}});
+    QList<qlonglong> referred;
+    database.Select(QStringLiteral("SELECT PageIndex FROM LayoutParams WHERE LayoutName = '?' AND "
+                                   "Filter = ? ORDER BY ID"),
+                    {filter},
+                    [&](const StoreRow& row) { referred.append(row.Value(0).toLongLong()); });
+    EXPECT_EQ(referred, QList<qlonglong>({given[0], given[3], given[1]}));
+    database.Commit();
+}
+
 TEST_F(StoreBatch, AStatementThatFailsEndsTheOthersAndTheTransactionCanOnlyBeRolledBack)
 {
     StoreDatabase& database = Store.Database();

@@ -42,6 +42,12 @@ protected:
             Second->Rollback();
         return failure == 0;
     }
+    /// Whether nothing of a transaction is left once it was ended.
+    bool SecondBeginsAfter(const std::function<void()>& end)
+    {
+        end();
+        return !Second->InTransaction() && SecondBegins(StoreLock::OfStore());
+    }
 
     QString Address = PrivatePostgres::Shared().NewSchema();
     Connection First;
@@ -74,6 +80,40 @@ TEST_F(ServerLocks, OwnRowsAndOtherNamesNeedNotWait)
     EXPECT_TRUE(GoTogether(StoreLock::OfOwnRows(), StoreLock::OfName(QStringLiteral("a"))));
     EXPECT_TRUE(
         GoTogether(StoreLock::OfName(QStringLiteral("a")), StoreLock::OfName(QStringLiteral("b"))));
+}
+
+TEST_F(ServerLocks, ALockThatIsTakenWithTheNextStatementIsMissedByThatOne)
+{
+    First.Database().Begin(StoreLock::OfStore());
+    Second->SetPatience(500);
+    const auto change = [&] {
+        Second->Change(QStringLiteral("UPDATE Controls SET C_Value = 'a'"));
+    };
+    EXPECT_TRUE(Second->BeginWithNext(StoreLock::OfOwnRows()));
+    EXPECT_TRUE(Second->InTransaction());
+    EXPECT_FALSE(Second->BeginWithNext(StoreLock::OfOwnRows()));
+    EXPECT_EQ(FailureOf(change), FailureNumber::StoreBusy);
+    EXPECT_FALSE(Second->InTransaction());
+    EXPECT_NE(FailureOf([&] { Second->Commit(); }), 0);
+    First.Database().Rollback();
+
+    EXPECT_TRUE(Second->BeginWithNext(StoreLock::OfStore()));
+    EXPECT_EQ(FailureOf(change), 0);
+    EXPECT_EQ(FailureOf([&] {
+                  First.Database().SetPatience(500);
+                  First.Database().Begin();
+              }),
+              FailureNumber::StoreBusy);
+    Second->Commit();
+    EXPECT_FALSE(Second->InTransaction());
+}
+
+TEST_F(ServerLocks, ATransactionThatWasNeverUsedEndsWithoutATrace)
+{
+    EXPECT_TRUE(Second->BeginWithNext(StoreLock::OfStore()));
+    EXPECT_TRUE(SecondBeginsAfter([&] { Second->Rollback(); }));
+    EXPECT_TRUE(Second->BeginWithNext(StoreLock::OfStore()));
+    EXPECT_TRUE(SecondBeginsAfter([&] { Second->Commit(); }));
 }
 
 TEST_F(ServerLocks, AStoreInAnotherSchemaOfTheDatabaseHasLocksOfItsOwn)

@@ -12,6 +12,16 @@
 
 namespace vantrel::test {
 
+/// The values of a column in the rows of a statement, as texts.
+inline QStringList Column(Connection& store, const QString& statement, const QString& column)
+{
+    QStringList values;
+    Recordset rows(store);
+    for (rows.Open(statement); !rows.IsEof(); rows.MoveNext())
+        values.append(rows.Value(column).toString());
+    return values;
+}
+
 /// A fresh layout database, open.
 class StoreTest : public ::testing::Test
 {
@@ -32,15 +42,6 @@ protected:
     }
 
     /// The values of one column of all rows, in the cursor's order.
-    static QStringList Column(Connection& store, const QString& statement, const QString& column)
-    {
-        QStringList values;
-        Recordset rows(store);
-        for (rows.Open(statement); !rows.IsEof(); rows.MoveNext())
-            values.append(rows.Value(column).toString());
-        return values;
-    }
-
     QStringList Texts()
     {
         return Column(Store, QStringLiteral("SELECT * FROM [Controls]"), QStringLiteral("C_Value"));

@@ -132,6 +132,7 @@ void PostgresConnection::Connect()
         m_connection.get(), [](void*, const PGresult*) {}, nullptr);
     m_prepared.Reset();
     m_isDirect.reset();
+    ++m_made;
     m_trouble.clear();
     m_pauseMs = 0;
     m_answered.start();
@@ -339,6 +340,12 @@ bool PostgresConnection::IsDirect()
         m_isDirect = PostgresValue(told.get(), 0, 0).toInt() == PQbackendPID(m_connection.get());
     }
     return *m_isDirect;
+}
+
+QByteArray PostgresConnection::Era()
+{
+    Ready();
+    return IsDirect() ? QByteArray::number(m_made) + ' ' : QByteArray();
 }
 
 void PostgresConnection::Prepare(const std::vector<const Step*>& steps)

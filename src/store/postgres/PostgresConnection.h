@@ -58,6 +58,10 @@ public:
     /// How many milliseconds may be waited for the next answer.
     int LeftMs() const;
 
+    /// Differs from one connection to the next. Empty where a pooler stands between, behind which
+    /// the server itself may be replaced unseen.
+    QByteArray Era();
+
     bool InTransaction() const;
     const QString& Address() const { return m_address; }
     /// What people are shown of the address.
@@ -125,6 +129,8 @@ private:
     bool m_isLarge = false;
     /// Whether the other end is the server itself; nothing if it was not asked yet.
     std::optional<bool> m_isDirect;
+    /// How many connections were made.
+    int m_made = 0;
 };
 
 } // namespace vantrel

@@ -49,15 +49,17 @@ public:
     void MakeTables(std::span<const StoreTable> tables) override;
 
     void ReadRows(const CursorShape& shape, const TakeCursorRow& take) override;
-    std::vector<CursorRows> ReadAll(const std::vector<const CursorShape*>& shapes) override;
+    std::vector<std::optional<CursorRows>>
+    ReadChanged(const std::vector<KnownRows>& known) override;
     std::optional<qlonglong> InsertRow(const QString& table, const QStringList& columns,
                                        const QVariantList& values,
                                        const SelectStatement* unlessFound) override;
     void InsertRows(const QString& table, const QStringList& columns,
                     const std::vector<QVariantList>& rows) override;
     void ContinueKeys(const QString& table) override;
-    bool UpdateRow(const QString& table, qlonglong key, const QStringList& columns,
-                   const QVariantList& values) override;
+    std::optional<QByteArray> UpdateRow(const QString& table, qlonglong key,
+                                        const QStringList& columns,
+                                        const QVariantList& values) override;
     bool DeleteRow(const QString& table, qlonglong key) override;
 
     QString PassingOverLocked(const QString& alias) const override;
@@ -79,6 +81,9 @@ private:
     auto Locked(const StoreLock& lock, Act&& act);
     /// A statement that reads the rows of a cursor.
     Step ReadStep(const CursorShape& shape);
+    /// One that reads the keys and versions of the rows of several cursors, each with the cursor's
+    /// index.
+    Step VersionsStep(const std::vector<KnownRows>& known);
     /// A statement that adds a row, unless another one finds a row.
     Step InsertStep(const QString& table, const QStringList& columns, const QVariantList& values,
                     const SelectStatement* unlessFound);

@@ -34,8 +34,14 @@ void TakeOddValues(const CursorShape& shape, const QVariant& json, QVariantList&
     }
 }
 
+/// What a row says of its place and of the transaction that wrote it, which are not those of any
+/// earlier or later form of it as long as the same server is asked. Only tables that are rewritten
+/// as a whole have other ones without a change.
+constexpr const char* VersionOfRow = "concat(ctid, ' ', xmin)";
+
 /// Hands over the rows that a cursor's statement has found.
-void TakeRows(const CursorShape& shape, const PGresult* result,
+/// @param era  what versions begin with; empty if they tell nothing
+void TakeRows(const CursorShape& shape, const PGresult* result, const QByteArray& era,
               const StoreDatabase::TakeCursorRow& take)
 {
     const auto count = static_cast<int>(shape.Columns().size());
@@ -49,8 +55,30 @@ void TakeRows(const CursorShape& shape, const PGresult* result,
             row.Values.append(PostgresValue(result, at, first + column));
         if (shape.HasKey() && PQgetisnull(result, at, first + count) == 0)
             TakeOddValues(shape, PostgresValue(result, at, first + count), row.Values);
+        const int version = first + count + first;
+        if (!era.isEmpty())
+            row.Version = era + PQgetvalue(result, at, version);
         take(std::move(row));
     }
+}
+
+/// Whether the keys and versions that the server tells now are those of the rows that are known.
+std::vector<bool> AreSame(const std::vector<StoreDatabase::KnownRows>& known, const PGresult* told,
+                          const QByteArray& era)
+{
+    std::vector<bool> same(known.size(), true);
+    std::vector<std::size_t> met(known.size());
+    for (int at = 0; at < PQntuples(told); ++at) {
+        const auto index = static_cast<std::size_t>(PostgresValue(told, at, 0).toLongLong());
+        const CursorRows& rows = *known[index].Rows;
+        const std::size_t place = met[index]++;
+        same[index] = same[index] && place < rows.size() &&
+                      rows[place].Key == PostgresValue(told, at, 1).toLongLong() &&
+                      rows[place].Version == era + PQgetvalue(told, at, 2);
+    }
+    for (std::size_t i = 0; i < known.size(); ++i)
+        same[i] = same[i] && met[i] == known[i].Rows->size();
+    return same;
 }
 
 } // namespace
@@ -116,8 +144,12 @@ PostgresDatabase::Step PostgresDatabase::ReadStep(const CursorShape& shape)
         columns.append(key);
     for (const CursorShape::Column& column : shape.Columns())
         columns.append(PostgresName(column.Name));
+    // Of rows without keys, their values themselves.
+    const QByteArray values = "ROW(" + columns.join(", ") + ")::text";
     if (shape.HasKey())
-        columns.append(OddColumn);
+        columns << OddColumn << VersionOfRow;
+    else
+        columns << values;
     const PostgresCondition where = PostgresWhere(select, ColumnsOf(select.Table), 1);
     Step step{(shape.HasKey() ? QByteArray("SELECT ") : QByteArray("SELECT DISTINCT ")) +
               columns.join(", ") + " FROM " + PostgresName(select.Table) + where.Sql +
@@ -127,29 +159,89 @@ PostgresDatabase::Step PostgresDatabase::ReadStep(const CursorShape& shape)
     return step;
 }
 
-void PostgresDatabase::ReadRows(const CursorShape& shape, const TakeCursorRow& take)
+PostgresDatabase::Step PostgresDatabase::VersionsStep(const std::vector<KnownRows>& known)
 {
-    const Step step = ReadStep(shape);
-    auto failed = qScopeGuard([this] { NoteFailure(); });
-    const PostgresResult result = m_connection.Run(step);
-    failed.dismiss();
-    TakeRows(shape, result.get(), take);
+    Step step;
+    QByteArrayList reads;
+    for (const KnownRows& one : known) {
+        const SelectStatement& select = one.Shape->Select();
+        const PostgresCondition where =
+            PostgresWhere(select, ColumnsOf(select.Table), step.Parameters.Count() + 1);
+        for (const auto& [value, type] : where.Values)
+            step.Parameters.Add(value, type);
+        const QByteArray from = " FROM " + PostgresName(select.Table) + where.Sql;
+        const QByteArray index = QByteArray::number(reads.size());
+        if (one.Shape->HasKey()) {
+            const QByteArray key = KeyOf(select.Table);
+            reads.append("(SELECT " + index + " AS i, " + key + " AS k, " + VersionOfRow + " AS v" +
+                         from + PostgresOrder(select, key) + ')');
+            continue;
+        }
+        QByteArrayList columns;
+        for (const CursorShape::Column& column : one.Shape->Columns())
+            columns.append(PostgresName(column.Name));
+        reads.append("(SELECT " + index + ", 0::bigint, v FROM (SELECT DISTINCT " +
+                     columns.join(", ") + ", ROW(" + columns.join(", ") + ")::text AS v" + from +
+                     PostgresOrder(select, {}) + ") AS found" + index + ')');
+    }
+    step.Sql = reads.join(" UNION ALL ");
+    return step;
 }
 
-std::vector<CursorRows> PostgresDatabase::ReadAll(const std::vector<const CursorShape*>& shapes)
+void PostgresDatabase::ReadRows(const CursorShape& shape, const TakeCursorRow& take)
 {
-    std::vector<Step> steps;
-    for (const CursorShape* shape : shapes)
-        steps.push_back(ReadStep(*shape));
-    if (steps.empty())
-        return {};
     auto failed = qScopeGuard([this] { NoteFailure(); });
-    const std::vector<PostgresResult> found = m_connection.RunAll(steps);
+    const QByteArray era = m_connection.Era();
+    const PostgresResult result = m_connection.Run(ReadStep(shape));
     failed.dismiss();
-    std::vector<CursorRows> results(found.size());
-    for (std::size_t i = 0; i < found.size(); ++i)
-        TakeRows(*shapes[i], found[i].get(),
-                 [&](CursorRow&& row) { results[i].push_back(std::move(row)); });
+    TakeRows(shape, result.get(), era, take);
+}
+
+std::vector<std::optional<CursorRows>>
+PostgresDatabase::ReadChanged(const std::vector<KnownRows>& known)
+{
+    auto failed = qScopeGuard([this] { NoteFailure(); });
+    std::vector<std::optional<CursorRows>> results(known.size());
+    // Reads rows behind other statements. @return the result of the first statement
+    const auto read = [&](const std::vector<std::size_t>& places, std::vector<Step> steps) {
+        for (const std::size_t place : places)
+            steps.push_back(ReadStep(*known[place].Shape));
+        if (steps.empty())
+            return PostgresResult();
+        const QByteArray era = m_connection.Era();
+        std::vector<PostgresResult> found = m_connection.RunAll(steps);
+        auto next = found.end() - std::ssize(places);
+        for (const std::size_t place : places) {
+            CursorRows& rows = results[place].emplace();
+            TakeRows(*known[place].Shape, (next++)->get(), era,
+                     [&](CursorRow&& row) { rows.push_back(std::move(row)); });
+        }
+        return std::move(found.front());
+    };
+    const bool tellsVersions = !m_connection.Era().isEmpty();
+    std::vector<std::size_t> unknown;
+    std::vector<std::size_t> places;
+    std::vector<KnownRows> asked;
+    for (std::size_t i = 0; i < known.size(); ++i) {
+        if (known[i].Rows == nullptr || !tellsVersions) {
+            unknown.push_back(i);
+            continue;
+        }
+        places.push_back(i);
+        asked.push_back(known[i]);
+    }
+    if (asked.empty()) {
+        read(unknown, {});
+    } else {
+        const PostgresResult versions = read(unknown, {VersionsStep(asked)});
+        const std::vector<bool> same = AreSame(asked, versions.get(), m_connection.Era());
+        std::vector<std::size_t> changed;
+        for (std::size_t i = 0; i < asked.size(); ++i)
+            if (!same[i])
+                changed.push_back(places[i]);
+        read(changed, {});
+    }
+    failed.dismiss();
     return results;
 }
 
@@ -217,8 +309,9 @@ void PostgresDatabase::ContinueKeys(const QString& table)
                           "false)"});
 }
 
-bool PostgresDatabase::UpdateRow(const QString& table, qlonglong key, const QStringList& columns,
-                                 const QVariantList& values)
+std::optional<QByteArray> PostgresDatabase::UpdateRow(const QString& table, qlonglong key,
+                                                      const QStringList& columns,
+                                                      const QVariantList& values)
 {
     RowOfTable row(ColumnsOf(table), columns, values);
     QByteArrayList settings;
@@ -232,11 +325,16 @@ bool PostgresDatabase::UpdateRow(const QString& table, qlonglong key, const QStr
         settings.append(odd + " = (COALESCE(" + odd + ", '{}') - " + names + ") || $" +
                         QByteArray::number(row.AddOdd()) + "::jsonb");
     row.Parameters.Add(key, "INTEGER");
+    // One that was made meanwhile has another era, so that the row is read anew.
+    const QByteArray era = m_connection.Era();
     const QByteArray sql = "UPDATE " + PostgresName(table) + " SET " + settings.join(", ") +
                            " WHERE " + KeyOf(table) + " = $" +
                            QByteArray::number(row.Parameters.Count());
-    const PostgresResult result = RunChange({sql, std::move(row.Parameters)});
-    return QByteArray(PQcmdTuples(result.get())) != "0";
+    const PostgresResult result =
+        RunChange({sql + " RETURNING " + VersionOfRow, std::move(row.Parameters)});
+    if (PQntuples(result.get()) == 0)
+        return std::nullopt;
+    return era.isEmpty() ? QByteArray() : era + PQgetvalue(result.get(), 0, 0);
 }
 
 bool PostgresDatabase::DeleteRow(const QString& table, qlonglong key)

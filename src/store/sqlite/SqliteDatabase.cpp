@@ -208,10 +208,13 @@ void SqliteDatabase::InsertRows(const QString& table, const QStringList& columns
         Change(sql, values);
 }
 
-bool SqliteDatabase::UpdateRow(const QString& table, qlonglong key, const QStringList& columns,
-                               const QVariantList& values)
+std::optional<QByteArray> SqliteDatabase::UpdateRow(const QString& table, qlonglong key,
+                                                    const QStringList& columns,
+                                                    const QVariantList& values)
 {
-    return Change(SqliteUpdate(table, columns), values + QVariantList{key}) != 0;
+    if (Change(SqliteUpdate(table, columns), values + QVariantList{key}) == 0)
+        return std::nullopt;
+    return QByteArray();
 }
 
 bool SqliteDatabase::DeleteRow(const QString& table, qlonglong key)
