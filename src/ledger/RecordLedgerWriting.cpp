@@ -26,8 +26,7 @@ const QString UpdateEntry = QStringLiteral(
     "'void' AND SessionNumber = ?");
 const QString InsertIntoPool =
     QStringLiteral("INSERT INTO LedgerPools (EntryID, Pool) VALUES (?, ?)");
-// The cards of an entry that is in the database are changed only while the entry is this station's
-// and not void.
+// Where an entry turns out to be void or another station's, its cards stay as they are.
 const QString OfOwnEntry = QStringLiteral(
     " WHERE EXISTS (SELECT 1 FROM LedgerEntries WHERE ID = ? AND State <> 'void' AND "
     "SessionNumber = ?)");
@@ -84,13 +83,24 @@ void AddParts(const RecordRun& run, std::vector<StoreStep>& steps)
         steps.push_back({Gives::Changed, InsertIntoPool, {id, entry.Pool}});
 }
 
-StoreStep StepOf(const LedgerCard& card, const LedgerEntry& entry, bool isNew, bool isOfNewEntry)
+StoreStep StepOf(const LedgerCard& card)
 {
-    if (!isNew)
-        return {Gives::Changed,
-                UpdateCard + OfOwnEntry + QStringLiteral(" AND ID = ?"),
-                {NameOf(card.State), OrNull(card.Job), card.Changed, NotNull(card.File),
-                 NotNull(card.Reason), entry.Id, entry.Session, card.Id}};
+    return {Gives::Changed,
+            UpdateCard + QStringLiteral(" WHERE ID = ?"),
+            {NameOf(card.State), OrNull(card.Job), card.Changed, NotNull(card.File),
+             NotNull(card.Reason), card.Id}};
+}
+
+StoreStep StepOf(const LedgerCard& card, const LedgerEntry& entry)
+{
+    return {Gives::Changed,
+            UpdateCard + OfOwnEntry + QStringLiteral(" AND ID = ?"),
+            {NameOf(card.State), OrNull(card.Job), card.Changed, NotNull(card.File),
+             NotNull(card.Reason), entry.Id, entry.Session, card.Id}};
+}
+
+StoreStep NewCard(const LedgerCard& card, const LedgerEntry& entry, bool isOfNewEntry)
+{
     QVariantList values{isOfNewEntry ? QVariant::fromValue(NumberOfStep{NewEntry})
                                      : QVariant(entry.Id),
                         NameOf(card.State),
@@ -144,7 +154,10 @@ void RecordLedger::AddSteps(RecordRun& run, std::vector<StoreStep>& steps,
         if (!cardRow.Dirty)
             continue;
         rows.push_back({run, cardRow, card.Id, steps.size()});
-        steps.push_back(StepOf(card, run.Entry, !cardRow.IsThere(), isNew));
+        if (!cardRow.IsThere())
+            steps.push_back(NewCard(card, run.Entry, isNew));
+        else
+            steps.push_back(row.Dirty ? StepOf(card, run.Entry) : StepOf(card));
     }
 }
 

@@ -35,21 +35,24 @@ bool IsOfTable(const CursorShape& shape, const QString& table)
 /// @return a copy of the rows with the changed row, or the same rows if none has that key
 std::shared_ptr<const CursorRows> WithChange(const CursorShape& shape,
                                              const std::shared_ptr<const CursorRows>& rows,
-                                             qlonglong key, const CursorShape& changed,
-                                             const RowChanges& changes, const QByteArray& version)
+                                             const CursorShape& changed, const CursorRow& stored,
+                                             const RowChanges& changes)
 {
-    const auto isChanged = [key](const CursorRow& row) { return row.Key == key; };
+    const auto isChanged = [&](const CursorRow& row) { return row.Key == stored.Key; };
     const auto place = std::find_if(rows->begin(), rows->end(), isChanged) - rows->begin();
     if (place == std::ssize(*rows))
         return rows;
     auto renewed = std::make_shared<CursorRows>(*rows);
     CursorRow& row = (*renewed)[static_cast<std::size_t>(place)];
-    row.Version = version;
-    QVariantList& values = row.Values;
-    for (qsizetype i = 0; i < values.size(); ++i) {
+    row.Version = stored.Version;
+    for (qsizetype i = 0; i < row.Values.size(); ++i) {
         const int column = changed.PlaceOf(shape.Columns()[static_cast<std::size_t>(i)].Name);
-        if (column >= 0 && changes[static_cast<std::size_t>(column)])
-            values[i] = *changes[static_cast<std::size_t>(column)];
+        if (column >= 0 && !stored.Values.isEmpty())
+            row.Values[i] = stored.Values[column];
+        else if (column >= 0 && changes[static_cast<std::size_t>(column)])
+            row.Values[i] = *changes[static_cast<std::size_t>(column)];
+        else if (column < 0)
+            row.Version.clear(); // Nothing is known of this column.
     }
     return renewed;
 }
@@ -73,8 +76,8 @@ void KeptRows::Keep(const QString& statement, const CursorResult& result)
     m_results.insert(statement, new CursorResult(result), WeightOf(*result.Rows));
 }
 
-void KeptRows::TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes,
-                          const QByteArray& version)
+void KeptRows::TakeChange(const CursorShape& changed, const CursorRow& stored,
+                          const RowChanges& changes)
 {
     const auto mustBeAskedAnew = [&](const CursorShape& shape) {
         for (std::size_t i = 0; i < changes.size(); ++i) {
@@ -94,7 +97,7 @@ void KeptRows::TakeChange(const CursorShape& changed, qlonglong key, const RowCh
         if (mustBeAskedAnew(*kept.Shape))
             m_results.remove(statement);
         else
-            kept.Rows = WithChange(*kept.Shape, kept.Rows, key, changed, changes, version);
+            kept.Rows = WithChange(*kept.Shape, kept.Rows, changed, stored, changes);
     }
 }
 

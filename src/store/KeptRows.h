@@ -34,9 +34,9 @@ public:
     void Keep(const QString& statement, const CursorResult& result);
 
     /// Must be called when a row was changed through a cursor of that shape.
-    /// @param version  the row's present one
-    void TakeChange(const CursorShape& changed, qlonglong key, const RowChanges& changes,
-                    const QByteArray& version);
+    /// @param stored  the row as it is stored now. Where it has values, they take the place of all
+    /// that is kept of it, since others may have changed it after that was read
+    void TakeChange(const CursorShape& changed, const CursorRow& stored, const RowChanges& changes);
     /// Must be called when a row was added to or deleted from a table.
     void ForgetTable(const QString& table);
     void ForgetAll();

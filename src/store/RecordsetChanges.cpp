@@ -60,10 +60,10 @@ void Recordset::Private::Write()
     }
     if (columns.isEmpty())
         return;
-    const auto version = Store.Opened().UpdateRow(Table(), row.Key, columns, values);
-    Require(version.has_value());
+    const auto stored = Store.Opened().UpdateRow(*Shape, row.Key, columns, values);
+    Require(stored.has_value());
     TakeChanges(OwnRows()[At]);
-    Store.Kept.TakeChange(*Shape, Current().Key, Changes, *version);
+    Store.Kept.TakeChange(*Shape, *stored, Changes);
 }
 
 void Recordset::Private::Require(bool found)

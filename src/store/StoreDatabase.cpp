@@ -22,11 +22,18 @@ std::vector<qlonglong> StoreDatabase::RunAll(const std::vector<StoreStep>& steps
     };
     std::vector<qlonglong> given;
     std::map<std::string_view, qlonglong> named;
+    const auto known = [&](QVariant& value) {
+        const auto step = named.find(value.value<NumberOfStep>().Name);
+        if (step == named.end())
+            throw Failure(FailureNumber::StatementInvalid,
+                          QStringLiteral("The layout database: no number was given before."));
+        value = step->second;
+    };
     for (const StoreStep& step : steps) {
         QVariantList values = step.Values;
         for (QVariant& value : values)
             if (value.canConvert<NumberOfStep>())
-                value = named.at(value.value<NumberOfStep>().Name);
+                known(value);
         given.push_back(run(step, values));
         if (step.Name != nullptr)
             named[step.Name] = given.back();

@@ -14,7 +14,8 @@
 
 namespace vantrel {
 
-/// Stands for the number that the latest step of that name has given.
+/// Stands for the number that the latest step of that name has given among those that are run
+/// together.
 struct NumberOfStep
 {
     const char* Name = nullptr;
@@ -29,7 +30,7 @@ struct StoreStep
     QString Sql;
     /// Values, and `NumberOfStep` for what becomes known only while the steps are run.
     QVariantList Values;
-    /// By which later ones refer to the number of the row that it has added; null if none does.
+    /// By which later ones refer to the number of the row that it adds; null if none does.
     const char* Name = nullptr;
 };
 
@@ -150,11 +151,11 @@ public:
                             const std::vector<QVariantList>& rows) = 0;
     /// Must be called after rows were added with keys of their own: those of later rows are higher.
     virtual void ContinueKeys(const QString& table) = 0;
-    /// Changes values of one row.
-    /// @return its version, see `CursorRow`; nothing if there is no row of that key
-    virtual std::optional<QByteArray> UpdateRow(const QString& table, qlonglong key,
-                                                const QStringList& columns,
-                                                const QVariantList& values) = 0;
+    /// Changes values of one row that a cursor reads. @return the row as it is stored now, without
+    /// values where the engine does not tell them; nothing if there is no row of that key
+    virtual std::optional<CursorRow> UpdateRow(const CursorShape& shape, qlonglong key,
+                                               const QStringList& columns,
+                                               const QVariantList& values) = 0;
     /// @return false if there is no row of that key
     virtual bool DeleteRow(const QString& table, qlonglong key) = 0;
 

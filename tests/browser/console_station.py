@@ -12,7 +12,7 @@ import tempfile
 import time
 
 from selenium import webdriver
-from selenium.common.exceptions import StaleElementReferenceException
+from selenium.common.exceptions import NoSuchElementException, StaleElementReferenceException
 from selenium.webdriver.chrome.options import Options
 from selenium.webdriver.chrome.service import Service
 
@@ -23,13 +23,13 @@ LIMIT = 60
 def await_that(holds, told):
     """Waits until `holds()` gives something that is true, and gives it back.
 
-    The page may replace what `holds()` has found before it has looked at it; then it looks again.
+    What `holds()` wants to find may not be there yet, or be replaced before it has looked at it; then it looks again.
     """
     end = time.monotonic() + LIMIT
     while time.monotonic() < end:
         try:
             found = holds()
-        except StaleElementReferenceException:
+        except (NoSuchElementException, StaleElementReferenceException):
             found = None
         if found:
             return found

@@ -26,10 +26,8 @@ struct Reader
 {
     explicit Reader(const QString& address) : Store(OpenStoreDatabase(address))
     {
-        for (const QString& statement : {Objects, ByText, Pages, None}) {
-            const SelectStatement select = ParseSelect(statement);
-            Shapes.emplace_back(select, Store->ColumnsOf(select.Table));
-        }
+        for (const QString& statement : {Objects, ByText, Pages, None})
+            Shapes.push_back(ShapeOf(*Store, statement));
         Rows.resize(Shapes.size());
         Look();
     }
@@ -77,7 +75,11 @@ protected:
                         {QStringLiteral("Badge"), page, text}, nullptr)
             .value();
     }
-    void SetText(const QString& text) { Other->UpdateRow(Controls, Key, {Text}, {text}); }
+    void Set(const QString& column, const QVariant& value)
+    {
+        Other->UpdateRow(ShapeOf(*Other, Objects), Key, {column}, {value});
+    }
+    void SetText(const QString& text) { Set(Text, text); }
 
     PrivatePostgres& Server = PrivatePostgres::Shared();
     QString Address = Server.NewDatabase();
@@ -142,14 +144,14 @@ TEST_F(ServerVersions, WhatWasRolledBackIsNoChange)
     EXPECT_EQ(reader.Look(), Nothing);
 }
 
-TEST_F(ServerVersions, AnOwnChangeIsKnownByTheVersionThatItGives)
+TEST_F(ServerVersions, AnOwnChangeIsKnownAsTheServerHasStoredIt)
 {
     Reader reader(Address);
     const auto change = [&](const QString& text) {
-        const auto version = reader.Store->UpdateRow(Controls, Key, {Text}, {text});
+        const auto stored = reader.Store->UpdateRow(reader.Shapes[0], Key, {Text}, {text});
         for (CursorRow& row : *reader.Rows[0])
             if (row.Key == Key)
-                row.Version = version.value();
+                row = stored.value();
     };
     const QList<bool> otherOrder{false, true, false, false};
     change(QStringLiteral("c"));
@@ -167,7 +169,8 @@ TEST_F(ServerVersions, AnOwnChangeIsKnownByTheVersionThatItGives)
     }
     // It was rolled back.
     EXPECT_EQ(reader.Look(), (QList<bool>{true, false, false, false}));
-    EXPECT_FALSE(reader.Store->UpdateRow(Controls, Key + 100, {Text}, {QStringLiteral("g")}));
+    EXPECT_FALSE(
+        reader.Store->UpdateRow(reader.Shapes[0], Key + 100, {Text}, {QStringLiteral("g")}));
 }
 
 TEST_F(ServerVersions, OnANewConnectionRowsAreReadAnew)
@@ -217,6 +220,40 @@ TEST_F(ServerVersions, ALookShowsTheLatestWhoeverHasWrittenIt)
     write(QStringLiteral("e"));
     store.CommitTrans();
     EXPECT_EQ(look(), QStringList({QStringLiteral("e"), b}));
+}
+
+TEST_F(ServerVersions, AnOwnChangeHidesNoneThatAnotherStationMadeBeforeItInTheSameRow)
+{
+    const QString top = QStringLiteral("C_Top");
+    Connection store;
+    store.Open(Address);
+    const auto look = [&] {
+        const ReadAhead ahead(store, {Objects});
+        return QStringList{Column(store, Objects, Text).first(),
+                           Column(store, Objects, top).first()};
+    };
+    Set(top, 10);
+    EXPECT_EQ(look(), QStringList({QStringLiteral("a"), QStringLiteral("10")}));
+    // Before the number is taken.
+    Set(top, 20);
+    store.BeginTransWithNext(StoreLock::OfOwnRows());
+    {
+        Recordset rows(store);
+        rows.Open(Objects, CursorLock::Optimistic);
+        rows.SetValue(Text, QStringLiteral("6"));
+        rows.Update();
+    }
+    store.CommitTrans();
+    EXPECT_EQ(look(), QStringList({QStringLiteral("6"), QStringLiteral("20")}));
+    // Between the reading and the writing of a cursor.
+    {
+        Recordset rows(store);
+        rows.Open(Objects, CursorLock::Optimistic);
+        Set(top, 30);
+        rows.SetValue(Text, QStringLiteral("7"));
+        rows.Update();
+    }
+    EXPECT_EQ(look(), QStringList({QStringLiteral("7"), QStringLiteral("30")}));
 }
 
 TEST_F(ServerVersions, AnOwnValueThatDoesNotFitItsColumnIsShownAsItIsStored)

@@ -35,10 +35,8 @@ protected:
 
     static std::vector<QVariantList> Rows(StoreDatabase& store, const QString& statement)
     {
-        SelectStatement select = ParseSelect(statement);
-        const std::vector<StoreColumn> columns = store.ColumnsOf(select.Table);
         std::vector<QVariantList> rows;
-        store.ReadRows(CursorShape(select, columns), [&](CursorRow&& row) {
+        store.ReadRows(ShapeOf(store, statement), [&](CursorRow&& row) {
             row.Values.prepend(row.Key);
             rows.push_back(std::move(row.Values));
         });
@@ -121,7 +119,7 @@ TEST_F(StoreLikeness, AValueThatReplacesAnOddOneIsPlainAgainAndTheOtherWayRound)
     Add(columns, {QStringLiteral("left"), QStringLiteral("a")});
     const auto change = [&](const QStringList& names, const QVariantList& values) {
         for (StoreDatabase* store : {File.get(), Server.get()})
-            EXPECT_TRUE(store->UpdateRow(QStringLiteral("Controls"), 1, names, values));
+            EXPECT_TRUE(store->UpdateRow(ShapeOf(*store, AllControls), 1, names, values));
         ExpectTheSame(AllControls);
     };
     change({QStringLiteral("C_Value")}, {QStringLiteral("b")});

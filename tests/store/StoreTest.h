@@ -3,6 +3,7 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
+#include "store/StoreDatabase.h"
 #include "support/FailureOf.h"
 #include "support/Print.h"
 #include "support/TestStore.h"
@@ -11,6 +12,13 @@
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
+
+inline CursorShape ShapeOf(StoreDatabase& store, const QString& statement)
+{
+    SelectStatement select = ParseSelect(statement);
+    const std::vector<StoreColumn> columns = store.ColumnsOf(select.Table);
+    return CursorShape(std::move(select), columns);
+}
 
 /// The values of a column in the rows of a statement, as texts.
 inline QStringList Column(Connection& store, const QString& statement, const QString& column)

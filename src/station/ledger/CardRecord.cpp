@@ -1,6 +1,7 @@
 #include "station/ledger/CardRecord.h"
 #include "base/Skip.h"
 #include "station/layout/PageDescription.h"
+#include "station/layout/StoredNumbers.h"
 #include "station/ledger/StationLedger.h"
 #include "station/ledger/TakeNumbers.h"
 #include "station/session/CardKeeper.h"
@@ -226,6 +227,8 @@ bool CardRecord::Commit(bool withLedger, const std::function<void()>& reload)
     Connection& store = m_session.LayoutDb;
     RecordLedger& ledger = m_session.Ledger;
     bool hasNumbers = !m_session.Options.UniqueNumbers;
+    // On a page without numbers the ledger's first statement takes the lock.
+    bool mayMissLock = !hasNumbers && NumbersOn(m_page.Document).empty();
     const StoreLock lock = Lock(withLedger);
     try {
         store.BeginTransWithNext(lock);
@@ -234,10 +237,13 @@ bool CardRecord::Commit(bool withLedger, const std::function<void()>& reload)
         hasNumbers = true;
         if (withLedger)
             ledger.Write();
+        mayMissLock = false;
         if (m_run && m_run->IsVoid())
             throw Failure(FailureNumber::InvalidCall, QString(DeclaredVoid));
         store.CommitTrans();
     } catch (const Failure& failure) {
+        if (mayMissLock && !store.InTransaction())
+            hasNumbers = false;
         store.RollbackTrans();
         ledger.RolledBack();
         if (!withLedger || !hasNumbers || (m_run && m_run->IsVoid()))

@@ -68,7 +68,7 @@ struct Pages
 };
 
 /// The ledger describes each page as it was loaded.
-/// @param look  what was read for the first of the pages; empty at the end
+/// @param look  what was read for the first of the pages; used up by that one
 void PrintPages(Session& session, LayoutPage& on, const Pages& pages,
                 std::optional<ReadAhead>& look)
 {

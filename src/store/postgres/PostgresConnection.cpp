@@ -1,5 +1,6 @@
 #include "store/postgres/PostgresConnection.h"
 #include "base/Failure.h"
+#include "base/Skip.h"
 #include "store/postgres/PostgresAddress.h"
 #include <algorithm>
 #include <cerrno>
@@ -132,6 +133,7 @@ void PostgresConnection::Connect()
         m_connection.get(), [](void*, const PGresult*) {}, nullptr);
     m_prepared.Reset();
     m_isDirect.reset();
+    m_isLarge = false;
     ++m_made;
     m_trouble.clear();
     m_pauseMs = 0;
@@ -157,6 +159,7 @@ void PostgresConnection::Ask()
 void PostgresConnection::FailAsAway(const QString& why)
 {
     m_connection.reset();
+    m_opening.clear();
     m_trouble = QStringLiteral("The store %1 is away: %2.").arg(m_shown, why);
     m_pauseMs = std::clamp(m_pauseMs * 2, FirstPauseMs, LongestPauseMs);
     m_tried.start();
@@ -182,8 +185,10 @@ PGconn* PostgresConnection::Ready()
         return m_connection.get();
     m_connection.reset();
     // When the time for all answers is over, nothing is tried.
-    if (!m_trouble.isEmpty() && (!m_tried.hasExpired(m_pauseMs) || LeftMs() <= 0))
+    if (!m_trouble.isEmpty() && (!m_tried.hasExpired(m_pauseMs) || LeftMs() <= 0)) {
+        m_opening.clear();
         throw Failure(FailureNumber::StoreBusy, m_trouble);
+    }
     Connect();
     return m_connection.get();
 }
@@ -436,9 +441,13 @@ std::vector<PostgresResult> PostgresConnection::RunAll(const std::vector<Step>& 
     std::vector<PostgresResult> results = ResultsOf(all.size());
     const auto begun = results.begin() + std::ssize(opening);
     if (const auto failed = FirstFailed(results); failed != results.end()) {
-        if (failed < begun && InTransaction())
-            Run(QByteArray("ROLLBACK"));
-        Fail(failed->get());
+        try {
+            Fail(failed->get());
+        } catch (const Failure&) {
+            if (failed < begun && InTransaction())
+                Skip("roll back", [&] { Run(QByteArray("ROLLBACK")); });
+            throw;
+        }
     }
     results.erase(results.begin(), begun);
     m_answered.start();
@@ -456,9 +465,16 @@ std::vector<PostgresResult> PostgresConnection::ResultsOf(std::size_t statements
         while (PostgresResult result = Next())
             results.push_back(std::move(result));
     }
-    if (PQstatus(connection) == CONNECTION_BAD)
-        Fail(results.empty() ? nullptr : results.back().get());
-    Next(); // The end of the pipeline.
+    // The end of the pipeline. A connection that was lost before it is only noticed here.
+    const PostgresResult end = PQstatus(connection) == CONNECTION_BAD ? nullptr : Next();
+    if (PQresultStatus(end.get()) != PGRES_PIPELINE_SYNC ||
+        PQstatus(connection) == CONNECTION_BAD) {
+        const auto failed = FirstFailed(results);
+        const char* why = failed == results.end()
+                              ? PQerrorMessage(connection)
+                              : PQresultErrorField(failed->get(), PG_DIAG_MESSAGE_PRIMARY);
+        FailAsAway(FirstLine(why));
+    }
     PQexitPipelineMode(connection);
     return results;
 }

@@ -164,6 +164,10 @@ qlonglong PostgresDatabase::Add(const QString& sql, const QVariantList& values)
 
 std::vector<qlonglong> PostgresDatabase::RunAll(const std::vector<StoreStep>& steps)
 {
+    // Without a transaction each of them would be committed by itself.
+    if (!InTransaction())
+        throw Failure(FailureNumber::StatementInvalid,
+                      QStringLiteral("The layout database: no transaction is open."));
     std::vector<qlonglong> given;
     auto failed = qScopeGuard([this] { NoteFailure(); });
     std::vector<Step> together;

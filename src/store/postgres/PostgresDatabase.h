@@ -10,9 +10,9 @@ namespace vantrel {
 
 /// One database of a PostgreSQL server. A transaction has the lock of the whole store, as one on a
 /// SQLite file does, or shares it with others who change only rows of their own. A single statement
-/// of `Change` or `Add` shares it; one that changes a row of a cursor has it. Rows are read anew
-/// each time, since asking whether they have changed would cost as much. Fails like
-/// `PostgresConnection`.
+/// of `Change` or `Add` shares it; one that changes a row of a cursor has it. Whether
+/// anything at all was committed is not worth asking, since each card commits; whether certain rows
+/// were written is, see `ReadChanged`. Fails like `PostgresConnection`.
 class PostgresDatabase final : public StoreDatabase
 {
 public:
@@ -57,9 +57,9 @@ public:
     void InsertRows(const QString& table, const QStringList& columns,
                     const std::vector<QVariantList>& rows) override;
     void ContinueKeys(const QString& table) override;
-    std::optional<QByteArray> UpdateRow(const QString& table, qlonglong key,
-                                        const QStringList& columns,
-                                        const QVariantList& values) override;
+    std::optional<CursorRow> UpdateRow(const CursorShape& shape, qlonglong key,
+                                       const QStringList& columns,
+                                       const QVariantList& values) override;
     bool DeleteRow(const QString& table, qlonglong key) override;
 
     QString PassingOverLocked(const QString& alias) const override;
@@ -79,6 +79,8 @@ private:
     /// Runs `act` in a transaction of its own if none is open.
     template <typename Act>
     auto Locked(const StoreLock& lock, Act&& act);
+    /// What is read of the rows of a cursor, as `TakeRows` takes it.
+    QByteArrayList ColumnsRead(const CursorShape& shape);
     /// A statement that reads the rows of a cursor.
     Step ReadStep(const CursorShape& shape);
     /// One that reads the keys and versions of the rows of several cursors, each with the cursor's

@@ -15,6 +15,9 @@ namespace {
 
 constexpr const char* RowSavepoint = "vantrelrow";
 
+/// How often rows are asked for in one look while others write them.
+constexpr int MostRounds = 5;
+
 void RequireRoomForOdd(const QString& table, const QJsonObject& odd)
 {
     if (FindLayoutTable(table) == nullptr)
@@ -55,11 +58,26 @@ void TakeRows(const CursorShape& shape, const PGresult* result, const QByteArray
             row.Values.append(PostgresValue(result, at, first + column));
         if (shape.HasKey() && PQgetisnull(result, at, first + count) == 0)
             TakeOddValues(shape, PostgresValue(result, at, first + count), row.Values);
-        const int version = first + count + first;
+        const int last = PQnfields(result) - 1;
         if (!era.isEmpty())
-            row.Version = era + PQgetvalue(result, at, version);
+            row.Version = era + PQgetvalue(result, at, last);
         take(std::move(row));
     }
+}
+
+/// Whether rows can be compared with those that a connection of that era finds.
+bool AreOfEra(const CursorRows& rows, const QByteArray& era)
+{
+    return !era.isEmpty() && (rows.empty() || rows.front().Version.startsWith(era));
+}
+
+std::vector<StoreDatabase::KnownRows> Chosen(const std::vector<StoreDatabase::KnownRows>& known,
+                                             const std::vector<std::size_t>& places)
+{
+    std::vector<StoreDatabase::KnownRows> chosen;
+    for (const std::size_t place : places)
+        chosen.push_back(known[place]);
+    return chosen;
 }
 
 /// Whether the keys and versions that the server tells now are those of the rows that are known.
@@ -135,24 +153,27 @@ PostgresResult PostgresDatabase::RunChange(const Step& step)
     }
 }
 
+QByteArrayList PostgresDatabase::ColumnsRead(const CursorShape& shape)
+{
+    QByteArrayList columns;
+    for (const CursorShape::Column& column : shape.Columns())
+        columns.append(PostgresName(column.Name));
+    if (shape.HasKey()) {
+        columns.prepend(KeyOf(shape.Select().Table));
+        return columns << OddColumn << VersionOfRow;
+    }
+    // Of rows without keys, their values themselves tell whether they are the same.
+    const QByteArray values = "ROW(" + columns.join(", ") + ")::text AS version";
+    return columns << values;
+}
+
 PostgresDatabase::Step PostgresDatabase::ReadStep(const CursorShape& shape)
 {
     const SelectStatement& select = shape.Select();
     const QByteArray key = shape.HasKey() ? KeyOf(select.Table) : QByteArray();
-    QByteArrayList columns;
-    if (shape.HasKey())
-        columns.append(key);
-    for (const CursorShape::Column& column : shape.Columns())
-        columns.append(PostgresName(column.Name));
-    // Of rows without keys, their values themselves.
-    const QByteArray values = "ROW(" + columns.join(", ") + ")::text";
-    if (shape.HasKey())
-        columns << OddColumn << VersionOfRow;
-    else
-        columns << values;
     const PostgresCondition where = PostgresWhere(select, ColumnsOf(select.Table), 1);
     Step step{(shape.HasKey() ? QByteArray("SELECT ") : QByteArray("SELECT DISTINCT ")) +
-              columns.join(", ") + " FROM " + PostgresName(select.Table) + where.Sql +
+              ColumnsRead(shape).join(", ") + " FROM " + PostgresName(select.Table) + where.Sql +
               PostgresOrder(select, key)};
     for (const auto& [value, type] : where.Values)
         step.Parameters.Add(value, type);
@@ -177,12 +198,9 @@ PostgresDatabase::Step PostgresDatabase::VersionsStep(const std::vector<KnownRow
                          from + PostgresOrder(select, key) + ')');
             continue;
         }
-        QByteArrayList columns;
-        for (const CursorShape::Column& column : one.Shape->Columns())
-            columns.append(PostgresName(column.Name));
-        reads.append("(SELECT " + index + ", 0::bigint, v FROM (SELECT DISTINCT " +
-                     columns.join(", ") + ", ROW(" + columns.join(", ") + ")::text AS v" + from +
-                     PostgresOrder(select, {}) + ") AS found" + index + ')');
+        reads.append("(SELECT " + index + ", 0::bigint, version FROM (SELECT DISTINCT " +
+                     ColumnsRead(*one.Shape).join(", ") + from + PostgresOrder(select, {}) +
+                     ") AS found" + index + ')');
     }
     step.Sql = reads.join(" UNION ALL ");
     return step;
@@ -197,49 +215,47 @@ void PostgresDatabase::ReadRows(const CursorShape& shape, const TakeCursorRow& t
     TakeRows(shape, result.get(), era, take);
 }
 
+// While some rows are read anew, others may be written by the same save, so that those are asked
+// for once more at the same time.
 std::vector<std::optional<CursorRows>>
 PostgresDatabase::ReadChanged(const std::vector<KnownRows>& known)
 {
-    auto failed = qScopeGuard([this] { NoteFailure(); });
     std::vector<std::optional<CursorRows>> results(known.size());
-    // Reads rows behind other statements. @return the result of the first statement
-    const auto read = [&](const std::vector<std::size_t>& places, std::vector<Step> steps) {
-        for (const std::size_t place : places)
-            steps.push_back(ReadStep(*known[place].Shape));
-        if (steps.empty())
-            return PostgresResult();
+    if (known.empty())
+        return results;
+    auto failed = qScopeGuard([this] { NoteFailure(); });
+    std::vector<KnownRows> present = known;
+    std::vector<std::size_t> unread;
+    for (std::size_t i = 0; i < known.size(); ++i)
+        if (known[i].Rows == nullptr || !AreOfEra(*known[i].Rows, m_connection.Era()))
+            unread.push_back(i);
+    for (int round = 0; round == 0 || !unread.empty(); ++round) {
         const QByteArray era = m_connection.Era();
-        std::vector<PostgresResult> found = m_connection.RunAll(steps);
-        auto next = found.end() - std::ssize(places);
-        for (const std::size_t place : places) {
+        std::vector<std::size_t> asked;
+        for (std::size_t i = 0; i < known.size() && !era.isEmpty() && round < MostRounds; ++i)
+            if (!std::binary_search(unread.begin(), unread.end(), i))
+                asked.push_back(i);
+        std::vector<Step> steps;
+        if (!asked.empty())
+            steps.push_back(VersionsStep(Chosen(present, asked)));
+        for (const std::size_t place : unread)
+            steps.push_back(ReadStep(*known[place].Shape));
+        const std::vector<PostgresResult> found = m_connection.RunAll(steps);
+        auto next = found.end() - std::ssize(unread);
+        for (const std::size_t place : unread) {
             CursorRows& rows = results[place].emplace();
             TakeRows(*known[place].Shape, (next++)->get(), era,
                      [&](CursorRow&& row) { rows.push_back(std::move(row)); });
+            present[place].Rows = &rows;
         }
-        return std::move(found.front());
-    };
-    const bool tellsVersions = !m_connection.Era().isEmpty();
-    std::vector<std::size_t> unknown;
-    std::vector<std::size_t> places;
-    std::vector<KnownRows> asked;
-    for (std::size_t i = 0; i < known.size(); ++i) {
-        if (known[i].Rows == nullptr || !tellsVersions) {
-            unknown.push_back(i);
-            continue;
-        }
-        places.push_back(i);
-        asked.push_back(known[i]);
-    }
-    if (asked.empty()) {
-        read(unknown, {});
-    } else {
-        const PostgresResult versions = read(unknown, {VersionsStep(asked)});
-        const std::vector<bool> same = AreSame(asked, versions.get(), m_connection.Era());
-        std::vector<std::size_t> changed;
+        unread.clear();
+        if (asked.empty())
+            break;
+        const std::vector<bool> same =
+            AreSame(Chosen(present, asked), found.front().get(), m_connection.Era());
         for (std::size_t i = 0; i < asked.size(); ++i)
             if (!same[i])
-                changed.push_back(places[i]);
-        read(changed, {});
+                unread.push_back(asked[i]);
     }
     failed.dismiss();
     return results;
@@ -309,10 +325,11 @@ void PostgresDatabase::ContinueKeys(const QString& table)
                           "false)"});
 }
 
-std::optional<QByteArray> PostgresDatabase::UpdateRow(const QString& table, qlonglong key,
-                                                      const QStringList& columns,
-                                                      const QVariantList& values)
+std::optional<CursorRow> PostgresDatabase::UpdateRow(const CursorShape& shape, qlonglong key,
+                                                     const QStringList& columns,
+                                                     const QVariantList& values)
 {
+    const QString& table = shape.Select().Table;
     RowOfTable row(ColumnsOf(table), columns, values);
     QByteArrayList settings;
     for (qsizetype i = 0; i < row.Names.size(); ++i)
@@ -331,10 +348,10 @@ std::optional<QByteArray> PostgresDatabase::UpdateRow(const QString& table, qlon
                            " WHERE " + KeyOf(table) + " = $" +
                            QByteArray::number(row.Parameters.Count());
     const PostgresResult result =
-        RunChange({sql + " RETURNING " + VersionOfRow, std::move(row.Parameters)});
-    if (PQntuples(result.get()) == 0)
-        return std::nullopt;
-    return era.isEmpty() ? QByteArray() : era + PQgetvalue(result.get(), 0, 0);
+        RunChange({sql + " RETURNING " + ColumnsRead(shape).join(", "), std::move(row.Parameters)});
+    std::optional<CursorRow> stored;
+    TakeRows(shape, result.get(), era, [&](CursorRow&& one) { stored = std::move(one); });
+    return stored;
 }
 
 bool PostgresDatabase::DeleteRow(const QString& table, qlonglong key)

@@ -107,8 +107,7 @@ int SqliteDatabase::Change(const QString& sql, const QVariantList& values)
 
 qlonglong SqliteDatabase::Add(const QString& sql, const QVariantList& values)
 {
-    Change(sql, values);
-    return sqlite3_last_insert_rowid(m_database.get());
+    return Change(sql, values) == 0 ? 0 : sqlite3_last_insert_rowid(m_database.get());
 }
 
 bool SqliteDatabase::Begin(const StoreLock& /*lock*/)
@@ -208,13 +207,13 @@ void SqliteDatabase::InsertRows(const QString& table, const QStringList& columns
         Change(sql, values);
 }
 
-std::optional<QByteArray> SqliteDatabase::UpdateRow(const QString& table, qlonglong key,
-                                                    const QStringList& columns,
-                                                    const QVariantList& values)
+std::optional<CursorRow> SqliteDatabase::UpdateRow(const CursorShape& shape, qlonglong key,
+                                                   const QStringList& columns,
+                                                   const QVariantList& values)
 {
-    if (Change(SqliteUpdate(table, columns), values + QVariantList{key}) == 0)
+    if (Change(SqliteUpdate(shape.Select().Table, columns), values + QVariantList{key}) == 0)
         return std::nullopt;
-    return QByteArray();
+    return CursorRow{.Key = key, .Values = {}};
 }
 
 bool SqliteDatabase::DeleteRow(const QString& table, qlonglong key)

@@ -46,9 +46,9 @@ public:
     void InsertRows(const QString& table, const QStringList& columns,
                     const std::vector<QVariantList>& rows) override;
     void ContinueKeys(const QString& /*table*/) override {}
-    std::optional<QByteArray> UpdateRow(const QString& table, qlonglong key,
-                                        const QStringList& columns,
-                                        const QVariantList& values) override;
+    std::optional<CursorRow> UpdateRow(const CursorShape& shape, qlonglong key,
+                                       const QStringList& columns,
+                                       const QVariantList& values) override;
     bool DeleteRow(const QString& table, qlonglong key) override;
 
     QString PassingOverLocked(const QString& /*alias*/) const override { return {}; }
