@@ -1,6 +1,7 @@
 #include "road/ConsoleProcess.h"
 #include "base/Profile.h"
 #include "station/session/StoreLocation.h"
+#include "support/ProcessSignal.h"
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
@@ -55,7 +56,7 @@ int ConsoleProcess::OpenDescriptors() const
 
 void ConsoleProcess::SendSignal(int number) const
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), number);
+    SendSignalTo(m_process, number);
 }
 
 int ConsoleProcess::ExitCode()

@@ -8,6 +8,7 @@
 #include "support/Events.h"
 #include "support/PdfReading.h"
 #include "support/PrivateCups.h"
+#include "support/ProcessSignal.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -32,10 +33,6 @@ class PrintFaults : public ::testing::Test
 protected:
     using Outcome = PrintFolder::Outcome;
 
-    static void Signal(const QProcess& run, int signal)
-    {
-        ::kill(static_cast<pid_t>(run.processId()), signal);
-    }
     /// Waits until a run has printed some cards into a folder.
     static void WaitForCards(const QString& folder, int count)
     {
@@ -74,7 +71,7 @@ TEST_F(PrintFaults, AnInterruptedRunSaysWhereToGoOnAndNoRowIsLostOrPrintedTwice)
             // The second run goes to its end.
             if (runs++ == 0) {
                 WaitForCards(printed, 1);
-                Signal(*run, SIGINT);
+                SendSignalTo(*run, SIGINT);
             }
             const Outcome outcome = PrintFolder::EndOf(*run);
             ASSERT_TRUE(outcome.Code == 0 || outcome.Code == 130) << outcome.Code;
@@ -99,7 +96,7 @@ TEST_F(PrintFaults, AnInterruptedWaitForInputNamesTheRowThatIsAwaited)
     const auto run = Folder.Start({QStringLiteral("-")});
     run->write("Ada,x\nBea,x\nCid");
     WaitForCards(Printed, 2);
-    Signal(*run, SIGINT);
+    SendSignalTo(*run, SIGINT);
     const Outcome outcome = PrintFolder::EndOf(*run);
     EXPECT_EQ(outcome.Code, 130);
     EXPECT_EQ(NextRowOf(outcome), 3);
@@ -112,7 +109,7 @@ TEST_F(PrintFaults, AnInterruptedRunNamesNoRowBeforeItsFirst)
     // Who has its lock is past the beginning, where nothing would be told.
     ASSERT_TRUE(EventsUntil(
         [&] { return QFileInfo::exists(Folder.PathOf(QStringLiteral("Print-1001.lock"))); }));
-    Signal(*run, SIGINT);
+    SendSignalTo(*run, SIGINT);
     const Outcome outcome = PrintFolder::EndOf(*run);
     EXPECT_EQ(outcome.Code, 130);
     EXPECT_EQ(NextRowOf(outcome), 50);
@@ -130,7 +127,7 @@ TEST_F(PrintFaults, AnInterruptWithinTheLastRowsIsNoEndInOrder)
         // The file is at its end when the rows are in the ledger, and their pages are being drawn.
         ASSERT_TRUE(EventsUntil([&] { return Folder.Entries().size() > before; }));
         QThread::msleep(static_cast<unsigned long>(round));
-        Signal(*run, SIGINT);
+        SendSignalTo(*run, SIGINT);
         const Outcome outcome = PrintFolder::EndOf(*run);
         EXPECT_TRUE(outcome.Code == 0 || outcome.Code == 130) << outcome.Code;
         EXPECT_EQ(QFileInfo::exists(book), outcome.Code == 0);
@@ -149,7 +146,7 @@ TEST_F(PrintFaults, AnInterruptedBookLeavesNoFileAndItsCardsAreVoid)
     const auto run = Folder.Start({QStringLiteral("-"), QStringLiteral("--one"), book});
     run->write("Ada,x\n");
     ASSERT_TRUE(EventsUntil([&] { return !Folder.Entries().empty(); }));
-    Signal(*run, SIGINT);
+    SendSignalTo(*run, SIGINT);
     const Outcome outcome = PrintFolder::EndOf(*run);
     EXPECT_EQ(outcome.Code, 130);
     EXPECT_EQ(NextRowOf(outcome), 1);

@@ -1,5 +1,6 @@
 #include "road/StationProcess.h"
 #include "support/Events.h"
+#include "support/ProcessSignal.h"
 #include <QDir>
 #include <QProcessEnvironment>
 #include <QTcpServer>
@@ -150,7 +151,7 @@ bool StationProcess::WaitUntilItListens(int port)
 
 void StationProcess::SendSignal(int number) const
 {
-    ASSERT_EQ(::kill(static_cast<pid_t>(m_process.processId()), number), 0);
+    ASSERT_TRUE(SendSignalTo(m_process, number));
 }
 
 int StationProcess::ExitCode()

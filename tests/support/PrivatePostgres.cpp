@@ -2,6 +2,7 @@
 #include "store/LayoutTables.h"
 #include "store/postgres/PostgresValues.h"
 #include "support/HeldPort.h"
+#include "support/ProcessSignal.h"
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -269,7 +270,7 @@ void PrivatePostgres::Stop(int signal)
 {
     if (!m_server || m_server->state() == QProcess::NotRunning)
         return;
-    ::kill(static_cast<pid_t>(m_server->processId()), signal);
+    SendSignalTo(*m_server, signal);
     if (!m_server->waitForFinished(PatienceMilliseconds))
         m_server->kill();
 }

@@ -224,15 +224,16 @@ PostgresDatabase::ReadChanged(const std::vector<KnownRows>& known)
     if (known.empty())
         return results;
     auto failed = qScopeGuard([this] { NoteFailure(); });
+    // Rows of a connection that is made meanwhile belong to a later one, and are read anew then.
+    const QByteArray era = m_connection.Era();
     std::vector<KnownRows> present = known;
     std::vector<std::size_t> unread;
     for (std::size_t i = 0; i < known.size(); ++i)
-        if (known[i].Rows == nullptr || !AreOfEra(*known[i].Rows, m_connection.Era()))
+        if (known[i].Rows == nullptr || !AreOfEra(*known[i].Rows, era))
             unread.push_back(i);
     for (int round = 0; round == 0 || !unread.empty(); ++round) {
-        const QByteArray era = m_connection.Era();
         std::vector<std::size_t> asked;
-        for (std::size_t i = 0; i < known.size() && !era.isEmpty() && round < MostRounds; ++i)
+        for (std::size_t i = 0; i < known.size() && round < MostRounds; ++i)
             if (!std::binary_search(unread.begin(), unread.end(), i))
                 asked.push_back(i);
         std::vector<Step> steps;
