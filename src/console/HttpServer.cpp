@@ -70,17 +70,18 @@ struct HttpServer::Line
     int Descriptor = -1;
     /// When it is ended; never while an answer is being made or goes on live.
     QDeadlineTimer Until;
+    /// What the request asks for whose head is being read.
+    QByteArray Target = {};
 };
 
 /// One request and its answer.
 struct HttpServer::Exchange
 {
     HttpServer& Server;
-    QByteArray Target;
-    vantrel::console::Request Request = {};
+    HttpServer::Line* Line;
     /// Null when the client is gone or everything is sent.
-    MHD_Connection* Connection = nullptr;
-    HttpServer::Line* Line = nullptr;
+    MHD_Connection* Connection;
+    vantrel::console::Request Request = {};
     enum class Step { Begins, Reads, IsAnswered, HasAnswer, IsSent } At = Step::Begins;
     vantrel::console::Answer Answer = {};
     bool IsSuspended = false;
@@ -91,22 +92,29 @@ struct HttpServer::Exchange
 /// What the library calls.
 struct HttpServer::Callbacks
 {
-    static void* Begin(void* server, const char* target, MHD_Connection* /*connection*/)
+    // The library may refuse the request without asking for an answer or telling its end.
+    static void* Begin(void* /*server*/, const char* target, MHD_Connection* connection)
     {
-        auto exchange = std::make_shared<Exchange>(
-            Exchange{.Server = *static_cast<HttpServer*>(server), .Target = target});
-        exchange->Self = exchange;
-        return exchange.get();
+        LineOf(connection)->Target = target;
+        return nullptr;
     }
 
-    static MHD_Result Handle(void* /*server*/, MHD_Connection* connection, const char* /*url*/,
+    static MHD_Result Handle(void* server, MHD_Connection* connection, const char* /*url*/,
                              const char* method, const char* /*version*/, const char* upload,
                              std::size_t* size, void** context)
     {
+        if (*context == nullptr) {
+            auto begun =
+                std::make_shared<Exchange>(Exchange{.Server = *static_cast<HttpServer*>(server),
+                                                    .Line = LineOf(connection),
+                                                    .Connection = connection});
+            begun->Self = begun;
+            *context = begun.get();
+        }
         auto& exchange = *static_cast<Exchange*>(*context);
         switch (exchange.At) {
         case Exchange::Step::Begins:
-            return Read(exchange, connection, method);
+            return Read(exchange, method);
         case Exchange::Step::Reads:
             if (*size == 0)
                 return Ask(exchange);
@@ -133,8 +141,7 @@ struct HttpServer::Callbacks
         *context = nullptr;
         exchange->Server.m_bodies -= exchange->Request.Body.size();
         exchange->Connection = nullptr;
-        if (exchange->Line != nullptr)
-            exchange->Line->Until.setRemainingTime(LongestRequest);
+        exchange->Line->Until.setRemainingTime(LongestRequest);
         if (exchange->Answer.Live) {
             exchange->Answer.Live->Wake = [] {};
             exchange->Answer.Live->End();
@@ -190,11 +197,15 @@ struct HttpServer::Callbacks
     }
 
 private:
-    static MHD_Result Read(Exchange& exchange, MHD_Connection* connection, const char* method)
+    static HttpServer::Line* LineOf(MHD_Connection* connection)
     {
-        exchange.Connection = connection;
         const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT);
-        exchange.Line = static_cast<HttpServer::Line*>(info->socket_context);
+        return static_cast<HttpServer::Line*>(info->socket_context);
+    }
+
+    static MHD_Result Read(Exchange& exchange, const char* method)
+    {
+        MHD_Connection* connection = exchange.Connection;
         Request& request = exchange.Request;
         request.Method = method;
         request.Host = HeaderOf(connection, "Host");
@@ -205,7 +216,7 @@ private:
         request.ForgeryToken = HeaderOf(connection, "X-Forgery-Token");
         request.ContentType = HeaderOf(connection, "Content-Type");
         request.IsSecure = exchange.Server.m_isSecure;
-        const auto target = ReadTarget(exchange.Target);
+        const auto target = ReadTarget(std::exchange(exchange.Line->Target, {}));
         if (!target)
             return RefuseAtOnce(exchange, 400,
                                 QStringLiteral("This is no address of the console."));

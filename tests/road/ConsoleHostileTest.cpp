@@ -138,6 +138,25 @@ TEST_F(ConsoleHostile, RandomBytesHurtNobodyAndTakeNoMemory)
     EXPECT_LT(Console->MemoryMiB(), before + 10);
 }
 
+TEST_F(ConsoleHostile, ATargetOfTooManyParametersTakesNoMemory)
+{
+    const QByteArray request =
+        "GET /api/v1/records?" + QByteArray(4000, '&') + " HTTP/1.1\r\nHost: 127.0.0.1\r\n\r\n";
+    const auto ask = [&](int times) {
+        for (int turn = 0; turn < times; ++turn) {
+            HttpClient client(Port());
+            client.Send(request);
+            // What came before is read when the next one is answered.
+            ASSERT_EQ(Get("/").Status, 200);
+        }
+    };
+    ask(100);
+    const int before = Console->MemoryMiB();
+    ask(4000);
+    EXPECT_LT(Console->MemoryMiB(), before + 5);
+    ExpectWell();
+}
+
 TEST_F(ConsoleHostile, OneConnectionMayAskAsOftenAsItLikes)
 {
     HttpClient client(Port());
