@@ -166,7 +166,7 @@ TEST_F(PrintFaults, AfterKillsEveryCardIsAccountedForAndNoNumberComesTwice)
     for (int kill = 0; kill < kills; ++kill) {
         const auto run = Folder.Start({rows, QStringLiteral("--workers=%1").arg(1 + kill % 2)});
         QThread::msleep(random() % longestLifeMs);
-        Signal(*run, SIGKILL);
+        SendSignalTo(*run, SIGKILL);
         run->waitForFinished();
         // What its processes had in hand comes to its end before the folder is free again.
         ASSERT_TRUE(EventsUntil([&] {
@@ -200,7 +200,7 @@ TEST_F(PrintFaults, AKilledBookLeavesNoFileAndTheLedgerToolTellsItsNumbersAsVoid
     const auto run = Folder.Start({QStringLiteral("-"), QStringLiteral("--one"), book});
     run->write("Ada,x\nBea,x\n");
     ASSERT_TRUE(EventsUntil([&] { return Folder.Entries().size() == 2; }));
-    Signal(*run, SIGKILL);
+    SendSignalTo(*run, SIGKILL);
     run->waitForFinished();
     EXPECT_FALSE(QFileInfo::exists(book));
     const test::Outcome counts =
