@@ -1,4 +1,5 @@
 #include "printers/CupsJobList.h"
+#include "printers/CupsMessage.h"
 #include <QElapsedTimer>
 #include <QStringList>
 #include <array>
@@ -17,12 +18,6 @@ struct Closer
     void operator()(http_t* connection) const { httpClose(connection); }
 };
 using Connection = std::unique_ptr<http_t, Closer>;
-
-struct Freer
-{
-    void operator()(ipp_t* message) const { ippDelete(message); }
-};
-using Message = std::unique_ptr<ipp_t, Freer>;
 
 /// What a waiting request is given up for.
 class Waiting
@@ -52,11 +47,11 @@ const char* NoPassword(const char* /*prompt*/, http_t* /*connection*/, const cha
     return nullptr;
 }
 
-Message ListRequest(int first, int atMost)
+CupsMessage ListRequest(int first, int atMost)
 {
     constexpr std::array wanted = {"job-id", "job-state", "job-state-reasons",
                                    "job-printer-state-message"};
-    Message request(ippNewRequest(IPP_OP_GET_JOBS));
+    CupsMessage request(ippNewRequest(IPP_OP_GET_JOBS));
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
                  "ipp://localhost/");
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
@@ -179,9 +174,9 @@ std::optional<JobListing> ListCupsJobs(const CupsServerAddress& server, int firs
     Waiting waiting(limit);
     httpSetTimeout(connection.get(), LookSeconds, OnSilence, &waiting);
     // The request is freed by the call.
-    const Message answer(
+    const CupsMessage answer(
         cupsDoRequest(connection.get(), ListRequest(first, atMost).release(), "/"));
-    if (!answer || ippGetStatusCode(answer.get()) >= IPP_STATUS_REDIRECTION_OTHER_SITE)
+    if (!IsGranted(answer))
         return std::nullopt;
     return ReadAnswer(answer.get(), atMost);
 }

@@ -1,9 +1,11 @@
 #include "printers/CupsPrinter.h"
 #include "base/Failure.h"
 #include "base/Twips.h"
+#include "printers/CupsMessage.h"
 #include "printers/DotsPerInch.h"
 #include <algorithm>
 #include <cmath>
+#include <system_error>
 
 namespace vantrel {
 
@@ -16,10 +18,22 @@ constexpr qsizetype LongestTitle = 255;
 constexpr qsizetype LongestOption = 255;
 constexpr auto UntitledJob = "Card";
 
-[[noreturn]] void FailWithReason()
+/// Why the last request failed. Of a connection that ended before its answer came libcups tells
+/// what it told of the request before, or what the system says of no error.
+Failure FailureOfServer()
 {
-    throw Failure(FailureNumber::PrinterError,
-                  QStringLiteral("Printer error: ") + QString::fromUtf8(cupsLastErrorString()));
+    QString reason = QString::fromUtf8(cupsLastErrorString());
+    if (cupsLastError() < IPP_STATUS_REDIRECTION_OTHER_SITE ||
+        reason == QString::fromStdString(std::generic_category().message(0)))
+        reason = QStringLiteral("The print server did not answer");
+    return {FailureNumber::PrinterError, QStringLiteral("Printer error: ") + reason};
+}
+
+/// Whether the server has answered that it has taken the whole document. `cupsFinishDestDocument`
+/// cannot be asked: where no answer came it returns what the request before was answered with.
+bool DocumentIsTaken()
+{
+    return IsGranted(CupsMessage(cupsGetResponse(CUPS_HTTP_DEFAULT, "/")));
 }
 
 /// Makes a title valid for IPP: control characters become blanks, and a long title is cut between
@@ -147,9 +161,10 @@ JobOutcome CupsPrinter::Deliver(const QByteArray& pdf)
     int jobId = 0;
     if (cupsCreateDestJob(CUPS_HTTP_DEFAULT, m_info.Destination.get(), m_info.Info.get(), &jobId,
                           TitleForQueue(JobTitle()).constData(), options.Count,
-                          options.List) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
+                          options.List) >= IPP_STATUS_REDIRECTION_OTHER_SITE ||
+        jobId <= 0) {
         m_info = {};
-        FailWithReason();
+        throw FailureOfServer();
     }
     SendDocument(pdf, jobId);
     JobOutcome outcome;
@@ -166,13 +181,10 @@ void CupsPrinter::SendDocument(const QByteArray& pdf, int jobId)
                               CUPS_FORMAT_PDF, 0, nullptr, 1) == HTTP_STATUS_CONTINUE &&
         cupsWriteRequestData(CUPS_HTTP_DEFAULT, pdf.constData(),
                              static_cast<std::size_t>(pdf.size())) == HTTP_STATUS_CONTINUE &&
-        cupsFinishDestDocument(CUPS_HTTP_DEFAULT, destination, info) <
-            IPP_STATUS_REDIRECTION_OTHER_SITE;
+        DocumentIsTaken();
     if (sent)
         return;
-    const Failure failure(FailureNumber::PrinterError,
-                          QStringLiteral("Printer error: ") +
-                              QString::fromUtf8(cupsLastErrorString()));
+    const Failure failure = FailureOfServer();
     // A job without a document would block the queue.
     cupsCancelDestJob(CUPS_HTTP_DEFAULT, destination, jobId);
     m_info = {};
