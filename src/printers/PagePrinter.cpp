@@ -125,35 +125,38 @@ int PagePrinter::DotsPerInch()
     return dots > 0 ? dots : DeviceDotsPerInch();
 }
 
-void PagePrinter::ReuseBuffer()
+void PagePrinter::ReuseBuffer(bool isKept)
 {
-    if (m_pdf.isDetached()) {
+    if (!isKept && m_pdf.isDetached()) {
         m_pdf.resize(0);
     } else {
-        // A job that is delivered later still holds the buffer.
         const qsizetype size = m_pdf.size();
         m_pdf = QByteArray();
         m_pdf.reserve(size);
     }
 }
 
-void PagePrinter::EndPage(const std::function<void(const QByteArray&)>& deliver)
+void PagePrinter::EndPage(const std::function<bool(const QByteArray&)>& deliver)
 {
-    const auto forget = qScopeGuard([this] {
-        ReuseBuffer();
+    bool isKept = false;
+    const auto forget = qScopeGuard([&] {
+        ReuseBuffer(isKept);
         ForgetJob();
     });
     {
         const auto closePage = qScopeGuard([this] { ClosePage(); });
         m_page->Finish();
     }
-    deliver(m_pdf);
+    isKept = deliver(m_pdf);
 }
 
 void PagePrinter::EndDoc()
 {
     if (m_page)
-        EndPage([this](const QByteArray& pdf) { Deliver(pdf); });
+        EndPage([this](const QByteArray& pdf) {
+            Deliver(pdf);
+            return false;
+        });
 }
 
 void PagePrinter::EndDocAndTell(const JobEnd& told)
@@ -168,6 +171,7 @@ void PagePrinter::EndDocAndTell(const JobEnd& told)
                 later = DeliverLater(pdf, told);
                 if (!later)
                     outcome = Deliver(pdf);
+                return later;
             });
             outcome.HandedOver = true;
         } catch (const Failure& failure) {

@@ -76,10 +76,11 @@ protected:
 
 private:
     void ClosePage();
-    /// Empties the buffer for the next page.
-    void ReuseBuffer();
+    /// Empties the buffer for the next page, or takes another one where this one is still read.
+    void ReuseBuffer(bool isKept);
     /// Finishes the open page and passes its PDF on. All of the job is forgotten then.
-    void EndPage(const std::function<void(const QByteArray&)>& deliver);
+    /// @param deliver  returns whether the PDF is read after it has returned
+    void EndPage(const std::function<bool(const QByteArray&)>& deliver);
 
     QString m_jobTitle;
     PrinterSetupFile m_setupFile;
