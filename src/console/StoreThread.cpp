@@ -1,4 +1,5 @@
 #include "console/StoreThread.h"
+#include "base/CallIn.h"
 #include "base/Failure.h"
 #include "console/ConsoleStore.h"
 #include "console/Query.h"
@@ -65,9 +66,9 @@ void StoreThread::Ask(Work work, std::function<void(Answer)> done)
             --m_waiting;
             done(answer);
         };
-        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+        CallIn(this, tell);
     };
-    QMetaObject::invokeMethod(m_worker, run, Qt::QueuedConnection);
+    CallIn(m_worker, run);
 }
 
 void StoreThread::Do(std::function<void(ConsoleStore&)> work)
@@ -76,7 +77,7 @@ void StoreThread::Do(std::function<void(ConsoleStore&)> work)
         if (!m_ends)
             work(m_store);
     };
-    QMetaObject::invokeMethod(m_worker, run, Qt::QueuedConnection);
+    CallIn(m_worker, run);
 }
 
 } // namespace vantrel::console

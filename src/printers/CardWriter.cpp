@@ -1,4 +1,5 @@
 #include "printers/CardWriter.h"
+#include "base/CallIn.h"
 #include "base/FolderSync.h"
 #include "base/UnnamedFile.h"
 #include <QFile>
@@ -218,8 +219,7 @@ void CardWriter::Report(Jobs& jobs)
             m_written.push_back(std::move(job));
     }
     if (wasEmpty && !m_written.empty())
-        QMetaObject::invokeMethod(
-            &m_teller, [this] { TellWritten(); }, Qt::QueuedConnection);
+        CallIn(&m_teller, [this] { TellWritten(); });
 }
 
 } // namespace vantrel

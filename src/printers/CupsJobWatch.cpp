@@ -1,4 +1,5 @@
 #include "printers/CupsJobWatch.h"
+#include "base/CallIn.h"
 #include "printers/CupsJobList.h"
 #include <algorithm>
 #include <atomic>
@@ -111,9 +112,7 @@ void CupsJobWatch::LookOnce(Shared& shared, std::unique_lock<std::mutex>& lock)
     shared.Delay = pace.Between;
     for (const EndedJob& job : shared.Jobs.TakeListing(first, *listing)) {
         if (CupsJobWatch* owner = shared.Owner) {
-            QMetaObject::invokeMethod(
-                owner, [owner, job] { Q_EMIT owner->Seen(job.JobId, job.State, job.Reason); },
-                Qt::QueuedConnection);
+            CallIn(owner, [owner, job] { Q_EMIT owner->Seen(job.JobId, job.State, job.Reason); });
         }
     }
 }

@@ -1,4 +1,5 @@
 #include "AdminLedger.h"
+#include "road/TestedProgram.h"
 #include "support/Memory.h"
 #include <QDateTime>
 #include <QFile>
@@ -236,7 +237,7 @@ TEST_F(AdminLedgerReading, OutputThatCannotBeWrittenIsReported)
     AddPrinted("Ada");
     QProcess program;
     program.setStandardOutputFile(QStringLiteral("/dev/full"));
-    program.start(QStringLiteral(VANTREL_ADMIN_PROGRAM), Command("list"));
+    program.start(TestedProgram(VANTREL_ADMIN_PROGRAM), Command("list"));
     ASSERT_TRUE(program.waitForFinished());
     EXPECT_EQ(program.exitCode(), 1);
     EXPECT_EQ(program.readAllStandardError().count('\n'), 1);
@@ -270,7 +271,7 @@ TEST_F(AdminLedgerReading, AListOfAllEntriesTakesLittleMemory)
     const auto run = [&](const QStringList& options) {
         QProcess program;
         program.setStandardOutputFile(QStringLiteral("/dev/null"));
-        program.start(QStringLiteral(VANTREL_ADMIN_PROGRAM), Command("list", options));
+        program.start(TestedProgram(VANTREL_ADMIN_PROGRAM), Command("list", options));
         ASSERT_TRUE(program.waitForFinished(60000));
         EXPECT_EQ(program.exitCode(), 0);
     };

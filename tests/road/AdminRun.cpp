@@ -1,4 +1,5 @@
 #include "road/AdminRun.h"
+#include "road/TestedProgram.h"
 #include <QProcess>
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ Outcome RunAdmin(const QStringList& arguments)
 {
     constexpr int Patience = 60000;
     QProcess program;
-    program.start(QStringLiteral(VANTREL_ADMIN_PROGRAM), arguments);
+    program.start(TestedProgram(VANTREL_ADMIN_PROGRAM), arguments);
     EXPECT_TRUE(program.waitForFinished(Patience));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),

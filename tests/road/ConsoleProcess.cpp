@@ -1,5 +1,6 @@
 #include "road/ConsoleProcess.h"
 #include "base/Profile.h"
+#include "road/TestedProgram.h"
 #include "station/session/StoreLocation.h"
 #include "support/ProcessSignal.h"
 #include <QDir>
@@ -25,7 +26,7 @@ ConsoleProcess::ConsoleProcess(const QString& programFolder, const QStringList& 
     QStringList arguments{programFolder};
     if (!options.contains(QStringLiteral("--listen")))
         arguments += {QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0")};
-    m_process.start(QStringLiteral(VANTREL_CONSOLE_PROGRAM), arguments + options);
+    m_process.start(TestedProgram(VANTREL_CONSOLE_PROGRAM), arguments + options);
     while (m_told.count('\n') < 2 && m_process.waitForReadyRead(LimitMs))
         m_told += m_process.readAllStandardOutput();
     static const QRegularExpression port(QStringLiteral(":([0-9]+)/"));
@@ -69,7 +70,7 @@ int ConsoleProcess::ExitCode()
 ConsoleEnd RunConsole(const QStringList& arguments)
 {
     QProcess program;
-    program.start(QStringLiteral(VANTREL_CONSOLE_PROGRAM), arguments);
+    program.start(TestedProgram(VANTREL_CONSOLE_PROGRAM), arguments);
     EXPECT_TRUE(program.waitForFinished(LimitMs));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),

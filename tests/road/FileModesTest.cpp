@@ -1,6 +1,7 @@
 #include "base/Profile.h"
 #include "road/StationFolder.h"
 #include "road/StationProcess.h"
+#include "road/TestedProgram.h"
 #include "support/Events.h"
 #include "support/Print.h"
 #include <QDir>
@@ -50,7 +51,7 @@ protected:
     {
         QProcess admin;
         admin.setChildProcessModifier(Start.BeforeProgram);
-        admin.start(QStringLiteral(VANTREL_ADMIN_PROGRAM), arguments);
+        admin.start(TestedProgram(VANTREL_ADMIN_PROGRAM), arguments);
         ASSERT_TRUE(admin.waitForFinished(60000));
         ASSERT_EQ(admin.exitCode(), 0) << admin.readAllStandardError().constData();
     }
@@ -172,9 +173,9 @@ TEST_P(FileModes, TheStartScriptsFoldersAreNotForOthers)
     const QString script = root.filePath(QStringLiteral("bin/vantrel"));
     ASSERT_TRUE(QFile::copy(QStringLiteral(VANTREL_START_SCRIPT), script));
     SetMode(script, 0755);
-    ASSERT_TRUE(QFile::link(QStringLiteral(VANTREL_ADMIN_PROGRAM),
+    ASSERT_TRUE(QFile::link(TestedProgram(VANTREL_ADMIN_PROGRAM),
                             root.filePath(QStringLiteral("bin/vantrel-admin"))));
-    ASSERT_TRUE(QFile::link(QStringLiteral(VANTREL_PROGRAM),
+    ASSERT_TRUE(QFile::link(TestedProgram(VANTREL_PROGRAM),
                             root.filePath(QStringLiteral("libexec/vantrel/vantrel"))));
     const QString data = Outer.filePath(QStringLiteral("home/data"));
     Folder = data + QStringLiteral("/vantrel");

@@ -2,6 +2,7 @@
 #include "road/AdminRun.h"
 #include "road/PrintFolder.h"
 #include "road/StationProcess.h"
+#include "road/TestedProgram.h"
 #include "station/session/StoreLocation.h"
 #include "store/Connection.h"
 #include "store/StoreDatabase.h"
@@ -305,7 +306,7 @@ TEST_F(PrintFaults, ABarShowsOnATerminalAndNowhereElse)
     const QByteArray terminal = ::ptsname(host);
     QProcess run;
     run.setStandardErrorFile(QString::fromLocal8Bit(terminal));
-    run.start(QStringLiteral(VANTREL_PRINT_PROGRAM), {Home, QStringLiteral("Badge"), rows});
+    run.start(TestedProgram(VANTREL_PRINT_PROGRAM), {Home, QStringLiteral("Badge"), rows});
     ASSERT_TRUE(run.waitForFinished());
     QByteArray shown(4096, '\0');
     shown.truncate(::read(host, shown.data(), 4096));

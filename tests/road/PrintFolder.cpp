@@ -2,6 +2,7 @@
 #include "ledger/LedgerReading.h"
 #include "ledger/LedgerTables.h"
 #include "road/StationProcess.h"
+#include "road/TestedProgram.h"
 #include "station/session/StoreLocation.h"
 #include "store/Connection.h"
 #include "support/Layouts.h"
@@ -41,7 +42,7 @@ QString PrintFolder::WriteRows(int count) const
 std::unique_ptr<QProcess> PrintFolder::Start(const QStringList& words) const
 {
     auto run = std::make_unique<QProcess>();
-    run->start(QStringLiteral(VANTREL_PRINT_PROGRAM),
+    run->start(TestedProgram(VANTREL_PRINT_PROGRAM),
                QStringList{Session.ProgramFolder, QStringLiteral("Badge")} + words);
     EXPECT_TRUE(run->waitForStarted(LimitMs));
     return run;
@@ -63,7 +64,7 @@ PrintFolder::Outcome PrintFolder::Run(const QStringList& words, const QByteArray
 PrintFolder::Outcome PrintFolder::RunPlain(const QStringList& words, const QByteArray& input)
 {
     QProcess run;
-    run.start(QStringLiteral(VANTREL_PRINT_PROGRAM), words);
+    run.start(TestedProgram(VANTREL_PRINT_PROGRAM), words);
     run.write(input);
     run.closeWriteChannel();
     return EndOf(run);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "road/TestedProgram.h"
 #include <QMap>
 #include <QProcess>
 #include <QStringList>
@@ -20,7 +21,7 @@ struct StationStart
     /// Runs in the new process before the program begins, such as a limit on what it may take.
     std::function<void()> BeforeProgram = {};
     /// Another program that becomes the station, such as the start script.
-    QString Program = QStringLiteral(VANTREL_PROGRAM);
+    QString Program = TestedProgram(VANTREL_PROGRAM);
 };
 
 /// The built station program on a program folder of the test's, without a display and without the

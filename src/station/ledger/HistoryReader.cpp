@@ -1,4 +1,5 @@
 #include "station/ledger/HistoryReader.h"
+#include "base/CallIn.h"
 #include "base/Failure.h"
 #include "ledger/LedgerExport.h"
 #include "ledger/LedgerSearch.h"
@@ -107,8 +108,7 @@ private:
         });
         if (went && !m_running->IsDone()) {
             // Other requests come in between.
-            QMetaObject::invokeMethod(
-                this, [this, number] { Go(number); }, Qt::QueuedConnection);
+            CallIn(this, [this, number] { Go(number); });
             return;
         }
         Tell([number](HistoryReader& reader) {
@@ -155,10 +155,8 @@ private:
     template <typename Answer>
     void Tell(Answer&& answer)
     {
-        QMetaObject::invokeMethod(
-            &m_reader,
-            [&reader = m_reader, answer = std::forward<Answer>(answer)] { answer(reader); },
-            Qt::QueuedConnection);
+        CallIn(&m_reader,
+               [&reader = m_reader, answer = std::forward<Answer>(answer)] { answer(reader); });
     }
 
     HistoryReader& m_reader;
@@ -195,7 +193,7 @@ HistoryReader::~HistoryReader()
 template <typename Work>
 void HistoryReader::Ask(Work&& work)
 {
-    QMetaObject::invokeMethod(m_worker, std::forward<Work>(work), Qt::QueuedConnection);
+    CallIn(m_worker, std::forward<Work>(work));
 }
 
 void HistoryReader::Search(const LedgerFilter& filter)
