@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# long.sh [RECORDS [file|server]]: sends that many records (1000000 by default) to two stations on one
-# store that keep account of every record, first in a file and then on a server, or in the one that is
-# named. One station prints files, the other one jobs of a print server. Both are killed now and then, the
-# print server is paused and restarted, and the store's server is killed. As many cards must come out as
-# records went in, with numbers that are all different; memory, descriptors and what a record takes of the
+# long.sh [RECORDS [file|server]]: sends that many records (1000000 by default) to stations on one store
+# that keep account of every record: to two on a file and then to four on a server, or to those on the one
+# that is named. One station prints jobs of a print server, the others files. They are killed now and then,
+# the print server is paused and restarted, and the store's server is killed. As many cards must come out
+# as records went in, with numbers that are all different; memory, descriptors and what a record takes of the
 # store must not grow. Needs about 10 KiB of disk for each record in the folder TMPDIR names.
 set -euo pipefail
 cd "$(dirname "$0")/.."

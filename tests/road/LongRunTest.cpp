@@ -17,22 +17,21 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <optional>
+#include <memory>
 #include <random>
 #include <utility>
 #include <vector>
 
-// Very many records through two stations on one store, of which one prints files and the other one
-// jobs of a print server, while the stations are killed and the print server is paused and stopped.
-// The store is a file, or on a server that is killed as well.
+// Very many records through stations on one store, of which one prints jobs of a print server and
+// the others files, while the stations are killed and the print server is paused and stopped. The
+// store is a file, or on a server that is killed as well.
 
 namespace vantrel::test {
 namespace {
 
 constexpr std::size_t MostCardsRead = 300;
 /// One record of so many goes to the print server, which is the slower one by far.
-constexpr std::size_t RecordsForOneJob = 20;
-/// Only ends a test that has failed.
+constexpr std::size_t RecordsForOneJob = 20; /// Only ends a test that has failed.
 constexpr int LimitMs = 300'000;
 
 /// How many records go through; scripts/long.sh asks for more.
@@ -88,14 +87,14 @@ protected:
         for (std::size_t turn = 0; turn < troubles; ++turn) {
             const std::size_t until = records * (turn + 1) / troubles;
             ASSERT_TRUE(GoOnUntil([&] { return Answers() >= until; }));
-            Files->Measure();
-            Jobs->Measure();
+            for (LongSession* session : Sessions())
+                session->Measure();
             Tell();
             Trouble(turn);
         }
         ASSERT_NO_FATAL_FAILURE(ComeToRest());
 
-        const CardAccount account(Folder.Session.ProgramFolder, 1);
+        const CardAccount account(Folder.Session.ProgramFolder, FileStations());
         account.ExpectEnded();
         ExpectAnswers(account);
         ExpectAllJobsPrinted(account);
@@ -105,6 +104,8 @@ protected:
         std::cout << qPrintable(account.Summary()) << '\n';
     }
 
+    /// How many stations print files; those of the sessions from 1 on.
+    virtual int FileStations() const { return 1; }
     virtual qint64 StoreBytes() const
     {
         return QFileInfo(LayoutDatabasePath(Folder.Session.ProgramFolder)).size();
@@ -116,9 +117,11 @@ protected:
     /// Every answer of the one that prints files names the entry of its card.
     virtual void ExpectAnswers(const CardAccount& account) const
     {
-        account.ExpectRecordsOf(Files->Host);
         account.ExpectRecordsOf(Jobs->Host);
-        account.ExpectAnswersOf(Files->Host);
+        for (const auto& files : Files) {
+            account.ExpectRecordsOf(files->Host);
+            account.ExpectAnswersOf(files->Host);
+        }
         EXPECT_EQ(Folder.StoreIntegrity(), QStringLiteral("ok"));
     }
     /// Whether an entry may be in this state whose host was told so.
@@ -132,22 +135,40 @@ protected:
     {
         StationStart withServer;
         withServer.Environment.insert(QStringLiteral("CUPS_SERVER"), Cups.SocketPath());
-        const int filesPort = Folder.WithCapture(1);
-        const int jobsPort = Folder.WithQueue(2);
-        Files.emplace(Folder, 1, filesPort, StationStart{}, Seed);
-        Jobs.emplace(Folder, 2, jobsPort, withServer, Seed + 1);
+        const auto last = static_cast<std::uint8_t>(FileStations() + 1);
+        std::vector<int> ports;
+        for (std::uint8_t session = 1; session < last; ++session)
+            ports.push_back(Folder.WithCapture(session));
+        const int jobsPort = Folder.WithQueue(last);
+        for (std::uint8_t session = 1; session < last; ++session)
+            Files.push_back(std::make_unique<LongSession>(Folder, session, ports[session - 1U],
+                                                          StationStart{}, Seed + session));
+        Jobs = std::make_unique<LongSession>(Folder, last, jobsPort, withServer, Seed);
+    }
+    std::vector<LongSession*> Sessions() const
+    {
+        std::vector<LongSession*> sessions;
+        for (const auto& files : Files)
+            sessions.push_back(files.get());
+        sessions.push_back(Jobs.get());
+        return sessions;
     }
 
     std::size_t Answers() const
     {
-        return Files->Host.Answers().size() + Jobs->Host.Answers().size();
+        std::size_t answers = 0;
+        for (const LongSession* session : Sessions())
+            answers += session->Host.Answers().size();
+        return answers;
     }
     bool GoOnUntil(const std::function<bool()>& holds)
     {
         QElapsedTimer still;
         still.start();
         while (!holds()) {
-            bool moved = Files->Host.GoOn();
+            bool moved = false;
+            for (const auto& files : Files)
+                moved |= files->Host.GoOn();
             if (m_ends || Jobs->Host.Answers().size() * RecordsForOneJob <= Answers())
                 moved |= Jobs->Host.GoOn();
             if (moved) {
@@ -176,7 +197,7 @@ protected:
         constexpr int absence = 300;
         switch (turn % 6) {
         case 0:
-            Files->KillAndStart();
+            Files[turn / 6 % Files.size()]->KillAndStart();
             break;
         case 1:
             Cups.Pause(Queue);
@@ -206,10 +227,11 @@ protected:
     {
         const qint64 store = StoreBytes();
         m_storeSizes.emplace_back(Answers(), store);
-        std::cout << Answers() << " answered after " << m_time.elapsed() / 1000 << " s; "
-                  << Files->MemoryMiB << " and " << Jobs->MemoryMiB << " MiB, "
-                  << Files->Descriptors << " and " << Jobs->Descriptors
-                  << " descriptors, the store " << store / 1024 << " KiB" << std::endl;
+        std::cout << Answers() << " answered after " << m_time.elapsed() / 1000 << " s;";
+        for (const LongSession* session : Sessions())
+            std::cout << ' ' << session->MemoryMiB << " MiB and " << session->Descriptors
+                      << " descriptors,";
+        std::cout << " the store " << store / 1024 << " KiB" << std::endl;
     }
     /// The store grows by as much for a record at the end of the run as at its middle.
     void ExpectSteadyStore() const
@@ -232,14 +254,18 @@ protected:
     void ComeToRest()
     {
         m_ends = true;
-        Files->Host.BeginNothingNew();
-        Jobs->Host.BeginNothingNew();
+        const std::vector<LongSession*> sessions = Sessions();
+        for (LongSession* session : sessions)
+            session->Host.BeginNothingNew();
         Cups.Resume(Queue);
-        ASSERT_TRUE(
-            GoOnUntil([&] { return Files->Host.IsAllAnswered() && Jobs->Host.IsAllAnswered(); }));
+        ASSERT_TRUE(GoOnUntil([&] {
+            return std::all_of(sessions.begin(), sessions.end(), [](const LongSession* session) {
+                return session->Host.IsAllAnswered();
+            });
+        }));
         LetStoreComeToRest();
-        EXPECT_EQ(Files->End(), 0);
-        EXPECT_EQ(Jobs->End(), 0);
+        for (LongSession* session : sessions)
+            EXPECT_EQ(session->End(), 0);
     }
 
     /// Every answer names the entry of its record, or that it has none. What was answered with OK
@@ -313,8 +339,8 @@ protected:
     const unsigned Seed = std::random_device()();
     PrivateCups Cups;
     LongFolder Folder;
-    std::optional<LongSession> Files;
-    std::optional<LongSession> Jobs;
+    std::vector<std::unique_ptr<LongSession>> Files;
+    std::unique_ptr<LongSession> Jobs;
 
 private:
     QElapsedTimer m_time;
@@ -328,12 +354,14 @@ TEST_F(LongRun, CountsAsManyOutAsInWhateverStopsMeanwhile)
     Run(RecordCount());
 }
 
-/// The same where the store is on a server. While that is away, records are refused.
+/// The same where the store is on a server, which more stations use. While that is away, records
+/// are refused.
 class ServerLongRun : public LongRun
 {
 protected:
     ServerLongRun() { PutStoreOnServer(Folder.Session.ProgramFolder, Address, Address); }
 
+    int FileStations() const override { return 3; }
     qint64 StoreBytes() const override
     {
         return PrivatePostgres::Run(Address,
@@ -350,8 +378,8 @@ protected:
     void LetStoreComeToRest() override { EXPECT_TRUE(ComesToRest(Address)); }
     void ExpectAnswers(const CardAccount& account) const override
     {
-        account.ExpectAnswersOrRefusalsOf(Files->Host);
-        account.ExpectAnswersOrRefusalsOf(Jobs->Host);
+        for (const LongSession* session : Sessions())
+            account.ExpectAnswersOrRefusalsOf(session->Host);
     }
     bool IsOutcome(bool ok, LedgerState state) const override
     {
