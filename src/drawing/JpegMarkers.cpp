@@ -1,4 +1,5 @@
 #include "drawing/JpegMarkers.h"
+#include <QString>
 
 namespace vantrel {
 

@@ -2,6 +2,7 @@
 #define SD_JOURNAL_SUPPRESS_LOCATION
 
 #include "service/Journal.h"
+#include <QString>
 #include <algorithm>
 #include <sys/stat.h>
 #include <systemd/sd-journal.h>
