@@ -22,15 +22,16 @@ void CallIn(QObject* object, Work&& work)
 {
 #ifdef __SANITIZE_THREAD__
     const std::lock_guard handing(HandingOver);
-    auto call = [work = std::forward<Work>(work)]() mutable {
-        HandingOver.lock();
-        HandingOver.unlock();
+    const auto call = [work = std::forward<Work>(work)] {
+        {
+            const std::lock_guard handedOver(HandingOver);
+        }
         work();
     };
+    QMetaObject::invokeMethod(object, call, Qt::QueuedConnection);
 #else
-    auto&& call = std::forward<Work>(work);
+    QMetaObject::invokeMethod(object, std::forward<Work>(work), Qt::QueuedConnection);
 #endif
-    QMetaObject::invokeMethod(object, std::forward<decltype(call)>(call), Qt::QueuedConnection);
 }
 
 } // namespace vantrel

@@ -31,7 +31,8 @@ namespace {
 
 constexpr std::size_t MostCardsRead = 300;
 /// One record of so many goes to the print server, which is the slower one by far.
-constexpr std::size_t RecordsForOneJob = 20; /// Only ends a test that has failed.
+constexpr std::size_t RecordsForOneJob = 20;
+/// Only ends a test that has failed.
 constexpr int LimitMs = 300'000;
 
 /// How many records go through; scripts/long.sh asks for more.
@@ -258,11 +259,9 @@ protected:
         for (LongSession* session : sessions)
             session->Host.BeginNothingNew();
         Cups.Resume(Queue);
-        ASSERT_TRUE(GoOnUntil([&] {
-            return std::all_of(sessions.begin(), sessions.end(), [](const LongSession* session) {
-                return session->Host.IsAllAnswered();
-            });
-        }));
+        const auto isAnswered = [](const LongSession* one) { return one->Host.IsAllAnswered(); };
+        ASSERT_TRUE(
+            GoOnUntil([&] { return std::all_of(sessions.begin(), sessions.end(), isAnswered); }));
         LetStoreComeToRest();
         for (LongSession* session : sessions)
             EXPECT_EQ(session->End(), 0);

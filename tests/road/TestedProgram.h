@@ -10,13 +10,12 @@ namespace vantrel::test {
 /// VANTREL_TESTED_PROGRAMS names, such as that of a build with a sanitizer, where there is one.
 inline QString TestedProgram(const char* built)
 {
+    constexpr auto variable = "VANTREL_TESTED_PROGRAMS";
     const QFileInfo program(QString::fromUtf8(built));
-    const QFileInfo other(QDir(qEnvironmentVariable("VANTREL_TESTED_PROGRAMS")),
-                          program.fileName());
-    return qEnvironmentVariableIsSet("VANTREL_TESTED_PROGRAMS") && other.isExecutable() &&
-                   other.isFile()
-               ? other.filePath()
-               : program.filePath();
+    if (!qEnvironmentVariableIsSet(variable))
+        return program.filePath();
+    const QFileInfo other(QDir(qEnvironmentVariable(variable)), program.fileName());
+    return other.isFile() ? other.filePath() : program.filePath();
 }
 
 } // namespace vantrel::test
