@@ -11,7 +11,7 @@ namespace vantrel::console {
 
 namespace {
 
-constexpr qsizetype MostBytesKept = 16 * 1024 * 1024;
+constexpr qsizetype MostBytesKept = qsizetype{16} * 1024 * 1024;
 /// A picture on the card may be put into its place or be removed meanwhile.
 constexpr std::chrono::minutes KeptFor{5};
 /// Twice a plastic card at 96 dots to the inch.

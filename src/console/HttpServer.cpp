@@ -21,8 +21,8 @@ constexpr std::chrono::seconds LongestRequest{15};
 constexpr std::chrono::seconds LongestAnswer{120};
 constexpr std::chrono::seconds LookInterval{1};
 /// Bytes of bodies that are in memory at once, of all connections.
-constexpr qsizetype MostBodies = 32 * 1024 * 1024;
-constexpr std::size_t LiveBlock = 16 * 1024;
+constexpr qsizetype MostBodies = qsizetype{32} * 1024 * 1024;
+constexpr std::size_t LiveBlock = std::size_t{16} * 1024;
 
 /// What every answer has: nothing of a page comes from elsewhere, is shown within another page, or
 /// stays in the browser.

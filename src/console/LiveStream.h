@@ -13,7 +13,7 @@ class LiveStream
 public:
     /// Bytes that may wait for a slow reader. One who is further behind is sent away, and connects
     /// anew.
-    static constexpr qsizetype MostWaiting = 1024 * 1024;
+    static constexpr qsizetype MostWaiting = qsizetype{1024} * 1024;
 
     /// Adds bytes to what is sent.
     void Push(const QByteArray& bytes);

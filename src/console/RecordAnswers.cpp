@@ -14,7 +14,7 @@ namespace {
 
 /// A list that is longer ends, in bytes. A record may be of any length, and the whole list is in
 /// memory.
-constexpr qsizetype LongestList = 4 * 1024 * 1024;
+constexpr qsizetype LongestList = qsizetype{4} * 1024 * 1024;
 /// How long somebody is asked to settle a record, and how many are told at once.
 constexpr std::chrono::milliseconds UnsettledFor = std::chrono::hours(24 * 7);
 constexpr qlonglong MostUnsettled = 50;

@@ -10,9 +10,9 @@
 namespace vantrel::console {
 
 /// The longest request that is read, in bytes: its first line and its headers.
-inline constexpr std::size_t LongestHead = 16 * 1024;
+inline constexpr std::size_t LongestHead = std::size_t{16} * 1024;
 /// The longest body that is read, in bytes.
-inline constexpr qsizetype LongestBody = 256 * 1024;
+inline constexpr qsizetype LongestBody = qsizetype{256} * 1024;
 
 /// What a request asks for.
 struct Target

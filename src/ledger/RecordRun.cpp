@@ -8,7 +8,7 @@ namespace {
 /// Characters of a reason in an answer; a name in it may be long.
 constexpr qsizetype LongestReason = 200;
 /// Characters that an entry is found by; a search reads them all.
-constexpr qsizetype MostSearched = 64 * 1024;
+constexpr qsizetype MostSearched = qsizetype{64} * 1024;
 
 bool IsHandedOver(LedgerState state)
 {

@@ -45,7 +45,7 @@ void StepBack()
 
 QByteArray ContentsOf(const QString& path)
 {
-    constexpr qint64 longest = 1024 * 1024;
+    constexpr qint64 longest = qint64{1024} * 1024;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw Failure(FailureNumber::FileNotFound,

@@ -113,7 +113,7 @@ TEST_F(SerialCapture, FloodWithoutAnEndIsTakenWhole)
 {
     const PtyPair cable(Device());
     Open();
-    constexpr qsizetype Megabyte = 1024 * 1024;
+    constexpr qsizetype Megabyte = qsizetype{1024} * 1024;
     QByteArray flood = "<";
     while (flood.size() < Megabyte)
         flood += "0123456789ABCDE\n";
