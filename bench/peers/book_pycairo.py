@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
-"""Makes one PDF of many cards with pycairo as a fast script would:
-PICTURES-FOLDER FILE.pdf CARDS."""
+"""Makes PDFs of cards with pycairo as a fast script would: PICTURES-FOLDER FILE.pdf|FOLDER CARDS."""
 
 import cairo
-from book import BACKGROUND, PHOTO, run
+from book import BACKGROUND, PHOTO, file_of, run
 from card import PAGE, texts
 from with_pycairo import size_of_jpeg
 
@@ -28,26 +27,37 @@ def paint(context, picture, box):
     context.restore()
 
 
+def paint_card(context, shared, photo, card, faces):
+    paint(context, shared, BACKGROUND)
+    paint(context, picture_of(photo), PHOTO)
+    context.set_source_rgb(0, 0, 0)
+    for text, font, left, top in texts(card):
+        if font not in faces:
+            weight = cairo.FONT_WEIGHT_BOLD if font[2] else cairo.FONT_WEIGHT_NORMAL
+            faces[font] = cairo.ToyFontFace(font[0], cairo.FONT_SLANT_NORMAL, weight)
+        context.set_font_face(faces[font])
+        context.set_font_size(font[1])
+        context.move_to(left, top + context.font_extents()[0])
+        context.show_text(text)
+
+
 def make_book(path, background, photos):
-    shared = picture_of(background)
-    faces = {}
+    shared, faces = picture_of(background), {}
     surface = cairo.PDFSurface(path, *PAGE)
     context = cairo.Context(surface)
     for card, photo in enumerate(photos, 1):
-        paint(context, shared, BACKGROUND)
-        paint(context, picture_of(photo), PHOTO)
-        context.set_source_rgb(0, 0, 0)
-        for text, font, left, top in texts(card):
-            if font not in faces:
-                weight = cairo.FONT_WEIGHT_BOLD if font[2] else cairo.FONT_WEIGHT_NORMAL
-                faces[font] = cairo.ToyFontFace(font[0], cairo.FONT_SLANT_NORMAL, weight)
-            context.set_font_face(faces[font])
-            context.set_font_size(font[1])
-            context.move_to(left, top + context.font_extents()[0])
-            context.show_text(text)
+        paint_card(context, shared, photo, card, faces)
         surface.show_page()
     surface.finish()
 
 
+def make_files(folder, background, photos):
+    shared, faces = picture_of(background), {}
+    for card, photo in enumerate(photos, 1):
+        surface = cairo.PDFSurface(file_of(folder, card), *PAGE)
+        paint_card(cairo.Context(surface), shared, photo, card, faces)
+        surface.finish()
+
+
 if __name__ == "__main__":
-    run(make_book)
+    run(make_book, make_files)

@@ -17,30 +17,20 @@ import statistics
 import subprocess
 import sys
 import tempfile
-import time
 
 from book_glabels import write_glabels
 from book_station import LAYOUT, write_station
+from compare_peers import DESIGNER, measured, require_cards
 
 HERE = os.path.dirname(os.path.abspath(__file__))
-DESIGNER = "glabels-3-batch"
 DESIGNER_CARDS = 100
 
 
 def measure(cards, book, command):
     """@return cards a second, and the highest resident memory in MiB"""
-    begin = time.perf_counter()
-    with open(os.devnull, "w", encoding="utf-8") as nowhere:
-        process = subprocess.Popen(command, stdout=nowhere, stderr=subprocess.PIPE)
-    told = process.stderr.read()
-    _, status, usage = os.wait4(process.pid, 0)
-    seconds = time.perf_counter() - begin
-    if status != 0:
-        sys.exit(f"compare_books.py: {command[0]} failed: {told.decode(errors='replace')}")
-    pages = subprocess.run(["pdfinfo", book], check=True, capture_output=True, text=True).stdout
-    if f"Pages:           {cards}\n" not in pages:
-        sys.exit(f"compare_books.py: {command[0]} has not made {cards} pages: {pages}")
-    return cards / seconds, usage.ru_maxrss / 1024
+    seconds, highest = measured([command])
+    require_cards(book, cards)
+    return cards / seconds, highest
 
 
 def contestants_in(programs, work, pictures, cards):
