@@ -10,5 +10,5 @@ endif()
 add_custom_target(check COMMAND "${CMAKE_SOURCE_DIR}/scripts/check.sh" VERBATIM)
 if(RUN_CLANG_TIDY)
   add_custom_target(tidy COMMAND "${RUN_CLANG_TIDY}" -quiet -p "${CMAKE_BINARY_DIR}"
-                                 "${CMAKE_SOURCE_DIR}/(src|tests|bench)/.*\\.cpp" VERBATIM)
+                                 "${CMAKE_SOURCE_DIR}/(src|tests|bench|fuzz)/.*\\.cpp" VERBATIM)
 endif()
