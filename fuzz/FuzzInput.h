@@ -30,7 +30,7 @@ public:
     {
         const qsizetype end = m_rest.indexOf('\n');
         const qsizetype length = end < 0 ? m_rest.size() : end;
-        const QByteArray line = m_rest.first(length);
+        QByteArray line = m_rest.first(length);
         m_rest.remove(0, end < 0 ? length : end + 1);
         return line;
     }
