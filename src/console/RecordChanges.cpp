@@ -112,14 +112,11 @@ void RefuseUnknown(ConsoleStore& store, qlonglong id)
         throw NotTaken{404, QStringLiteral("The ledger has no entry %1.").arg(id)};
 }
 
-Answer PrintedBefore(qlonglong id, qlonglong reprint)
+Answer PrintedBefore(StoreDatabase& database, qlonglong id, qlonglong reprint)
 {
     // A program can see that asking with "again" would do.
     Answer refusal =
-        JsonAnswer("{\"error\": " +
-                   JsonText(QStringLiteral("Entry %1 was printed again already, as entry %2.")
-                                .arg(id)
-                                .arg(reprint)) +
+        JsonAnswer("{\"error\": " + JsonText(PrintedAgainAlready(database, id, reprint)) +
                    ", \"reprinted_as\": " + QByteArray::number(reprint) + "}\n");
     refusal.Status = 409;
     return refusal;
@@ -147,7 +144,7 @@ Answer ReprintRecord(ConsoleStore& store, const Request& request, const PathNumb
     RefuseUnknown(store, id);
     StoreDatabase& database = store.Database();
     if (const auto reprint = FindReprint(database, id); reprint && !again)
-        return PrintedBefore(id, *reprint);
+        return PrintedBefore(database, id, *reprint);
     const qlonglong added =
         AskReprint(database, id, again ? ReprintMode::Again : ReprintMode::Once);
     store.NoteOwnChange();

@@ -121,15 +121,20 @@ std::optional<qlonglong> FindReprint(StoreDatabase& database, qlonglong id)
     return entry ? ReprintOfFirst(database, FirstOf(database, *entry).Id) : std::nullopt;
 }
 
+QString PrintedAgainAlready(StoreDatabase& database, qlonglong id, qlonglong reprint)
+{
+    return QStringLiteral("Entry %1 was printed again already, as entry %2.")
+        .arg(FirstOf(database, EntryNumbered(database, id, LedgerBytes::Without)).Id)
+        .arg(reprint);
+}
+
 qlonglong AskReprint(StoreDatabase& database, qlonglong id, ReprintMode mode)
 {
     StoreTransaction transaction(database);
     const LedgerEntry first = EntryToReprint(database, id);
     if (const auto reprint = ReprintOfFirst(database, first.Id);
         reprint && mode == ReprintMode::Once)
-        Refuse(QStringLiteral("Entry %1 was printed again already, as entry %2.")
-                   .arg(first.Id)
-                   .arg(*reprint));
+        Refuse(PrintedAgainAlready(database, id, *reprint));
     const qlonglong added = AddReprintOf(database, first.Id);
     transaction.Commit();
     return added;

@@ -35,6 +35,11 @@ qlonglong AskReprint(StoreDatabase& database, qlonglong id, ReprintMode mode);
 /// there is none.
 std::optional<qlonglong> FindReprint(StoreDatabase& database, qlonglong id);
 
+/// @return that the first entry of a record was printed again already by `reprint`, for whom asks
+/// for that once more; `id` is any entry of the record, also `reprint` itself. Refuses an unknown
+/// entry.
+QString PrintedAgainAlready(StoreDatabase& database, qlonglong id, qlonglong reprint);
+
 /// Makes an entry and all its cards void. One that is received is then never printed. Refuses an
 /// entry that is unknown or being printed.
 void VoidEntry(StoreDatabase& database, qlonglong id);

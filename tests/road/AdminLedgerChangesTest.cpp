@@ -17,6 +17,8 @@ TEST_F(AdminLedger, AReprintIsAddedOnceUnlessAskedForAgain)
     const QString refusal = ExpectOneLine(1, Command("reprint", {One}));
     EXPECT_TRUE(refusal.contains(QStringLiteral("as entry 2"))) << refusal.toStdString();
     EXPECT_TRUE(refusal.contains(Again)) << refusal.toStdString();
+    // Of a reprint the first entry is told.
+    EXPECT_EQ(ExpectOneLine(1, Command("reprint", {QStringLiteral("2")})), refusal);
     EXPECT_EQ(Output("reprint", {Again, One, Json}), QStringLiteral("{\"id\": 3}\n"));
     EXPECT_FALSE(FindEntry(Database(), 4));
 }

@@ -111,6 +111,8 @@ TEST_F(ConsoleChanges, AReprintIsAnEntryOfItsOwnAndASecondOneMustBeMeant)
     const HttpAnswer second = Post("/api/v1/records/1/reprint", "{}");
     EXPECT_EQ(second.Status, 409);
     EXPECT_EQ(second.Json()[u"reprinted_as"].toInt(), 2);
+    // Of a reprint the first entry is told.
+    EXPECT_EQ(Post("/api/v1/records/2/reprint").Body, second.Body);
     EXPECT_EQ(Post("/api/v1/records/1/reprint", R"({"again": true})").Json()[u"id"].toInt(), 3);
     EXPECT_EQ(Post("/api/v1/records/9/reprint").Status, 404);
     EXPECT_EQ(Post("/api/v1/records/1/reprint", "{").Status, 400);

@@ -81,12 +81,9 @@ void RunLedgerReprint(const Words& words)
     StoreDatabase& database = ledger.Database();
     const bool again = words.Has(AgainOption.Name);
     if (const auto reprint = FindReprint(database, id); reprint && !again)
-        throw Failure(
-            FailureNumber::InvalidCall,
-            QStringLiteral("Entry %1 was printed again already, as entry %2. With --again "
-                           "it is printed once more.")
-                .arg(id)
-                .arg(*reprint));
+        throw Failure(FailureNumber::InvalidCall,
+                      PrintedAgainAlready(database, id, *reprint) +
+                          QStringLiteral(" With --again it is printed once more."));
     const qlonglong added =
         AskReprint(database, id, again ? ReprintMode::Again : ReprintMode::Once);
     const bool wasChanged =
