@@ -1,5 +1,7 @@
 #include "ports/SockArray.h"
 #include "base/Failure.h"
+#include "base/Skip.h"
+#include "ports/HostAccess.h"
 #include "ports/SockLine.h"
 #include "ports/SockServer.h"
 #include <QHostAddress>
@@ -80,6 +82,10 @@ struct SockArray::Private
 void SockArray::Private::Request(qintptr descriptor, const PeerPlace& peer)
 {
     if (!Access.Allows(peer.Address)) {
+        LogSkipped(
+            "the connection of a host",
+            Failure(FailureNumber::InvalidCall, QStringLiteral("AllowFrom does not name %1")
+                                                    .arg(PlainAddress(peer.Address).toString())));
         ::close(static_cast<int>(descriptor));
         return;
     }

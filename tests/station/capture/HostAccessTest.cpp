@@ -6,6 +6,7 @@
 #include "support/Events.h"
 #include "support/Host.h"
 #include "support/TestSession.h"
+#include "support/Trace.h"
 #include <gtest/gtest.h>
 
 namespace vantrel::test {
@@ -79,6 +80,18 @@ TEST_F(StationWithAllowedHosts, ClosesAHostThatIsNotNamedAtOnceAndInSilence)
     EXPECT_TRUE(EventsUntil([&] { return host.SeesEnd(); }));
     EXPECT_EQ(Session.Sock.HighestIndex(), 0);
     EXPECT_EQ(Session.InputBuffer.Text(), QStringLiteral("<half a rec"));
+}
+
+TEST_F(StationWithAllowedHosts, TellsOfAHostThatItClosesWhereFailedStepsAreTold)
+{
+    Open("AllowFrom", "10.0.0.5");
+    const QStringList told = TraceOf("vantrel.skip", [&] {
+        const Host host(Session.Sock.LocalPort());
+        EXPECT_TRUE(EventsUntil([&] { return host.SeesEnd(); }));
+    });
+    EXPECT_EQ(told,
+              QStringList(QStringLiteral("the connection of a host was passed over: 5 AllowFrom "
+                                         "does not name 127.0.0.1")));
 }
 
 TEST_F(StationWithAllowedHosts, AcceptsAHostThatIsNamed)
