@@ -2,6 +2,7 @@
 #include "desktop/controls/DesktopControls.h"
 #include "desktop/controls/DesktopPictureDialog.h"
 #include "desktop/controls/DesktopStyle.h"
+#include "desktop/controls/DesktopUpDown.h"
 #include "desktop/designer/frmDocument.h"
 #include "desktop/dialogs/frmWizard.h"
 #include "ledger/LedgerReading.h"
@@ -178,8 +179,10 @@ void TakeWizard(const QDir& folder)
             DesktopStation::Named<QAbstractButton>(wizard, "imgL").click();
         if (page == 4)
             DesktopStation::Named<QListWidget>(wizard, "lstPrinters").setCurrentRow(0);
-        if (page == 5)
+        if (page == 5) {
             DesktopStation::Named<QCheckBox>(wizard, "chkEnableFields").setChecked(true);
+            DesktopStation::Named<DesktopUpDown>(wizard, "udFields").SetValue(2);
+        }
         EventsUntil([&] { return next.isEnabled(); });
         Keep(wizard, folder.filePath(QStringLiteral("wizard-%1.png").arg(page)));
         if (page < Pages)
