@@ -9,7 +9,7 @@
 
 namespace vantrel::test {
 
-Host::Host(int port) : m_descriptor(::socket(AF_INET, SOCK_STREAM, 0))
+Host::Host(int port) : m_descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
 {
     sockaddr_in address{};
     address.sin_family = AF_INET;
