@@ -33,8 +33,10 @@ QByteArray Written(const char* format, QImage::Format pixels = QImage::Format_RG
 QByteArray Little(int number, int bytes)
 {
     QByteArray written;
-    for (int i = 0; i < bytes; ++i)
-        written += static_cast<char>(number >> (8 * i));
+    for (; bytes > 0; --bytes) {
+        written += static_cast<char>(number);
+        number >>= 8;
+    }
     return written;
 }
 

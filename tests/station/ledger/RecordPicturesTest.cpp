@@ -98,7 +98,7 @@ TEST_F(RecordPictures, AValueOfMegabytesIsRefusedAsAName)
 {
     AnnounceWarning(QStringLiteral("is missing"));
     ASSERT_TRUE(Arrive(QByteArray("<" + QByteArray(16 << 20, 'x') + ">").constData()));
-    const QString& reason = Entry(1).Cards.at(0).Reason;
+    const QString reason = Entry(1).Cards.at(0).Reason;
     EXPECT_TRUE(reason.contains(QStringLiteral("cannot be opened"))) << qPrintable(reason);
     EXPECT_LT(reason.size(), 400);
     EXPECT_EQ(Entry(1).State, LedgerState::Printed);
