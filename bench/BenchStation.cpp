@@ -175,7 +175,7 @@ struct BenchStation::Private
 
     QString SavePicture(const QString& name, const QImage& image) const
     {
-        const QString path = Session.PathInFolder(name);
+        QString path = Session.PathInFolder(name);
         image.save(path, nullptr, 85);
         return path;
     }

@@ -18,14 +18,13 @@ constexpr double CardHeight = 4860;
 /// Texts of this length with another number in each.
 QString TextOf(CodeKind kind, int number)
 {
-    const QString digits = QStringLiteral("%1").arg(number, 11, 10, QLatin1Char('0'));
+    QString digits = QStringLiteral("%1").arg(number, 11, 10, QLatin1Char('0'));
     switch (kind) {
     case CodeKind::Ean13:
         return digits + u'7';
     case CodeKind::Ean8:
         return digits.right(7);
     case CodeKind::UpcA:
-        return digits;
     case CodeKind::Interleaved2Of5:
     case CodeKind::Codabar:
     case CodeKind::Code39:

@@ -89,8 +89,7 @@ private:
         rows.Open(PageStatement(m_layout), CursorLock::Optimistic);
         if (rows.IsEof())
             return {};
-        const QString number =
-            QString::number(rows.Value(QStringLiteral("C_Value")).toLongLong() + 1);
+        QString number = QString::number(rows.Value(QStringLiteral("C_Value")).toLongLong() + 1);
         rows.SetValue(QStringLiteral("C_Value"), number);
         rows.Update();
         return number;
@@ -106,6 +105,7 @@ double SecondsOf(std::vector<std::unique_ptr<Till>>& tills)
 {
     const auto begin = Clock::now();
     std::vector<std::thread> threads;
+    threads.reserve(tills.size());
     for (const auto& till : tills)
         threads.emplace_back([&till] {
             for (int card = 0; card < CardsAtATime; ++card)
@@ -120,6 +120,7 @@ double SecondsOf(std::vector<std::unique_ptr<Till>>& tills)
 std::vector<std::unique_ptr<Till>> TillsOf(const QString& location, int count)
 {
     std::vector<std::unique_ptr<Till>> tills;
+    tills.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         tills.push_back(std::make_unique<Till>(location, QStringLiteral("Badge")));
     tills.front()->MakePage();
@@ -144,7 +145,7 @@ void StoreCommits(benchmark::State& state)
     CreateLayoutDatabase(file);
     test::PrivatePostgres server(test::PrivatePostgres::Commits::Durable);
     const auto freshDatabase = [&] {
-        const QString address = server.NewDatabase();
+        QString address = server.NewDatabase();
         BringUpToDate(*OpenStoreDatabase(address), LedgerTables());
         return address;
     };
