@@ -137,10 +137,10 @@ void frmMacro::FillMacros()
 bool frmMacro::event(QEvent* event)
 {
     // Without a window manager a window is shown and never becomes active.
-    // Where macros are made here, a box that asked for a name leaves the selection as it is.
-    const bool staysSelected = m_session.Options.DesignTools && m_wasShown;
-    if ((event->type() == QEvent::WindowActivate || event->type() == QEvent::Show) &&
-        !staysSelected) {
+    const bool comesUp = event->type() == QEvent::WindowActivate || event->type() == QEvent::Show;
+    // Where macros are made here, a box that asked for a name leaves the selection as it is. Events
+    // come from the window's making on, before it knows whether it was shown.
+    if (comesUp && !(m_session.Options.DesignTools && m_wasShown)) {
         m_wasShown = true;
         SelectActive();
     }
