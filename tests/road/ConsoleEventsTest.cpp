@@ -1,6 +1,7 @@
 #include "ledger/LedgerStations.h"
 #include "road/ConsoleProcess.h"
 #include "support/Events.h"
+#include "support/Memory.h"
 #include <QDateTime>
 #include <QSysInfo>
 
@@ -139,7 +140,7 @@ TEST_F(ConsoleEvents, AHundredViewersWhoComeAndGoLeaveNothingBehind)
     const int before = Console->MemoryMiB();
     for (int rounds = 0; rounds < 5; ++rounds)
         round();
-    EXPECT_LT(Console->MemoryMiB(), before + 15);
+    EXPECT_LT(Console->MemoryMiB(), before + MemoryRoom(15));
     EXPECT_TRUE(EventsUntil([this] { return Console->OpenDescriptors() < 60; }));
     EXPECT_EQ(Get("/api/v1/records").Status, 200);
 }

@@ -1,5 +1,6 @@
 #include "road/ConsoleProcess.h"
 #include "support/Events.h"
+#include "support/Memory.h"
 #include <random>
 #include <sys/resource.h>
 
@@ -51,7 +52,7 @@ TEST_F(ConsoleHostile, ABodyOfPiecesThatIsTooLongEndsTheConnection)
     for (int pieces = 0; pieces < 200; ++pieces)
         client.Send(piece);
     EXPECT_TRUE(client.WaitForEnd());
-    EXPECT_LT(Console->MemoryMiB(), before + 30);
+    EXPECT_LT(Console->MemoryMiB(), before + MemoryRoom(30));
     ExpectWell();
 }
 
@@ -95,7 +96,7 @@ TEST_F(ConsoleHostile, AThousandSlowClientsKeepNobodyOut)
     EXPECT_TRUE(slow.front()->WaitForEnd());
     EXPECT_TRUE(slow.back()->WaitForEnd());
     EXPECT_TRUE(EventsUntil([&] { return Console->OpenDescriptors() < clients / 2; }));
-    EXPECT_LT(Console->MemoryMiB(), before + 60);
+    EXPECT_LT(Console->MemoryMiB(), before + MemoryRoom(60));
     ExpectWell();
 }
 
@@ -135,7 +136,7 @@ TEST_F(ConsoleHostile, RandomBytesHurtNobodyAndTakeNoMemory)
     const int before = Console->MemoryMiB();
     for (int rounds = 0; rounds < 5; ++rounds)
         round();
-    EXPECT_LT(Console->MemoryMiB(), before + 10);
+    EXPECT_LT(Console->MemoryMiB(), before + MemoryRoom(10));
 }
 
 TEST_F(ConsoleHostile, ATargetOfTooManyParametersTakesNoMemory)
@@ -153,7 +154,7 @@ TEST_F(ConsoleHostile, ATargetOfTooManyParametersTakesNoMemory)
     ask(100);
     const int before = Console->MemoryMiB();
     ask(4000);
-    EXPECT_LT(Console->MemoryMiB(), before + 5);
+    EXPECT_LT(Console->MemoryMiB(), before + MemoryRoom(5));
     ExpectWell();
 }
 
@@ -165,7 +166,7 @@ TEST_F(ConsoleHostile, OneConnectionMayAskAsOftenAsItLikes)
         client.Send(RequestText("GET", "/api/v1/records/1", Bearer()));
         ASSERT_EQ(client.Receive().Status, 200);
     }
-    EXPECT_LT(Console->MemoryMiB(), before + 10);
+    EXPECT_LT(Console->MemoryMiB(), before + MemoryRoom(10));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "road/AdminRun.h"
 #include "road/ConsoleProcess.h"
 #include "station/ledger/StationHeartbeat.h"
+#include "support/Memory.h"
 #include <QDateTime>
 #include <QJsonArray>
 
@@ -102,7 +103,7 @@ TEST_F(ConsoleRecords, OfAnyLengthAreListedAndTheMemoryComesBack)
     const int before = Console->MemoryMiB();
     for (int turn = 0; turn < 20; ++turn)
         Listed();
-    EXPECT_LT(Console->MemoryMiB(), before + 40);
+    EXPECT_LT(Console->MemoryMiB(), before + MemoryRoom(40));
 }
 
 TEST_F(ConsoleRecords, ThatNeedAPersonAreToldUntilTheyAreSettled)

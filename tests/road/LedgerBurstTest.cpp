@@ -3,6 +3,7 @@
 #include "road/StationProcess.h"
 #include "support/Events.h"
 #include "support/Host.h"
+#include "support/Memory.h"
 #include <QFileInfo>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -61,12 +62,7 @@ TEST(LedgerBurst, IsPrintedAndAnsweredInItsOrderWithMemoryFlat)
         EXPECT_EQ(card.File, QFileInfo(folder.PathOfCard(place)).fileName());
         EXPECT_EQ(card.Numbers.value(0), QString::number(LedgerFolder::NumberBefore + place));
     }
-#ifdef __SANITIZE_ADDRESS__
-    // The sanitizer keeps freed memory.
-    constexpr int room = 512;
-#else
-    constexpr int room = 16;
-#endif
+    constexpr int room = MemoryRoom(16);
     EXPECT_LE(memoryAtEnd, memory + room);
     std::cout << Records << " records; after " << settled << " answers " << memory
               << " MiB, at the end " << memoryAtEnd << " MiB\n";

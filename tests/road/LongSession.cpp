@@ -1,4 +1,5 @@
 #include "road/LongSession.h"
+#include "support/Memory.h"
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -33,12 +34,7 @@ void LongSession::Measure()
     Descriptors = m_station->OpenDescriptors();
     if (!m_settled)
         m_settled = {MemoryMiB, Descriptors};
-#ifdef __SANITIZE_ADDRESS__
-    // The sanitizer keeps freed memory.
-    constexpr int room = 512;
-#else
-    constexpr int room = 24;
-#endif
+    constexpr int room = MemoryRoom(24);
     constexpr int moreFiles = 16;
     EXPECT_LE(MemoryMiB, m_settled->first + room);
     EXPECT_LE(Descriptors, m_settled->second + moreFiles);

@@ -2,6 +2,7 @@
 #include "road/StationProcess.h"
 #include "support/Events.h"
 #include "support/Host.h"
+#include "support/Memory.h"
 #include <QDir>
 #include <QFileInfo>
 #include <QThread>
@@ -155,12 +156,7 @@ TEST_F(ManyRecords, TenThousandInOneConnectionPrintInOrderWithMemoryFlat)
     EXPECT_EQ(sent, records.size());
     EXPECT_EQ(answered, count);
     EXPECT_EQ(Folder.TextOfCard(count), QStringLiteral("Anna %1").arg(count));
-#ifdef __SANITIZE_ADDRESS__
-    // The sanitizer keeps freed memory.
-    constexpr int room = 512;
-#else
-    constexpr int room = 16;
-#endif
+    constexpr int room = MemoryRoom(16);
     EXPECT_LE(Station->MemoryMiB(), memory + room);
 }
 
@@ -195,7 +191,7 @@ TEST_F(ManyRecords, OneOfMegabytesWithoutAnEndDelaysNobodyAndGivesItsMemoryBack)
     EXPECT_TRUE(Station->WaitUntilItTells(QStringLiteral("67108865 characters are dropped")));
     good.Send(Records(3, 3));
     ExpectAnswers(good, Answers(3, 3));
-    constexpr int room = 24;
+    constexpr int room = MemoryRoom(24);
     EXPECT_TRUE(EventsUntil([&] { return Station->MemoryMiB() <= memory + room; }))
         << Station->MemoryMiB() << " of " << memory;
 }
@@ -237,7 +233,7 @@ TEST_F(ManyRecords, FiveHundredHostsWithHalvesDelayNobodyAndAreAllServed)
     EXPECT_TRUE(texts[0].startsWith(QStringLiteral("Host ")));
     EXPECT_EQ(Folder.Cards().size(), 2 + count);
     EXPECT_TRUE(EventsUntil([&] { return Station->OpenDescriptors() <= descriptors; }));
-    constexpr int room = 24;
+    constexpr int room = MemoryRoom(24);
     EXPECT_LE(Station->MemoryMiB(), memory + room);
 }
 

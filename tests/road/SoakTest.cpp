@@ -7,6 +7,7 @@
 #include "store/Recordset.h"
 #include "support/Events.h"
 #include "support/Layouts.h"
+#include "support/Memory.h"
 #include <QFile>
 #include <QFileInfo>
 #include <gtest/gtest.h>
@@ -134,12 +135,7 @@ TEST(Soak, EveryRecordComesOutInOrderWithMemoryAndDescriptorsFlat)
     }
     EXPECT_EQ(folder.Cards().size(), 1);
     EXPECT_TRUE(EventsUntil([&] { return station.OpenDescriptors() <= descriptors; }));
-#ifdef __SANITIZE_ADDRESS__
-    // The sanitizer keeps freed memory.
-    constexpr int room = 512;
-#else
-    constexpr int room = 16;
-#endif
+    constexpr int room = MemoryRoom(16);
     EXPECT_LE(station.MemoryMiB(), memory + room);
     EXPECT_EQ(folder.StoreIntegrity(), QStringLiteral("ok"));
     std::cout << records << " records, " << records * CardsOfRecord << " cards; after " << settled

@@ -13,6 +13,13 @@ inline constexpr qint64 SanitizerRoom = 512 * MiB;
 inline constexpr qint64 SanitizerRoom = 0;
 #endif
 
+/// What a program that a test has started may take beyond what it had, in MiB, where `room` is
+/// enough for it without a sanitizer.
+constexpr int MemoryRoom(int room)
+{
+    return room + static_cast<int>(SanitizerRoom / MiB);
+}
+
 /// Memory that this process has allocated and not freed, in bytes.
 qint64 UsedMemory();
 
