@@ -300,9 +300,10 @@ void PrintRun::TakeResults()
     const Workers::Done done = m_workers->Take();
     const auto underWay = m_underWay.extract(done.Id);
     const Batch& batch = underWay.mapped();
-    Note(batch, done.Results ? *done.Results : LostResults(batch));
+    // Said before its rows are: so many that fail at once would be taken for the reason.
     if (!done.Results && m_end.Trouble.isEmpty())
         m_end.Trouble = QStringLiteral("A process that printed has ended.");
+    Note(batch, done.Results ? *done.Results : LostResults(batch));
     ShowProgress(batch.Rows.back().Number);
 }
 
