@@ -91,6 +91,14 @@ frmPlace::frmPlace(Session& session, QWidget* parent)
     move(ScreenPixels(DialogLeft), ScreenPixels(DialogTop));
 }
 
+frmPlace::~frmPlace()
+{
+    // A field that still has the focus is left when it goes, and by then there is no window to take
+    // what was typed.
+    for (QLineEdit* field : m_fields)
+        field->disconnect(this);
+}
+
 QWidget* frmPlace::MakeFields()
 {
     auto* fields = new QWidget(this);

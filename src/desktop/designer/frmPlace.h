@@ -21,6 +21,9 @@ class frmPlace : public QDialog
 
 public:
     frmPlace(Session& session, QWidget* parent);
+    ~frmPlace() override;
+    frmPlace(const frmPlace&) = delete;
+    frmPlace& operator=(const frmPlace&) = delete;
 
 protected:
     /// The arrow keys step the field that has the focus.
