@@ -50,7 +50,7 @@ QLatin1StringView WordOf(FindingWeight weight)
 
 QString FindingNameOf(const CardObject& object)
 {
-    const QString kind = NumberedKind(object);
+    QString kind = NumberedKind(object);
     if (object.Family() == Family::lbl_TEXT)
         return kind + QStringLiteral(" \"") + Excerpt(object.Caption()) + u'"';
     if (object.Family() != Family::img_LXV)

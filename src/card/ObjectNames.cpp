@@ -44,7 +44,7 @@ QString NumberedKind(const CardObject& object)
 
 QString ObjectKind(const CardObject& object)
 {
-    const QString kind = FamilyKind(object.Family());
+    QString kind = FamilyKind(object.Family());
     if (!object.IsLabel() || !IsFigureFont(object.Font()))
         return kind;
     // The font's name is a word for codes or shapes, a blank and the name of the kind.

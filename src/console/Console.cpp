@@ -36,8 +36,8 @@ Console::Console(const QString& programFolder, const ListenTerms& terms)
     : m_store(programFolder), m_pictureStore(programFolder),
       m_gate(Tokens(QDir(programFolder).filePath(QLatin1StringView(TokenFileName)))),
       m_thread(m_store), m_pictureThread(m_pictureStore),
-      m_server(terms,
-               [this](const Request& request, HttpServer::Reply reply) { Handle(request, reply); }),
+      m_server(terms, [this](const Request& request,
+                             const HttpServer::Reply& reply) { Handle(request, reply); }),
       m_events(m_thread)
 {
     connect(&m_count, &QTimer::timeout, this, [this] { CountSoFar(); });

@@ -23,7 +23,7 @@ void LiveStream::End()
 
 QByteArray LiveStream::Take(qsizetype most)
 {
-    const QByteArray taken = m_waiting.left(most);
+    QByteArray taken = m_waiting.left(most);
     m_waiting.remove(0, taken.size());
     return taken;
 }

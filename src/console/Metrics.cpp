@@ -19,7 +19,7 @@ constexpr double MillisecondsOfSecond = 1000;
 
 QString Known(std::vector<QString>& known, const QString& name, std::size_t most)
 {
-    const QString cut = name.left(LongestName);
+    QString cut = name.left(LongestName);
     if (std::find(known.begin(), known.end(), cut) != known.end())
         return cut;
     if (known.size() >= most)

@@ -50,7 +50,7 @@ frmTakePhoto::frmTakePhoto(Session& session, QWidget* parent)
     row->addLayout(MakePicture(), 1);
     row->addLayout(MakeSide());
     connect(m_picture, &DesktopPhotoView::FrameChanged, this, &frmTakePhoto::ShowPart);
-    connect(m_picture, &DesktopPhotoView::Taken, this, &frmTakePhoto::Accept);
+    connect(m_picture, &DesktopPhotoView::Taken, this, &frmTakePhoto::UsePart);
     if (session.RawPicture.HasHandle())
         ShowPicture(session.RawPicture);
     ShowPart();
@@ -105,7 +105,7 @@ QLayout* frmTakePhoto::MakeSide()
     auto* in = MakeButton("cmdZPlus", QStringLiteral("+"), &frmTakePhoto::Reduce);
     in->setAccessibleName(QStringLiteral("Smaller frame"));
     in->setToolTip(QStringLiteral("Smaller frame: nearer"));
-    m_use = MakeButton("cmdUse", QStringLiteral("&Use This Part"), &frmTakePhoto::Accept);
+    m_use = MakeButton("cmdUse", QStringLiteral("&Use This Part"), &frmTakePhoto::UsePart);
     m_use->setDefault(true);
     auto* zoom = new QHBoxLayout;
     zoom->addWidget(out);
@@ -217,7 +217,7 @@ void frmTakePhoto::ShowPart()
     m_dots->setText(DotsText(DotsOnCard(part.size(), m_box)));
 }
 
-void frmTakePhoto::Accept()
+void frmTakePhoto::UsePart()
 {
     const PhotoFrame& frame = m_picture->Frame();
     if (frame.IsEmpty())

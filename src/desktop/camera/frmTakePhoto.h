@@ -35,7 +35,7 @@ private:
     void ChooseFolder();
     void Enlarge();
     void Reduce();
-    void Accept();
+    void UsePart();
     void ShowPicture(const Picture& picture);
     void ShowPart();
     /// Shows why there is no picture, to the eye and to screen readers; an empty text hides it.

@@ -101,7 +101,7 @@ QString DesktopPictureDialog::Ask(QWidget& window, const QString& folder)
     BelongTo(dialog, WindowInUse());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
-    const QString chosen = dialog.selectedFiles().constFirst();
+    QString chosen = dialog.selectedFiles().constFirst();
     CaptureSettings()->setValue(FolderKey, QFileInfo(chosen).absolutePath());
     return chosen;
 }

@@ -1,6 +1,7 @@
 #include "desktop/controls/DesktopToolTip.h"
 #include "desktop/controls/DesktopControls.h"
 #include <QHelpEvent>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace vantrel {

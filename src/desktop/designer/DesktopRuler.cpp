@@ -116,7 +116,8 @@ void DesktopRuler::PaintScale(QPainter& painter) const
         if (within != 0)
             continue;
         painter.setPen(ink);
-        const double twips = static_cast<double>(number / scale.Parts) * scale.Step;
+        const qint64 steps = number / scale.Parts;
+        const double twips = static_cast<double>(steps) * scale.Step;
         PaintNumber(painter, at, LengthText(twips, m_view.Unit));
     }
 }

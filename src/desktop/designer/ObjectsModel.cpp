@@ -5,7 +5,6 @@
 #include "station/session/Session.h"
 #include <algorithm>
 #include <array>
-#include <ranges>
 
 namespace vantrel {
 
@@ -100,10 +99,11 @@ QVariant ObjectsModel::headerData(int section, Qt::Orientation orientation, int 
 void ObjectsModel::Follow()
 {
     std::vector<Key> rows;
-    for (const auto& object : m_session.Document.Objects() | std::views::reverse) {
+    const auto& objects = m_session.Document.Objects();
+    std::for_each(objects.rbegin(), objects.rend(), [&](const auto& object) {
         if (object->IsContent() && object->Index() > 0)
             rows.emplace_back(object->Family(), object->Index());
-    }
+    });
     if (rows != m_rows) {
         beginResetModel();
         m_rows = std::move(rows);

@@ -345,15 +345,12 @@ void frmDocument::keyPressEvent(QKeyEvent* event)
 {
     const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!HasTools()) {
-        QMdiSubWindow::keyPressEvent(event);
-    } else if (isEnter && held == Qt::NoModifier && !IsDragging()) {
+    if (HasTools() && isEnter && held == Qt::NoModifier && !IsDragging())
         EditText();
-    } else if (!MoveByKey(*event) && !ScrollByKey(event->key(), held)) {
-        QMdiSubWindow::keyPressEvent(event);
-    } else {
+    else if (HasTools() && (MoveByKey(*event) || ScrollByKey(event->key(), held)))
         event->accept();
-    }
+    else
+        QMdiSubWindow::keyPressEvent(event);
 }
 
 void frmDocument::Snap(Qt::KeyboardModifiers held)
