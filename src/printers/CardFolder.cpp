@@ -58,7 +58,7 @@ QString CardFolder::Put(UnnamedFile& file)
 
 QString CardFolder::PutAs(qint64 number, UnnamedFile& file) const
 {
-    const QString name = FileNameOf(number);
+    QString name = FileNameOf(number);
     if (!file.PutInPlace(PathOf(name)))
         throw Failure(FailureNumber::PrinterError,
                       QStringLiteral("Printer error: there is a file %1 already").arg(name));

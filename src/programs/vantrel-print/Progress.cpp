@@ -1,6 +1,7 @@
 #include "Progress.h"
 #include "base/HarmlessText.h"
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -17,7 +18,7 @@ QString TimeText(double seconds)
 {
     constexpr qint64 minute = 60;
     constexpr qint64 most = 1000 * minute * minute;
-    const auto whole = std::min(static_cast<qint64>(std::min(seconds, 1e12) + 0.5), most);
+    const auto whole = std::min<qint64>(std::llround(std::min(seconds, 1e12)), most);
     const QChar zero(u'0');
     const qint64 hours = whole / (minute * minute);
     const QString minutes = QString::number(whole / minute % minute);

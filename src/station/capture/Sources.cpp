@@ -53,7 +53,7 @@ QString TakeCharacters(Session& session, int index, const QString& peer)
 
 QString TakeSerialCharacters(Session& session)
 {
-    const QString characters = session.Comm.Input();
+    QString characters = session.Comm.Input();
     if (session.Comm.TakeStrayNotice())
         WarnOfStrayBytes(SerialName(session.Comm));
     return characters;
