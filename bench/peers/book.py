@@ -8,7 +8,7 @@ BACKGROUND = (0, 0, 153, 243)
 PHOTO = (10, 10, 54, 72)
 
 
-def run(make_book, make_files=None):
+def run(make_book, make_files):
     """Makes one file, or where its name is that of a folder, a file for each card in it by make_files.
 
     Arguments: PICTURES-FOLDER FILE.pdf|FOLDER CARDS.

@@ -3,8 +3,8 @@
 
 import cairo
 from book import BACKGROUND, PHOTO, file_of, run
-from card import PAGE, texts
-from with_pycairo import size_of_jpeg
+from card import PAGE
+from with_pycairo import show_texts, size_of_jpeg
 
 
 def picture_of(path):
@@ -30,15 +30,7 @@ def paint(context, picture, box):
 def paint_card(context, shared, photo, card, faces):
     paint(context, shared, BACKGROUND)
     paint(context, picture_of(photo), PHOTO)
-    context.set_source_rgb(0, 0, 0)
-    for text, font, left, top in texts(card):
-        if font not in faces:
-            weight = cairo.FONT_WEIGHT_BOLD if font[2] else cairo.FONT_WEIGHT_NORMAL
-            faces[font] = cairo.ToyFontFace(font[0], cairo.FONT_SLANT_NORMAL, weight)
-        context.set_font_face(faces[font])
-        context.set_font_size(font[1])
-        context.move_to(left, top + context.font_extents()[0])
-        context.show_text(text)
+    show_texts(context, card, faces)
 
 
 def make_book(path, background, photos):

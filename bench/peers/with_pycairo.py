@@ -29,18 +29,22 @@ def make_card(pictures_folder):
             context.set_source_surface(picture)
             context.paint()
             context.restore()
-        context.set_source_rgb(0, 0, 0)
-        for text, font, left, top in texts(card):
-            if font not in faces:
-                weight = cairo.FONT_WEIGHT_BOLD if font[2] else cairo.FONT_WEIGHT_NORMAL
-                faces[font] = cairo.ToyFontFace(font[0], cairo.FONT_SLANT_NORMAL, weight)
-            context.set_font_face(faces[font])
-            context.set_font_size(font[1])
-            context.move_to(left, top + context.font_extents()[0])
-            context.show_text(text)
+        show_texts(context, card, faces)
         surface.finish()
 
     return draw
+
+
+def show_texts(context, card, faces):
+    context.set_source_rgb(0, 0, 0)
+    for text, font, left, top in texts(card):
+        if font not in faces:
+            weight = cairo.FONT_WEIGHT_BOLD if font[2] else cairo.FONT_WEIGHT_NORMAL
+            faces[font] = cairo.ToyFontFace(font[0], cairo.FONT_SLANT_NORMAL, weight)
+        context.set_font_face(faces[font])
+        context.set_font_size(font[1])
+        context.move_to(left, top + context.font_extents()[0])
+        context.show_text(text)
 
 
 def size_of_jpeg(jpeg):
