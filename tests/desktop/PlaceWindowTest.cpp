@@ -94,6 +94,14 @@ TEST_F(PlaceWindow, TakesATypedLengthWhenItsFieldIsLeft)
     EXPECT_EQ(Box("txtWidth").text(), QStringLiteral("11.99"));
 }
 
+TEST_F(PlaceWindow, TakesNothingOfAFieldThatGoesWithTheWindow)
+{
+    Type("txtLeft", "10");
+    ASSERT_TRUE(Box("txtLeft").hasFocus());
+    delete Window.data();
+    EXPECT_EQ(Text().Left, 400);
+}
+
 TEST_F(PlaceWindow, TellsAboutBadInputAndKeepsTheOldValue)
 {
     Type("txtLeft", "wide");
