@@ -90,10 +90,10 @@ void EmptyFiles(StoreDatabase& database)
     if (database.EmptyFiles(LedgerTables()))
         return;
     throw Failure(FailureNumber::StoreBusy,
-                  QStringLiteral("The entries are removed, but copies may be left in the files of "
-                                 "the layout database: another program is reading it, or it is on "
-                                 "a server and its tables belong to another user. Purge once more "
-                                 "when that program has ended, or as that user."));
+                  QStringLiteral("What was old enough is removed, but copies may be left in the "
+                                 "files of the layout database: another program is reading it, or "
+                                 "it is on a server and its tables belong to another user. Purge "
+                                 "once more when that program has ended, or as that user."));
 }
 
 } // namespace

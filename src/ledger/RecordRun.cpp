@@ -17,39 +17,37 @@ bool IsHandedOver(LedgerState state)
 
 } // namespace
 
-void RecordRun::Judge()
+RecordRun::Outcome RecordRun::OutcomeOfCards() const
 {
     const auto& cards = Entry.Cards;
     const auto find = [&](LedgerState state) {
         return std::find_if(cards.begin(), cards.end(),
                             [&](const LedgerCard& card) { return card.State == state; });
     };
-    LedgerState state = Entry.State;
-    QString reason;
-    if (!IsSettled() || (cards.empty() && !Entry.Pool.isEmpty())) {
-        state = cards.empty() ? LedgerState::Received : LedgerState::Printing;
-    } else if (cards.empty()) {
-        state = LedgerState::Failed;
-        reason = WhyNoCard;
-    } else if (const auto failed = find(LedgerState::Failed); failed != cards.end()) {
-        state = LedgerState::Failed;
-        reason = failed->Reason;
-    } else if (find(LedgerState::Doubtful) != cards.end()) {
-        state = LedgerState::Doubtful;
-    } else {
-        const bool done = std::all_of(cards.begin(), cards.end(), [](const LedgerCard& card) {
-            return card.State == LedgerState::Done;
-        });
-        state = done ? LedgerState::Done : LedgerState::Printed;
-        const auto remarked = std::find_if(cards.begin(), cards.end(), [](const LedgerCard& card) {
-            return !card.Reason.isEmpty();
-        });
-        reason = remarked == cards.end() ? QString() : remarked->Reason;
-    }
-    if (state == Entry.State && reason == Entry.Reason)
+    if (!IsSettled() || (cards.empty() && !Entry.Pool.isEmpty()))
+        return {cards.empty() ? LedgerState::Received : LedgerState::Printing, QString()};
+    if (cards.empty())
+        return {LedgerState::Failed, WhyNoCard};
+    if (const auto failed = find(LedgerState::Failed); failed != cards.end())
+        return {LedgerState::Failed, failed->Reason};
+    if (find(LedgerState::Doubtful) != cards.end())
+        return {LedgerState::Doubtful, QString()};
+    const bool done = std::all_of(cards.begin(), cards.end(), [](const LedgerCard& card) {
+        return card.State == LedgerState::Done;
+    });
+    const auto remarked = std::find_if(
+        cards.begin(), cards.end(), [](const LedgerCard& card) { return !card.Reason.isEmpty(); });
+    return {done ? LedgerState::Done : LedgerState::Printed,
+            remarked == cards.end() ? QString() : remarked->Reason};
+}
+
+void RecordRun::Judge()
+{
+    const Outcome outcome = OutcomeOfCards();
+    if (outcome.State == Entry.State && outcome.Reason == Entry.Reason)
         return;
-    Entry.State = state;
-    Entry.Reason = reason;
+    Entry.State = outcome.State;
+    Entry.Reason = outcome.Reason;
     m_entryRow.Dirty = true;
 }
 

@@ -54,7 +54,16 @@ public:
 private:
     friend class RecordLedger;
 
+    /// What a record has come to, and why.
+    struct Outcome
+    {
+        LedgerState State;
+        QString Reason;
+    };
+
     /// The state and reason that follow from the cards.
+    Outcome OutcomeOfCards() const;
+    /// Gives the entry the state and reason that follow from its cards.
     void Judge();
     /// Whether it may be written: before its values are known, an entry would be one without
     /// values for ever, and from a pool it may be taken at once.

@@ -42,12 +42,15 @@ struct SockArray::Private
 {
     explicit Private(SockArray& array) : Array(array), Listener(&array) {}
 
-    Line*& At(int index)
+    /// The place of an element in `Lines`.
+    std::size_t PlaceOf(int index) const
     {
         if (index < 1 || index > static_cast<int>(Lines.size()))
             throw Failure(FailureNumber::SubscriptOutOfRange, QStringLiteral("No such socket"));
-        return Lines[static_cast<std::size_t>(index - 1)];
+        return static_cast<std::size_t>(index - 1);
     }
+
+    Line*& At(int index) { return Lines[PlaceOf(index)]; }
 
     Line& Connected(int index)
     {
@@ -61,6 +64,7 @@ struct SockArray::Private
     void Serve(Line& line);
     void ServeWaiting();
     void Drop(Line& line);
+    void CloseLine(std::size_t place);
 
     SockArray& Array;
     SockServer Listener;
@@ -148,6 +152,15 @@ void SockArray::Private::Drop(Line& line)
         line.deleteLater();
 }
 
+// Whoever hears of the closing may create or close elements.
+void SockArray::Private::CloseLine(std::size_t place)
+{
+    if (Lines[place] != nullptr)
+        Q_EMIT Array.Closing(static_cast<int>(place) + 1);
+    if (Line* line = std::exchange(Lines[place], nullptr))
+        Drop(*line);
+}
+
 SockArray::SockArray(QObject* parent) : QObject(parent), m_d(std::make_unique<Private>(*this))
 {
     m_d->Listener.OnRequest = [this](qintptr descriptor, const PeerPlace& peer) {
@@ -157,8 +170,9 @@ SockArray::SockArray(QObject* parent) : QObject(parent), m_d(std::make_unique<Pr
 
 SockArray::~SockArray()
 {
-    for (int index = 0; index <= HighestIndex(); ++index)
-        Close(index);
+    m_d->Listener.Close();
+    for (std::size_t place = 0; place < m_d->Lines.size(); ++place)
+        m_d->CloseLine(place);
 }
 
 int SockArray::HighestIndex() const
@@ -285,14 +299,10 @@ std::shared_ptr<AnswerLine> SockArray::Answers(int index)
 
 void SockArray::Close(int index)
 {
-    if (index == 0) {
+    if (index == 0)
         m_d->Listener.Close();
-        return;
-    }
-    if (m_d->At(index) != nullptr)
-        Q_EMIT Closing(index);
-    if (Line* line = std::exchange(m_d->At(index), nullptr))
-        m_d->Drop(*line);
+    else
+        m_d->CloseLine(m_d->PlaceOf(index));
 }
 
 QString SockArray::RemoteHostIP(int index) const

@@ -34,6 +34,7 @@ void Connection::Private::ReadAtOnce(const QStringList& statements)
         });
     }
     std::vector<StoreDatabase::KnownRows> known;
+    known.reserve(wanted.size());
     for (const auto& [statement, result] : wanted)
         known.push_back({result.Shape.get(), result.Rows.get()});
     std::vector<std::optional<CursorRows>> changed = database.ReadChanged(known);

@@ -82,6 +82,7 @@ TEST(FreePlace, IsFoundAmongVeryManyObjectsAndAnywhere)
     std::mt19937 random(7);
     std::uniform_real_distribution<double> anywhere(-1e9, 1e9);
     std::vector<QRectF> taken;
+    taken.reserve(400000);
     for (int count = 0; count < 200000; ++count)
         taken.emplace_back(anywhere(random), anywhere(random), 500, 500);
     for (int count = 0; count < 200000; ++count)

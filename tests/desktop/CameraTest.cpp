@@ -244,7 +244,7 @@ TEST(CameraDialog, SaysThatThereIsNoCameraAndHowToNameAFolder)
         station.Open();
         const auto& line = station.On<QLabel>("lblNoCamera");
         EXPECT_EQ(line.textFormat(), Qt::PlainText);
-        const QString shown = line.isVisible() ? line.text() : QString();
+        QString shown = line.isVisible() ? line.text() : QString();
         station.Click("cmdClose");
         EXPECT_TRUE(EventsUntil([&] { return station.Dialog.isNull(); }));
         return shown;

@@ -49,7 +49,7 @@ QPoint Designer::Grip(int index) const
 QString Designer::TakePopUp()
 {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    const QString name = menu == nullptr ? QString() : menu->objectName();
+    QString name = menu == nullptr ? QString() : menu->objectName();
     if (menu != nullptr)
         menu->close();
     return name;

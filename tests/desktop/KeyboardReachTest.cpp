@@ -97,7 +97,7 @@ TEST_P(KeyboardReach, TabFollowsTheReadingOrder)
         QList<QWidget*> round = TabRound(window);
         std::string wrong = ReadWrongly(round, window);
         for (qsizetype turn = 1; turn < round.size() && !wrong.empty(); ++turn) {
-            std::ranges::rotate(round, round.begin() + 1);
+            std::rotate(round.begin(), round.begin() + 1, round.end());
             wrong =
                 std::min(wrong, ReadWrongly(round, window),
                          [](const auto& one, const auto& two) { return one.size() < two.size(); });

@@ -12,6 +12,7 @@ constexpr double LeastOfText = 4.5;
 std::vector<RecordPart> AllParts()
 {
     std::vector<RecordPart> parts;
+    parts.reserve(RecordPartCount);
     for (int number = 0; number < RecordPartCount; ++number)
         parts.push_back(static_cast<RecordPart>(number));
     return parts;

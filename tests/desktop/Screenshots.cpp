@@ -251,11 +251,16 @@ int main(int argc, char** argv)
         std::fputs("usage: screenshots FOLDER\n", stderr);
         return 2;
     }
-    const QDir folder(QString::fromLocal8Bit(argv[1]));
-    vantrel::test::TakeMainWindow(folder);
-    vantrel::test::TakeDesigner(folder);
-    vantrel::test::TakeWizard(folder);
-    vantrel::test::TakePictures(folder);
-    vantrel::test::TakePictureDialog(folder);
-    return 0;
+    try {
+        const QDir folder(QString::fromLocal8Bit(argv[1]));
+        vantrel::test::TakeMainWindow(folder);
+        vantrel::test::TakeDesigner(folder);
+        vantrel::test::TakeWizard(folder);
+        vantrel::test::TakePictures(folder);
+        vantrel::test::TakePictureDialog(folder);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "screenshots: %s\n", failure.what());
+        return 1;
+    }
 }

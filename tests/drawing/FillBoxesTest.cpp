@@ -41,6 +41,7 @@ TEST_F(FillBoxes, NoSeamShowsBetweenBoxesThatTouch)
 {
     const auto [paper, screen] = PaperAndScreen([](PageCanvas& page) {
         std::vector<FilledBox> rows;
+        rows.reserve(50);
         for (int row = 0; row < 50; ++row)
             rows.push_back({.X = 203, .Y = 301 + row * 13.7, .Width = 900, .Height = 13.7});
         page.FillBoxes(rows, ColorBlack);

@@ -211,6 +211,7 @@ TEST_F(LedgerPool, GivesNoEntryTwiceToMembersThatAskAtTheSameMoment)
         AddWaiting(QString::number(i));
     std::array<std::vector<qlonglong>, members> claimed;
     std::vector<std::thread> threads;
+    threads.reserve(members);
     std::atomic<int> failures = 0;
     for (int member = 0; member < members; ++member)
         threads.emplace_back([&, member] {

@@ -130,6 +130,7 @@ TEST_F(SocketLimits, HostsLeaveDescriptorsToTheStation)
         EXPECT_GT(Sock.HighestIndex(), 0);
         EXPECT_LE(Sock.HighestIndex() + many, static_cast<int>(limit) - kept);
         std::vector<int> files;
+        files.reserve(kept);
         for (int count = 0; count < kept; ++count)
             files.push_back(::open("/dev/null", O_RDONLY | O_CLOEXEC));
         for (const int file : files) {

@@ -74,8 +74,8 @@ protected:
     QString PageOfCard()
     {
         CupsPrinter printer(Queue);
-        const QString told = QStringLiteral("%1 x %2").arg(QString::number(printer.Width() / 20),
-                                                           QString::number(printer.Height() / 20));
+        QString told = QStringLiteral("%1 x %2").arg(QString::number(printer.Width() / 20),
+                                                     QString::number(printer.Height() / 20));
         printer.Print(QStringLiteral("card"));
         printer.EndDoc();
         const auto jobs = Cups.WaitForJobs(++m_cards);

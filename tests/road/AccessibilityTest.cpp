@@ -108,7 +108,7 @@ protected:
 /// What a screen reader says of a control before its state.
 QString SpokenName(const Seen& seen, const QString& role)
 {
-    const QString label = seen.LabelName();
+    QString label = seen.LabelName();
     if (!label.isEmpty())
         return label;
     // The name of a combo box is what is chosen in it.

@@ -49,7 +49,7 @@ void PutBytes(QByteArray& content, std::uint64_t offset, QByteArrayView bytes)
 
 } // namespace
 
-DiskHistory::DiskHistory(QString folder) : m_folder(QDir::cleanPath(folder))
+DiskHistory::DiskHistory(const QString& folder) : m_folder(QDir::cleanPath(folder))
 {
     ReadFolder(m_folder);
     QDirIterator below(m_folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
@@ -97,7 +97,7 @@ void DiskHistory::Read(const QString& recordFile)
     const QByteArray record = BytesOf(recordFile);
     qsizetype place = 0;
     const auto take = [&](std::uint32_t bytes) {
-        const QByteArray part = record.mid(place, bytes);
+        QByteArray part = record.mid(place, bytes);
         EXPECT_EQ(part.size(), bytes);
         place += bytes;
         return part;

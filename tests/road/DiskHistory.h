@@ -16,7 +16,7 @@ class DiskHistory
 {
 public:
     /// Reads the folder, all of which is on the disk. Called before the program starts.
-    explicit DiskHistory(QString folder);
+    explicit DiskHistory(const QString& folder);
     /// Reads what the program did. Called when it has ended.
     void Read(const QString& recordFile);
 

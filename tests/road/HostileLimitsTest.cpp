@@ -86,7 +86,7 @@ protected:
 
 TEST_F(HostileQuestion, AFloodOfRecordsWaitsWhileItIsOpenAndEndsNoStation)
 {
-    constexpr int records = 300;
+    constexpr qsizetype records = 300;
     for (int count = 1; count <= records; ++count)
         SendRecord(m_port, "<Anna+" + QByteArray::number(count) + ">");
     EXPECT_TRUE(m_station->IsRunning());

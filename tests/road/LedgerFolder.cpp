@@ -35,7 +35,7 @@ QString AskingHost::Answer()
 {
     EXPECT_TRUE(EventsUntil([&] { return HasAnswer(); }));
     const qsizetype end = m_received.indexOf('\n');
-    const QString answer = QString::fromLatin1(m_received.left(end)).trimmed();
+    QString answer = QString::fromLatin1(m_received.left(end)).trimmed();
     m_received.remove(0, end + 1);
     return answer;
 }

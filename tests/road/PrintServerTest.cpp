@@ -73,12 +73,12 @@ TEST_F(PrintServer, AServerThatEndsCostsTheCardsUntilItIsBack)
 
 TEST_F(PrintServer, AServerKilledAtAnyMomentHarmsNoStation)
 {
-    constexpr int kills = 5;
-    for (int kill = 0; kill < kills; ++kill) {
+    constexpr unsigned long kills = 5;
+    for (unsigned long kill = 0; kill < kills; ++kill) {
         // The kill falls somewhere into the cards of these.
         for (int record = 0; record < 10; ++record)
             SendRecord(m_port, "<Anna+7>");
-        QThread::msleep(static_cast<unsigned long>(10 + 7 * kill));
+        QThread::msleep(10 + 7 * kill);
         Cups.Kill();
         SendRecords(1);
         Cups.Start();

@@ -109,7 +109,8 @@ void ObjectsModel::Follow()
         m_rows = std::move(rows);
         endResetModel();
     } else if (!m_rows.empty()) {
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ObjectColumnCount - 1));
+        Q_EMIT dataChanged(index(0, 0),
+                           index(static_cast<int>(m_rows.size()) - 1, ObjectColumnCount - 1));
     }
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, ObjectColumnCount - 1);
 }

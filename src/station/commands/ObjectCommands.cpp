@@ -267,9 +267,9 @@ void AdjustText(Session& session)
     AskForSelected(
         session,
         [&](const CardObject& object) {
-            const QString present = object.Caption();
             return TextIfAny(session.Operator.InputBox(
-                QStringLiteral("Please enter the text you wish to display"), QString(), present));
+                QStringLiteral("Please enter the text you wish to display"), QString(),
+                QString(object.Caption())));
         },
         [](CardObject& object, const QString& text) { object.SetCaption(text); });
 }
@@ -297,10 +297,7 @@ void AdjustFont(Session& session)
     Skip("adjust font", [&] {
         AskForSelected(
             session,
-            [&](const CardObject& object) {
-                const Font present = object.Font();
-                return session.Operator.AskFont(present);
-            },
+            [&](const CardObject& object) { return session.Operator.AskFont(Font(object.Font())); },
             [](CardObject& object, const Font& font) { object.SetFont(font); });
     });
 }

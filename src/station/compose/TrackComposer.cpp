@@ -6,6 +6,8 @@
 #include "station/session/Operator.h"
 #include "station/session/Session.h"
 #include <QStringList>
+#include <algorithm>
+#include <iterator>
 
 namespace vantrel {
 
@@ -38,8 +40,8 @@ std::size_t TrackComposer::IndexOf(int track)
 
 TrackComposer::TrackComposer(Session& session) : m_session(session)
 {
-    for (std::size_t row = 0; row < m_rows.size(); ++row)
-        m_rows[row] = ReadTrackElements(session.CurrentParams.*TrackTexts[row]);
+    std::transform(std::begin(TrackTexts), std::end(TrackTexts), m_rows.begin(),
+                   [&](auto text) { return ReadTrackElements(session.CurrentParams.*text); });
 }
 
 bool TrackComposer::HasLayout() const

@@ -107,7 +107,7 @@ QImage PhotoFrame::PartOf(const QImage& image, QSizeF box) const
                       static_cast<int>(std::floor(m_frame.top() + 0.5)));
     const QSize size(std::max(1, static_cast<int>(std::lround(m_frame.width()))),
                      std::max(1, static_cast<int>(std::lround(m_frame.height()))));
-    const QImage part = image.copy(QRect(from, size).intersected(image.rect()));
+    QImage part = image.copy(QRect(from, size).intersected(image.rect()));
     if (box.isEmpty())
         return part;
     const QSize finest(static_cast<int>(std::lround(PixelsOfTwips(box.width(), FinestDots))),

@@ -142,7 +142,7 @@ void LoadExtras(Connection& store, const PageKey& page, CardDocument& document)
     rows.Open(ExtrasOfPage(page.LayoutName, page.Page));
     std::vector<ColumnReader> readers;
     for (; !rows.IsEof(); rows.MoveNext()) {
-        readers.push_back(
+        readers.emplace_back(
             [columns = rows.Columns(), values = rows.Values()](const QString& column) {
                 return values.value(columns.indexOf(column));
             });

@@ -124,7 +124,7 @@ PageDescription DescribePage(Connection& layoutDb, const QString& layoutName, st
                                     [&](const auto& one) { return one.first == rows; });
     if (known != described.end())
         return known->second;
-    const PageDescription description = Describe(rows);
+    PageDescription description = Describe(rows);
     described.emplace_front(std::move(rows), description);
     if (described.size() > PagesKept)
         described.pop_back();

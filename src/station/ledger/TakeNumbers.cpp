@@ -17,7 +17,7 @@ namespace {
 QString Raise(Recordset& row)
 {
     const double number = StoredNumber(row);
-    const QString before = NumberText(number);
+    QString before = NumberText(number);
     const QString raised = NumberText(number + 1);
     if (raised == before)
         throw Failure(FailureNumber::Overflow,

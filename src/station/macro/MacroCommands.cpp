@@ -29,7 +29,7 @@ QString AskForName(Session& session, const QString& prompt, const QString& title
                    const std::function<void(const QString& name)>& take)
 {
     for (;;) {
-        const QString name = session.Operator.InputBox(prompt, title, present).trimmed();
+        QString name = session.Operator.InputBox(prompt, title, present).trimmed();
         if (name.isEmpty())
             return {};
         if (IsDone(session, title, [&] { take(name); }))
@@ -71,7 +71,7 @@ QString MakeMacro(Session& session)
 
 QString RenameMacroOf(Session& session, const QString& name)
 {
-    const QString newName =
+    QString newName =
         AskForName(session, QStringLiteral("New name of the macro"), QStringLiteral("Rename Macro"),
                    name, [&](const QString& asked) { RenameMacro(session.LayoutDb, name, asked); });
     if (!newName.isEmpty() && session.Settings.ActiveMacro == name)

@@ -69,8 +69,7 @@ QVariant AsStored(const QVariant& value, const QByteArray& type)
         return value;
     if (type == "TEXT")
         return InTextColumn(value);
-    const QVariant number =
-        value.typeId() == QMetaType::QString ? NumberOf(value.toString()) : value;
+    QVariant number = value.typeId() == QMetaType::QString ? NumberOf(value.toString()) : value;
     if (number.typeId() == QMetaType::QString)
         return number;
     if (type == "REAL")

@@ -425,6 +425,7 @@ std::vector<PostgresResult> PostgresConnection::RunAll(const std::vector<Step>& 
     const std::vector<Step> opening = std::exchange(m_opening, {});
     Ready();
     std::vector<const Step*> all;
+    all.reserve(opening.size() + steps.size());
     for (const Step& step : opening)
         all.push_back(&step);
     for (const Step& step : steps)

@@ -75,6 +75,7 @@ std::vector<StoreDatabase::KnownRows> Chosen(const std::vector<StoreDatabase::Kn
                                              const std::vector<std::size_t>& places)
 {
     std::vector<StoreDatabase::KnownRows> chosen;
+    chosen.reserve(places.size());
     for (const std::size_t place : places)
         chosen.push_back(known[place]);
     return chosen;
@@ -311,6 +312,7 @@ void PostgresDatabase::InsertRows(const QString& table, const QStringList& colum
                                   const std::vector<QVariantList>& rows)
 {
     std::vector<Step> steps;
+    steps.reserve(rows.size());
     for (const QVariantList& values : rows)
         steps.push_back(InsertStep(table, columns, values, nullptr));
     Locked(StoreLock::OfStore(), [&] { return m_connection.RunAll(steps).size(); });

@@ -47,7 +47,7 @@ QByteArray PreparedStatements::NameToPrepare(const QByteArray& sql,
 {
     if (m_isForbidden || sql.size() < ShortestPrepared || m_known.size() >= MostKnown)
         return {};
-    const QByteArray name = Name(sql, parameters);
+    QByteArray name = Name(sql, parameters);
     if (m_known.contains(name))
         return {};
     if (m_seen.remove(name))
