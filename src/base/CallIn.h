@@ -2,6 +2,7 @@
 
 #include <QMetaObject>
 #include <QObject>
+#include <QThread>
 #include <utility>
 #ifdef __SANITIZE_THREAD__
 #include <mutex>
@@ -10,8 +11,8 @@
 namespace vantrel {
 
 #ifdef __SANITIZE_THREAD__
-/// Qt is built without the sanitizer, which does not see how its event loops wait for each other.
-/// It sees this lock, which is held while a call is handed over.
+/// Qt is built without the sanitizer, which does not see how its threads wait for each other. It
+/// sees this lock, which is held while a call is handed over and when a thread ends.
 inline std::mutex HandingOver;
 #endif
 
@@ -31,6 +32,21 @@ void CallIn(QObject* object, Work&& work)
     QMetaObject::invokeMethod(object, call, Qt::QueuedConnection);
 #else
     QMetaObject::invokeMethod(object, std::forward<Work>(work), Qt::QueuedConnection);
+#endif
+}
+
+/// Lets the event loop of a thread end after the call in hand, and waits until the thread has
+/// ended. Calls that wait behind it do not run.
+inline void EndThread(QThread& thread)
+{
+#ifdef __SANITIZE_THREAD__
+    const auto end = [] { const std::lock_guard ending(HandingOver); };
+    QObject::connect(&thread, &QThread::finished, &thread, end, Qt::DirectConnection);
+#endif
+    thread.quit();
+    thread.wait();
+#ifdef __SANITIZE_THREAD__
+    const std::lock_guard ended(HandingOver);
 #endif
 }
 

@@ -38,18 +38,16 @@ Answer AnswerOf(const StoreThread::Work& work, ConsoleStore& store)
 
 } // namespace
 
-StoreThread::StoreThread(ConsoleStore& store) : m_store(store), m_worker(new QObject)
+StoreThread::StoreThread(ConsoleStore& store) : m_store(store)
 {
-    m_worker->moveToThread(&m_thread);
-    connect(&m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
+    m_worker.moveToThread(&m_thread);
     m_thread.start();
 }
 
 StoreThread::~StoreThread()
 {
     m_ends = true;
-    m_thread.quit();
-    m_thread.wait();
+    EndThread(m_thread);
 }
 
 void StoreThread::Ask(Work work, std::function<void(Answer)> done)
@@ -68,7 +66,7 @@ void StoreThread::Ask(Work work, std::function<void(Answer)> done)
         };
         CallIn(this, tell);
     };
-    CallIn(m_worker, run);
+    CallIn(&m_worker, run);
 }
 
 void StoreThread::Do(std::function<void(ConsoleStore&)> work)
@@ -77,7 +75,7 @@ void StoreThread::Do(std::function<void(ConsoleStore&)> work)
         if (!m_ends)
             work(m_store);
     };
-    CallIn(m_worker, run);
+    CallIn(&m_worker, run);
 }
 
 } // namespace vantrel::console

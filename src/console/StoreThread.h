@@ -31,8 +31,8 @@ public:
 private:
     ConsoleStore& m_store;
     QThread m_thread;
-    /// Lives in the thread.
-    QObject* m_worker;
+    /// Lives in the thread until that has ended.
+    QObject m_worker;
     int m_waiting = 0;
     std::atomic<bool> m_ends = false;
 };

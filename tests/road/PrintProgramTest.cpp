@@ -162,7 +162,7 @@ TEST_F(PrintProgram, ARowThatFailsIsToldAndTheOthersPrint)
 TEST_F(PrintProgram, AValueOf100MegabytesIsRefusedWithItsLine)
 {
     QByteArray rows = "Ada,Gold\nx,\"";
-    rows += QByteArray(100 * 1024 * 1024, 'v') + "\"\nBea,Blue\n";
+    rows += QByteArray(qsizetype{100} * 1024 * 1024, 'v') + "\"\nBea,Blue\n";
     const Outcome outcome = Folder.Run({Folder.Write(QStringLiteral("long.csv"), rows)});
     EXPECT_EQ(outcome.Code, 1);
     ASSERT_EQ(outcome.Errors.size(), 1);

@@ -111,6 +111,7 @@ TEST_F(ServerPoolerRoad, StartedAnewAgainAndAgainItLosesNoNumberAndLetsNoRecordP
     SCOPED_TRACE(Seed);
     constexpr int restarts = 5;
     std::mt19937 random(Seed);
+    std::uniform_int_distribution<qint64> away(0, 999);
     const int port = Folder.WithCapture();
     const auto station = Start(1);
     ASSERT_TRUE(station->WaitUntilItListens(port));
@@ -119,7 +120,7 @@ TEST_F(ServerPoolerRoad, StartedAnewAgainAndAgainItLosesNoNumberAndLetsNoRecordP
         const std::size_t answers = host.Answers().size() + 5 + random() % 20;
         ASSERT_TRUE(host.GoOnUntil([&] { return host.Answers().size() >= answers; }));
         Pooler.Kill();
-        host.GoOnFor(random() % 1000);
+        host.GoOnFor(away(random));
         Pooler.Start();
     }
     host.BeginNothingNew();

@@ -23,6 +23,7 @@ TEST(ServerRestarts, LoseNoNumberAndPrintNoRecordTwice)
     const unsigned seed = std::random_device()();
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
+    std::uniform_int_distribution<qint64> away(0, 1499);
     PrivatePostgres server(PrivatePostgres::Commits::Durable);
     const QString address = server.NewDatabase();
     LedgerFolder folder;
@@ -37,7 +38,7 @@ TEST(ServerRestarts, LoseNoNumberAndPrintNoRecordTwice)
         const std::size_t answers = host.Answers().size() + 5 + random() % 20;
         ASSERT_TRUE(host.GoOnUntil([&] { return host.Answers().size() >= answers; }));
         server.Kill();
-        host.GoOnFor(random() % 1500);
+        host.GoOnFor(away(random));
         server.Start();
     }
     host.BeginNothingNew();

@@ -1,5 +1,6 @@
 #include "service/Journal.h"
 #include <QByteArray>
+#include <QString>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>

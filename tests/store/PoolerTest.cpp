@@ -50,6 +50,7 @@ TEST_F(ServerPooler, GivesEachNumberOnceToMoreStationsThanItHasConnections)
                                           {QStringLiteral("0")}, nullptr);
     std::vector<std::vector<int>> taken(stations);
     std::vector<std::thread> threads;
+    threads.reserve(stations);
     for (std::vector<int>& own : taken)
         threads.emplace_back([&] {
             Connection store;
@@ -72,7 +73,7 @@ TEST_F(ServerPooler, GivesEachNumberOnceToMoreStationsThanItHasConnections)
 TEST_F(ServerPooler, LendsAConnectionForATransactionAlone)
 {
     // Each has been idle before, and none holds a connection.
-    std::vector<std::unique_ptr<Connection>> idle(4 * PrivatePooler::Connections);
+    std::vector<std::unique_ptr<Connection>> idle(std::size_t{4} * PrivatePooler::Connections);
     for (auto& store : idle) {
         store = std::make_unique<Connection>();
         store->Open(Address);

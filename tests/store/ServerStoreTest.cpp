@@ -82,6 +82,7 @@ TEST_F(ServerStore, OfSeveralThatMakeItAtOnceOneDoes)
 {
     std::vector<std::thread> makers;
     std::vector<StoreFound> found(4, StoreFound::OlderVersion);
+    makers.reserve(found.size());
     for (StoreFound& one : found)
         makers.emplace_back(
             [&, this] { one = BringUpToDate(*OpenStoreDatabase(Address), Further); });

@@ -1,4 +1,5 @@
 #include "support/CardDriver.h"
+#include <QString>
 
 namespace vantrel::test {
 

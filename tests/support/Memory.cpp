@@ -25,7 +25,7 @@ qint64 StatusBytes(const char* name)
 qint64 UsedMemory()
 {
     const struct mallinfo2 now = ::mallinfo2();
-    return static_cast<qint64>(now.uordblks + now.hblkhd);
+    return static_cast<qint64>(now.uordblks) + static_cast<qint64>(now.hblkhd);
 }
 
 PeakMemory::PeakMemory()

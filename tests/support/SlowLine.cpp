@@ -40,7 +40,7 @@ private:
 /// @return what can be read without waiting; empty if nothing can. `ended` is set at the end.
 QByteArray ReadWhatIsThere(int descriptor, bool& ended)
 {
-    QByteArray bytes(64 * 1024, Qt::Uninitialized);
+    QByteArray bytes(qsizetype{64} * 1024, Qt::Uninitialized);
     const ssize_t count =
         ::recv(descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()), MSG_DONTWAIT);
     ended = count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR);

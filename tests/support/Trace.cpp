@@ -35,7 +35,7 @@ QStringList UntracedOf(const char* category, const std::function<void()>& step)
 QStringList TraceOf(const char* category, const std::function<void()>& step)
 {
     QLoggingCategory::setFilterRules(QLatin1StringView(category) + QStringLiteral(".debug=true"));
-    const QStringList lines = UntracedOf(category, step);
+    QStringList lines = UntracedOf(category, step);
     QLoggingCategory::setFilterRules(QString());
     return lines;
 }

@@ -186,8 +186,7 @@ HistoryReader::~HistoryReader()
 {
     ++*m_search;
     m_thread.requestInterruption();
-    m_thread.quit();
-    m_thread.wait();
+    EndThread(m_thread);
 }
 
 template <typename Work>

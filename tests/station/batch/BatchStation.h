@@ -55,7 +55,7 @@ protected:
     }
     RowPlan PlanOf(const BatchTarget& target)
     {
-        const RowPlan plan = RowPrinter(Session, target).Plan();
+        RowPlan plan = RowPrinter(Session, target).Plan();
         Station.Printers.Operations.clear();
         return plan;
     }

@@ -3,6 +3,7 @@
 #include "SerialStation.h"
 #include "support/Host.h"
 #include <QCoreApplication>
+#include <utility>
 
 namespace vantrel::test {
 
@@ -11,7 +12,7 @@ namespace vantrel::test {
 class IntakeStation : public SerialStation
 {
 protected:
-    explicit IntakeStation(StationOptions options = {}) : SerialStation(Keeping(options))
+    explicit IntakeStation(StationOptions options = {}) : SerialStation(Keeping(std::move(options)))
     {
         Session.Settings.UseIP = true;
         SwitchPorts(Session, SwitchMode::Network);

@@ -142,7 +142,7 @@ TEST_F(Clip, WhatIsNoCopyPastesNothing)
                               R"([{"Control_Type":"VB.Image","C_ImagePath":"NO_INCL"}])"})
         PasteObjects(Session, bytes);
     EXPECT_EQ(Count(), 0);
-    PasteObjects(Session, QByteArray(20 * 1024 * 1024, '['));
+    PasteObjects(Session, QByteArray(qsizetype{20} * 1024 * 1024, '['));
     EXPECT_EQ(Count(), 0);
 }
 

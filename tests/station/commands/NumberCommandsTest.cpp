@@ -85,7 +85,7 @@ TEST_F(SetNumber, AsksBeforeNumbersAreGivenASecondTimeAndNoIsTheDefault)
 TEST_F(SetNumber, SaysWhatIsNoNumberAndAsksAgain)
 {
     for (const char* bad : {"twelve", "-4", "1.5", "0", "1234567890123456"})
-        Station.Operator.Inputs.push_back(QLatin1StringView(bad));
+        Station.Operator.Inputs.emplace_back(QLatin1StringView(bad));
     Set("999999999999999");
     EXPECT_EQ(Station.Operator.Boxes.size(), 5);
     EXPECT_TRUE(Station.Operator.Boxes.first().contains(QStringLiteral("\"twelve\" is no number")));

@@ -64,7 +64,7 @@ public:
     /// Writes a one-page PDF of that size in twips with a black box in its upper left quarter.
     QString WritePdf(const QString& name, double width, double height) const
     {
-        const QString path = Session.PathInFolder(name);
+        QString path = Session.PathInFolder(name);
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         const auto canvas = PageCanvas::OnPdf(width, height, [&](const char* bytes, std::size_t n) {
@@ -183,8 +183,8 @@ TEST(PdfImport, RendersTheFirstPageAt300DotsToTheInch)
     EXPECT_EQ(station.Session.CurrentParams.BackImg1Path, path);
     EXPECT_EQ(station.Session.Document.Tag, path);
     const QImage page(path);
-    EXPECT_NEAR(page.width(), 4860 * 300 / 1440, 1);
-    EXPECT_NEAR(page.height(), 3060 * 300 / 1440, 1);
+    EXPECT_NEAR(page.width(), 4860 * 300.0 / 1440, 1);
+    EXPECT_NEAR(page.height(), 3060 * 300.0 / 1440, 1);
     EXPECT_EQ(page.pixelColor(10, 10), QColor(Qt::black));
     EXPECT_EQ(page.pixelColor(page.width() - 10, page.height() - 10), QColor(Qt::white));
 }

@@ -91,7 +91,7 @@ protected:
     {
         SavePage(Session);
         PrintCard(Session);
-        const QString path = Station.CardPath(++m_cards);
+        QString path = Station.CardPath(++m_cards);
         EXPECT_TRUE(PictureObjectsOfPdf(path).isEmpty());
         return path;
     }
