@@ -35,8 +35,8 @@ void CallIn(QObject* object, Work&& work)
 #endif
 }
 
-/// Lets the event loop of a thread end after the call in hand, and waits until the thread has
-/// ended. Calls that wait behind it do not run.
+/// Lets the event loop of a thread end, and waits until the thread has ended. Calls that were
+/// handed over before may run first, or never.
 inline void EndThread(QThread& thread)
 {
 #ifdef __SANITIZE_THREAD__
