@@ -145,17 +145,23 @@ TEST_F(PrintFaults, AnInterruptedBookLeavesNoFileAndItsCardsAreVoid)
 {
     const QString book = Folder.PathOf(QStringLiteral("all.pdf"));
     const auto run = Folder.Start({QStringLiteral("-"), QStringLiteral("--one"), book});
+    // When a row is in the ledger, the one before it is drawn. A row that is not yet begun goes
+    // out of the ledger again and gives its number back.
     run->write("Ada,x\n");
-    ASSERT_TRUE(EventsUntil([&] { return !Folder.Entries().empty(); }));
+    ASSERT_TRUE(EventsUntil([&] { return Folder.Entries().size() == 1; }));
+    run->write("Bea,x\n");
+    ASSERT_TRUE(EventsUntil([&] { return Folder.Entries().size() == 2; }));
     SendSignalTo(*run, SIGINT);
     const Outcome outcome = PrintFolder::EndOf(*run);
     EXPECT_EQ(outcome.Code, 130);
     EXPECT_EQ(NextRowOf(outcome), 1);
     EXPECT_FALSE(QFileInfo::exists(book));
     const auto entries = Folder.Entries();
-    ASSERT_EQ(entries.size(), 1U);
-    EXPECT_EQ(entries.begin()->second.State, LedgerState::Void);
-    EXPECT_EQ(entries.begin()->second.Cards.at(0).Numbers.value(0), QStringLiteral("1001"));
+    ASSERT_GE(entries.size(), 1U);
+    for (const auto& [id, entry] : entries) {
+        EXPECT_EQ(entry.State, LedgerState::Void) << id;
+        EXPECT_EQ(entry.Cards.at(0).Numbers.value(0), QString::number(1000 + id));
+    }
 }
 
 TEST_F(PrintFaults, AfterKillsEveryCardIsAccountedForAndNoNumberComesTwice)
