@@ -5,6 +5,8 @@
 #include "support/Layouts.h"
 #include "support/PrivateCups.h"
 #include <QThread>
+#include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 
 // The print server of the machine ends and comes back while records arrive.
@@ -40,13 +42,20 @@ protected:
             ASSERT_TRUE(EventsUntil([&] { return StoredNumber() > before; }));
         }
     }
-    /// The number on each card that the queue got, in the order of its jobs.
-    std::vector<int> NumbersOfJobs(int count) const
+    static std::vector<int> NumbersOn(const QStringList& cards)
     {
         std::vector<int> numbers;
-        for (const PrivateCups::PrintedJob& job : Cups.WaitForJobs(count))
-            numbers.push_back(TextOfPdf(job.PdfPath).section(QLatin1Char(' '), -1).toInt());
+        for (const QString& card : cards)
+            numbers.push_back(TextOfPdf(card).section(QLatin1Char(' '), -1).toInt());
         return numbers;
+    }
+    /// The number on each card that the queue printed, in the order of its jobs.
+    std::vector<int> NumbersOfJobs(int count) const
+    {
+        QStringList cards;
+        for (const PrivateCups::PrintedJob& job : Cups.WaitForJobs(count))
+            cards.append(job.PdfPath);
+        return NumbersOn(cards);
     }
 
     PrivateCups Cups;
@@ -84,14 +93,15 @@ TEST_F(PrintServer, AServerKilledAtAnyMomentHarmsNoStation)
         Cups.Start();
     }
     SendRecord(m_port, "<Zoe+9>");
+    // Such a server may print a job twice, or stop at one; what counts is what it was given.
     EXPECT_TRUE(EventsUntil([&] {
-        const auto jobs = Cups.WaitForJobs(0);
-        return !jobs.isEmpty() &&
-               TextOfPdf(jobs.last().PdfPath).startsWith(QStringLiteral("Zoe 9"));
+        const QStringList documents = Cups.DocumentsTaken();
+        return !documents.isEmpty() &&
+               TextOfPdf(documents.last()).startsWith(QStringLiteral("Zoe 9"));
     }));
-    const std::vector<int> numbers = NumbersOfJobs(0);
-    // A server that was killed begins again with the jobs it had: a card can come twice, in turn.
-    EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
+    const std::vector<int> numbers = NumbersOn(Cups.DocumentsTaken());
+    EXPECT_EQ(std::adjacent_find(numbers.begin(), numbers.end(), std::greater_equal<>()),
+              numbers.end());
     EXPECT_TRUE(m_station->IsRunning());
     EXPECT_EQ(Folder.StoreIntegrity(), QStringLiteral("ok"));
 }

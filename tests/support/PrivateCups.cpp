@@ -4,8 +4,11 @@
 #include <QFile>
 #include <QLocalSocket>
 #include <QThread>
+#include <algorithm>
 #include <cups/cups.h>
 #include <gtest/gtest.h>
+#include <set>
+#include <span>
 
 namespace vantrel::test {
 
@@ -316,6 +319,24 @@ int PrivateCups::CountOfPrinted() const
 QString PrivateCups::DataOfJob(int job) const
 {
     return m_folder.filePath(QStringLiteral("printed/%1.pdf").arg(job, 6, 10, QLatin1Char('0')));
+}
+
+QStringList PrivateCups::DocumentsTaken() const
+{
+    cups_job_t* jobs = nullptr;
+    const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
+    // A server that was killed may have a job twice in its list.
+    std::set<int> ids;
+    for (const cups_job_t& job : std::span(jobs, static_cast<std::size_t>(std::max(0, count)))) {
+        if (job.size > 0)
+            ids.insert(job.id);
+    }
+    cupsFreeJobs(count, jobs);
+    QStringList documents;
+    for (const int id : ids)
+        documents.append(
+            m_folder.filePath(QStringLiteral("spool/d%1-001").arg(id, 5, 10, QLatin1Char('0'))));
+    return documents;
 }
 
 QList<PrivateCups::PrintedJob> PrivateCups::WaitForJobs(int count) const

@@ -68,6 +68,9 @@ public:
     int CountOfPrinted() const;
     /// The path of the data of a job that went through its queue.
     QString DataOfJob(int job) const;
+    /// The paths of the documents that the server has taken whole and keeps, printed or not,
+    /// oldest first. Does not wait.
+    QStringList DocumentsTaken() const;
 
 private:
     bool Answers() const;
