@@ -15,6 +15,7 @@
 #include <QFileInfo>
 #include <QSet>
 #include <QThread>
+#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -52,6 +53,17 @@ int NextRowOf(const PrintFolder::Outcome& outcome)
     const QString beginning = QStringLiteral("vantrel-print: Interrupted. Go on with --first ");
     EXPECT_TRUE(line.startsWith(beginning)) << line.toStdString();
     return line.mid(beginning.size()).chopped(1).toInt();
+}
+
+/// What a program that has ended has written to a terminal. One read may give a part of it.
+QByteArray AllShownOn(int host)
+{
+    QByteArray shown;
+    std::array<char, 4096> part{};
+    // At the end of it there is nobody who could write, which is an error.
+    for (ssize_t count = 0; (count = ::read(host, part.data(), part.size())) > 0;)
+        shown.append(part.data(), count);
+    return shown;
 }
 
 } // namespace
@@ -314,8 +326,7 @@ TEST_F(PrintFaults, ABarShowsOnATerminalAndNowhereElse)
     run.setStandardErrorFile(QString::fromLocal8Bit(terminal));
     run.start(TestedProgram(VANTREL_PRINT_PROGRAM), {Home, QStringLiteral("Badge"), rows});
     ASSERT_TRUE(run.waitForFinished());
-    QByteArray shown(4096, '\0');
-    shown.truncate(::read(host, shown.data(), 4096));
+    const QByteArray shown = AllShownOn(host);
     ::close(host);
     EXPECT_TRUE(shown.contains("rows")) << shown.constData();
     EXPECT_TRUE(shown.contains("[")) << shown.constData();
