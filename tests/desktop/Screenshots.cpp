@@ -12,6 +12,7 @@
 #include "station/layout/DrawObjects.h"
 #include "station/layout/FieldApplication.h"
 #include "station/layout/LoadLayout.h"
+#include "station/layout/ObjectMenu.h"
 #include "station/session/BufferedRecord.h"
 #include "station/session/MainRuntime.h"
 #include "support/Events.h"
@@ -122,6 +123,7 @@ void TakeMainWindow(const QDir& folder)
               {QStringLiteral("Ada Lovelace"), QStringLiteral("40012345"), QStringLiteral("Gold")});
     ReapplyFieldValues(station.Session);
     TickStatusBar(station.Session);
+    TickObjectMenu(station.Session.Face, station.Session.Document);
     station.Window.show();
     Keep(station.Window, folder.filePath(QStringLiteral("main.png")));
 }
