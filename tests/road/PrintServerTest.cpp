@@ -102,6 +102,8 @@ TEST_F(PrintServer, AServerKilledAtAnyMomentHarmsNoStation)
     const std::vector<int> numbers = NumbersOn(Cups.DocumentsTaken());
     EXPECT_EQ(std::adjacent_find(numbers.begin(), numbers.end(), std::greater_equal<>()),
               numbers.end());
+    const std::vector<int> printed = NumbersOfJobs(0);
+    EXPECT_TRUE(std::is_sorted(printed.begin(), printed.end()));
     EXPECT_TRUE(m_station->IsRunning());
     EXPECT_EQ(Folder.StoreIntegrity(), QStringLiteral("ok"));
 }

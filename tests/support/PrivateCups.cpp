@@ -50,7 +50,8 @@ PageLog %1/page.log
 Sandboxing Relaxed
 )";
 
-/// Prints by copying; the PDF is put in place last, when the files that describe it are there.
+/// Prints by copying; the PDF is put in place last, when the files that describe it are there. Of a
+/// server that was killed one may still run when the next server prints the same job.
 constexpr auto Backend = R"sh(#!/bin/sh
 [ $# -eq 0 ] && { echo 'direct testcopy "Unknown" "Copies jobs"'; exit 0; }
 case "$DEVICE_URI" in *fails*) echo 'ERROR: The ribbon is torn' >&2; exit 1;; esac
@@ -58,8 +59,8 @@ out="%1/printed/$(printf %06d "$1")"
 printf %s "$PRINTER" > "$out.queue"
 printf %s "$3" > "$out.title"
 printf %s "$5" > "$out.options"
-cat ${6:+"$6"} > "$out.part"
-mv "$out.part" "$out.pdf"
+cat ${6:+"$6"} > "$out.part.$$"
+mv "$out.part.$$" "$out.pdf"
 )sh";
 
 /// The folder in which libcups finds the options that users set for queues. libcups looks it up
